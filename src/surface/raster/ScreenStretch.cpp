@@ -1,0 +1,140 @@
+#include "surface/raster/AxisMap.h"
+#include "surface/raster/Transfer.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace pintalux {
+
+namespace {
+
+constexpr int kCacheLinePixels = 16;
+constexpr std::size_t kTilesAhead = 2;
+
+// Screens take the channels the other way round, opaque.
+std::uint32_t OnScreen(Pixel pixel) {
+    return 0xFF000000 | (pixel & 0xFF) << 16 | (pixel & 0xFF00) | (pixel >> 16 & 0xFF);
+}
+
+void ConvertRow(const Bitmap& source, int x, int y, std::span<std::uint32_t> out) {
+    while (!out.empty()) {
+        const auto run = source.Run(x, y);
+        const std::size_t count = std::min(run.size(), out.size());
+        for (std::size_t i = 0; i < count; ++i) out[i] = OnScreen(run[i]);
+        out = out.subspan(count);
+        x += static_cast<int>(count);
+    }
+}
+
+// Fills rows of screen pixels from rows of the source.
+class ScreenStretch {
+  public:
+    ScreenStretch(const Bitmap& source, AxisMap columns, AxisMap rows, std::uint32_t* out, int stride)
+        : source_(source), columns_(std::move(columns)), rows_(std::move(rows)), out_(out), stride_(stride) {}
+
+    /// For enlargements: an image row is converted once and then spread out. `scale` is the number of screen
+    /// pixels for each of the source, or 0 if that is no whole number.
+    void Enlarge(int scale) {
+        const int first = columns_.source.front();
+        std::vector<std::uint32_t> row(static_cast<std::size_t>(columns_.source.back() - first + 1));
+        for (int i = 0; i < rows_.Size(); ++i) {
+            if (RepeatsRow(i)) {
+                RepeatRow(i);
+                continue;
+            }
+            if (scale == 1) {
+                ConvertRow(source_, first, SourceRow(i), Row(i));
+                continue;
+            }
+            ConvertRow(source_, first, SourceRow(i), row);
+            scale > 0 ? SpreadWhole(row, scale, Row(i)) : Spread(row, first, Row(i));
+        }
+    }
+
+    /// For reductions: most rows are read once, from memory that is not at hand yet.
+    void Reduce() {
+        const std::vector<TileColumns> parts = ColumnsByTile(columns_);
+        for (int i = 0; i < rows_.Size(); ++i) {
+            if (RepeatsRow(i)) {
+                RepeatRow(i);
+                continue;
+            }
+            for (std::size_t part = 0; part < parts.size(); ++part) {
+                const std::size_t ahead = part + kTilesAhead;
+                if (ahead < parts.size()) {
+                    FetchAhead(parts[ahead], SourceRow(i));
+                } else if (i + 1 < rows_.Size()) {
+                    FetchAhead(parts[ahead % parts.size()], SourceRow(i + 1));
+                }
+                ReducePart(parts[part], i);
+            }
+        }
+    }
+
+  private:
+    int SourceRow(int i) const { return rows_.source[static_cast<std::size_t>(i)]; }
+    bool RepeatsRow(int i) const { return i > 0 && SourceRow(i) == SourceRow(i - 1); }
+    std::span<std::uint32_t> Row(int i) const {
+        return {out_ + std::ptrdiff_t{i} * stride_, columns_.source.size()};
+    }
+    void RepeatRow(int i) const { std::memcpy(Row(i).data(), Row(i - 1).data(), Row(i).size_bytes()); }
+
+    // Asks for memory that comes next: a tile's rows are too short for the processor to see a pattern in them.
+    void FetchAhead(const TileColumns& part, int sourceRow) const {
+        const Pixel* pixels = source_.Run(part.tile, sourceRow).data();
+        const int last = columns_.source[static_cast<std::size_t>(part.end - 1)] - part.tile;
+        int column = columns_.source[static_cast<std::size_t>(part.begin)] - part.tile;
+        for (; column <= last; column += kCacheLinePixels) __builtin_prefetch(pixels + column);
+    }
+
+    // Gathers first and converts afterwards: the second step is done several pixels at a time.
+    void ReducePart(const TileColumns& part, int row) const {
+        const Pixel* pixels = source_.Run(part.tile, SourceRow(row)).data() - part.tile;
+        const int* columns = columns_.source.data() + part.begin;
+        std::uint32_t* out = Row(row).data() + part.begin;
+        const int count = part.end - part.begin;
+        for (int i = 0; i < count; ++i) out[i] = pixels[columns[i]];
+        for (int i = 0; i < count; ++i) out[i] = OnScreen(out[i]);
+    }
+
+    void Spread(const std::vector<std::uint32_t>& row, int first, std::span<std::uint32_t> out) const {
+        for (std::size_t i = 0; i < out.size(); ++i) {
+            out[i] = row[static_cast<std::size_t>(columns_.source[i] - first)];
+        }
+    }
+
+    // A whole number of screen pixels for each source pixel; the first and the last may be cut.
+    void SpreadWhole(const std::vector<std::uint32_t>& row, int scale, std::span<std::uint32_t> out) const {
+        std::size_t count = static_cast<std::size_t>(scale - columns_.first % scale);
+        for (const std::uint32_t pixel : row) {
+            count = std::min(count, out.size());
+            std::fill_n(out.begin(), count, pixel);
+            out = out.subspan(count);
+            count = static_cast<std::size_t>(scale);
+        }
+    }
+
+    const Bitmap& source_;
+    AxisMap columns_;
+    AxisMap rows_;
+    std::uint32_t* out_;
+    std::ptrdiff_t stride_;
+};
+
+} // namespace
+
+void StretchForScreen(const Bitmap& source, int width, int height, const Box& visible, std::uint32_t* out,
+                      int stride) {
+    const Box shown = Intersection(visible, {0, 0, width, height});
+    if (source.Empty() || shown.Empty()) return;
+    out += std::ptrdiff_t{shown.top - visible.top} * stride + (shown.left - visible.left);
+    ScreenStretch stretch(source, MapVisible(shown.left, shown.right, width, source.Width()),
+                          MapVisible(shown.top, shown.bottom, height, source.Height()), out, stride);
+    if (width >= source.Width()) {
+        stretch.Enlarge(width % source.Width() == 0 ? width / source.Width() : 0);
+    } else {
+        stretch.Reduce();
+    }
+}
+
+} // namespace pintalux

@@ -1,0 +1,275 @@
+// Copies, stretched and mirrored, and the picture on the screen.
+#include "surface/raster/Transfer.h"
+
+#include "support/Pictures.h"
+#include "surface/raster/RuntimeError.h"
+
+#include <optional>
+
+namespace pintalux {
+
+namespace {
+
+// Draws on a bitmap with attributes that no copy looks at.
+struct Target {
+    explicit Target(Bitmap start)
+        : bits(std::move(start)), hdc(bits, attributes, [this](const Box& box) {
+              touched = box;
+              ++touches;
+          }) {}
+
+    Bitmap bits;
+    DrawAttributes attributes;
+    Box touched;
+    int touches = 0;
+    DeviceContext hdc;
+};
+
+// The source cell under the centre of cell d, found by search: the lowest c with (c + 1) / s >= (d + 1/2) /
+// D.
+int SlowCell(int d, int s, int D) {
+    int cell = 0;
+    while (2 * (cell + 1) * D < (2 * d + 1) * s)
+        ++cell;
+    return cell;
+}
+
+int Low(int start, int extent) {
+    return extent < 0 ? start + extent : start;
+}
+
+// The slow twin: pixel by pixel, from a copy of the source.
+std::optional<Pixel> SlowPixel(const Bitmap& from, const Extent& place, const Extent& fromPlace, int x,
+                               int y) {
+    const int width = std::abs(place.width);
+    const int height = std::abs(place.height);
+    int dx = x - Low(place.x, place.width);
+    int dy = y - Low(place.y, place.height);
+    if (dx < 0 || dy < 0 || dx >= width || dy >= height) return {};
+    if ((place.width < 0) != (fromPlace.width < 0)) dx = width - 1 - dx;
+    if ((place.height < 0) != (fromPlace.height < 0)) dy = height - 1 - dy;
+    if (fromPlace.width == 0 || fromPlace.height == 0) return {};
+    const int sx = Low(fromPlace.x, fromPlace.width) + SlowCell(dx, std::abs(fromPlace.width), width);
+    const int sy = Low(fromPlace.y, fromPlace.height) + SlowCell(dy, std::abs(fromPlace.height), height);
+    if (!from.Holds(sx, sy)) return {};
+    return from.At(sx, sy);
+}
+
+void SlowStretch(Bitmap& to, const Extent& place, Bitmap from, const Extent& fromPlace, Pixel inversion,
+                 std::optional<Pixel> key = {}) {
+    for (int y = 0; y < to.Height(); ++y) {
+        for (int x = 0; x < to.Width(); ++x) {
+            const auto pixel = SlowPixel(from, place, fromPlace, x, y);
+            if (pixel && pixel != key) to.Set(x, y, *pixel ^ inversion);
+        }
+    }
+}
+
+int Chance(std::mt19937& random, int low, int high) {
+    return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
+}
+
+Extent RandomExtent(std::mt19937& random, int width, int height) {
+    return {Chance(random, -width / 2, width), Chance(random, -height / 2, height),
+            Chance(random, -2 * width, 2 * width), Chance(random, -2 * height, 2 * height)};
+}
+
+} // namespace
+
+TEST(StretchedCell, TakesTheCellUnderTheCentre) {
+    for (int s = 1; s <= 20; ++s) {
+        for (int D = 1; D <= 40; ++D) {
+            for (int d = 0; d < D; ++d)
+                ASSERT_EQ(StretchedCell(d, s, D), SlowCell(d, s, D)) << d << s << D;
+        }
+    }
+}
+
+TEST(StretchedCell, ExactBoundaryGoesToTheLowerCell) {
+    // Two cells on three: the centre of the middle one is exactly between them.
+    EXPECT_EQ(StretchedCell(1, 2, 3), 0);
+}
+
+TEST(StretchedCell, IsExactForTheLargestSizes) {
+    EXPECT_EQ(StretchedCell(2147483646, 2147483647, 2147483647), 2147483646);
+    EXPECT_EQ(StretchedCell(0, 2147483647, 2147483647), 0);
+    EXPECT_EQ(StretchedCell(0, 2147483647, 1), 1073741823);
+}
+
+TEST(StretchBlt, MatchesTheSlowTwin) {
+    const Bitmap source = RandomPicture(300, 40, 1);
+    std::mt19937 random(2);
+    for (int i = 0; i < 600; ++i) {
+        const Extent place = RandomExtent(random, 290, 45);
+        const Extent fromPlace = RandomExtent(random, 300, 40);
+        SCOPED_TRACE(testing::Message() << place.x << ' ' << place.y << ' ' << place.width << ' '
+                                        << place.height << " from " << fromPlace.x << ' ' << fromPlace.y
+                                        << ' ' << fromPlace.width << ' ' << fromPlace.height);
+        Target target(Bitmap(290, 45, 0x112233));
+        DrawAttributes attributes;
+        Bitmap from = source;
+        const bool inverted = i % 2 == 1;
+        StretchBlt(target.hdc, place, DeviceContext(from, attributes), fromPlace,
+                   inverted ? NOTSRCCOPY : SRCCOPY);
+        Bitmap expected(290, 45, 0x112233);
+        SlowStretch(expected, place, source, fromPlace, inverted ? 0xFFFFFF : 0);
+        ASSERT_TRUE(ExpectSamePixels(target.bits, expected));
+    }
+}
+
+TEST(StretchBlt, OntoItselfReadsBeforeItWrites) {
+    std::mt19937 random(3);
+    for (int i = 0; i < 300; ++i) {
+        const Bitmap start = RandomPicture(280, 40, static_cast<unsigned>(i));
+        Extent place = RandomExtent(random, 280, 40);
+        const Extent fromPlace = RandomExtent(random, 280, 40);
+        // Every other time at equal size, the way a selection is moved.
+        if (i % 2 == 0) place = {place.x, place.y, fromPlace.width, fromPlace.height};
+        Target target(start);
+        StretchBlt(target.hdc, place, target.hdc, fromPlace, SRCCOPY);
+        Bitmap expected = start;
+        SlowStretch(expected, place, start, fromPlace, 0);
+        ASSERT_TRUE(ExpectSamePixels(target.bits, expected)) << i;
+    }
+}
+
+TEST(StretchBlt, NegativeSizeMirrorsEveryColumnAndTwiceGivesItBack) {
+    const Bitmap source = PictureOf({"#rgb", "y..#"});
+    Target target(Bitmap(4, 2, kWhite));
+    DrawAttributes attributes;
+    Bitmap from = source;
+    const DeviceContext fromContext(from, attributes);
+    StretchBlt(target.hdc, {4, 0, -4, 2}, fromContext, {0, 0, 4, 2}, SRCCOPY);
+    ExpectSamePixels(target.bits, PictureOf({"bgr#", "#..y"}));
+    StretchBlt(target.hdc, {0, 0, 4, 2}, target.hdc, {4, 0, -4, 2}, SRCCOPY);
+    ExpectSamePixels(target.bits, source);
+    StretchBlt(target.hdc, {0, 2, 4, -2}, fromContext, {0, 0, 4, 2}, SRCCOPY);
+    ExpectSamePixels(target.bits, PictureOf({"y..#", "#rgb"}));
+}
+
+TEST(StretchBlt, LeavesAloneWhatHasNoSource) {
+    Target target(Bitmap(4, 3, 0x0000FF));
+    StretchBits(target.hdc, {0, 0, 4, 3}, PictureOf({"##", "##"}), {-1, -1, 4, 3}, SRCCOPY);
+    ExpectSamePixels(target.bits, PictureOf({"rrrr", "r##r", "r##r"}));
+    EXPECT_EQ(target.touched, (Box{1, 1, 3, 3}));
+    EXPECT_EQ(target.touches, 1);
+}
+
+TEST(StretchBlt, UnknownOperationIsError5) {
+    Target target(Bitmap(2, 2, 0));
+    try {
+        StretchBits(target.hdc, {0, 0, 0, 0}, Bitmap(1, 1, 0), {0, 0, 1, 1}, 0x123456);
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), kInvalidArgument);
+    }
+}
+
+TEST(StretchBlt, WithoutExtentTouchesNothing) {
+    Target target(Bitmap(2, 2, 0));
+    StretchBits(target.hdc, {0, 0, 0, 2}, Bitmap(1, 1, 5), {0, 0, 1, 1}, SRCCOPY);
+    StretchBits(target.hdc, {0, 0, 2, 2}, Bitmap(1, 1, 5), {0, 0, 1, 0}, SRCCOPY);
+    StretchBits(target.hdc, {0, 0, 2, 2}, Bitmap(), {0, 0, 1, 1}, SRCCOPY);
+    StretchBits(target.hdc, {2147483647, 0, 2147483647, 2}, Bitmap(1, 1, 5), {0, 0, 1, 1}, SRCCOPY);
+    StretchBits(target.hdc, {0, 0, -2147483647 - 1, 2}, Bitmap(1, 1, 5), {0, 0, 1, 1}, SRCCOPY);
+    EXPECT_EQ(target.touches, 0);
+}
+
+TEST(StretchBlt, HugeEnlargementCostsOnlyWhatIsInside) {
+    Target target(Bitmap(4, 1, 0));
+    StretchBits(target.hdc, {-1000000000, 0, 2000000000, 1}, PictureOf({"rg"}), {0, 0, 2, 1}, SRCCOPY);
+    EXPECT_EQ(target.bits.At(0, 0), NamedPixel('g'));
+    EXPECT_EQ(target.bits.At(3, 0), NamedPixel('g'));
+}
+
+TEST(BitBlt, AlignedCopySharesTheTiles) {
+    Bitmap from = RandomPicture(600, 100, 4);
+    DrawAttributes attributes;
+    Target target(Bitmap(600, 100, 0));
+    BitBlt(target.hdc, 0, 0, 600, 100, DeviceContext(from, attributes), 0, 0, SRCCOPY);
+    EXPECT_TRUE(Bitmap::Difference(from, target.bits).empty());
+}
+
+TEST(BitBlt, NegatedCopyInvertsThe24Bits) {
+    Target target(Bitmap(1, 1, 0));
+    Bitmap from(1, 1, 0x0000FF);
+    DrawAttributes attributes;
+    BitBlt(target.hdc, 0, 0, 1, 1, DeviceContext(from, attributes), 0, 0, NOTSRCCOPY);
+    EXPECT_EQ(target.bits.At(0, 0), 0xFFFF00U);
+}
+
+TEST(TransparentBlt, MatchesTheSlowTwin) {
+    // Few colours, so that the key is met often.
+    const Bitmap source = RandomPicture(300, 40, 6, 0x000003);
+    std::mt19937 random(7);
+    for (int i = 0; i < 300; ++i) {
+        const Extent place = RandomExtent(random, 290, 45);
+        const Extent fromPlace = RandomExtent(random, 300, 40);
+        Target target(Bitmap(290, 45, 0x112233));
+        Bitmap from = source;
+        DrawAttributes attributes;
+        TransparentBlt(target.hdc, place, DeviceContext(from, attributes), fromPlace, 2);
+        Bitmap expected(290, 45, 0x112233);
+        SlowStretch(expected, place, source, fromPlace, 0, Pixel{2});
+        ASSERT_TRUE(ExpectSamePixels(target.bits, expected)) << i;
+    }
+}
+
+TEST(TransparentBlt, NothingButTheKeyWritesNoTile) {
+    Target target(Bitmap(300, 40, 1));
+    const Bitmap before = target.bits;
+    Bitmap from(300, 40, 0x8894A0);
+    DrawAttributes attributes;
+    TransparentBlt(target.hdc, {0, 0, 300, 40}, DeviceContext(from, attributes), {0, 0, 300, 40}, 0x8894A0);
+    EXPECT_TRUE(Bitmap::Difference(before, target.bits).empty());
+}
+
+TEST(StretchForScreen, MatchesTheSlowTwinAtEveryZoom) {
+    constexpr std::uint32_t kUntouched = 0x01020304;
+    const Bitmap source = RandomPicture(530, 70, 8);
+    const std::vector<std::pair<int, int>> zooms{{1, 16}, {1, 8}, {1, 4}, {1, 3}, {1, 2}, {2, 3},  {1, 1},
+                                                 {4, 3},  {3, 2}, {2, 1}, {3, 1}, {4, 1}, {16, 1}, {7, 5}};
+    std::mt19937 random(9);
+    for (const auto& [up, down] : zooms) {
+        for (int i = 0; i < 6; ++i) {
+            // Odd sizes, too: the display may be a pixel larger or smaller than the zoom says.
+            const int width = std::max(1, 530 * up / down + i % 3 - 1);
+            const int height = std::max(1, 70 * up / down + i / 3);
+            const int left = Chance(random, 0, width - 1);
+            const int top = Chance(random, 0, height - 1);
+            const Box visible{left, top, std::min(width, left + 200), std::min(height, top + 90)};
+            SCOPED_TRACE(testing::Message() << width << " x " << height << " at " << left << ", " << top);
+            constexpr int kStride = 203;
+            std::vector<std::uint32_t> out(static_cast<std::size_t>(kStride) * 90, kUntouched);
+            StretchForScreen(source, width, height, visible, out.data(), kStride);
+            for (int y = 0; y < 90; ++y) {
+                for (int x = 0; x < kStride; ++x) {
+                    std::uint32_t expected = kUntouched;
+                    if (x < visible.Width() && y < visible.Height()) {
+                        const Pixel p =
+                            source.At(SlowCell(left + x, 530, width), SlowCell(top + y, 70, height));
+                        expected = 0xFF000000 + (p % 256) * 65536 + p / 256 % 256 * 256 + p / 65536;
+                    }
+                    ASSERT_EQ(out[static_cast<std::size_t>(y * kStride + x)], expected) << x << ", " << y;
+                }
+            }
+        }
+    }
+}
+
+TEST(StretchForScreen, EmptyPictureLeavesTheScreenAlone) {
+    std::uint32_t pixel = 7;
+    StretchForScreen(Bitmap(), 1, 1, {0, 0, 1, 1}, &pixel, 1);
+    EXPECT_EQ(pixel, 7U);
+}
+
+TEST(StretchForScreen, ShowsTheCornerOfTheLargestSize) {
+    Bitmap source(32000, 32000, 0x0000FF);
+    source.Set(31999, 31999, 0x00FF00);
+    std::uint32_t pixels[4] = {};
+    StretchForScreen(source, 512000, 512000, {511983, 511999, 511985, 512000}, pixels, 2);
+    EXPECT_EQ(pixels[0], 0xFFFF0000U);
+    EXPECT_EQ(pixels[1], 0xFF00FF00U);
+}
+
+} // namespace pintalux
