@@ -1,0 +1,106 @@
+// Pictures to and from files, each beside the plain transfer of the same bytes.
+#include "surface/system/FileLayer.h"
+#include "surface/system/Pictures.h"
+#include "surface/system/StateFiles.h"
+#include "surface/system/TempNames.h"
+
+#include <benchmark/benchmark.h>
+#include <vector>
+
+namespace pintalux {
+namespace {
+
+constexpr int kWidth = 6000;
+constexpr int kHeight = 4000;
+const std::int64_t kBytes = static_cast<std::int64_t>(BmpFileLength(kWidth, kHeight));
+
+/// A picture without shared tiles.
+const Picture& Large() {
+    static const Picture picture = [] {
+        Picture made(kWidth, kHeight, kWhite);
+        for (int y = 0; y < kHeight; ++y)
+            for (int x = 0; x < kWidth; ++x)
+                made.Set(x, y, static_cast<Pixel>(x * 131 + y * 7) & 0xFFFFFF);
+        return made;
+    }();
+    return picture;
+}
+
+/// A temporary file that goes with the object.
+struct TempFile {
+    std::string path;
+    TempFile() { GetTempFileName(GetTempPath(), "BI", 0, path); }
+    ~TempFile() { DeleteFile(path); }
+};
+
+void WritePlainBytes(benchmark::State& state) {
+    const TempFile file;
+    const std::vector<std::byte> bytes(std::size_t{1} << 20, std::byte{1});
+    for (auto _ : state) {
+        File out = File::OpenForWriting(file.path, true);
+        for (std::int64_t left = kBytes; left > 0; left -= std::ssize(bytes))
+            out.Write(bytes);
+        out.Close();
+    }
+    state.SetBytesProcessed(state.iterations() * kBytes);
+}
+
+void SaveLargePicture(benchmark::State& state) {
+    const TempFile file;
+    for (auto _ : state)
+        SavePicture(Large(), file.path);
+    state.SetBytesProcessed(state.iterations() * kBytes);
+}
+
+void ReadPlainBytes(benchmark::State& state) {
+    const TempFile file;
+    SavePicture(Large(), file.path);
+    std::vector<std::byte> bytes(std::size_t{1} << 20);
+    for (auto _ : state) {
+        File in = File::OpenForReading(file.path);
+        while (in.Read(bytes) == bytes.size())
+            benchmark::DoNotOptimize(bytes.data());
+    }
+    state.SetBytesProcessed(state.iterations() * kBytes);
+}
+
+void LoadLargePicture(benchmark::State& state) {
+    const TempFile file;
+    SavePicture(Large(), file.path);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(LoadPicture(file.path));
+    state.SetBytesProcessed(state.iterations() * kBytes);
+}
+
+/// What the interface waits for when an edit ends.
+void SaveLargePictureBehind(benchmark::State& state) {
+    TempFile file;
+    StateFiles states;
+    for (auto _ : state) {
+        states.SaveBehind(Large(), file.path);
+        state.PauseTiming();
+        states.Settle();
+        state.ResumeTiming();
+    }
+}
+
+void CodeLargeJpeg(benchmark::State& state) {
+    const TempFile source;
+    const TempFile target;
+    SavePicture(Large(), source.path);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(BmpToJpeg(source.path, target.path, 50));
+    state.SetBytesProcessed(state.iterations() * kBytes);
+}
+
+BENCHMARK(WritePlainBytes)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(SaveLargePicture)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ReadPlainBytes)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(LoadLargePicture)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(SaveLargePictureBehind)->Unit(benchmark::kMicrosecond)->UseRealTime()->Iterations(20);
+BENCHMARK(CodeLargeJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace pintalux
+
+BENCHMARK_MAIN();

@@ -1,0 +1,123 @@
+#include "surface/system/BmpWriter.h"
+
+#include "surface/raster/RuntimeError.h"
+#include "surface/system/Pictures.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
+#include <vector>
+
+namespace pintalux {
+
+namespace {
+
+static_assert(std::endian::native == std::endian::little,
+              "pixels are packed by whole words, lowest byte first");
+
+constexpr std::uint32_t kHeaderLength = 54;
+constexpr std::size_t kBufferLength = std::size_t{1} << 20;
+
+class HeaderBytes {
+  public:
+    void Put(std::uint32_t value, int bytes) {
+        for (int i = 0; i < bytes; ++i, value >>= 8)
+            bytes_[used_++] = static_cast<std::byte>(value & 0xFF);
+    }
+    std::span<const std::byte> Bytes() const { return bytes_; }
+
+  private:
+    std::array<std::byte, kHeaderLength> bytes_ = {};
+    std::size_t used_ = 0;
+};
+
+HeaderBytes HeaderOf(const Picture& picture) {
+    const auto length = static_cast<std::uint32_t>(BmpFileLength(picture.Width(), picture.Height()));
+    constexpr std::uint32_t kDotsPerMetre = 3780; // 96 dots an inch
+    HeaderBytes header;
+    header.Put('B' | 'M' << 8, 2);
+    header.Put(length, 4);
+    header.Put(0, 4); // reserved
+    header.Put(kHeaderLength, 4);
+    header.Put(40, 4); // length of what follows
+    header.Put(static_cast<std::uint32_t>(picture.Width()), 4);
+    header.Put(static_cast<std::uint32_t>(picture.Height()), 4);
+    header.Put(1, 2);  // planes
+    header.Put(24, 2); // bits a pixel
+    header.Put(0, 4);  // no compression
+    header.Put(length - kHeaderLength, 4);
+    header.Put(kDotsPerMetre, 4);
+    header.Put(kDotsPerMetre, 4);
+    header.Put(0, 4); // no palette
+    header.Put(0, 4);
+    return header;
+}
+
+/// Blue, green and red of each pixel. A word a pixel is four times as fast as bytes; each overwrites the byte
+/// that the one before wrote too much, and the last pixel writes its own bytes only.
+void PackPixels(std::span<const Pixel> pixels, std::byte* out) {
+    for (const Pixel pixel : pixels.first(pixels.size() - 1)) {
+        const std::uint32_t bytes = __builtin_bswap32(pixel) >> 8;
+        std::memcpy(out, &bytes, sizeof bytes);
+        out += 3;
+    }
+    const std::uint32_t bytes = __builtin_bswap32(pixels.back()) >> 8;
+    std::memcpy(out, &bytes, 3);
+}
+
+/// The rows from `bottom` - 1 up to `top`, as they stand in the file. The bytes that fill up a row stay as
+/// they are. Walks down each column of tiles, with the picture's memory: the other way takes three times as
+/// long.
+void PackRows(const Picture& picture, int top, int bottom, std::byte* out) {
+    const std::size_t rowLength = BmpRowLength(picture.Width());
+    for (int x = 0; x < picture.Width(); x += Bitmap::kTileWidth) {
+        for (int y = top; y < bottom; ++y) {
+            const auto row = static_cast<std::size_t>(bottom - 1 - y);
+            PackPixels(picture.Run(x, y), out + row * rowLength + static_cast<std::size_t>(x) * 3);
+        }
+    }
+}
+
+} // namespace
+
+std::uint64_t BmpFileLength(int width, int height) {
+    return kHeaderLength + std::uint64_t{BmpRowLength(width)} * static_cast<std::uint64_t>(height);
+}
+
+void WriteBmp(const Picture& picture, File& file) {
+    // The file's length has 32 bits in its header.
+    if (picture.Empty() || picture.Width() > kMaxPictureSide || picture.Height() > kMaxPictureSide)
+        throw RuntimeError(kInvalidPicture, file.Path());
+    const std::size_t rowLength = BmpRowLength(picture.Width());
+    constexpr int kBand = Bitmap::kTileHeight;
+    const int rowsAtOnce = std::max(1, static_cast<int>(kBufferLength / rowLength) / kBand) * kBand;
+    const int largest = std::min(rowsAtOnce, picture.Height());
+    std::vector<std::byte> buffer(static_cast<std::size_t>(largest) * rowLength);
+    file.Write(HeaderOf(picture).Bytes());
+    for (int bottom = picture.Height(); bottom > 0;) {
+        const int top = (bottom - 1) / rowsAtOnce * rowsAtOnce;
+        PackRows(picture, top, bottom, buffer.data());
+        file.Write({buffer.data(), static_cast<std::size_t>(bottom - top) * rowLength});
+        bottom = top;
+    }
+}
+
+void WritePrivateBmp(const Picture& picture, const std::string& path) {
+    File file = File::OpenForWriting(path, true);
+    WriteBmp(picture, file);
+    file.Close();
+}
+
+void SavePicture(const Picture& picture, const std::string& path) {
+    if (picture.Empty()) throw RuntimeError(kInvalidPicture, path);
+    File file = File::OpenForWriting(path, false);
+    WriteBmp(picture, file);
+    file.Close();
+}
+
+void SavePictureAside(const Picture& picture, const std::string& path) {
+    WriteFileAside(path, [&](File& file) { WriteBmp(picture, file); });
+}
+
+} // namespace pintalux

@@ -1,0 +1,21 @@
+// Uncompressed 24-bit BMP files, rows from the bottom up, out of a bitmap's tiles.
+#pragma once
+
+#include "surface/raster/Bitmap.h"
+#include "surface/system/FileLayer.h"
+
+namespace pintalux {
+
+/// Bytes of one row of a 24-bit BMP: three a pixel, filled up to a multiple of four.
+constexpr std::size_t BmpRowLength(int width) {
+    return (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
+}
+
+/// Writes the whole BMP file. Error 481 for the empty picture, 7 if memory runs out, else as the file layer
+/// says.
+void WriteBmp(const Picture& picture, File& file);
+
+/// The same to `path`, in place; a file that is made for it is the user's alone.
+void WritePrivateBmp(const Picture& picture, const std::string& path);
+
+} // namespace pintalux

@@ -1,0 +1,349 @@
+#include "surface/system/FileLayer.h"
+
+#include "surface/raster/RuntimeError.h"
+
+#include <atomic>
+#include <cerrno>
+#include <fcntl.h>
+#include <random>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace pintalux {
+
+namespace {
+
+std::atomic<int> operationCount{0};
+std::atomic<int> failingOperation{0};
+std::atomic<int> failingErrno{0};
+
+/// Counts an operation; true if a test wants this one to fail, with errno set.
+bool FailsByOrder() {
+    if (++operationCount != failingOperation) return false;
+    errno = failingErrno;
+    return true;
+}
+
+/// Makes a counted system call, again while a signal interrupts it. -1 and errno on failure.
+template <class Call>
+auto Operation(Call call) {
+    for (;;) {
+        const auto result = FailsByOrder() ? -1 : call();
+        if (result >= 0 || errno != EINTR) return result;
+    }
+}
+
+int NumberOf(int errnoValue) {
+    switch (errnoValue) {
+    case ENOENT:
+        return kFileNotFound;
+    case ENOTDIR:
+        return kPathNotFound;
+    case EIO:
+        return kDeviceError;
+    case ENOSPC:
+    case EDQUOT:
+        return kDiskFull;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return kPermissionDenied;
+    case ENXIO:
+    case ENODEV:
+        return kDeviceUnavailable;
+    case ENOMEM:
+        return kOutOfMemory;
+    default:
+        return kPathFileAccess;
+    }
+}
+
+std::string ReasonOf(int errnoValue) {
+    switch (errnoValue) {
+    case ENOENT:
+        return "não existe";
+    case ENOTDIR:
+        return "uma parte do caminho não é uma pasta";
+    case EIO:
+        return "o disco não respondeu bem";
+    case ENOSPC:
+        return "não há espaço no disco";
+    case EDQUOT:
+        return "a quota de disco está esgotada";
+    case EACCES:
+    case EPERM:
+        return "não tem permissão";
+    case EROFS:
+        return "o disco só permite leitura";
+    case ENXIO:
+    case ENODEV:
+        return "o dispositivo não está disponível";
+    case ENOMEM:
+        return "falta memória";
+    case EISDIR:
+        return "é uma pasta";
+    case EEXIST:
+        return "já existe";
+    case EINVAL:
+        return "não é um ficheiro comum";
+    case EFBIG:
+        return "o ficheiro é demasiado grande";
+    case EMFILE:
+    case ENFILE:
+        return "há demasiados ficheiros abertos";
+    case ENAMETOOLONG:
+        return "o nome é demasiado longo";
+    case ELOOP:
+        return "há demasiadas ligações simbólicas";
+    default:
+        return "erro " + std::to_string(errnoValue) + " do sistema";
+    }
+}
+
+std::string FolderOf(const std::string& path) {
+    const std::size_t slash = path.find_last_of('/');
+    if (slash == std::string::npos) return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+/// The path that a chain of symbolic links ends at, which need not exist.
+std::string FollowLinks(const std::string& path) {
+    constexpr int kMostLinks = 40;
+    std::string target = path;
+    for (int i = 0; i < kMostLinks; ++i) {
+        char text[4096];
+        const ssize_t length = ::readlink(target.c_str(), text, sizeof text);
+        if (length < 0) return target;
+        const std::string link(text, static_cast<std::size_t>(length));
+        target = link.starts_with('/') ? link : FolderOf(target) + "/" + link;
+    }
+    RaiseFileError(ELOOP, path);
+}
+
+/// What stands at `target`, if anything; raises an error unless it is a plain file that the user may write.
+std::optional<struct stat> OldFile(const std::string& target, const std::string& shownPath) {
+    struct stat old = {};
+    if (Operation([&] { return ::stat(target.c_str(), &old); }) != 0) {
+        if (errno == ENOENT) return {};
+        RaiseFileError(errno, shownPath);
+    }
+    if (!S_ISREG(old.st_mode)) RaiseFileError(S_ISDIR(old.st_mode) ? EISDIR : EINVAL, shownPath);
+    // A rename would replace a write-protected file without a word.
+    if (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) RaiseFileError(errno, shownPath);
+    return old;
+}
+
+void TakeOwnerAndMode(int descriptor, const struct stat& old, const std::string& shownPath) {
+    struct stat now = {};
+    const bool foreign =
+        ::fstat(descriptor, &now) == 0 && (now.st_uid != old.st_uid || now.st_gid != old.st_gid);
+    // Only the superuser may give files away: whoever may not owns the new file.
+    if (foreign && ::fchown(descriptor, old.st_uid, old.st_gid) != 0) errno = 0;
+    if (Operation([&] { return ::fchmod(descriptor, old.st_mode & 0777); }) != 0)
+        RaiseFileError(errno, shownPath);
+}
+
+/// A file name that goes with this object, unless it was renamed before.
+struct AsideName {
+    std::string path;
+    ~AsideName() {
+        if (!path.empty()) ::unlink(path.c_str());
+    }
+};
+
+std::string RandomAsidePath(const std::string& folder) {
+    static const char* digits = "0123456789abcdefghijklmnopqrstuvwxyz";
+    std::random_device random;
+    std::string path = folder + "/.pintalux-";
+    for (int i = 0; i < 12; ++i)
+        path += digits[random() % 36];
+    return path;
+}
+
+/// The rename itself lasts only when its folder is on disk too; some file systems cannot say so, and no harm
+/// is done.
+void SyncFolder(const std::string& folder) {
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+} // namespace
+
+void RaiseFileError(int errnoValue, const std::string& path) {
+    throw RuntimeError(NumberOf(errnoValue), path + " (" + ReasonOf(errnoValue) + ")");
+}
+
+File File::Open(const std::string& path, int flags, unsigned mode, const std::string& shownPath) {
+    // Without O_NONBLOCK the opening of a pipe would hang until someone takes its other end.
+    const int descriptor =
+        Operation([&] { return ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode); });
+    if (descriptor < 0) RaiseFileError(errno, shownPath);
+    return File(descriptor, shownPath);
+}
+
+File File::OpenForReading(const std::string& path) {
+    File file = Open(path, O_RDONLY, 0, path);
+    struct stat info = {};
+    if (::fstat(file.descriptor_, &info) != 0) RaiseFileError(errno, path);
+    if (!S_ISREG(info.st_mode)) RaiseFileError(S_ISDIR(info.st_mode) ? EISDIR : EINVAL, path);
+    return file;
+}
+
+File File::OpenForWriting(const std::string& path, bool forUserOnly) {
+    return Open(path, O_WRONLY | O_CREAT | O_TRUNC | (forUserOnly ? O_NOFOLLOW : 0),
+                forUserOnly ? 0600 : 0666, path);
+}
+
+std::optional<File> File::TryCreateNew(const std::string& path) {
+    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    const int descriptor = Operation([&] { return ::open(path.c_str(), flags, 0600); });
+    if (descriptor >= 0) return File(descriptor, path);
+    if (errno == EEXIST) return {};
+    RaiseFileError(errno, path);
+}
+
+File File::CreateNew(const std::string& path) {
+    std::optional<File> file = TryCreateNew(path);
+    if (!file) RaiseFileError(EEXIST, path);
+    return std::move(*file);
+}
+
+File::File(File&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
+
+File& File::operator=(File&& other) noexcept {
+    std::swap(descriptor_, other.descriptor_);
+    std::swap(path_, other.path_);
+    return *this;
+}
+
+File::~File() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+void File::Write(std::span<const std::byte> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = Operation([&] { return ::write(descriptor_, bytes.data(), bytes.size()); });
+        if (written < 0) RaiseFileError(errno, path_);
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+}
+
+std::size_t File::Read(std::span<std::byte> bytes) {
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t got = Operation([&] { return ::read(descriptor_, &bytes[done], bytes.size() - done); });
+        if (got < 0) RaiseFileError(errno, path_);
+        if (got == 0) break;
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
+std::uint64_t File::Length() const {
+    struct stat info = {};
+    if (Operation([&] { return ::fstat(descriptor_, &info); }) != 0) RaiseFileError(errno, path_);
+    return static_cast<std::uint64_t>(info.st_size);
+}
+
+void File::Seek(std::uint64_t position) {
+    if (Operation([&] { return ::lseek(descriptor_, static_cast<off_t>(position), SEEK_SET); }) < 0)
+        RaiseFileError(errno, path_);
+}
+
+void File::Sync() {
+    if (Operation([&] { return ::fsync(descriptor_); }) == 0) return;
+    // A file system that cannot sync says so; there is nothing to wait for.
+    if (errno != EINVAL && errno != ENOTSUP) RaiseFileError(errno, path_);
+}
+
+void File::Close() {
+    const int descriptor = std::exchange(descriptor_, -1);
+    if (descriptor < 0) return;
+    const int ordered = FailsByOrder() ? errno : 0;
+    // An interrupted close has closed all the same: a second one could hit another thread's file.
+    if (::close(descriptor) != 0 && errno != EINTR) RaiseFileError(errno, path_);
+    if (ordered != 0) RaiseFileError(ordered, path_);
+}
+
+void WriteFileAside(const std::string& path, const std::function<void(File&)>& write) {
+    const std::string target = FollowLinks(path);
+    const std::string folder = FolderOf(target);
+    const std::optional<struct stat> old = OldFile(target, path);
+    const std::string asidePath = RandomAsidePath(folder);
+    File file = File::Open(asidePath, O_WRONLY | O_CREAT | O_EXCL, 0666, path);
+    AsideName aside{asidePath};
+    if (old) TakeOwnerAndMode(file.descriptor_, *old, path);
+    write(file);
+    file.Sync();
+    file.Close();
+    if (Operation([&] { return ::rename(asidePath.c_str(), target.c_str()); }) != 0)
+        RaiseFileError(errno, path);
+    aside.path.clear();
+    SyncFolder(folder);
+}
+
+bool FileDateReadable(const std::string& path) {
+    struct stat info = {};
+    if (Operation([&] { return ::stat(path.c_str(), &info); }) == 0) return true;
+    const int reason = errno;
+    const int number = NumberOf(reason);
+    if (number == kFileNotFound || number == kDeviceUnavailable || number == kPathNotFound) return false;
+    RaiseFileError(reason, path);
+}
+
+std::optional<std::uint64_t> FileLength(const std::string& path) {
+    struct stat info = {};
+    if (Operation([&] { return ::stat(path.c_str(), &info); }) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR) return {};
+        RaiseFileError(errno, path);
+    }
+    if (!S_ISREG(info.st_mode)) return {};
+    return static_cast<std::uint64_t>(info.st_size);
+}
+
+void DeleteFile(const std::string& path) {
+    if (Operation([&] { return ::unlink(path.c_str()); }) != 0) RaiseFileError(errno, path);
+}
+
+std::string ReadWholeFile(const std::string& path, std::size_t limit) {
+    File file = File::OpenForReading(path);
+    const std::uint64_t length = file.Length();
+    if (length > limit) RaiseFileError(EFBIG, path);
+    std::string text(static_cast<std::size_t>(length), '\0');
+    text.resize(file.Read(std::as_writable_bytes(std::span(text))));
+    return text;
+}
+
+void WriteWholeFile(const std::string& path, const std::string& text, bool forUserOnly) {
+    File file = File::OpenForWriting(path, forUserOnly);
+    file.Write(std::as_bytes(std::span(text)));
+    file.Close();
+}
+
+void MakeFolders(const std::string& path) {
+    struct stat info = {};
+    if (::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) return;
+    const std::string above = FolderOf(path);
+    if (above != path && above != ".") MakeFolders(above);
+    if (Operation([&] { return ::mkdir(path.c_str(), 0700); }) == 0) return;
+    const int reason = errno;
+    // Another program may have made it meanwhile.
+    if (reason == EEXIST && ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) return;
+    RaiseFileError(reason, path);
+}
+
+void FailFileOperation(int n, int errnoValue) {
+    failingOperation = 0;
+    operationCount = 0;
+    failingErrno = errnoValue;
+    failingOperation = n;
+}
+
+int FileOperationCount() {
+    return operationCount;
+}
+
+} // namespace pintalux

@@ -1,0 +1,75 @@
+// Files: every open, read, write, sync, close, rename and delete of the program goes through here, so that
+// each failure has a number and a text, and tests can break the n-th operation.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+
+namespace pintalux {
+
+/// The error number for an errno: ENOENT 53, EIO 57, ENOTDIR 76, ENOSPC/EDQUOT 61, EACCES/EPERM/EROFS 70,
+/// ENXIO/ENODEV 68, ENOMEM 7, others 75. The text names the path and the reason.
+[[noreturn]] void RaiseFileError(int errnoValue, const std::string& path);
+
+/// A file descriptor that closes itself. Every member raises a run-time error with the path in its text.
+class File {
+  public:
+    /// Error 75 for a folder, a pipe or a device: only files can be read.
+    static File OpenForReading(const std::string& path);
+    /// Created or emptied, mode 0600 & ~umask when `forUserOnly` (a symbolic link is then refused), 0666 &
+    /// ~umask otherwise. A file that exists keeps its mode.
+    static File OpenForWriting(const std::string& path, bool forUserOnly);
+    /// Fails with 75 if the file exists (O_EXCL), mode 0600.
+    static File CreateNew(const std::string& path);
+    /// The same, but gives nothing if the file exists.
+    static std::optional<File> TryCreateNew(const std::string& path);
+    File(File&& other) noexcept;
+    File& operator=(File&& other) noexcept;
+    ~File();
+
+    const std::string& Path() const { return path_; } ///< As a user knows it: for messages.
+    void Write(std::span<const std::byte> bytes);
+    /// Fills `bytes`, or less at the end of the file; gives how many there were.
+    std::size_t Read(std::span<std::byte> bytes);
+    std::uint64_t Length() const;
+    void Seek(std::uint64_t position);
+    void Sync();
+    void Close(); ///< Checked, unlike the destructor's.
+
+  private:
+    friend void WriteFileAside(const std::string&, const std::function<void(File&)>&);
+    static File Open(const std::string& path, int flags, unsigned mode, const std::string& shownPath);
+    File(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+    int descriptor_ = -1;
+    std::string path_;
+};
+
+/// Writes a file aside (same folder, hidden name), syncs it and renames it over `path`; the mode of the old
+/// file is kept, and its owner where the user may. On any failure the old file stays as it was, the aside
+/// file is removed and the error passes up. A symbolic link is followed: its target is replaced. Error 70 if
+/// the old file or the folder is write-protected, 75 if `path` is no plain file.
+void WriteFileAside(const std::string& path, const std::function<void(File&)>& write);
+
+/// True when the file's date can be read. False for errors 53, 68 and 76; any other passes up.
+bool FileDateReadable(const std::string& path);
+std::optional<std::uint64_t> FileLength(const std::string& path); ///< Empty if there is no such file.
+void DeleteFile(const std::string& path);                         ///< Error 53 if it does not exist.
+/// Error 75 if the file has more than `limit` bytes.
+std::string ReadWholeFile(const std::string& path, std::size_t limit);
+/// In place; whoever may be read meanwhile writes aside instead.
+void WriteWholeFile(const std::string& path, const std::string& text, bool forUserOnly = false);
+
+/// Makes a folder and those above it, mode 0700; nothing happens if it exists.
+void MakeFolders(const std::string& path);
+
+/// Tests: lets the n-th operation from now (1 is the next) fail with an errno, once; 0 switches off.
+void FailFileOperation(int n, int errnoValue);
+/// Tests: counts operations since the last call of `FailFileOperation`.
+int FileOperationCount();
+
+} // namespace pintalux

@@ -1,0 +1,35 @@
+#include "surface/raster/RuntimeError.h"
+#include "surface/system/ConfigStore.h"
+#include "surface/system/Settings.h"
+
+namespace pintalux {
+
+namespace {
+
+const char* const kMachineFile = "machine.ini";
+
+}
+
+std::string ReadMachineValue(const std::string& key, const std::string& name,
+                             const std::string& defaultText) {
+    return ReadStoreValue(kMachineFile, key, name).value_or(defaultText);
+}
+
+bool WriteMachineValue(const std::string& key, const std::string& name, const std::string& text) {
+    try {
+        WriteStoreValues(kMachineFile, key, {{name, text}});
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool DeleteMachineValue(const std::string& key, const std::string& name) {
+    try {
+        return DeleteStoreValue(kMachineFile, key, name);
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+} // namespace pintalux

@@ -1,0 +1,38 @@
+// Pictures in and out of files.
+#pragma once
+
+#include "surface/raster/Bitmap.h"
+
+#include <string>
+
+namespace pintalux {
+
+/// Largest legal width and height of a picture.
+inline constexpr int kMaxPictureSide = 32000;
+
+/// A picture from a BMP, JPEG, GIF (first frame) or icon file; the first bytes decide, not the name. An empty
+/// path gives the empty picture. Error 53 if there is no such file, 481 if it is no picture, broken or above
+/// the legal sizes (found from the header, before anything is decoded), 7 if memory runs out. Transparent
+/// pixels show white. A truncated JPEG or GIF shows what is there if the codec gives it.
+Picture LoadPicture(const std::string& path);
+inline Picture LoadPicture() {
+    return {};
+}
+
+/// Writes an uncompressed 24-bit BMP to `path`, in place. Every write and the close are checked; errors as
+/// the file layer gives them. Error 481 for the empty picture.
+void SavePicture(const Picture& picture, const std::string& path);
+
+/// The same, written aside and renamed: a failure leaves the old file as it was.
+void SavePictureAside(const Picture& picture, const std::string& path);
+
+/// Length in bytes of the BMP file that `SavePicture` writes.
+std::uint64_t BmpFileLength(int width, int height);
+
+/// Writes `jpegPath` from the BMP file `bmpPath` at `quality` (1 to 100), aside and renamed. Gives false on
+/// any failure and then leaves no new file; raises nothing. Only uncompressed 24-bit files, such as
+/// `SavePicture` writes, are taken. A quality out of range counts as its nearest end; below 90 colours are
+/// coded at half the resolution.
+bool BmpToJpeg(const std::string& bmpPath, const std::string& jpegPath, int quality) noexcept;
+
+} // namespace pintalux

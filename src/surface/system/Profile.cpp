@@ -1,0 +1,70 @@
+#include "surface/raster/RuntimeError.h"
+#include "surface/system/FileLayer.h"
+#include "surface/system/IniText.h"
+#include "surface/system/Settings.h"
+#include "surface/system/Windows1252.h"
+
+namespace pintalux {
+
+namespace {
+
+constexpr std::size_t kLongestProfile = std::size_t{16} << 20;
+
+/// A pair of equal quotes around a value only keeps its blanks together.
+std::string WithoutQuotes(const std::string& value) {
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value[0] == '"' || value[0] == '\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+/// A text as one line of the file: what stands behind a line end is lost rather than read as another key.
+std::string LineText(const std::string& text) {
+    using namespace std::string_literals;
+    return ToWindows1252(text.substr(0, text.find_first_of("\r\n\0"s)));
+}
+
+std::string ReadProfileFile(const std::string& file) {
+    if (!FileDateReadable(file)) return {};
+    return ReadWholeFile(file, kLongestProfile);
+}
+
+} // namespace
+
+std::string ProfileRead(const std::string& file, const std::string& section, const std::string& key,
+                        const std::string& defaultText, std::size_t limit) {
+    try {
+        const IniText profile(ReadProfileFile(file));
+        const auto value = profile.Value(LineText(section), LineText(key));
+        const std::string bytes = value ? WithoutQuotes(*value) : ToWindows1252(defaultText);
+        return FromWindows1252(bytes.substr(0, limit));
+    } catch (const RuntimeError&) {
+        return defaultText;
+    }
+}
+
+bool ProfileWriteKeys(const std::string& file, const std::string& section,
+                      const std::vector<SettingText>& values) {
+    try {
+        const std::string before = ReadProfileFile(file);
+        IniText profile(before);
+        for (const SettingText& value : values) {
+            if (value.text.empty())
+                profile.Remove(LineText(section), LineText(value.key));
+            else
+                profile.Set(LineText(section), LineText(value.key), LineText(value.text));
+        }
+        const std::string text = profile.Text("\r\n");
+        if (text == before) return true;
+        WriteFileAside(file, [&](File& out) { out.Write(std::as_bytes(std::span(text))); });
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool ProfileWrite(const std::string& file, const std::string& section, const std::string& key,
+                  const std::string& text) {
+    return ProfileWriteKeys(file, section, {{key, text}});
+}
+
+} // namespace pintalux

@@ -1,0 +1,122 @@
+// What the tests of files share: a folder of their own, plain reading and writing, foreign rights, small
+// pictures.
+#pragma once
+
+#include "surface/raster/Bitmap.h"
+#include "surface/raster/RuntimeError.h"
+#include "surface/system/FileLayer.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace pintalux {
+
+/// A folder that goes with the object, whatever lies in it.
+class Sandbox {
+  public:
+    Sandbox() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "pintalux-test-XXXXXX").string();
+        folder_ = ::mkdtemp(pattern.data());
+    }
+    ~Sandbox() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    Sandbox(const Sandbox&) = delete;
+    Sandbox& operator=(const Sandbox&) = delete;
+
+    const std::string& Folder() const { return folder_; }
+    std::string operator/(const std::string& name) const { return folder_ + "/" + name; }
+    /// Names of everything in the folder, hidden files too.
+    std::vector<std::string> Names() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_))
+            names.push_back(entry.path().filename().string());
+        return names;
+    }
+
+  private:
+    std::string folder_;
+};
+
+inline std::string BytesOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void PutBytes(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+inline unsigned ModeOf(const std::string& path) {
+    struct stat info = {};
+    return ::stat(path.c_str(), &info) == 0 ? info.st_mode & 07777 : 0;
+}
+
+/// The superuser may do anything: takes that away for the object's life.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() : wasSuperuser_(::geteuid() == 0 && ::seteuid(65534) == 0) {}
+    ~OrdinaryUser() {
+        if (wasSuperuser_ && ::seteuid(0) != 0) std::abort();
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+  private:
+    bool wasSuperuser_;
+};
+
+/// The number of the run-time error that `step` raises; 0 for none.
+template <class Step>
+int ErrorOf(Step step) {
+    try {
+        step();
+        return 0;
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+}
+
+/// Every pixel another colour, all three channels in use.
+inline Picture Pattern(int width, int height, unsigned seed = 1) {
+    Picture picture(width, height, kWhite);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            picture.Set(x, y,
+                        (static_cast<Pixel>(x) * 2654435761U + static_cast<Pixel>(y) * 40503U * seed + seed) &
+                            0xFFFFFF);
+    return picture;
+}
+
+/// `value` as `bytes` bytes, the lowest first.
+inline std::string LittleEndian(std::int64_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i)
+        text += static_cast<char>(i < 8 ? value >> (8 * i) & 0xFF : 0);
+    return text;
+}
+
+/// Fails the n-th operation of `step` for every n that there is and asks `check` each time; the number of
+/// operations.
+template <class Step, class Check>
+int FailEachOperation(int errnoValue, Step step, Check check) {
+    FailFileOperation(0, 0);
+    step();
+    const int count = FileOperationCount();
+    for (int n = 1; n <= count; ++n) {
+        FailFileOperation(n, errnoValue);
+        const int error = ErrorOf(step);
+        FailFileOperation(0, 0);
+        check(n, error);
+    }
+    return count;
+}
+
+} // namespace pintalux

@@ -1,0 +1,212 @@
+#include "surface/system/StateFiles.h"
+
+#include "surface/system/Pictures.h"
+#include "surface/system/TempNames.h"
+#include "system/Sandbox.h"
+
+#include <cerrno>
+
+namespace pintalux {
+namespace {
+
+std::string NewFile(const Sandbox& box) {
+    std::string name;
+    EXPECT_NE(GetTempFileName(box.Folder(), "BI", 0, name), 0U);
+    return name;
+}
+
+/// True if the two pictures are one in memory, so that neither came from a file.
+bool SharePixels(const Picture& a, const Picture& b) {
+    return Bitmap::Difference(a, b).empty();
+}
+
+TEST(StateFiles, SavedStateLoads) {
+    const Sandbox box;
+    const std::string path = NewFile(box);
+    StateFiles states;
+    states.SaveBehind(Pattern(300, 40), path);
+    EXPECT_TRUE(states.Exists(path));
+    EXPECT_TRUE(states.LoadState(path) == Pattern(300, 40));
+    EXPECT_TRUE(states.Settle().empty());
+    EXPECT_TRUE(states.Exists(path));
+    EXPECT_TRUE(states.LoadState(path) == Pattern(300, 40));
+    EXPECT_TRUE(LoadPicture(path) == Pattern(300, 40));
+}
+
+TEST(StateFiles, WrittenStateLeavesTheMemory) {
+    const Sandbox box;
+    const std::string path = NewFile(box);
+    const Picture picture = Pattern(30, 40);
+    StateFiles states;
+    states.SaveBehind(picture, path);
+    states.Settle();
+    const Picture loaded = states.LoadState(path);
+    EXPECT_TRUE(loaded == picture);
+    EXPECT_FALSE(SharePixels(loaded, picture));
+}
+
+TEST(StateFiles, StateIsThatOfTheCall) {
+    const Sandbox box;
+    const std::string path = NewFile(box);
+    Picture picture = Pattern(1000, 1000);
+    StateFiles states;
+    states.SaveBehind(picture, path);
+    picture.Fill(picture.Bounds(), 0x123456);
+    states.Settle();
+    EXPECT_TRUE(states.LoadState(path) == Pattern(1000, 1000));
+}
+
+TEST(StateFiles, FileStaysPrivate) {
+    const Sandbox box;
+    const std::string made = NewFile(box);
+    const std::string vanished = NewFile(box);
+    DeleteFile(vanished);
+    StateFiles states;
+    states.SaveBehind(Pattern(3, 4), made);
+    states.SaveBehind(Pattern(3, 4), vanished);
+    EXPECT_TRUE(states.Settle().empty());
+    EXPECT_EQ(ModeOf(made), 0600U);
+    EXPECT_EQ(ModeOf(vanished), 0600U);
+}
+
+TEST(StateFiles, ManyStatesInARowAllArrive) {
+    const Sandbox box;
+    StateFiles states;
+    std::vector<std::string> paths;
+    for (unsigned i = 0; i < 3 * StateFiles::kMostPending; ++i) {
+        paths.push_back(NewFile(box));
+        states.SaveBehind(Pattern(200, 50, i + 1), paths.back());
+    }
+    EXPECT_TRUE(states.Settle().empty());
+    for (unsigned i = 0; i < paths.size(); ++i)
+        EXPECT_TRUE(LoadPicture(paths[i]) == Pattern(200, 50, i + 1)) << i;
+}
+
+TEST(StateFiles, EveryFailingStepKeepsTheStateInMemory) {
+    const Sandbox box;
+    const std::string path = NewFile(box);
+    const Picture picture = Pattern(700, 600);
+    StateFiles states;
+    FailFileOperation(0, 0);
+    states.SaveBehind(picture, path);
+    states.Settle();
+    const int count = FileOperationCount();
+    EXPECT_EQ(count, 5); // open, header, two buffers, close
+    for (int n = 1; n <= count; ++n) {
+        FailFileOperation(n, ENOSPC);
+        states.SaveBehind(picture, path);
+        EXPECT_EQ(states.Settle(), std::vector<std::string>{path}) << "operation " << n;
+        FailFileOperation(0, 0);
+        EXPECT_TRUE(states.Exists(path)) << "operation " << n;
+        EXPECT_TRUE(SharePixels(states.LoadState(path), picture)) << "operation " << n;
+        EXPECT_EQ(FileLength(path), 0U) << "a full disk gets its room back";
+    }
+}
+
+TEST(StateFiles, FailedPathsComeInOrderUntilForgotten) {
+    const Sandbox box;
+    StateFiles states;
+    const std::string first = box / "no/1";
+    const std::string good = NewFile(box);
+    const std::string second = box / "no/2";
+    for (const std::string& path : {first, good, second})
+        states.SaveBehind(Pattern(3, 3), path);
+    EXPECT_EQ(states.Settle(), (std::vector<std::string>{first, second}));
+    states.Forget(first);
+    EXPECT_EQ(states.Settle(), std::vector<std::string>{second});
+}
+
+TEST(StateFiles, DisappearedFileIsError53) {
+    const Sandbox box;
+    const std::string path = NewFile(box);
+    StateFiles states;
+    states.SaveBehind(Pattern(3, 3), path);
+    states.Settle();
+    DeleteFile(path);
+    EXPECT_FALSE(states.Exists(path));
+    EXPECT_EQ(ErrorOf([&] { states.LoadState(path); }), 53);
+}
+
+TEST(StateFiles, FileOfAnotherLengthCountsAsDisappeared) {
+    const Sandbox box;
+    const std::string path = NewFile(box);
+    StateFiles states;
+    states.SaveBehind(Pattern(3, 3), path);
+    states.Settle();
+    PutBytes(path, BytesOf(path) + "x");
+    EXPECT_FALSE(states.Exists(path));
+    EXPECT_EQ(ErrorOf([&] { states.LoadState(path); }), 53);
+}
+
+TEST(StateFiles, UnknownPathIsNoState) {
+    const Sandbox box;
+    SavePicture(Pattern(3, 3), box / "a.bmp");
+    const StateFiles states;
+    EXPECT_FALSE(states.Exists(box / "a.bmp"));
+    EXPECT_EQ(ErrorOf([&] { states.LoadState(box / "a.bmp"); }), 53);
+}
+
+TEST(StateFiles, ForgettingDeletesTheFile) {
+    const Sandbox box;
+    StateFiles states;
+    const std::string waiting = NewFile(box);
+    states.SaveBehind(Pattern(2000, 1000), NewFile(box));
+    states.SaveBehind(Pattern(500, 500), waiting);
+    states.Forget(waiting);
+    EXPECT_FALSE(states.Exists(waiting));
+    states.Settle();
+    EXPECT_FALSE(FileLength(waiting).has_value());
+    EXPECT_EQ(box.Names().size(), 1U);
+}
+
+TEST(StateFiles, ForgettingWaitsForTheWriter) {
+    const Sandbox box;
+    StateFiles states;
+    for (int i = 0; i < 20; ++i) {
+        const std::string path = NewFile(box);
+        states.SaveBehind(Pattern(300, 300), path);
+        states.Forget(path);
+        EXPECT_TRUE(box.Names().empty());
+    }
+}
+
+TEST(StateFiles, ForgettingWhatIsGoneDoesNothing) {
+    const Sandbox box;
+    StateFiles states;
+    EXPECT_EQ(ErrorOf([&] { states.Forget(box / "no"); }), 0);
+}
+
+TEST(StateFiles, SamePathTakesTheNewState) {
+    const Sandbox box;
+    const std::string path = NewFile(box);
+    StateFiles states;
+    states.SaveBehind(Pattern(900, 900, 1), path);
+    states.SaveBehind(Pattern(20, 30, 2), path);
+    EXPECT_TRUE(states.LoadState(path) == Pattern(20, 30, 2));
+    states.Settle();
+    EXPECT_TRUE(states.LoadState(path) == Pattern(20, 30, 2));
+}
+
+TEST(StateFiles, EmptyPictureIsNoState) {
+    const Sandbox box;
+    StateFiles states;
+    EXPECT_EQ(ErrorOf([&] { states.SaveBehind({}, box / "a"); }), 481);
+    EXPECT_FALSE(states.Exists(box / "a"));
+}
+
+TEST(StateFiles, EndWaitsForTheWriter) {
+    const Sandbox box;
+    std::vector<std::string> paths;
+    {
+        StateFiles states;
+        for (int i = 0; i < 5; ++i) {
+            paths.push_back(NewFile(box));
+            states.SaveBehind(Pattern(800, 600), paths.back());
+        }
+    }
+    for (const std::string& path : paths)
+        EXPECT_EQ(FileLength(path), BmpFileLength(800, 600));
+}
+
+} // namespace
+} // namespace pintalux
