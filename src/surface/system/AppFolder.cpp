@@ -1,0 +1,125 @@
+#include "surface/system/App.h"
+
+#include "surface/raster/RuntimeError.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <optional>
+#include <pwd.h>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace pintalux {
+
+AppObject App;
+
+namespace {
+
+std::string folderForTests;
+
+/// The instance lock: an open file, held until the process ends.
+struct InstanceLock {
+    bool asked = false;
+    bool heldByAnother = false;
+    int descriptor = -1;
+};
+InstanceLock instanceLock;
+
+/// A folder that an environment variable names; only absolute paths count.
+std::optional<std::string> FolderOf(const char* variable) {
+    const char* value = std::getenv(variable);
+    if (value == nullptr || *value != '/') return std::nullopt;
+    std::string folder = value;
+    while (folder.size() > 1 && folder.back() == '/')
+        folder.pop_back();
+    return folder;
+}
+
+std::string HomeFolder() {
+    if (const auto home = FolderOf("HOME")) return *home;
+    const passwd* user = getpwuid(getuid());
+    return user == nullptr || user->pw_dir == nullptr ? "/" : user->pw_dir;
+}
+
+std::string ExecutableFolder() {
+    std::error_code failure;
+    const std::filesystem::path file = std::filesystem::read_symlink("/proc/self/exe", failure);
+    return failure ? std::string() : file.parent_path().string();
+}
+
+/// Makes a folder and those above it, each for the user alone.
+void MakeFolder(const std::string& folder) {
+    for (std::size_t end = folder.find('/', 1);; end = folder.find('/', end + 1)) {
+        const std::string part = folder.substr(0, end);
+        if (mkdir(part.c_str(), 0700) != 0 && errno != EEXIST && errno != EROFS && errno != EACCES)
+            throw RuntimeError(kPathFileAccess, part);
+        if (end == std::string::npos) break;
+    }
+    struct stat found = {};
+    if (stat(folder.c_str(), &found) != 0 || !S_ISDIR(found.st_mode))
+        throw RuntimeError(kPathNotFound, folder);
+}
+
+/// A folder of the user's own under the temporary path; empty where somebody else sits in its place.
+std::string OwnTemporaryFolder() {
+    const std::string folder = FolderOf("TMPDIR").value_or("/var/tmp") + "/pintalux64-" +
+                               std::to_string(static_cast<unsigned>(getuid()));
+    if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) return {};
+    struct stat found = {};
+    const bool ours = lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) &&
+                      found.st_uid == getuid() && (found.st_mode & 0077) == 0;
+    return ours ? folder : std::string();
+}
+
+std::string LockFolder() {
+    if (!folderForTests.empty()) return folderForTests;
+    if (const auto folder = FolderOf("XDG_RUNTIME_DIR"); folder && access(folder->c_str(), W_OK | X_OK) == 0)
+        return *folder;
+    return OwnTemporaryFolder();
+}
+
+void TakeLock(InstanceLock& lock) {
+    lock.asked = true;
+    const std::string folder = LockFolder();
+    if (folder.empty()) return;
+    const std::string file = folder + "/pintalux64.lock";
+    lock.descriptor = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (lock.descriptor < 0) return; // where nothing can be locked, nobody else has locked it
+    lock.heldByAnother = flock(lock.descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+void ReleaseLock(InstanceLock& lock) {
+    if (lock.descriptor >= 0) close(lock.descriptor);
+    lock = {};
+}
+
+} // namespace
+
+std::string AppObject::Path() const {
+    if (!folderForTests.empty()) return folderForTests;
+    const std::string executable = ExecutableFolder();
+    if (!executable.empty() && access(executable.c_str(), W_OK | X_OK) == 0) return executable;
+    const std::string own =
+        FolderOf("XDG_DATA_HOME").value_or(HomeFolder() + "/.local/share") + "/Pintalux64";
+    MakeFolder(own);
+    return own;
+}
+
+void AppObject::PathForTests(std::string path) {
+    ReleaseLock(instanceLock);
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    folderForTests = std::move(path);
+}
+
+bool AppObject::PrevInstance() const {
+    if (!instanceLock.asked) TakeLock(instanceLock);
+    return instanceLock.heldByAnother;
+}
+
+} // namespace pintalux

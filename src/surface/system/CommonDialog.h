@@ -1,0 +1,38 @@
+// The desktop's open, save and colour dialogs, with Portuguese texts.
+#pragma once
+
+#include "surface/raster/Colour.h"
+
+#include <string>
+
+namespace pintalux {
+
+/// One object is shared by several commands, so its last `FileName` is what the next dialog proposes.
+class CommonDialog {
+  public:
+    std::string DialogTitle;
+    std::string Filter;       ///< "Text|*.a;*.b|Text|*.c"; patterns match in any case.
+    int FilterIndex = 1;      ///< From 1; the user's choice after the dialog.
+    bool CancelError = false; ///< A cancel raises error 32755.
+    int Flags = 0;
+    Colour Color = kBlack;
+
+    /// The path chosen by the dialog just shown; empty after a cancel. A name is taken as typed: no extension
+    /// is added.
+    const std::string& FileName() const { return fileName_; }
+    void FileName(std::string value) { fileName_ = proposed_ = std::move(value); }
+
+    void ShowOpen(); ///< Existing files only.
+    void ShowSave();
+    /// Starts at `Color` and leaves the choice there. A cancel keeps it.
+    void ShowColor();
+
+  private:
+    void TakeChoice(const std::string& path);
+    std::string fileName_;
+    std::string proposed_;
+};
+
+inline constexpr int kDialogCancelled = 32755;
+
+} // namespace pintalux

@@ -1,0 +1,21 @@
+// Message boxes with Portuguese buttons.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace pintalux {
+
+enum class BoxButtons { Ok, YesNo, YesNoCancel };
+enum class BoxIcon { None, Critical, Question, Exclamation, Information };
+enum class BoxAnswer { Ok, Cancel, Yes, No };
+
+inline constexpr const char* kMessageTitle = "VALMERO Multimédia";
+
+/// Shows a modal box over the active window and gives the answer; closing it counts as Cancel where there is
+/// one, as No for Yes and No, as OK else. The default button is the first; an empty title is the
+/// application's.
+BoxAnswer MsgBox(const std::string& text, BoxButtons buttons = BoxButtons::Ok, BoxIcon icon = BoxIcon::None,
+                 const std::string& title = {});
+
+} // namespace pintalux

@@ -1,0 +1,38 @@
+// The default printer as a surface in pixels of the page.
+#pragma once
+
+#include "surface/raster/Bitmap.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace pintalux {
+
+class PrinterObject {
+  public:
+    PrinterObject();
+    ~PrinterObject();
+    /// Printable size in the unit of the scale: 3 pixels (of the printer), 1 twips. Error 68 without a
+    /// printer.
+    double ScaleWidth() const;
+    double ScaleHeight() const;
+    int ScaleMode() const { return scaleMode_; }
+    void ScaleMode(int value) { scaleMode_ = value; }
+    /// Starts the document at the first call. Place and size are in the unit of the scale; what passes the
+    /// page's edge is cut off. Error 68 without a printer.
+    void PaintPicture(const Picture& picture, double x, double y, double width, double height);
+    void EndDoc(); ///< Sends the document off, if one was started; error 57 if that fails.
+    /// The desktop's printer dialog; false on cancel.
+    bool ShowSetup();
+    /// Tests: prints to a PDF file instead; empty takes it back.
+    void PrintToFileForTests(const std::string& path);
+
+  private:
+    double PixelsPerUnit() const;
+    struct Native;
+    std::unique_ptr<Native> native_;
+    int scaleMode_ = 1;
+};
+PrinterObject& Printer();
+
+} // namespace pintalux

@@ -1,0 +1,33 @@
+// Command buttons and frames.
+#pragma once
+
+#include "surface/window/Control.h"
+
+#include <string>
+
+namespace pintalux {
+
+/// A push button. An ampersand in the caption marks the access key. `Click` runs by mouse, space, access key,
+/// and Enter while it has the focus.
+class CommandButton : public Control {
+  public:
+    CommandButton(Container& parent, std::string name, std::string caption);
+    const std::string& Caption() const { return caption_; }
+    void Caption(std::string value);
+    void Default(bool value);                  ///< Pressed by Enter anywhere on the form.
+    void Cancel(bool value);                   ///< Pressed by Escape.
+    void Picture(const std::string& resource); ///< An icon beside or instead of the caption.
+
+  private:
+    std::string caption_;
+};
+
+/// A frame with a caption around other controls; children in twips.
+class Frame : public Container {
+  public:
+    Frame(Container& parent, std::string name, std::string caption);
+    int PixelWidth() const override;
+    int PixelHeight() const override;
+};
+
+} // namespace pintalux

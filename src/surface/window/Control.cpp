@@ -1,0 +1,199 @@
+#include "surface/window/Control.h"
+
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/RuntimeError.h"
+#include "surface/window/Control_native.h"
+#include "surface/window/Cursors_native.h"
+
+#include <QApplication>
+#include <QEvent>
+
+#include <algorithm>
+
+namespace pintalux {
+
+Control::Control(Container* parent, std::string name)
+    : parent_(parent), name_(std::move(name)), native_(std::make_unique<ControlNative>()) {
+    if (parent_) parent_->Native().children.push_back(this);
+}
+
+Control::~Control() {
+    if (parent_) std::erase(parent_->Native().children, this);
+    for (Control* child : native_->children)
+        child->parent_ = nullptr;
+    delete native_->widget.data();
+}
+
+double Control::Stored(double value) const {
+    const int pixels = PixelsAround(*this, value);
+    return parent_ && parent_->ScaleMode() == kScalePixels ? pixels : value;
+}
+
+void Control::Assign(double& member, double value) {
+    if (value == member) return;
+    member = value;
+    Placed();
+}
+
+void Control::Left(double value) {
+    Assign(left_, Stored(value));
+}
+
+void Control::Top(double value) {
+    Assign(top_, Stored(value));
+}
+
+void Control::Width(double value) {
+    const double stored = Stored(value);
+    if (stored < 0) throw RuntimeError(kInvalidPropertyValue);
+    Assign(width_, stored);
+}
+
+void Control::Height(double value) {
+    const double stored = Stored(value);
+    if (stored < 0) throw RuntimeError(kInvalidPropertyValue);
+    Assign(height_, stored);
+}
+
+void Control::Move(double left, double top, double width, double height) {
+    left = Stored(left);
+    top = Stored(top);
+    width = Stored(width);
+    height = Stored(height);
+    if (width < 0 || height < 0) throw RuntimeError(kInvalidPropertyValue);
+    if (left == left_ && top == top_ && width == width_ && height == height_) return;
+    left_ = left;
+    top_ = top;
+    width_ = width;
+    height_ = height;
+    Placed();
+}
+
+void Control::Placed() {
+    QWidget* widget = WidgetOf(*this);
+    if (!widget) return;
+    if (native_->place) {
+        native_->place();
+    } else {
+        widget->setGeometry(PixelPlace(*this));
+    }
+}
+
+void Control::Visible(bool value) {
+    if (value == visible_) return;
+    visible_ = value;
+    VisibleChanged();
+}
+
+void Control::VisibleChanged() {
+    if (QWidget* widget = WidgetOf(*this)) widget->setVisible(visible_);
+    if (native_->place) native_->place();
+}
+
+void Control::Enabled(bool value) {
+    if (value == enabled_) return;
+    enabled_ = value;
+    if (QWidget* widget = WidgetOf(*this)) widget->setEnabled(value);
+}
+
+void Control::MousePointer(int value) {
+    if (value == mousePointer_) return;
+    mousePointer_ = value;
+    QWidget* widget = WidgetOf(*this);
+    if (!widget) return;
+    if (value == kPointerDefault) {
+        widget->unsetCursor();
+    } else {
+        widget->setCursor(CursorOf(value, mouseIcon_));
+    }
+}
+
+void Control::MouseIcon(Icon value) {
+    if (value == mouseIcon_) return;
+    mouseIcon_ = std::move(value);
+    QWidget* widget = WidgetOf(*this);
+    if (widget && mousePointer_ == kPointerCustom) widget->setCursor(CursorOf(mousePointer_, mouseIcon_));
+}
+
+void Control::ToolTipText(std::string value) {
+    toolTip_ = std::move(value);
+    // Escaped: a tip is plain text, whatever signs it holds.
+    if (QWidget* widget = WidgetOf(*this)) widget->setToolTip(ToQString(toolTip_).toHtmlEscaped());
+}
+
+void Control::AccessibleName(const std::string& value) {
+    if (QWidget* widget = WidgetOf(*this)) widget->setAccessibleName(ToQString(value));
+}
+
+void Control::SetFocus() {
+    QWidget* widget = WidgetOf(*this);
+    if (!widget) return;
+    if (widget->isWindow()) widget->activateWindow();
+    widget->setFocus(Qt::OtherFocusReason);
+}
+
+void Control::BringToFront() {
+    if (QWidget* widget = WidgetOf(*this)) widget->raise();
+}
+
+void Control::Refresh() {
+    FlushPaint(WidgetOf(*this));
+}
+
+void ControlNative::TakePlace(Control& control, const QRect& place) {
+    const double unit = UnitsPerPixelAround(control);
+    const auto take = [unit, &control](double& member, int pixels) {
+        // A value that already gives these pixels stays as it was assigned.
+        if (PixelsAround(control, member) != pixels) member = pixels * unit;
+    };
+    take(control.left_, place.x());
+    take(control.top_, place.y());
+    take(control.width_, place.width());
+    take(control.height_, place.height());
+}
+
+QWidget* WidgetOf(const Control& control) {
+    return control.Native().widget.data();
+}
+
+double UnitsPerPixelAround(const Control& control) {
+    return control.Parent() ? control.Parent()->UnitsPerPixel() : kTwipsPerPixel;
+}
+
+int PixelsAround(const Control& control, double length) {
+    return ToInt32(length / UnitsPerPixelAround(control));
+}
+
+QRect PixelPlace(const Control& control) {
+    return {PixelsAround(control, control.Left()), PixelsAround(control, control.Top()),
+            PixelsAround(control, control.Width()), PixelsAround(control, control.Height())};
+}
+
+void FlushPaint(QWidget* widget) {
+    if (!widget || !widget->isVisible() || !widget->updatesEnabled()) return;
+    // The toolkit's own repaint would paint the whole widget; this paints only what was marked.
+    QEvent request(QEvent::UpdateRequest);
+    QCoreApplication::sendEvent(widget->window(), &request);
+}
+
+namespace {
+
+std::vector<QPointer<QWidget>>& OwnedWindows() {
+    static std::vector<QPointer<QWidget>> windows;
+    return windows;
+}
+
+void DeleteOwnedWindows() {
+    for (const QPointer<QWidget>& window : std::exchange(OwnedWindows(), {}))
+        delete window.data();
+}
+
+} // namespace
+
+void DeleteBeforeExit(QWidget* widget) {
+    if (OwnedWindows().empty()) qAddPostRoutine(DeleteOwnedWindows);
+    std::erase_if(OwnedWindows(), [](const auto& window) { return window.isNull(); });
+    OwnedWindows().emplace_back(widget);
+}
+
+} // namespace pintalux

@@ -1,0 +1,156 @@
+// What all window objects have in common: a place in a container, visibility, pointer events.
+//
+// Properties are pairs of members: `Left()` reads, `Left(x)` writes. Left, Top, Width and Height are in the
+// unit of the container: pixels inside a surface in pixels (rounded to whole ones, half to even), twips on a
+// form (kept as assigned). 15 twips are a pixel, and a pixel is the toolkit's logical pixel.
+//
+// Events are function members that the form fills. A handler that the toolkit starts runs under `RunEvent`;
+// a handler that runs nested in an assignment passes its errors to the assigning statement.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace pintalux {
+
+class Container;
+struct ControlNative;
+
+inline constexpr int kTwipsPerPixel = 15;
+
+enum PointerShape : int {
+    kPointerDefault = 0,
+    kPointerCross = 2,
+    kPointerHourglass = 11,
+    kPointerSizeAll = 15,
+    kPointerCustom = 99,
+};
+
+enum MouseButtonBits : int { kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
+enum ShiftBits : int { kShiftMask = 1, kCtrlMask = 2, kAltMask = 4 };
+
+/// A pointer picture: the name of an SVG of the program's resources (":/icons/eye.svg"), and its hot spot in
+/// pixels.
+struct Icon {
+    std::string resource;
+    int hotX = 0;
+    int hotY = 0;
+    bool operator==(const Icon&) const = default;
+};
+
+using PointerEvent = std::function<void(int Button, int Shift, double X, double Y)>;
+
+class Control {
+  public:
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+    virtual ~Control();
+
+    /// The code name, also the toolkit's object name.
+    const std::string& Name() const { return name_; }
+
+    double Left() const { return left_; }
+    void Left(double value);
+    double Top() const { return top_; }
+    void Top(double value);
+    double Width() const { return width_; }
+    void Width(double value); ///< Error 380 if negative.
+    double Height() const { return height_; }
+    void Height(double value); ///< Error 380 if negative.
+    /// All four at once, one repaint.
+    void Move(double left, double top, double width, double height);
+
+    /// The property as the program set it, whether or not the toolkit shows the control at the moment.
+    bool Visible() const { return visible_; }
+    void Visible(bool value);
+    bool Enabled() const { return enabled_; }
+    void Enabled(bool value);
+    const std::string& Tag() const { return tag_; }
+    void Tag(std::string value) { tag_ = std::move(value); }
+
+    int MousePointer() const { return mousePointer_; }
+    void MousePointer(int value); ///< A `PointerShape`.
+    const Icon& MouseIcon() const { return mouseIcon_; }
+    void MouseIcon(Icon value); ///< Shown while `MousePointer` is 99.
+
+    const std::string& ToolTipText() const { return toolTip_; }
+    void ToolTipText(std::string value);
+    /// What a screen reader says; as a rule the text of the control's label.
+    void AccessibleName(const std::string& value);
+
+    void SetFocus();
+    /// In front of its siblings.
+    void BringToFront();
+    /// Repaints at once what is out of date.
+    virtual void Refresh();
+
+    /// Button and Shift are bit masks. X and Y: twips on a display, the surface's own unit on a surface,
+    /// twips elsewhere.
+    PointerEvent MouseDown;
+    PointerEvent MouseMove;
+    PointerEvent MouseUp;
+    std::function<void()> Click;
+    std::function<void()> DblClick;
+
+    ControlNative& Native() const { return *native_; }
+    /// The container that holds it; null for a window.
+    Container* Parent() const { return parent_; }
+
+  protected:
+    friend class Container;
+    friend struct ControlNative;
+    /// `parent` is null for a window only. Controls start shown and enabled, 0 by 0 at 0, 0.
+    Control(Container* parent, std::string name);
+
+    Container* parent_;
+    std::string name_;
+    double left_ = 0;
+    double top_ = 0;
+    double width_ = 0;
+    double height_ = 0;
+    bool visible_ = true;
+    bool enabled_ = true;
+    int mousePointer_ = kPointerDefault;
+    Icon mouseIcon_;
+    std::string tag_;
+    std::string toolTip_;
+    std::unique_ptr<ControlNative> native_;
+
+    /// Called after Left, Top, Width or Height changed; places the widget. A surface also resizes its bitmap.
+    virtual void Placed();
+    /// Called after Visible changed; shows or hides the widget.
+    virtual void VisibleChanged();
+    /// What a length becomes when it is assigned: whole pixels in a container of pixels.
+    double Stored(double value) const;
+
+  private:
+    void Assign(double& member, double value);
+};
+
+enum ScaleModeValue : int { kScaleTwips = 1, kScalePoints = 2, kScalePixels = 3 };
+
+/// A control that holds others and has a unit for them.
+class Container : public Control {
+  public:
+    int ScaleMode() const { return scaleMode_; }
+    /// A `ScaleModeValue`; children keep their place on the screen.
+    void ScaleMode(int value);
+    /// Interior size in the container's unit.
+    double ScaleWidth() const;
+    double ScaleHeight() const;
+    double ScaleLeft() const { return 0; }
+    double ScaleTop() const { return 0; }
+
+    /// Units of this container in one pixel: 1, 15 or 0.75.
+    double UnitsPerPixel() const;
+    /// Interior size in pixels.
+    virtual int PixelWidth() const = 0;
+    virtual int PixelHeight() const = 0;
+
+  protected:
+    Container(Container* parent, std::string name, int scaleMode);
+    int scaleMode_;
+};
+
+} // namespace pintalux

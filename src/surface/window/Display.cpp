@@ -1,0 +1,90 @@
+#include "surface/window/Display.h"
+
+#include "surface/window/Control_native.h"
+#include "surface/window/Painting_native.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace pintalux {
+
+namespace {
+
+/// Above so many changed boxes the whole view is marked: the list itself would cost more than it saves.
+constexpr std::size_t kManyBoxes = 256;
+
+/// First or last view pixel of an image column, rounded outward. In 64 bits: a view may be 512,000 pixels
+/// wide.
+int MapDown(int place, int from, int to) {
+    return static_cast<int>(std::int64_t{place} * to / from);
+}
+int MapUp(int place, int from, int to) {
+    return static_cast<int>((std::int64_t{place} * to + from - 1) / from);
+}
+
+QRect Mapped(const Box& box, const Bitmap& picture, const QSize& view) {
+    const int left = MapDown(box.left, picture.Width(), view.width());
+    const int top = MapDown(box.top, picture.Height(), view.height());
+    return {QPoint(left, top), QPoint(MapUp(box.right, picture.Width(), view.width()) - 1,
+                                      MapUp(box.bottom, picture.Height(), view.height()) - 1)};
+}
+
+void MarkDifference(QWidget& widget, const Bitmap& before, const Bitmap& after) {
+    const QRect visible = VisibleRect(widget);
+    if (visible.isEmpty()) return;
+    if (before.Width() != after.Width() || before.Height() != after.Height()) return widget.update();
+    const std::vector<Box> boxes = Bitmap::Difference(before, after);
+    if (boxes.size() > kManyBoxes) return widget.update();
+    for (const Box& box : boxes) {
+        const QRect part = Mapped(box, after, widget.size()) & visible;
+        if (!part.isEmpty()) widget.update(part);
+    }
+}
+
+PaintedWidget* WidgetOfDisplay(const Display& display) {
+    return static_cast<PaintedWidget*>(WidgetOf(display));
+}
+
+} // namespace
+
+Display::Display(Container& parent, std::string name) : Control(&parent, std::move(name)) {
+    InstallWidget(*this, new PaintedWidget(ClientWidgetOf(parent)));
+    PaintPicture();
+}
+
+Display::~Display() {
+    if (PaintedWidget* widget = WidgetOfDisplay(*this)) widget->paint = nullptr;
+}
+
+/// Has the widget show the picture. Without one the container shines through; with one nothing below needs
+/// painting.
+void Display::PaintPicture() {
+    PaintedWidget* widget = WidgetOfDisplay(*this);
+    if (!widget) return;
+    widget->setAttribute(Qt::WA_OpaquePaintEvent, !picture_.Empty());
+    widget->paint = [this, widget](QPaintEvent& event) {
+        if (!picture_.Empty()) PaintBitmap(*widget, event.region(), picture_, widget->size(), QColor());
+    };
+}
+
+void Display::Picture(pintalux::Picture value) {
+    const pintalux::Picture before = std::exchange(picture_, std::move(value));
+    if (before.Empty() != picture_.Empty()) PaintPicture();
+    QWidget* widget = WidgetOf(*this);
+    if (widget && widget->isVisible()) MarkDifference(*widget, before, picture_);
+}
+
+void Display::Art(const std::string& resource) {
+    picture_ = {};
+    PaintPicture();
+    PaintedWidget* widget = WidgetOfDisplay(*this);
+    if (!widget) return;
+    auto* renderer = new QSvgRenderer(ToQString(resource), widget);
+    widget->paint = [widget, renderer](QPaintEvent&) {
+        QPainter painter(widget);
+        renderer->render(&painter, QRectF(widget->rect()));
+    };
+    widget->update();
+}
+
+} // namespace pintalux

@@ -1,0 +1,25 @@
+// Where events enter the program, and what becomes of an error that nobody caught.
+#pragma once
+
+#include "surface/raster/RuntimeError.h"
+
+#include <functional>
+
+namespace pintalux {
+
+enum class EventKind {
+    Ordinary, ///< An untrapped error stops the program.
+    Pointer,  ///< Pointer handlers and drag timers: error 6 ends the handler, the program goes on.
+};
+
+/// Runs a handler that the toolkit started. Nothing leaves it: an error goes to `OnUntrappedError`, except
+/// that error 6 in a pointer handler is dropped.
+void RunEvent(EventKind kind, const std::function<void()>& handler) noexcept;
+
+/// Hears of an error that reached the top. The program sets it to its stop message, which does not return.
+extern std::function<void(const RuntimeError&)> OnUntrappedError;
+
+/// One pass of the pending events.
+void DoEvents();
+
+} // namespace pintalux

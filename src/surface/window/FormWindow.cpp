@@ -1,0 +1,229 @@
+// The windows behind forms: how they are made, sized, placed and shown, and what they report.
+#include "surface/window/Control_native.h"
+#include "surface/window/Events.h"
+#include "surface/window/FormWindow_native.h"
+#include "surface/window/MDIForm_native.h"
+
+#include <QApplication>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace pintalux {
+
+namespace {
+
+/// What a document window's frame counts, in twips.
+constexpr int kFrameWidth = 120;
+constexpr int kFrameHeight = 420;
+
+Qt::WindowFlags FlagsOf(Form::Kind kind) {
+    switch (kind) {
+    case Form::Kind::Dialog:
+        return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+    case Form::Kind::Splash:
+        return Qt::SplashScreen | Qt::FramelessWindowHint;
+    default:
+        return Qt::Window;
+    }
+}
+
+} // namespace
+
+void FormNative::MakeWindow() {
+    QWidget* window = nullptr;
+    if (IsChild()) {
+        auto* sub = new FormWindow<QMdiSubWindow>(*this, nullptr);
+        auto* client = new ClientArea(*this, sub);
+        form.Native().client = client;
+        sub->setWidget(client);
+        window = sub;
+    } else if (form.kind_ == Form::Kind::Main) {
+        window = new FormWindow<QMainWindow>(*this);
+    } else {
+        window = new FormWindow<QWidget>(*this, nullptr, FlagsOf(form.kind_));
+    }
+    InstallWidget(form, window);
+    DeleteBeforeExit(window);
+}
+
+QMdiSubWindow* FormNative::SubWindow() const {
+    return static_cast<QMdiSubWindow*>(WidgetOf(form));
+}
+
+QSize FormNative::WantedClient() const {
+    const double width = form.width_ - (IsChild() ? kFrameWidth : 0);
+    const double height = form.height_ - (IsChild() ? kFrameHeight : 0);
+    return {std::max(0, PixelsAround(form, width)), std::max(0, PixelsAround(form, height))};
+}
+
+QSize FormNative::ActualClient() const {
+    return IsChild() ? ClientWidgetOf(form)->size() : WidgetOf(form)->size();
+}
+
+/// Width and Height follow the window; values that already stand for its size stay as they were assigned.
+void FormNative::TakeActualSize() {
+    const QSize wanted = WantedClient();
+    const QSize actual = ActualClient();
+    if (actual.width() != wanted.width())
+        form.width_ = actual.width() * kTwipsPerPixel + (IsChild() ? kFrameWidth : 0);
+    if (actual.height() != wanted.height())
+        form.height_ = actual.height() * kTwipsPerPixel + (IsChild() ? kFrameHeight : 0);
+}
+
+/// Sizes the window so that the client area gets what Width and Height say, whatever the frame takes.
+void FormNative::SizeWindow() {
+    QWidget* window = WidgetOf(form);
+    const QSize wanted = WantedClient();
+    if (!IsChild()) {
+        if (form.kind_ == Form::Kind::Dialog && !window->layout() && !wanted.isEmpty())
+            window->setFixedSize(wanted);
+        if (!window->layout() || form.kind_ == Form::Kind::Main) window->resize(wanted);
+        return;
+    }
+    // The frame's size is known by looking: twice, since a first sizing may change the frame.
+    for (int attempt = 0; attempt < 2 && ActualClient() != wanted; ++attempt) {
+        window->resize(window->size() + wanted - ActualClient());
+        window->layout()->activate();
+    }
+}
+
+void FormNative::Place() {
+    QWidget* window = WidgetOf(form);
+    if (!window) return;
+    const int current = form.WindowState();
+    if (shown && current == kMaximised) return TakeActualSize();
+    if (shown && current == kMinimised) {
+        sizeKept = true;
+        return;
+    }
+    const QPoint place = PixelPlace(form).topLeft();
+    hasPlace = hasPlace || !place.isNull();
+    placing = true;
+    if (!IsChild() || shown) SizeWindow();
+    if (hasPlace && window->pos() != place) window->move(place);
+    placing = false;
+    if (!shown || !form.loaded_ || WantedClient() == heard) return;
+    heard = WantedClient();
+    form.Form_Resize();
+}
+
+void FormNative::ShowWindow() {
+    QWidget* window = WidgetOf(form);
+    switch (state) {
+    case kMinimised:
+        window->showMinimized();
+        break;
+    case kMaximised:
+        window->showMaximized();
+        break;
+    default:
+        window->isMaximized() || window->isMinimized() ? window->showNormal() : window->show();
+    }
+    if (!IsChild()) window->raise();
+}
+
+void FormNative::FirstShowing() {
+    QWidget* window = WidgetOf(form);
+    placing = true;
+    if (IsChild()) {
+        if (!hasPlace) window->move(mdi->NextPlace());
+    } else {
+        if (window->layout() && form.kind_ != Form::Kind::Main) window->adjustSize();
+        SizeWindow();
+        if (!hasPlace && form.kind_ == Form::Kind::Splash)
+            CentreOver(QGuiApplication::primaryScreen()->geometry());
+    }
+    if (mdi) mdi->switching = true;
+    ShowWindow();
+    if (mdi) mdi->switching = false;
+    shown = true;
+    // Only a window that shows knows its frame.
+    if (IsChild() && form.WindowState() == kNormal) SizeWindow();
+    placing = false;
+    TakeActualSize();
+    FocusFirst();
+    heard = WantedClient();
+    if (form.loaded_) form.Form_Resize();
+}
+
+/// Puts the focus on the first control of the Tab order, as a dialog's user expects.
+void FormNative::FocusFirst() const {
+    QWidget* window = WidgetOf(form);
+    if (IsChild() || form.kind_ == Form::Kind::Main || window->focusWidget()) return;
+    for (QWidget* at = window->nextInFocusChain(); at != window; at = at->nextInFocusChain()) {
+        if (at->focusPolicy() & Qt::TabFocus && at->isVisible() && at->isEnabled())
+            return at->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void FormNative::CentreOver(const QRect& area) const {
+    QWidget* window = WidgetOf(form);
+    const QRect screen = window->screen()->availableGeometry();
+    const QPoint place = area.center() - QPoint(window->width() / 2, window->height() / 2);
+    window->move(
+        std::clamp(place.x(), screen.left(), std::max(screen.left(), screen.right() - window->width())),
+        std::clamp(place.y(), screen.top(), std::max(screen.top(), screen.bottom() - window->height())));
+}
+
+void FormNative::Finish() {
+    form.loaded_ = false;
+    form.visible_ = false;
+    shown = false;
+    if (mdi) {
+        mdi->TakeOut(form);
+    } else if (QWidget* window = WidgetOf(form)) {
+        window->hide();
+    }
+    if (modal) modal->quit();
+    if (form.kind_ == Form::Kind::Main) QCoreApplication::exit();
+    // The handler may own the form: nothing here may touch it afterwards.
+    if (const std::function<void()> after = form.AfterUnload) after();
+}
+
+void FormNative::Resized() {
+    if (placing || !shown || sizeKept || !WidgetOf(form)) return;
+    if (form.WindowState() == kMinimised) return;
+    TakeActualSize();
+    if (WantedClient() == heard) return;
+    heard = WantedClient();
+    if (form.loaded_) RunEvent(EventKind::Ordinary, [this] { form.Form_Resize(); });
+}
+
+void FormNative::Moved() {
+    if (placing || !shown) return;
+    const QPoint place = WidgetOf(form)->pos();
+    if (PixelPlace(form).topLeft() == place) return;
+    form.left_ = place.x() * kTwipsPerPixel;
+    form.top_ = place.y() * kTwipsPerPixel;
+}
+
+void FormNative::StateChanged() {
+    if (!shown) return;
+    state = form.WindowState();
+    if (!sizeKept || state != kNormal) return;
+    // Later: the toolkit still puts the old size back after it told of the new state.
+    QMetaObject::invokeMethod(
+        WidgetOf(form), [this] { RunEvent(EventKind::Ordinary, [this] { PlaceKeptSize(); }); },
+        Qt::QueuedConnection);
+}
+
+void FormNative::PlaceKeptSize() {
+    if (!sizeKept || form.WindowState() != kNormal) return;
+    sizeKept = false;
+    Place();
+}
+
+void FormNative::CloseBox() {
+    RunEvent(EventKind::Ordinary, [this] { form.Unload(); });
+}
+
+void FormNative::Activated() {
+    if (IsChild() || !form.loaded_ || !shown) return;
+    RunEvent(EventKind::Ordinary, [this] { form.Form_Activate(); });
+}
+
+} // namespace pintalux

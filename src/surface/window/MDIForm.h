@@ -1,0 +1,58 @@
+// The multiple-document main window: a menu bar, panels along its edges, document windows in the middle.
+#pragma once
+
+#include "surface/window/Form.h"
+#include "surface/window/Menu.h"
+
+#include <memory>
+#include <vector>
+
+namespace pintalux {
+
+class Surface;
+struct MDINative;
+
+enum class Align { Top, Bottom, Left, Right };
+
+class MDIForm : public Form {
+  public:
+    explicit MDIForm(std::string name);
+    ~MDIForm() override;
+
+    /// The document window that has the focus, or had it last; null if there is none.
+    Form* ActiveForm() const;
+    /// 0 cascade, 1 tile horizontally (one above the other), 2 tile vertically (side by side). Error 5
+    /// otherwise.
+    void Arrange(int layout);
+
+    /// Takes a document window in and loads it; it shows at its `Show`. `Form::Unload` of the child, its
+    /// close box, and the unload of this window take it out and destroy it after the running handler.
+    Form& Adopt(std::unique_ptr<Form> child);
+    const std::vector<std::unique_ptr<Form>>& Children() const { return children_; }
+
+    void AddMenu(MenuItem& menu);
+    /// The menu that ends with the list of the open windows.
+    void WindowListMenu(MenuItem& menu);
+
+    /// Fixes a panel (a surface whose parent is this window) along an edge; panels take their edge in the
+    /// order of the calls. It keeps its own depth (`Height` at the top and bottom, `Width` at the sides) and
+    /// disappears while not visible.
+    void AlignPanel(Surface& panel, Align edge);
+
+  protected:
+    /// Main window's own load, query and unload, named as their events are.
+    virtual void MDIForm_Load() {}
+    virtual void MDIForm_Unload() {}
+
+  private:
+    friend struct MDINative;
+    void Form_Load() override { MDIForm_Load(); }
+    /// Asks every child first; one refusal keeps everything open. Then unloads them all.
+    void Form_QueryUnload(bool& Cancel) override;
+    void Form_Unload() override;
+
+    std::unique_ptr<MDINative> mdi_;
+    std::vector<std::unique_ptr<Form>> children_;
+};
+
+} // namespace pintalux

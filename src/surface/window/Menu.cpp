@@ -1,0 +1,95 @@
+#include "surface/window/Menu.h"
+
+#include "surface/window/Control_native.h"
+#include "surface/window/Events.h"
+#include "surface/window/Menu_native.h"
+
+#include <QKeySequence>
+
+namespace pintalux {
+
+MenuItem::MenuItem(std::string name, std::string caption, std::string shortcut)
+    : name_(std::move(name)), caption_(std::move(caption)), native_(std::make_unique<MenuNative>()) {
+    auto* action = new QAction(ToQString(caption_), nullptr);
+    action->setObjectName(ToQString(name_));
+    action->setMenuRole(QAction::NoRole);
+    if (!shortcut.empty()) action->setShortcut(QKeySequence::fromString(ToQString(shortcut)));
+    QObject::connect(action, &QAction::triggered, action, [this, action] {
+        action->setChecked(checked_); // The program ticks, not the click.
+        if (Click) RunEvent(EventKind::Ordinary, std::function<void()>(Click));
+    });
+    native_->action = action;
+}
+
+MenuItem::~MenuItem() {
+    delete native_->action.data();
+    delete native_->menu.data();
+}
+
+void MenuItem::Caption(std::string value) {
+    caption_ = std::move(value);
+    if (native_->action) native_->action->setText(ToQString(caption_));
+}
+
+void MenuItem::Enabled(bool value) {
+    if (value == enabled_) return;
+    enabled_ = value;
+    if (native_->action) native_->action->setEnabled(value);
+}
+
+void MenuItem::Checked(bool value) {
+    if (value == checked_) return;
+    checked_ = value;
+    if (!native_->action) return;
+    native_->action->setCheckable(value); // Without a tick there is no empty box either.
+    native_->action->setChecked(value);
+}
+
+void MenuItem::Visible(bool value) {
+    if (value == visible_) return;
+    visible_ = value;
+    if (native_->action) native_->action->setVisible(value);
+}
+
+QMenu* MenuNative::Menu() {
+    if (menu || !action) return menu;
+    menu = new QMenu;
+    menu->setObjectName(action->objectName());
+    menu->setToolTipsVisible(false);
+    DeleteBeforeExit(menu);
+    action->setMenu(menu);
+    return menu;
+}
+
+void MenuItem::Add(MenuItem& item) {
+    const bool first = native_->menu.isNull();
+    QMenu* menu = native_->Menu();
+    if (!menu) return;
+    menu->addAction(item.native_->action);
+    if (!first) return;
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [this] {
+        if (Click) RunEvent(EventKind::Ordinary, std::function<void()>(Click));
+    });
+}
+
+void MenuItem::AddSeparator() {
+    if (QMenu* menu = native_->Menu()) menu->addSeparator();
+}
+
+void MenuItem::InsertAfter(MenuItem& after, MenuItem& item) {
+    QMenu* menu = native_->Menu();
+    if (!menu) return;
+    const QList<QAction*> actions = menu->actions();
+    const qsizetype place = actions.indexOf(after.native_->action.data()) + 1;
+    menu->insertAction(place < actions.size() ? actions[place] : nullptr, item.native_->action);
+}
+
+void MenuItem::Remove(MenuItem& item) {
+    if (native_->menu) native_->menu->removeAction(item.native_->action);
+}
+
+MenuSeparator::MenuSeparator(std::string name) : MenuItem(std::move(name), {}) {
+    Native().action->setSeparator(true);
+}
+
+} // namespace pintalux

@@ -1,0 +1,79 @@
+#include "surface/window/ProgressBar.h"
+
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/RuntimeError.h"
+#include "surface/window/Inputs_native.h"
+
+#include <algorithm>
+#include <QElapsedTimer>
+#include <QProgressBar>
+#include <QTimer>
+
+namespace pintalux {
+
+namespace {
+
+constexpr int kSteps = 1000; // parts of the bar, whatever its Max
+constexpr int kRepaintEvery = 50;
+
+/// A progress bar that paints at once, but not more often than the eye can follow.
+class ProgressWidget final : public QProgressBar {
+  public:
+    explicit ProgressWidget(QWidget* parent) : QProgressBar(parent) {
+        setRange(0, kSteps);
+        setValue(0);
+        setTextVisible(false);
+        late_.setSingleShot(true);
+        connect(&late_, &QTimer::timeout, this, [this] { PaintNow(); });
+    }
+    void ShowPart(int part, bool atAnyRate) {
+        part_ = part;
+        if (part_ == value()) return;
+        if (!atAnyRate && sincePaint_.isValid() && sincePaint_.elapsed() < kRepaintEvery) {
+            if (!late_.isActive()) late_.start(kRepaintEvery);
+            return;
+        }
+        PaintNow();
+    }
+
+  private:
+    void PaintNow() {
+        late_.stop();
+        setValue(part_); // repaints at once if the bar's pixels change
+        sincePaint_.start();
+    }
+
+    int part_ = 0;
+    QElapsedTimer sincePaint_;
+    QTimer late_;
+};
+
+} // namespace
+
+ProgressBar::ProgressBar(Container& parent, std::string name) : Control(&parent, std::move(name)) {
+    InstallWidget(*this, new ProgressWidget(ClientWidgetOf(parent)));
+    ShowState();
+}
+
+void ProgressBar::Max(double value) {
+    if (!(value >= 0)) throw RuntimeError(kInvalidPropertyValue);
+    max_ = value;
+    value_ = std::min(value_, max_);
+    ShowState();
+}
+
+void ProgressBar::Value(double value) {
+    if (!(value >= 0 && value <= max_)) throw RuntimeError(kInvalidPropertyValue);
+    if (value == value_) return;
+    value_ = value;
+    ShowState();
+}
+
+void ProgressBar::ShowState() {
+    auto* widget = WidgetAs<ProgressWidget>(*this);
+    if (widget == nullptr) return;
+    const int part = max_ > 0 ? ToInt32(value_ / max_ * kSteps) : 0;
+    widget->ShowPart(part, value_ == 0 || value_ == max_);
+}
+
+} // namespace pintalux

@@ -1,0 +1,37 @@
+// The screen and the pointer.
+#pragma once
+
+#include "surface/raster/Colour.h"
+
+#include <string>
+#include <vector>
+
+namespace pintalux {
+
+struct CursorPosition {
+    int x = 0;
+    int y = 0;
+    bool operator==(const CursorPosition&) const = default;
+};
+
+struct ScreenObject {
+    int TwipsPerPixelX() const { return 15; }
+    int TwipsPerPixelY() const { return 15; }
+    /// Installed font families, sorted.
+    const std::vector<std::string>& Fonts() const;
+    int FontCount() const { return static_cast<int>(Fonts().size()); }
+    /// A pointer over all windows; 0 gives each window its own again.
+    int MousePointer() const;
+    void MousePointer(int value);
+    int WidthPixels() const;
+    int HeightPixels() const;
+};
+extern ScreenObject Screen;
+
+/// The pointer's place on the screen, in the toolkit's pixels.
+CursorPosition GetCursorPos();
+
+/// The colour that the screen shows at a place; -1 where the program may not look.
+Colour ScreenPixel(const CursorPosition& place);
+
+} // namespace pintalux

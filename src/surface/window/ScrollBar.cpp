@@ -1,0 +1,173 @@
+#include "surface/window/ScrollBar.h"
+
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/RuntimeError.h"
+#include "surface/window/Inputs_native.h"
+
+#include <algorithm>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOption>
+
+namespace pintalux {
+
+namespace {
+
+/// A scroll bar that paints itself as two arrow buttons where there is no room for a thumb.
+class ScrollWidget final : public QScrollBar {
+  public:
+    explicit ScrollWidget(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent) {
+        setFocusPolicy(Qt::StrongFocus);
+        setContextMenuPolicy(Qt::DefaultContextMenu);
+    }
+    QSize minimumSizeHint() const override { return {1, 1}; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (ArrowsOnly()) {
+            PaintArrows();
+        } else {
+            QScrollBar::paintEvent(event);
+        }
+        if (hasFocus()) PaintFocus();
+    }
+    void mousePressEvent(QMouseEvent* event) override {
+        held_ = event->button() == Qt::LeftButton ? HalfAt(event->position().toPoint()) : kNone;
+        QScrollBar::mousePressEvent(event);
+        update();
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        held_ = kNone;
+        QScrollBar::mouseReleaseEvent(event);
+        update();
+    }
+
+  private:
+    enum Half { kNone, kFirst, kSecond };
+
+    bool Upright() const { return orientation() == Qt::Vertical; }
+    bool ArrowsOnly() const {
+        const int extent = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+        const int thumb = style()->pixelMetric(QStyle::PM_ScrollBarSliderMin, nullptr, this);
+        return (Upright() ? height() : width()) < 2 * extent + thumb / 2;
+    }
+    Half HalfAt(QPoint place) const {
+        return (Upright() ? place.y() * 2 < height() : place.x() * 2 < width()) ? kFirst : kSecond;
+    }
+    QRect RectOf(Half half) const {
+        const QRect all = rect();
+        if (Upright()) {
+            const int middle = height() / 2;
+            return half == kFirst ? QRect(0, 0, width(), middle) : all.adjusted(0, middle, 0, 0);
+        }
+        const int middle = width() / 2;
+        return half == kFirst ? QRect(0, 0, middle, height()) : all.adjusted(middle, 0, 0, 0);
+    }
+    void PaintArrows() {
+        QPainter painter(this);
+        PaintButton(painter, kFirst, Upright() ? QStyle::PE_IndicatorArrowUp : QStyle::PE_IndicatorArrowLeft);
+        PaintButton(painter, kSecond,
+                    Upright() ? QStyle::PE_IndicatorArrowDown : QStyle::PE_IndicatorArrowRight);
+    }
+    void PaintButton(QPainter& painter, Half half, QStyle::PrimitiveElement arrow) {
+        const QRect place = RectOf(half);
+        const bool down = held_ == half;
+        painter.setPen(palette().color(QPalette::Dark));
+        painter.setBrush(palette().color(down ? QPalette::Midlight : QPalette::Button));
+        painter.drawRect(place.adjusted(0, 0, -1, -1));
+        QStyleOption option;
+        option.initFrom(this);
+        const int side = std::min({place.width(), place.height(), 15}) - 4;
+        option.rect = QRect(0, 0, side, side);
+        option.rect.moveCenter(place.center());
+        style()->drawPrimitive(arrow, &option, &painter, this);
+    }
+    void PaintFocus() {
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+
+    Half held_ = kNone;
+};
+
+int NotNegative(double value) {
+    const int whole = ToInt16(value);
+    if (whole < 0) throw RuntimeError(kInvalidPropertyValue);
+    return whole;
+}
+
+} // namespace
+
+ScrollBar::ScrollBar(Container& parent, std::string name, Direction direction)
+    : Control(&parent, std::move(name)) {
+    auto* widget = new ScrollWidget(direction == Direction::Vertical ? Qt::Vertical : Qt::Horizontal,
+                                    ClientWidgetOf(parent));
+    InstallWidget(*this, widget);
+    ShowState();
+    RouteSlider(
+        *widget,
+        [this](int value) {
+            const bool moves = value != value_;
+            value_ = value;
+            return moves;
+        },
+        [this] {
+            if (Scroll) Scroll();
+        },
+        [this] {
+            if (Change) Change();
+        });
+}
+
+void ScrollBar::Min(double value) {
+    min_ = ToInt16(value);
+    RangeChanged();
+}
+
+void ScrollBar::Max(double value) {
+    max_ = ToInt16(value);
+    RangeChanged();
+}
+
+void ScrollBar::RangeChanged() {
+    const int kept = std::clamp(value_, std::min(min_, max_), std::max(min_, max_));
+    const bool moves = kept != value_;
+    value_ = kept;
+    ShowState();
+    if (moves && Change) Change();
+}
+
+void ScrollBar::Value(double value) {
+    const int whole = ToInt16(value);
+    if (whole < std::min(min_, max_) || whole > std::max(min_, max_))
+        throw RuntimeError(kInvalidPropertyValue);
+    if (whole == value_) return;
+    value_ = whole;
+    ShowState();
+    if (Change) Change();
+}
+
+void ScrollBar::SmallChange(double value) {
+    smallChange_ = NotNegative(value);
+    ShowState();
+}
+
+void ScrollBar::LargeChange(double value) {
+    largeChange_ = NotNegative(value);
+    ShowState();
+}
+
+void ScrollBar::ShowState() {
+    Quietly<QScrollBar>(*this, [this](QScrollBar& bar) {
+        bar.setRange(std::min(min_, max_), std::max(min_, max_));
+        bar.setInvertedAppearance(min_ > max_);
+        bar.setSingleStep(std::max(smallChange_, 1));
+        bar.setPageStep(std::max(largeChange_, 1));
+        bar.setValue(value_);
+    });
+}
+
+} // namespace pintalux

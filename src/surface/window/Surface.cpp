@@ -1,0 +1,191 @@
+#include "surface/window/Surface.h"
+
+#include "surface/raster/RuntimeError.h"
+#include "surface/window/Control_native.h"
+#include "surface/window/Surface_native.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace pintalux {
+
+Surface::Surface(Container& parent, std::string name)
+    : Container(&parent, std::move(name), kScalePixels),
+      dc_(persistent_, attributes_,
+          [this](const Box& box) {
+              drawn_ = true;
+              Changed(box);
+          }),
+      surface_(std::make_unique<SurfaceNative>()) {
+    auto* widget = new PaintedWidget(ClientWidgetOf(parent));
+    widget->setAttribute(Qt::WA_OpaquePaintEvent);
+    widget->paint = [this](QPaintEvent& event) {
+        surface_->Paint(screen_ ? *screen_ : persistent_, event, backColor_);
+    };
+    surface_->widget = widget;
+    InstallWidget(*this, widget);
+}
+
+Surface::~Surface() {
+    if (surface_->widget) surface_->widget->paint = nullptr;
+}
+
+void Surface::BackColor(Colour value) {
+    backColor_ = value;
+    ResetPersistent();
+}
+
+void Surface::Picture(pintalux::Picture value) {
+    picture_ = std::move(value);
+    if (autoSize_) TakePictureSize();
+    ResetPersistent();
+}
+
+void Surface::AutoSize(bool value) {
+    if (value == autoSize_) return;
+    autoSize_ = value;
+    if (!autoSize_) return;
+    TakePictureSize();
+    ResizeBitmaps();
+}
+
+/// The empty picture has no size to take.
+void Surface::TakePictureSize() {
+    if (picture_.Empty()) return;
+    const double unit = UnitsPerPixelAround(*this);
+    if (picture_.Width() == PixelWidth() && picture_.Height() == PixelHeight()) return;
+    width_ = picture_.Width() * unit;
+    height_ = picture_.Height() * unit;
+    Control::Placed();
+}
+
+void Surface::AutoRedraw(bool value) {
+    if (value == AutoRedraw()) return;
+    if (value) {
+        dc_.Redirect(persistent_);
+        screen_.reset();
+        Changed(persistent_.Bounds());
+    } else {
+        screen_ = persistent_;
+        dc_.Redirect(*screen_);
+    }
+}
+
+/// Back to the stored picture over the back colour, on the screen as well.
+void Surface::ResetPersistent() {
+    const int width = PixelWidth();
+    const int height = PixelHeight();
+    drawn_ = false;
+    if (picture_.Empty()) {
+        persistent_ = Bitmap(width, height, PixelOf(backColor_));
+    } else if (picture_.Width() == width && picture_.Height() == height) {
+        persistent_ = picture_;
+    } else {
+        persistent_ = picture_.Resized(width, height, PixelOf(backColor_));
+    }
+    if (screen_) *screen_ = persistent_;
+    Changed(persistent_.Bounds());
+}
+
+void Surface::ResizeBitmaps() {
+    const int width = PixelWidth();
+    const int height = PixelHeight();
+    if (persistent_.Width() == width && persistent_.Height() == height) return;
+    // Nothing drawn: a fresh bitmap shares its tiles, where a grown one would have edges of its own. The backing
+    // panel of a document is as large as the zoomed image.
+    if (!drawn_) return ResetPersistent();
+    persistent_ = persistent_.Resized(width, height, PixelOf(backColor_));
+    if (screen_) *screen_ = screen_->Resized(width, height, PixelOf(backColor_));
+    Changed(persistent_.Bounds());
+}
+
+void Surface::Placed() {
+    try {
+        ResizeBitmaps();
+    } catch (const std::exception&) {
+        // No memory for that size: the surface keeps the one it has.
+        width_ = persistent_.Width() * UnitsPerPixelAround(*this);
+        height_ = persistent_.Height() * UnitsPerPixelAround(*this);
+        throw;
+    }
+    Control::Placed();
+}
+
+void Surface::Cls() {
+    if (!screen_) return ResetPersistent();
+    *screen_ = persistent_;
+    Changed(persistent_.Bounds());
+}
+
+void Surface::Refresh() {
+    if (screen_) {
+        *screen_ = persistent_;
+        Changed(persistent_.Bounds());
+    }
+    Control::Refresh();
+}
+
+void Surface::DrawWidth(int value) {
+    if (value < 1 || value > 32767) throw RuntimeError(kInvalidPropertyValue);
+    attributes_.DrawWidth = value;
+}
+
+void Surface::BorderStyle(int value) {
+    surface_->borderStyle = value;
+    if (surface_->widget) surface_->widget->update();
+}
+
+int Surface::PixelWidth() const {
+    return PixelsAround(*this, width_);
+}
+
+int Surface::PixelHeight() const {
+    return PixelsAround(*this, height_);
+}
+
+void Surface::Changed(const Box& box) {
+    // Most surfaces are never shown: what is drawn there must cost no call of the toolkit.
+    if (visible_) surface_->Mark(box);
+}
+
+void SurfaceNative::Mark(const Box& box) {
+    if (!widget || !widget->isVisible() || box.Empty()) return;
+    Box joined = box;
+    if (!pending.Empty()) {
+        joined = {std::min(box.left, pending.left), std::min(box.top, pending.top),
+                  std::max(box.right, pending.right), std::max(box.bottom, pending.bottom)};
+        if (joined == pending) return;
+    }
+    pending = joined;
+    widget->update(ToQRect(joined));
+}
+
+void SurfaceNative::Paint(const Bitmap& bitmap, QPaintEvent& event, Colour backColor) {
+    pending = {};
+    const QSize size(bitmap.Width(), bitmap.Height());
+    PaintBitmap(*widget, event.region(), bitmap, size, ToQColor(backColor));
+    if (borderStyle == 0) return;
+    QPainter painter(widget);
+    painter.setPen(QColor(0x80, 0x80, 0x80));
+    painter.drawRect(widget->rect().adjusted(0, 0, -1, -1));
+}
+
+void SurfaceNative::TakePlace(Surface& surface, const QRect& place) {
+    ControlNative::TakePlace(surface, place);
+    surface.ResizeBitmaps();
+}
+
+void SetWindowRgn(Surface& surface, const Region& region) {
+    QWidget* widget = WidgetOf(surface);
+    if (!widget) return;
+    std::vector<QRect> rects;
+    for (const Box& box : region.Boxes())
+        rects.push_back(ToQRect(box));
+    QRegion shown;
+    shown.setRects(rects.data(), static_cast<int>(rects.size()));
+    // The toolkit takes an empty mask for none; one outside the widget hides it.
+    widget->setMask(shown.isEmpty() ? QRegion(-1, -1, 1, 1) : shown);
+}
+
+} // namespace pintalux

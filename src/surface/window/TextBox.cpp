@@ -1,0 +1,157 @@
+#include "surface/window/TextBox.h"
+
+#include "surface/raster/RuntimeError.h"
+#include "surface/window/Inputs_native.h"
+#include "surface/window/KeyCodes_native.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMenu>
+
+namespace pintalux {
+
+namespace {
+
+constexpr int kBackspace = 8;
+constexpr int kToolkitLongest = 32767;
+
+/// The line that shows a text box. Whatever brings characters in (keys, paste, input methods) asks `KeyPress`
+/// first.
+class LineWidget final : public QLineEdit {
+  public:
+    LineWidget(TextBox& owner, QWidget* parent) : QLineEdit(parent), owner_(&owner) { setAcceptDrops(false); }
+    void Orphan() { owner_ = nullptr; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (owner_ != nullptr && owner_->KeyDown)
+            Run([&] { owner_->KeyDown(KeyCodeOf(*event), ShiftOf(*event)); });
+        if (event->matches(QKeySequence::Paste)) return PasteFrom(QClipboard::Clipboard);
+        const int typed = CharacterOf(*event);
+        const int landing = typed == 0 ? 0 : Filtered(typed);
+        if (landing == typed) return QLineEdit::keyPressEvent(event);
+        if (landing != 0 && !isReadOnly()) insert(TextOf(landing));
+    }
+    void keyReleaseEvent(QKeyEvent* event) override {
+        QLineEdit::keyReleaseEvent(event);
+        if (event->isAutoRepeat() || owner_ == nullptr || !owner_->KeyUp) return;
+        Run([&] { owner_->KeyUp(KeyCodeOf(*event), ShiftOf(*event)); });
+    }
+    void inputMethodEvent(QInputMethodEvent* event) override {
+        QInputMethodEvent filtered(event->preeditString(), event->attributes());
+        filtered.setCommitString(Filtered(event->commitString()), event->replacementStart(),
+                                 event->replacementLength());
+        QLineEdit::inputMethodEvent(&filtered);
+        event->setAccepted(filtered.isAccepted());
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() != Qt::MiddleButton) return QLineEdit::mouseReleaseEvent(event);
+        if (!QGuiApplication::clipboard()->supportsSelection()) return;
+        setCursorPosition(cursorPositionAt(event->position().toPoint()));
+        PasteFrom(QClipboard::Selection);
+    }
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        QMenu* menu = createStandardContextMenu();
+        for (QAction* action : menu->actions()) {
+            if (action->text().section('\t', 0, 0) != QLineEdit::tr("&Paste")) continue;
+            action->disconnect(SIGNAL(triggered(bool)));
+            connect(action, &QAction::triggered, this, [this] { PasteFrom(QClipboard::Clipboard); });
+        }
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->popup(event->globalPos());
+    }
+    void focusInEvent(QFocusEvent* event) override {
+        QLineEdit::focusInEvent(event);
+        if (event->reason() != Qt::PopupFocusReason && owner_ != nullptr) RunByHand(owner_->GotFocus);
+    }
+    void focusOutEvent(QFocusEvent* event) override {
+        QLineEdit::focusOutEvent(event);
+        if (event->reason() != Qt::PopupFocusReason && owner_ != nullptr) RunByHand(owner_->LostFocus);
+    }
+
+  private:
+    static void Run(const std::function<void()>& handler) { RunEvent(EventKind::Ordinary, handler); }
+
+    static QString TextOf(int character) {
+        const auto code = static_cast<char32_t>(character);
+        return QString::fromUcs4(&code, 1);
+    }
+    /// The character that a key brings in, 8 for backspace, 0 for keys that bring none.
+    static int CharacterOf(const QKeyEvent& event) {
+        if (event.key() == Qt::Key_Backspace) return kBackspace;
+        const Qt::KeyboardModifiers held = event.modifiers();
+        const bool shortcut = held.testFlag(Qt::ControlModifier) && !held.testFlag(Qt::AltModifier);
+        const auto characters = event.text().toUcs4();
+        if (shortcut || characters.isEmpty() || !QChar::isPrint(characters.front())) return 0;
+        return static_cast<int>(characters.front());
+    }
+    int Filtered(int character) const {
+        if (owner_ == nullptr || !owner_->KeyPress) return character;
+        int landing = character;
+        Run([&] { owner_->KeyPress(landing); });
+        return landing;
+    }
+    QString Filtered(const QString& text) const {
+        QString landing;
+        for (const uint character : text.toUcs4()) {
+            if (!QChar::isPrint(character)) continue;
+            const int kept = Filtered(static_cast<int>(character));
+            if (kept != 0) landing += TextOf(kept);
+        }
+        return landing;
+    }
+    void PasteFrom(QClipboard::Mode mode) {
+        const QString landing = Filtered(QGuiApplication::clipboard()->text(mode));
+        if (!landing.isEmpty() && !isReadOnly()) insert(landing);
+    }
+
+    TextBox* owner_;
+};
+
+} // namespace
+
+TextBox::TextBox(Container& parent, std::string name) : Control(&parent, std::move(name)) {
+    auto* widget = new LineWidget(*this, ClientWidgetOf(parent));
+    InstallWidget(*this, widget);
+    QObject::connect(widget, &QLineEdit::textChanged, widget, [this](const QString& text) {
+        text_ = text.toStdString();
+        RunByHand(Change);
+    });
+}
+
+TextBox::~TextBox() {
+    if (auto* widget = WidgetAs<LineWidget>(*this)) {
+        widget->disconnect();
+        widget->Orphan();
+    }
+}
+
+void TextBox::Text(const std::string& value) {
+    QString shown = ToQString(value);
+    if (maxLength_ > 0) shown.truncate(maxLength_);
+    const std::string text = shown.toStdString();
+    if (text == text_) return;
+    text_ = text;
+    Quietly<QLineEdit>(*this, [&](QLineEdit& line) { line.setText(shown); });
+    if (Change) Change();
+}
+
+void TextBox::MaxLength(int value) {
+    if (value < 0) throw RuntimeError(kInvalidPropertyValue);
+    maxLength_ = value;
+    Quietly<QLineEdit>(*this,
+                       [&](QLineEdit& line) { line.setMaxLength(value == 0 ? kToolkitLongest : value); });
+}
+
+void TextBox::Locked(bool value) {
+    Quietly<QLineEdit>(*this, [&](QLineEdit& line) { line.setReadOnly(value); });
+}
+
+void TextBox::SelectAll() {
+    Quietly<QLineEdit>(*this, [](QLineEdit& line) { line.selectAll(); });
+}
+
+} // namespace pintalux

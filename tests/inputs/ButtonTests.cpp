@@ -1,0 +1,101 @@
+#include "inputs/ByHand.h"
+#include "surface/window/Inputs.h"
+
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace pintalux {
+
+namespace {
+
+class ButtonTest : public testing::Test {
+  protected:
+    ButtonTest() {
+        ok.Move(0, 0, 1200, 400);
+        cancel.Move(1500, 0, 1200, 400);
+        box.Move(0, 600, 1200, 400);
+        ok.Click = [this] { ++oks; };
+        cancel.Click = [this] { ++cancels; };
+        ok.Default(true);
+        cancel.Cancel(true);
+        RunUntil([&] { return WidgetOf(window)->isActiveWindow(); });
+    }
+    QPushButton& Ok() { return ToolkitOf<QPushButton>(ok); }
+
+    TestWindow window;
+    CommandButton ok{window, "cmdOK", "&OK"};
+    CommandButton cancel{window, "cmdCancel", "Cancelar"};
+    TextBox box{window, "Text1"};
+    int oks = 0;
+    int cancels = 0;
+};
+
+TEST_F(ButtonTest, ClickRunsOnce) {
+    ClickOn(Ok());
+    EXPECT_EQ(oks, 1);
+}
+
+TEST_F(ButtonTest, EnterInATextBoxPressesTheDefault) {
+    box.SetFocus();
+    Key(ToolkitOf<QLineEdit>(box), Qt::Key_Return, "\r");
+    EXPECT_EQ(oks, 1);
+    Key(ToolkitOf<QLineEdit>(box), Qt::Key_Enter, "\r");
+    EXPECT_EQ(oks, 2);
+}
+
+TEST_F(ButtonTest, EscapeInATextBoxPressesCancel) {
+    Key(ToolkitOf<QLineEdit>(box), Qt::Key_Escape);
+    EXPECT_EQ(cancels, 1);
+    EXPECT_EQ(oks, 0);
+}
+
+TEST_F(ButtonTest, EnterPressesTheFocusedButtonInsteadOfTheDefault) {
+    cancel.SetFocus();
+    Key(ToolkitOf<QPushButton>(cancel), Qt::Key_Return, "\r");
+    EXPECT_EQ(cancels, 1);
+    EXPECT_EQ(oks, 0);
+}
+
+TEST_F(ButtonTest, DisabledDefaultIsNotPressed) {
+    ok.Enabled(false);
+    Key(ToolkitOf<QLineEdit>(box), Qt::Key_Return, "\r");
+    EXPECT_EQ(oks, 0);
+}
+
+TEST_F(ButtonTest, HeldEnterPressesOnlyOnce) {
+    auto& line = ToolkitOf<QLineEdit>(box);
+    PressKey(line, Qt::Key_Return, "\r");
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
+    QApplication::sendEvent(&line, &repeated);
+    EXPECT_EQ(oks, 1);
+}
+
+TEST_F(ButtonTest, CaptionMarksTheAccessKey) {
+    EXPECT_EQ(Ok().shortcut(), QKeySequence("Alt+O"));
+    ok.Caption("&Sim");
+    EXPECT_EQ(Ok().text(), "&Sim");
+    EXPECT_EQ(ok.Caption(), "&Sim");
+}
+
+TEST_F(ButtonTest, MissingPictureLeavesTheCaption) {
+    ok.Picture(":/icons/none.svg");
+    EXPECT_TRUE(Ok().icon().isNull());
+    EXPECT_EQ(Ok().text(), "&OK");
+}
+
+TEST_F(ButtonTest, FrameHoldsControlsInTwips) {
+    Frame frame(window, "Frame1", "JPEG");
+    frame.Move(0, 1500, 3000, 1500);
+    CheckBox check(frame, "Check1", "");
+    check.Move(150, 300, 600, 300);
+    EXPECT_EQ(frame.PixelWidth(), 200);
+    EXPECT_EQ(frame.ScaleHeight(), 1500);
+    EXPECT_EQ(WidgetOf(check)->parentWidget(), WidgetOf(frame));
+    EXPECT_EQ(WidgetOf(check)->geometry(), QRect(10, 20, 40, 20));
+    EXPECT_EQ(ToolkitOf<QGroupBox>(frame).title(), "JPEG");
+}
+
+} // namespace
+
+} // namespace pintalux

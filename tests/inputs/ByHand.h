@@ -1,0 +1,91 @@
+// What these tests share: a window to put controls into, and the hand that presses keys and buttons.
+#pragma once
+
+#include "surface/raster/RuntimeError.h"
+#include "surface/window/Control_native.h"
+
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace pintalux {
+
+/// A shown window of 600 by 400 pixels whose children are placed in twips.
+class TestWindow final : public Container {
+  public:
+    TestWindow() : Container(nullptr, "TestWindow", kScaleTwips) {
+        InstallWidget(*this, new QWidget);
+        WidgetOf(*this)->resize(600, 400);
+        WidgetOf(*this)->show();
+        WidgetOf(*this)->activateWindow();
+    }
+    int PixelWidth() const override { return 600; }
+    int PixelHeight() const override { return 400; }
+};
+
+template <class Widget>
+Widget& ToolkitOf(const Control& control) {
+    return dynamic_cast<Widget&>(*WidgetOf(control));
+}
+
+/// Lets events run until the condition holds, five seconds at most; whether it holds.
+template <class Condition>
+bool RunUntil(Condition condition) {
+    const QDeadlineTimer limit(5000);
+    while (!condition() && !limit.hasExpired())
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    return condition();
+}
+
+inline void PressKey(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
+    QKeyEvent press(QEvent::KeyPress, key, held, text);
+    QApplication::sendEvent(&widget, &press);
+}
+
+inline void ReleaseKey(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
+    QKeyEvent release(QEvent::KeyRelease, key, held, text);
+    QApplication::sendEvent(&widget, &release);
+}
+
+inline void Key(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
+    PressKey(widget, key, text, held);
+    ReleaseKey(widget, key, text, held);
+}
+
+/// Types capitals, digits and signs.
+inline void Type(QWidget& widget, const QString& text) {
+    for (const QChar character : text)
+        Key(widget, character.toUpper().unicode(), QString(character));
+}
+
+inline void Mouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
+    const bool released = type == QEvent::MouseButtonRelease;
+    const Qt::MouseButton cause = type == QEvent::MouseMove ? Qt::NoButton : button;
+    QMouseEvent event(type, place, widget.mapToGlobal(place), cause, released ? Qt::NoButton : button,
+                      Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+inline void ClickAt(QWidget& widget, QPoint place) {
+    Mouse(widget, QEvent::MouseButtonPress, place);
+    Mouse(widget, QEvent::MouseButtonRelease, place);
+}
+
+inline void ClickOn(QWidget& widget) {
+    ClickAt(widget, widget.rect().center());
+}
+
+/// The number of the run-time error that `step` raises; 0 for none.
+template <class Step>
+int ErrorOf(Step step) {
+    try {
+        step();
+        return 0;
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+}
+
+} // namespace pintalux

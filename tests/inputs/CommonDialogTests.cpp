@@ -1,0 +1,181 @@
+#include "surface/system/CommonDialog.h"
+
+#include "inputs/ByHand.h"
+#include "inputs/Dialogs.h"
+
+#include <filesystem>
+#include <fstream>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace pintalux {
+
+namespace {
+
+/// The shared dialog and a folder with a few files.
+class CommonDialogTest : public testing::Test {
+  protected:
+    CommonDialogTest() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "pintalux-dialog-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
+        for (const char* name : {"a.bmp", "B.JPG", "notas.txt"})
+            std::ofstream(folder + "/" + name) << "x";
+        dialog.Filter = "Bitmap (*.bmp)|*.bmp|Jpeg|*.jpg;*.jpeg";
+        dialog.FileName(folder + "/a.bmp");
+    }
+    ~CommonDialogTest() override { std::filesystem::remove_all(folder); }
+
+    static QLineEdit& NameOf(QFileDialog& shown) { return *shown.findChild<QLineEdit*>("fileNameEdit"); }
+    static QComboBox& TypesOf(QFileDialog& shown) { return *shown.findChild<QComboBox*>("fileTypeCombo"); }
+    /// Types a name in place of the proposed one.
+    static void TypeName(QFileDialog& shown, const QString& name) {
+        RunUntil([&] { return shown.isActiveWindow(); });
+        NameOf(shown).setFocus();
+        NameOf(shown).selectAll();
+        Type(NameOf(shown), name);
+    }
+    /// Accepts as the accept button does.
+    static void Accept(QFileDialog& shown) { static_cast<QDialog&>(shown).accept(); }
+
+    CommonDialog dialog;
+    std::string folder;
+};
+
+TEST_F(CommonDialogTest, ProposesTheLastNameAndGivesThePath) {
+    QString proposed;
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        proposed = NameOf(shown).text();
+        Accept(shown);
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(proposed, "a.bmp");
+    EXPECT_EQ(dialog.FileName(), folder + "/a.bmp");
+}
+
+TEST_F(CommonDialogTest, CancelGivesAnEmptyNameAndTheNextProposesTheLast) {
+    {
+        const Answer<QFileDialog> answer([](QFileDialog& shown) { shown.reject(); });
+        dialog.ShowOpen();
+        EXPECT_EQ(dialog.FileName(), "");
+    }
+    QString proposed;
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        proposed = NameOf(shown).text();
+        shown.reject();
+    });
+    dialog.ShowSave();
+    EXPECT_EQ(proposed, "a.bmp");
+}
+
+TEST_F(CommonDialogTest, CancelErrorRaises32755) {
+    dialog.CancelError = true;
+    const Answer<QFileDialog> answer([](QFileDialog& shown) { shown.reject(); });
+    EXPECT_EQ(ErrorOf([&] { dialog.ShowSave(); }), kDialogCancelled);
+    EXPECT_EQ(dialog.FileName(), "");
+}
+
+TEST_F(CommonDialogTest, FilterTextsShowAsTheyStandAndTheIndexGoesInAndOut) {
+    dialog.FilterIndex = 2;
+    QStringList shownTexts;
+    int first = -1;
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        QComboBox& types = TypesOf(shown);
+        first = types.currentIndex();
+        for (int i = 0; i < types.count(); ++i)
+            shownTexts << types.itemText(i);
+        types.setCurrentIndex(0);
+        TypeName(shown, "novo.bmp");
+        Accept(shown);
+    });
+    dialog.ShowSave();
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(shownTexts, (QStringList{"Bitmap (*.bmp)", "Jpeg"}));
+    EXPECT_EQ(dialog.FilterIndex, 1);
+}
+
+TEST_F(CommonDialogTest, PatternsMatchInAnyCase) {
+    dialog.FilterIndex = 2;
+    dialog.FileName(folder + "/nova.jpg");
+    QStringList names;
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        const auto* view = shown.findChild<QTreeView*>("treeView");
+        RunUntil([&] { return view->model()->rowCount(view->rootIndex()) > 0; });
+        for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+            names << view->model()->index(row, 0, view->rootIndex()).data().toString();
+        shown.reject();
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(names, QStringList{"B.JPG"});
+}
+
+TEST_F(CommonDialogTest, SaveTakesTheNameAsTyped) {
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        TypeName(shown, "sem ponto");
+        Accept(shown);
+    });
+    dialog.ShowSave();
+    EXPECT_EQ(dialog.FileName(), folder + "/sem ponto");
+}
+
+TEST_F(CommonDialogTest, SaveOverAFileAsksInPortuguese) {
+    QString question;
+    const Answer<QMessageBox> no([&](QMessageBox& box) {
+        question = box.text();
+        box.reject();
+    });
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        Accept(shown);
+        shown.reject();
+    });
+    dialog.ShowSave();
+    EXPECT_TRUE(question.contains("já existe")) << question.toStdString();
+    EXPECT_EQ(dialog.FileName(), "");
+}
+
+TEST_F(CommonDialogTest, OpenRefusesAMissingFile) {
+    QString complaint;
+    const Answer<QMessageBox> ok([&](QMessageBox& box) {
+        complaint = box.text();
+        box.reject();
+    });
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        TypeName(shown, "nenhum.bmp");
+        Accept(shown);
+        shown.reject();
+    });
+    dialog.ShowOpen();
+    EXPECT_TRUE(complaint.contains("Ficheiro não encontrado")) << complaint.toStdString();
+    EXPECT_EQ(dialog.FileName(), "");
+}
+
+TEST_F(CommonDialogTest, ColourGoesInAndOut) {
+    dialog.Color = RGB(1, 2, 3);
+    QColor start;
+    const Answer<QColorDialog> answer([&](QColorDialog& shown) {
+        start = shown.currentColor();
+        shown.setCurrentColor(QColor(200, 100, 50));
+        shown.accept();
+    });
+    dialog.ShowColor();
+    EXPECT_EQ(start, QColor(1, 2, 3));
+    EXPECT_EQ(dialog.Color, 50 * 65536 + 100 * 256 + 200);
+}
+
+TEST_F(CommonDialogTest, CancelledColourStays) {
+    dialog.Color = RGB(1, 2, 3);
+    const Answer<QColorDialog> answer([&](QColorDialog& shown) {
+        shown.setCurrentColor(QColor(200, 100, 50));
+        shown.reject();
+    });
+    dialog.ShowColor();
+    EXPECT_EQ(dialog.Color, RGB(1, 2, 3));
+}
+
+} // namespace
+
+} // namespace pintalux

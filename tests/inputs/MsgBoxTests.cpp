@@ -1,0 +1,80 @@
+#include "surface/system/MsgBox.h"
+
+#include "inputs/ByHand.h"
+#include "inputs/Dialogs.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace pintalux {
+
+namespace {
+
+void Press(QMessageBox& box, const char* text) {
+    for (QAbstractButton* button : box.buttons())
+        if (button->text() == text) return button->click();
+    box.close();
+    FAIL() << "no button " << text;
+}
+
+BoxAnswer Pressing(const char* text, BoxButtons buttons) {
+    const Answer<QMessageBox> answer([=](QMessageBox& box) { Press(box, text); });
+    return MsgBox("Pretende salvar?", buttons);
+}
+
+BoxAnswer PressingKey(int key, BoxButtons buttons) {
+    const Answer<QMessageBox> answer([=](QMessageBox& box) { Key(box, key); });
+    return MsgBox("Pretende salvar?", buttons);
+}
+
+TEST(MsgBox, ButtonsGiveTheirAnswers) {
+    EXPECT_EQ(Pressing("OK", BoxButtons::Ok), BoxAnswer::Ok);
+    EXPECT_EQ(Pressing("Sim", BoxButtons::YesNo), BoxAnswer::Yes);
+    EXPECT_EQ(Pressing("Não", BoxButtons::YesNo), BoxAnswer::No);
+    EXPECT_EQ(Pressing("Sim", BoxButtons::YesNoCancel), BoxAnswer::Yes);
+    EXPECT_EQ(Pressing("Não", BoxButtons::YesNoCancel), BoxAnswer::No);
+    EXPECT_EQ(Pressing("Cancelar", BoxButtons::YesNoCancel), BoxAnswer::Cancel);
+}
+
+TEST(MsgBox, EscapeIsCancelOrNoOrOk) {
+    EXPECT_EQ(PressingKey(Qt::Key_Escape, BoxButtons::YesNoCancel), BoxAnswer::Cancel);
+    EXPECT_EQ(PressingKey(Qt::Key_Escape, BoxButtons::YesNo), BoxAnswer::No);
+    EXPECT_EQ(PressingKey(Qt::Key_Escape, BoxButtons::Ok), BoxAnswer::Ok);
+}
+
+TEST(MsgBox, EnterIsTheFirstButton) {
+    EXPECT_EQ(PressingKey(Qt::Key_Return, BoxButtons::YesNoCancel), BoxAnswer::Yes);
+}
+
+TEST(MsgBox, ShowsItsTextPlainUnderItsTitle) {
+    QString text;
+    QString title;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    Qt::TextFormat format = Qt::RichText;
+    const Answer<QMessageBox> answer([&](QMessageBox& box) {
+        text = box.text();
+        title = box.windowTitle();
+        icon = box.icon();
+        format = box.textFormat();
+        box.close();
+    });
+    MsgBox("<b>foto</b>.bmp", BoxButtons::Ok, BoxIcon::Critical, kMessageTitle);
+    EXPECT_EQ(text, "<b>foto</b>.bmp");
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_EQ(title, kMessageTitle);
+    EXPECT_EQ(icon, QMessageBox::Critical);
+}
+
+TEST(MsgBox, EmptyTitleIsThePrograms) {
+    QString title;
+    const Answer<QMessageBox> answer([&](QMessageBox& box) {
+        title = box.windowTitle();
+        box.close();
+    });
+    MsgBox("Olá");
+    EXPECT_EQ(title, "Pintalux64");
+}
+
+} // namespace
+
+} // namespace pintalux

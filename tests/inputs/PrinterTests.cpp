@@ -1,0 +1,80 @@
+#include "surface/system/Printer.h"
+
+#include "inputs/ByHand.h"
+#include "inputs/Dialogs.h"
+
+#include <filesystem>
+#include <fstream>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QPushButton>
+
+namespace pintalux {
+
+namespace {
+
+class PrinterTest : public testing::Test {
+  protected:
+    PrinterTest() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "pintalux-print-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
+    }
+    ~PrinterTest() override {
+        Printer().PrintToFileForTests("");
+        Printer().ScaleMode(kScaleTwips);
+        std::filesystem::remove_all(folder);
+    }
+    std::string folder;
+};
+
+TEST_F(PrinterTest, DocumentGoesOffAtEndDoc) {
+    const std::string file = folder + "/page.pdf";
+    Printer().PrintToFileForTests(file);
+    Printer().PaintPicture(Picture(100, 50, 0x0000FF), 0, 0, 1500, 750);
+    Printer().EndDoc();
+    std::ifstream pdf(file, std::ios::binary);
+    std::string start(4, ' ');
+    pdf.read(start.data(), 4);
+    EXPECT_EQ(start, "%PDF");
+    EXPECT_GT(std::filesystem::file_size(file), 500U);
+}
+
+TEST_F(PrinterTest, PageIsMeasuredInTwipsOrPixels) {
+    Printer().PrintToFileForTests(folder + "/page.pdf");
+    const double twips = Printer().ScaleWidth();
+    EXPECT_GT(twips, 8000); // any paper is wider than 14 cm
+    EXPECT_LT(twips, 20000);
+    Printer().ScaleMode(kScalePixels);
+    EXPECT_NEAR(Printer().ScaleWidth(), twips / 1440 * 1200, 1); // 1200 dots an inch
+}
+
+TEST_F(PrinterTest, EndWithoutADocumentDoesNothing) {
+    EXPECT_EQ(ErrorOf([] { Printer().EndDoc(); }), 0);
+}
+
+TEST_F(PrinterTest, MissingPrinterIsError68) {
+    EXPECT_EQ(ErrorOf([] { Printer().PaintPicture(Picture(2, 2, 0), 0, 0, 30, 30); }), kDeviceUnavailable);
+    EXPECT_EQ(ErrorOf([] { static_cast<void>(Printer().ScaleHeight()); }), kDeviceUnavailable);
+}
+
+TEST_F(PrinterTest, UnwritableTargetIsAnError) {
+    Printer().PrintToFileForTests(folder + "/missing/page.pdf");
+    EXPECT_EQ(ErrorOf([] { Printer().PaintPicture(Picture(2, 2, 0), 0, 0, 30, 30); }), kDeviceUnavailable);
+}
+
+TEST_F(PrinterTest, SetupIsPortugueseAndCancels) {
+    QString title;
+    QString button;
+    const Answer<QDialog> answer([&](QDialog& dialog) {
+        title = dialog.windowTitle();
+        button = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->text();
+        dialog.reject();
+    });
+    EXPECT_FALSE(Printer().ShowSetup());
+    EXPECT_EQ(title, "Configurar Impressora");
+    EXPECT_EQ(button, "OK");
+}
+
+} // namespace
+
+} // namespace pintalux

@@ -1,0 +1,197 @@
+#include "inputs/ByHand.h"
+#include "surface/window/Inputs.h"
+
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QWheelEvent>
+#include <vector>
+
+namespace pintalux {
+
+namespace {
+
+/// An upright bar of 17 by 300 pixels, and what its events saw.
+class ScrollBarTest : public testing::Test {
+  protected:
+    ScrollBarTest() {
+        bar.Move(0, 0, 17 * 15, 300 * 15);
+        bar.Change = [this] { changes.push_back(bar.Value()); };
+        bar.Scroll = [this] { scrolls.push_back(bar.Value()); };
+    }
+    QScrollBar& Widget() { return ToolkitOf<QScrollBar>(bar); }
+    QRect Part(QStyle::SubControl part) {
+        QStyleOptionSlider option;
+        option.initFrom(&Widget());
+        option.orientation = Qt::Vertical;
+        option.maximum = Widget().maximum();
+        option.minimum = Widget().minimum();
+        option.pageStep = Widget().pageStep();
+        option.sliderPosition = option.sliderValue = Widget().value();
+        option.subControls = QStyle::SC_All;
+        return Widget().style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &Widget());
+    }
+    void Wheel(int delta) {
+        QWheelEvent event(QPointF(5, 5), Widget().mapToGlobal(QPointF(5, 5)), {}, {0, delta}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&Widget(), &event);
+    }
+
+    TestWindow window;
+    ScrollBar bar{window, "VSred", ScrollBar::Direction::Vertical};
+    std::vector<int> changes;
+    std::vector<int> scrolls;
+};
+
+TEST_F(ScrollBarTest, StartsAt0Of32767) {
+    EXPECT_EQ(bar.Min(), 0);
+    EXPECT_EQ(bar.Max(), 32767);
+    EXPECT_EQ(bar.Value(), 0);
+}
+
+TEST_F(ScrollBarTest, AssignmentRunsChangeNestedAndSeesTheNewValue) {
+    bar.Value(7);
+    EXPECT_EQ(changes, std::vector<int>{7});
+    EXPECT_EQ(Widget().value(), 7);
+    EXPECT_TRUE(scrolls.empty());
+}
+
+TEST_F(ScrollBarTest, SameValueRunsNoChange) {
+    bar.Value(7);
+    bar.Value(7);
+    EXPECT_EQ(changes.size(), 1U);
+}
+
+TEST_F(ScrollBarTest, ValueRoundsHalfToEven) {
+    bar.Value(2.5);
+    EXPECT_EQ(bar.Value(), 2);
+    bar.Value(3.5);
+    EXPECT_EQ(bar.Value(), 4);
+}
+
+TEST_F(ScrollBarTest, OutOfRangeIsError380AndChangesNothing) {
+    bar.Max(255);
+    bar.Value(9);
+    EXPECT_EQ(ErrorOf([&] { bar.Value(-1); }), 380);
+    EXPECT_EQ(ErrorOf([&] { bar.Value(256); }), 380);
+    EXPECT_EQ(bar.Value(), 9);
+    EXPECT_EQ(changes.size(), 1U);
+}
+
+TEST_F(ScrollBarTest, Beyond16BitsIsError6) {
+    EXPECT_EQ(ErrorOf([&] { bar.Value(32768); }), 6);
+    EXPECT_EQ(ErrorOf([&] { bar.Max(40000); }), 6);
+    EXPECT_EQ(bar.Max(), 32767);
+}
+
+TEST_F(ScrollBarTest, ErrorOfChangePassesToTheAssignment) {
+    bar.Change = [] { throw RuntimeError(kDeviceError); };
+    EXPECT_EQ(ErrorOf([&] { bar.Value(5); }), kDeviceError);
+    EXPECT_EQ(bar.Value(), 5);
+}
+
+TEST_F(ScrollBarTest, ChangeMayAssignTheValueAgain) {
+    bar.Change = [this] {
+        changes.push_back(bar.Value());
+        if (bar.Value() < 3) bar.Value(bar.Value() + 1);
+    };
+    bar.Value(1);
+    EXPECT_EQ(changes, (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(Widget().value(), 3);
+}
+
+TEST_F(ScrollBarTest, ShrinkingTheRangeMovesTheValueAndRunsChange) {
+    bar.Value(200);
+    bar.Max(100);
+    EXPECT_EQ(bar.Value(), 100);
+    EXPECT_EQ(changes, (std::vector<int>{200, 100}));
+}
+
+TEST_F(ScrollBarTest, LargeChange0IsKeptAndActsAs1) {
+    bar.LargeChange(0);
+    EXPECT_EQ(bar.LargeChange(), 0);
+    Widget().triggerAction(QAbstractSlider::SliderPageStepAdd);
+    EXPECT_EQ(bar.Value(), 1);
+}
+
+TEST_F(ScrollBarTest, NegativeLargeChangeIsError380) {
+    EXPECT_EQ(ErrorOf([&] { bar.LargeChange(-1); }), 380);
+    EXPECT_EQ(bar.LargeChange(), 1);
+}
+
+TEST_F(ScrollBarTest, ArrowByHandRunsChangeOnce) {
+    bar.Max(255);
+    bar.Value(255);
+    changes.clear();
+    ClickAt(Widget(), Part(QStyle::SC_ScrollBarSubLine).center());
+    EXPECT_EQ(changes, std::vector<int>{254});
+    EXPECT_TRUE(scrolls.empty());
+}
+
+TEST_F(ScrollBarTest, DraggingRunsScrollAndTheReleaseRunsChange) {
+    bar.Max(100);
+    const QPoint thumb = Part(QStyle::SC_ScrollBarSlider).center();
+    Mouse(Widget(), QEvent::MouseButtonPress, thumb);
+    Mouse(Widget(), QEvent::MouseMove, thumb + QPoint(0, 60));
+    ASSERT_FALSE(scrolls.empty());
+    EXPECT_TRUE(changes.empty());
+    EXPECT_EQ(scrolls.back(), bar.Value());
+    Mouse(Widget(), QEvent::MouseButtonRelease, thumb + QPoint(0, 60));
+    EXPECT_EQ(changes, std::vector<int>{bar.Value()});
+}
+
+TEST_F(ScrollBarTest, WheelUpLowersTheValue) {
+    bar.Max(100);
+    bar.LargeChange(10);
+    bar.Value(50);
+    Wheel(120);
+    EXPECT_LT(bar.Value(), 50);
+    EXPECT_EQ(changes.size(), 2U);
+}
+
+TEST_F(ScrollBarTest, ArrowAndPageKeysMoveIt) {
+    bar.Max(100);
+    bar.LargeChange(10);
+    bar.Value(50);
+    Key(Widget(), Qt::Key_Up);
+    EXPECT_EQ(bar.Value(), 49);
+    Key(Widget(), Qt::Key_PageDown);
+    EXPECT_EQ(bar.Value(), 59);
+}
+
+TEST_F(ScrollBarTest, ShortBarIsTwoArrows) {
+    bar.Move(0, 0, 17 * 15, 22 * 15);
+    bar.Max(255);
+    bar.Value(255);
+    changes.clear();
+    ClickAt(Widget(), {8, 4});
+    EXPECT_EQ(changes, std::vector<int>{254});
+    ClickAt(Widget(), {8, 17});
+    EXPECT_EQ(changes, (std::vector<int>{254, 255}));
+}
+
+TEST_F(ScrollBarTest, ShortBarPaintsAnArrowInEachHalf) {
+    bar.Move(0, 0, 17 * 15, 22 * 15);
+    const QImage image = Widget().grab().toImage();
+    const auto darkest = [&](int from, int to) {
+        int level = 255;
+        for (int y = from; y < to; ++y)
+            for (int x = 3; x < 14; ++x)
+                level = std::min(level, qGray(image.pixel(x, y)));
+        return level;
+    };
+    EXPECT_LT(darkest(2, 9), 120);
+    EXPECT_LT(darkest(13, 20), 120);
+}
+
+TEST_F(ScrollBarTest, MinAboveMaxTurnsItRound) {
+    bar.Max(-5);
+    EXPECT_EQ(bar.Value(), 0);
+    bar.Value(-3);
+    EXPECT_EQ(bar.Value(), -3);
+    EXPECT_EQ(ErrorOf([&] { bar.Value(1); }), 380);
+}
+
+} // namespace
+
+} // namespace pintalux

@@ -1,0 +1,13 @@
+// The tests of the input controls and of the desktop's services, under the program object itself.
+#include "surface/system/App.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    ::setenv("CUPS_SERVER", "/nonexistent", 1); // these tests know no printer, whatever the machine has
+    ::testing::InitGoogleTest(&argc, argv);
+    const pintalux::Application application(argc, argv);
+    return RUN_ALL_TESTS();
+}

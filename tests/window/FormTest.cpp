@@ -1,0 +1,249 @@
+#include "surface/window/Surface.h"
+#include "surface/window/Timer.h"
+#include "window/WindowTest.h"
+
+#include <QCloseEvent>
+
+namespace pintalux {
+namespace {
+
+TEST(Form, AssignedSizeStaysExactly) {
+    PlainForm form;
+    form.Width(4627);
+    form.Height(3001);
+    form.Show();
+    LetEventsRun();
+    EXPECT_EQ(form.Width(), 4627);
+    EXPECT_EQ(form.Height(), 3001);
+    EXPECT_EQ(FindWidget("plain")->width(), 308); // 308.47 pixels
+}
+
+TEST(Form, FollowsTheUsersResizing) {
+    PlainForm form;
+    form.Move(0, 0, 3000, 3000);
+    form.RunLoad();
+    form.Show();
+    LetEventsRun();
+    const int before = form.resizes;
+    FindWidget("plain")->resize(250, 120);
+    LetEventsRun();
+    EXPECT_EQ(form.Width(), 3750);
+    EXPECT_EQ(form.Height(), 1800);
+    EXPECT_EQ(form.ScaleWidth(), 3750);
+    EXPECT_EQ(form.resizes, before + 1);
+}
+
+TEST(Form, FollowsTheUsersMoving) {
+    PlainForm form;
+    form.Move(150, 300, 3000, 3000);
+    form.Show();
+    EXPECT_EQ(FindWidget("plain")->pos(), QPoint(10, 20));
+    FindWidget("plain")->move(33, 44);
+    LetEventsRun();
+    EXPECT_EQ(form.Left(), 495);
+    EXPECT_EQ(form.Top(), 660);
+}
+
+TEST(Form, AssignmentRunsResizeNested) {
+    PlainForm form;
+    form.Move(0, 0, 3000, 3000);
+    form.RunLoad();
+    EXPECT_EQ(form.resizes, 0); // not shown yet
+    form.Show();
+    EXPECT_EQ(form.resizes, 1);
+    form.Width(4500);
+    EXPECT_EQ(form.resizes, 2);
+    form.Width(4500);
+    form.Left(30);
+    EXPECT_EQ(form.resizes, 2);
+}
+
+TEST(Form, ErrorOfNestedResizePassesToTheAssignment) {
+    UntrappedErrors errors;
+    PlainForm form;
+    form.Move(0, 0, 3000, 3000);
+    form.RunLoad();
+    form.Show();
+    form.onResize = [] { throw RuntimeError(kSubscriptOutOfRange); };
+    EXPECT_EQ(ErrorOf([&] { form.Width(4500); }), kSubscriptOutOfRange);
+    EXPECT_TRUE(errors.numbers.empty());
+    FindWidget("plain")->resize(111, 111); // by hand it is untrapped
+    LetEventsRun();
+    EXPECT_EQ(errors.numbers, std::vector<int>{kSubscriptOutOfRange});
+    form.onResize = nullptr;
+}
+
+TEST(Form, CloseBoxAsksFirst) {
+    PlainForm form;
+    form.RunLoad();
+    form.Show();
+    form.refuse = true;
+    FindWidget("plain")->close();
+    EXPECT_TRUE(form.Loaded());
+    EXPECT_TRUE(FindWidget("plain")->isVisible());
+    EXPECT_EQ(form.queries, 1);
+    EXPECT_EQ(form.unloads, 0);
+    form.refuse = false;
+    FindWidget("plain")->close();
+    EXPECT_FALSE(form.Loaded());
+    EXPECT_FALSE(FindWidget("plain")->isVisible());
+    EXPECT_EQ(form.unloads, 1);
+}
+
+int livingForms = 0;
+class CountedForm : public PlainForm {
+  public:
+    CountedForm() : PlainForm("counted") { ++livingForms; }
+    ~CountedForm() override { --livingForms; }
+    int value = 3;
+};
+
+TEST(AutoForm, LoadsAtTheFirstReferenceAndAgainAfterUnload) {
+    AutoForm<CountedForm> form;
+    EXPECT_FALSE(form.Loaded());
+    form->value = 9;
+    EXPECT_EQ(form->loads, 1);
+    EXPECT_EQ(form->value, 9);
+    EXPECT_TRUE(form.Unload());
+    EXPECT_FALSE(form.Loaded());
+    EXPECT_EQ(form->value, 3);
+    EXPECT_TRUE(form.Unload());
+    LetEventsRun();
+    EXPECT_EQ(livingForms, 0);
+}
+
+TEST(AutoForm, RefusedUnloadKeepsIt) {
+    AutoForm<CountedForm> form;
+    form->value = 5;
+    form->refuse = true;
+    EXPECT_FALSE(form.Unload());
+    EXPECT_EQ(form->value, 5);
+}
+
+TEST(AutoForm, UnloadingInsideAHandlerKeepsTheObjectUntilTheHandlerIsOver) {
+    AutoForm<CountedForm> form;
+    CountedForm* const inside = &*form;
+    RunEvent(EventKind::Ordinary, [&] {
+        inside->Unload();
+        LetEventsRun(); // a handler with an event loop of its own
+        EXPECT_EQ(livingForms, 1);
+        inside->value = 7;
+    });
+    LetEventsRun();
+    EXPECT_EQ(livingForms, 0);
+}
+
+class FailingForm : public PlainForm {
+  public:
+    static inline bool fail = true;
+    FailingForm() {
+        onLoad = [] {
+            if (fail) throw RuntimeError(kFileNotFound);
+        };
+    }
+};
+
+TEST(AutoForm, FailedLoadIsTriedAnew) {
+    AutoForm<FailingForm> form;
+    EXPECT_EQ(ErrorOf([&] { form->Show(); }), kFileNotFound);
+    EXPECT_FALSE(form.Loaded());
+    FailingForm::fail = false;
+    EXPECT_TRUE(form->Loaded());
+}
+
+TEST(ModalForm, ReturnsWhenHiddenAndTimersGoOn) {
+    PlainForm dialog("dialog", Form::Kind::Dialog);
+    dialog.Move(0, 0, 3000, 1500);
+    dialog.RunLoad();
+    Timer timer(1);
+    int ticks = 0;
+    timer.Tick = [&] {
+        if (++ticks == 4) dialog.Hide();
+    };
+    timer.Enabled(true);
+    dialog.ShowModal();
+    EXPECT_EQ(ticks, 4);
+    EXPECT_TRUE(dialog.Loaded());
+    EXPECT_FALSE(dialog.Visible());
+}
+
+TEST(ModalForm, ReturnsWhenUnloadedInsideItsOwnHandler) {
+    AutoForm<CountedForm> dialog;
+    QTimer::singleShot(1, qApp, [&] { RunEvent(EventKind::Ordinary, [&] { dialog->Unload(); }); });
+    dialog->ShowModal();
+    EXPECT_FALSE(dialog.Loaded());
+    LetEventsRun();
+    EXPECT_EQ(livingForms, 0);
+}
+
+TEST(ModalForm, CloseBoxEndsIt) {
+    PlainForm dialog("dialog", Form::Kind::Dialog);
+    dialog.RunLoad();
+    QTimer::singleShot(1, qApp, [] { FindWidget("dialog")->close(); });
+    dialog.ShowModal();
+    EXPECT_FALSE(dialog.Loaded());
+}
+
+TEST(ModalForm, GivesTheFocusBack) {
+    PlainForm form;
+    form.Move(0, 0, 3000, 3000);
+    Surface surface(form, "surface");
+    surface.Move(0, 0, 1500, 1500);
+    form.Show();
+    QWidget* widget = FindWidget("surface");
+    widget->setFocusPolicy(Qt::StrongFocus);
+    FindWidget("plain")->activateWindow();
+    surface.SetFocus();
+    ASSERT_TRUE(WaitFor([&] { return QApplication::focusWidget() == widget; }));
+    PlainForm dialog("dialog", Form::Kind::Dialog);
+    QTimer::singleShot(1, qApp, [&] { dialog.Hide(); });
+    dialog.ShowModal();
+    EXPECT_TRUE(WaitFor([&] { return QApplication::focusWidget() == widget; }));
+}
+
+TEST(LockWindowUpdate, LocksOneWindowAtATime) {
+    PlainForm form;
+    Surface one(form, "one");
+    Surface two(form, "two");
+    EXPECT_TRUE(LockWindowUpdate(&one));
+    EXPECT_FALSE(FindWidget("one")->updatesEnabled());
+    EXPECT_FALSE(LockWindowUpdate(&two));
+    EXPECT_TRUE(FindWidget("two")->updatesEnabled());
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+    EXPECT_TRUE(FindWidget("one")->updatesEnabled());
+    EXPECT_TRUE(LockWindowUpdate(&two));
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+}
+
+TEST(LockWindowUpdate, DeadWindowHoldsNoLock) {
+    PlainForm form;
+    {
+        Surface one(form, "one");
+        EXPECT_TRUE(LockWindowUpdate(&one));
+    }
+    Surface two(form, "two");
+    EXPECT_TRUE(LockWindowUpdate(&two));
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+}
+
+TEST(Form, WindowStates) {
+    PlainForm form;
+    form.Move(0, 0, 3000, 3000);
+    form.RunLoad();
+    form.WindowState(kMaximised);
+    EXPECT_EQ(form.WindowState(), kMaximised);
+    form.Show();
+    LetEventsRun();
+    EXPECT_EQ(form.WindowState(), kMaximised);
+    EXPECT_GT(form.Width(), 3000);
+    const double maximised = form.Width();
+    form.Width(1500); // does nothing meanwhile
+    EXPECT_EQ(form.Width(), maximised);
+    form.WindowState(kNormal);
+    LetEventsRun();
+    EXPECT_EQ(form.WindowState(), kNormal);
+    EXPECT_EQ(ErrorOf([&] { form.WindowState(3); }), kInvalidPropertyValue);
+}
+
+} // namespace
+} // namespace pintalux

@@ -1,0 +1,106 @@
+// What the tests of window objects share.
+#pragma once
+
+#include "surface/raster/RuntimeError.h"
+#include "surface/window/Events.h"
+#include "surface/window/Form.h"
+#include "surface/window/MDIForm.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QWidget>
+#include <string>
+#include <vector>
+
+namespace pintalux {
+
+/// The number of the error that a statement raises; 0 if it raises none.
+inline int ErrorOf(const std::function<void()>& statement) {
+    try {
+        statement();
+        return 0;
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+}
+
+/// Lets events run until the condition holds; false after five seconds.
+inline bool WaitFor(const std::function<bool()>& condition) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.hasExpired(5000)) return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+    }
+    return true;
+}
+
+inline void LetEventsRun() {
+    for (int pass = 0; pass < 5; ++pass)
+        QCoreApplication::processEvents();
+}
+
+/// The toolkit's widget of a control, found by its code name as a desktop tool would.
+inline QWidget* FindWidget(const std::string& name) {
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->objectName() == QString::fromStdString(name)) return widget;
+    }
+    return nullptr;
+}
+
+inline void SendMouse(QWidget* widget, QEvent::Type type, const QPointF& place, Qt::MouseButton button,
+                      Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QMouseEvent event(type, place, widget->mapToGlobal(place), button, buttons, modifiers);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+inline void ClickAt(QWidget* widget, const QPointF& place, Qt::MouseButton button = Qt::LeftButton) {
+    SendMouse(widget, QEvent::MouseButtonPress, place, button, button);
+    SendMouse(widget, QEvent::MouseButtonRelease, place, button, Qt::NoButton);
+}
+
+/// Listens to errors that nobody caught, as long as it lives.
+class UntrappedErrors {
+  public:
+    UntrappedErrors() : before_(OnUntrappedError) {
+        OnUntrappedError = [this](const RuntimeError& error) { numbers.push_back(error.Number()); };
+    }
+    ~UntrappedErrors() { OnUntrappedError = before_; }
+    UntrappedErrors(const UntrappedErrors&) = delete;
+    UntrappedErrors& operator=(const UntrappedErrors&) = delete;
+    std::vector<int> numbers;
+
+  private:
+    std::function<void(const RuntimeError&)> before_;
+};
+
+/// A resizable window that counts its events.
+class PlainForm : public Form {
+  public:
+    explicit PlainForm(std::string name = "plain", Kind kind = Kind::Window) : Form(std::move(name), kind) {}
+    int loads = 0, resizes = 0, activations = 0, unloads = 0, queries = 0;
+    bool refuse = false;
+    std::function<void()> onResize, onLoad;
+
+  protected:
+    void Form_Load() override {
+        ++loads;
+        if (onLoad) onLoad();
+    }
+    void Form_Resize() override {
+        ++resizes;
+        if (onResize) onResize();
+    }
+    void Form_Activate() override { ++activations; }
+    void Form_QueryUnload(bool& Cancel) override {
+        ++queries;
+        Cancel = refuse;
+    }
+    void Form_Unload() override { ++unloads; }
+};
+
+} // namespace pintalux
