@@ -1,0 +1,46 @@
+#include "app/frmMain.h"
+
+#include "document/Workspace.h"
+#include "surface/system/App.h"
+#include "tools/Image1_Pointer.h"
+
+namespace pintalux {
+
+AutoForm<frmMainForm> frmMain;
+bool frmMainForm::Closing = false;
+
+namespace {
+
+constexpr int kPollInterval = 30;  // milliseconds
+constexpr int kStartInterval = 20; // milliseconds
+
+} // namespace
+
+frmMainForm::frmMainForm()
+    : MDIForm("frmMain"), CommandBar(static_cast<Container&>(*this)), ToolSettingsPanel(static_cast<Container&>(*this)),
+      ColourPanel(static_cast<Container&>(*this)), Timer1(kPollInterval), Timer2(kStartInterval) {
+    MDIForm::Caption("Pintalux 64");
+    IconResource(":/app.svg");
+    TheWorkspace = {this, this, this, [](frmImage& image) { ConnectTools(image); }};
+    TheToolSettings = this;
+    TheColourPanel = this;
+    InstallPaintingTools();
+    MainMenu::AddTo(*this);
+    AlignPanel(ToolsTB, Align::Top);
+    AlignPanel(ToolSettings, Align::Left);
+    AlignPanel(ColTB, Align::Right);
+    ConnectMenus();
+    ConnectBars();
+    Timer1.Tick = [this] { Timer1_Timer(); };
+    Timer2.Tick = [this] { Timer2_Timer(); };
+}
+
+frmMainForm::~frmMainForm() {
+    TheWorkspace = {};
+    TheToolSettings = nullptr;
+    TheColourPanel = nullptr;
+}
+
+std::string HandOffFile() { return App.Path() + "/KLdde.tmp"; }
+
+} // namespace pintalux

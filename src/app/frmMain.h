@@ -1,0 +1,84 @@
+// The main window: the startup object. It is assembled from the parts that the subsystems own, and holds nothing of any
+// document.
+#pragma once
+
+#include "colour/ColourPanel.h"
+#include "document/CommandBar.h"
+#include "document/MainMenu.h"
+#include "surface/window/MDIForm.h"
+#include "surface/window/Timer.h"
+#include "tools/ToolSettings.h"
+
+#include <cstdint>
+#include <string>
+
+namespace pintalux {
+
+class frmMainForm : public MDIForm,
+                    public MainMenu,      // menus
+                    public CommandBar,    // tool bar TB2
+                    public ToolSettingsPanel, // pages of tool settings
+                    public ColourPanel {  // the current colour
+  public:
+    frmMainForm();
+    ~frmMainForm() override;
+
+    Timer Timer1; ///< 30 ms: the hand-off file, then all menu and button states.
+    Timer Timer2; ///< 20 ms: the delayed start, on its fifth tick.
+
+    /// The command line names a file that was given to this instance; false also while it runs without one.
+    bool CommandFileGiven() const { return commandFileGiven_; }
+    /// The start ended early because the running instance takes the file: no window is shown, the process ends.
+    bool HandedOver() const { return handedOver_; }
+    /// Set when the main window goes for good.
+    static bool Closing;
+
+    void StartupConfig();
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void TB2_ButtonClick(ToolButton& button);
+
+    void mnuViewToolbar_Click();
+    void mnuViewColorBox_Click();
+    void mnuViewSettingsBar_Click();
+    void mnuViewRulers_Click();
+
+  protected:
+    void MDIForm_Load() override;
+    void MDIForm_Unload() override;
+
+  private:
+    // frmMain_Commands.cpp
+    void ConnectMenus();
+    void ConnectBars();
+    void ChooseToolButton(int tool);
+    void AfterToolChosen(int toolBefore);
+    // frmMain_Start.cpp
+    void ReadGeometry();
+    void ReadViews();
+    void ReadRecentFiles();
+    void TakeCommandLine();
+    void PrintTitles();
+    void OpenFirstDocument();
+    void OpenFirstPages();
+    // frmMain_Poll.cpp
+    void TakeHandOff();
+    void PollPaste();
+    void PollDocument();
+    void PollUndo();
+    // frmMain_Exit.cpp
+    void UnloadDialogs();
+    void SaveViews();
+
+    std::string commandFile_;
+    bool commandFileGiven_ = false;
+    bool handedOver_ = false;
+    std::int16_t tickCounter_ = 0;
+};
+
+extern AutoForm<frmMainForm> frmMain;
+
+/// The file by which a second instance hands its picture to the running one.
+std::string HandOffFile();
+
+} // namespace pintalux

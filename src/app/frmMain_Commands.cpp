@@ -1,0 +1,113 @@
+// What menu items and buttons do. Items whose function is still to come stand in the menu and follow the enable rules.
+#include "app/frmMain.h"
+#include "document/FileCommands.h"
+#include "document/frmImage.h"
+#include "document/Globals.h"
+#include "document/UndoCommands.h"
+#include "document/Workspace.h"
+#include "document/Zoom.h"
+#include "settings/frmPrefs.h"
+#include "tools/ToolNumbers.h"
+
+namespace pintalux {
+
+void frmMainForm::ConnectMenus() {
+    mnuFileNew.Click = [] { mnuFileNew_Click(); };
+    mnuFileOpen.Click = [] { mnuFileOpen_Click(); };
+    mnuFileClose.Click = [] { mnuFileClose_Click(); };
+    mnuFileSave.Click = [] { mnuFileSave_Click(); };
+    mnuFileSaveAs.Click = [] { mnuFileSaveAs_Click(); };
+    mnuFileSaveOptions.Click = [] { frmPrefs->ShowModal(); };
+    mnuFileMRU.Click = [](int Index) { mnuFileMRU_Click(Index); };
+    mnuFileExit.Click = [this] { Unload(); };
+
+    mnuEditUndo.Click = [] { mnuEditUndo_Click(); };
+    mnuEditRedo.Click = [] { mnuEditRedo_Click(); };
+
+    mnuViewToolbar.Click = [this] { mnuViewToolbar_Click(); };
+    mnuViewColorBox.Click = [this] { mnuViewColorBox_Click(); };
+    mnuViewSettingsBar.Click = [this] { mnuViewSettingsBar_Click(); };
+    mnuViewRulers.Click = [this] { mnuViewRulers_Click(); };
+    mnuZoomActual.Click = [] { mnuZoomActual_Click(); };
+    mnuZoomInX.Click = [](int Index) { mnuZoomInX_Click(Index); };
+    mnuZoomOutX.Click = [](int Index) { mnuZoomOutX_Click(Index); };
+
+    mnuWindowNewWindow.Click = [] { mnuFileNew_Click(); };
+    mnuWindowCascade.Click = [this] { Arrange(0); };
+    mnuWindowTileHorizontal.Click = [this] { Arrange(1); };
+    mnuWindowTileVertical.Click = [this] { Arrange(2); };
+}
+
+void frmMainForm::ConnectBars() {
+    TB2.ButtonClick = [this](ToolButton& button) { TB2_ButtonClick(button); };
+    ToolSettingsPanel::ChooseTool = [this](int tool) { ChooseToolButton(tool); };
+    Command1.Click = [this] {
+        ToolSettings.Visible(false);
+        mnuViewSettingsBar.Checked(false);
+    };
+    Command2.Click = [this] {
+        ColTB.Visible(false);
+        mnuViewColorBox.Checked(false);
+    };
+}
+
+void frmMainForm::ChooseToolButton(int tool) {
+    TB2.Buttons(tool).Value(1);
+    CurrentTool = static_cast<std::int16_t>(tool);
+}
+
+void frmMainForm::TB2_ButtonClick(ToolButton& button) {
+    constexpr int kLastCommand = 11;
+    const std::string& key = button.Key();
+    const int toolBefore = CurrentTool;
+    ResumeNext([&] { if (key == "New") mnuFileNew_Click(); }, [&] { if (key == "Open") mnuFileOpen_Click(); },
+               [&] { if (key == "Save") mnuFileSave_Click(); }, [&] { if (key == "Undo") mnuEditUndo_Click(); },
+               [&] { if (key == "Redo") mnuEditRedo_Click(); });
+    if (button.Index() <= kLastCommand) return;
+    CurrentTool = static_cast<std::int16_t>(button.Index());
+    AfterToolChosen(toolBefore);
+}
+
+void frmMainForm::AfterToolChosen(int toolBefore) {
+    constexpr double kOpenPage = 301; // twips
+    const auto openPage = [this](int page) {
+        if (PicTools(page).Height() < kOpenPage) cmdTools_Click(page);
+    };
+    switch (CurrentTool) {
+    case kPolyLineTool: ResumeNext([] { ActiveImage().curpoly = -1; }); break;
+    case kSelectTool:
+        ResumeNext([&] { openPage(2); }, [] { ActiveImage().PicFreeSelect.Visible(false); });
+        break;
+    case kFreeSelectTool: ResumeNext([&] { openPage(2); }); break;
+    case kPenTool: ResumeNext([&] { openPage(0); }); break;
+    case kShapesTool: ResumeNext([&] { openPage(1); }); break;
+    case kColorWandTool: ResumeNext([&] { openPage(3); }); break;
+    case kTextTool:
+        // The text dialog puts the tool before back.
+        ChooseToolButton(toolBefore);
+        break;
+    default: break;
+    }
+}
+
+void frmMainForm::mnuViewToolbar_Click() {
+    mnuViewToolbar.Checked(!mnuViewToolbar.Checked());
+    ToolsTB.Visible(mnuViewToolbar.Checked());
+}
+
+void frmMainForm::mnuViewColorBox_Click() {
+    mnuViewColorBox.Checked(!mnuViewColorBox.Checked());
+    ColTB.Visible(mnuViewColorBox.Checked());
+}
+
+void frmMainForm::mnuViewSettingsBar_Click() {
+    mnuViewSettingsBar.Checked(!mnuViewSettingsBar.Checked());
+    ToolSettings.Visible(mnuViewSettingsBar.Checked());
+}
+
+void frmMainForm::mnuViewRulers_Click() {
+    mnuViewRulers.Checked(!mnuViewRulers.Checked());
+    RulersOn = mnuViewRulers.Checked();
+}
+
+} // namespace pintalux

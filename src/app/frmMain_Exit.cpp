@@ -1,0 +1,50 @@
+// The end of the program: dialogs go in a fixed order, then the window's place and views are stored.
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
+#include "document/frmNew.h"
+#include "document/Globals.h"
+#include "settings/frmPrefs.h"
+#include "surface/raster/NumberText.h"
+#include "surface/system/App.h"
+#include "surface/system/Settings.h"
+
+namespace pintalux {
+
+namespace {
+
+std::string Word(bool value) { return value ? "True" : "False"; }
+
+// The text of a single-precision number.
+std::string SingleText(double value) { return NumberText(static_cast<double>(static_cast<float>(value))); }
+
+} // namespace
+
+void frmMainForm::MDIForm_Unload() {
+    Closing = true;
+    Timer1.Enabled(false);
+    Timer2.Enabled(false);
+    UnloadDialogs();
+    SaveViews();
+}
+
+void frmMainForm::UnloadDialogs() {
+    frmNew.Unload();
+    frmSplash.Unload();
+    frmPrefs.Unload();
+}
+
+void frmMainForm::SaveViews() {
+    std::vector<SettingText> values = {{"Rulers", Word(RulersOn)},
+                                       {"Toolbar", Word(ToolsTB.Visible())},
+                                       {"ColorBox", Word(ColTB.Visible())},
+                                       {"SettingsBar", Word(ToolSettings.Visible())}};
+    if (WindowState() != kMinimised) {
+        values.push_back({"MainLeft", SingleText(MDIForm::Left())});
+        values.push_back({"MainTop", SingleText(MDIForm::Top())});
+        values.push_back({"MainWidth", SingleText(MDIForm::Width())});
+        values.push_back({"MainHeight", SingleText(MDIForm::Height())});
+    }
+    SaveSettings(App.Title(), "Settings", values);
+}
+
+} // namespace pintalux

@@ -1,0 +1,66 @@
+// The 30 ms poll: a file handed over by a second instance, then the state of every command. It touches no surface and asks no
+// other program.
+#include "app/frmMain.h"
+#include "common/FileNames.h"
+#include "document/FileCommands.h"
+#include "document/frmImage.h"
+#include "document/Globals.h"
+#include "document/ImageMenus.h"
+#include "document/Workspace.h"
+#include "surface/system/Clipboard.h"
+#include "surface/system/FileLayer.h"
+
+namespace pintalux {
+
+void frmMainForm::Timer1_Timer() {
+    TakeHandOff();
+    PollPaste();
+    PollDocument();
+}
+
+// Intended: the file is deleted before its picture is opened, so that a picture that fails is not tried for ever.
+void frmMainForm::TakeHandOff() {
+    if (!FileExists(HandOffFile())) return;
+    std::string path;
+    ResumeNext([&] { path = ReadTextFile(HandOffFile()); }, [] { DeleteFile(HandOffFile()); });
+    if (!FileExists(path)) return;
+    OpenDocument(LongFileName(path));
+    SetFocus();
+}
+
+void frmMainForm::PollPaste() {
+    const bool bitmap = IsClipboardFormatAvailable(CF_BITMAP);
+    TB2.Buttons(7).Enabled(bitmap);
+    mnuEditPasteNew.Enabled(bitmap);
+    mnuEditPaste.Enabled(bitmap && ImageCount > 0);
+}
+
+void frmMainForm::PollDocument() {
+    if (ImageCount <= 0) {
+        ImgMenuEnable(false);
+        mnuEditSelectNone.Enabled(false);
+        mnuEditSelectAll.Enabled(false);
+        TB2.Buttons(3).Enabled(false);
+        return;
+    }
+    ImgMenuEnable(true);
+    const frmImage& image = ActiveImage();
+    if (image.PicFreeSelect.Visible() || image.PicSelect.Visible()) mnuEditSelectNone.Enabled(true);
+    mnuEditSelectAll.Enabled(true);
+    TB2.Buttons(3).Enabled(true);
+    PollUndo();
+}
+
+void frmMainForm::PollUndo() {
+    const frmImage& image = ActiveImage();
+    if (image.ListBackup.ListCount() > 0) {
+        ShowUndoState(image.ListBUorder);
+        return;
+    }
+    mnuEditUndo.Enabled(false);
+    mnuEditRedo.Enabled(false);
+    TB2.Buttons(9).Enabled(false);
+    TB2.Buttons(10).Enabled(false);
+}
+
+} // namespace pintalux

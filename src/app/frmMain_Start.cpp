@@ -1,0 +1,144 @@
+// The start of the program: settings, command line, splash, first document.
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
+#include "common/FileNames.h"
+#include "devices/Twain.h"
+#include "document/FileCommands.h"
+#include "document/Globals.h"
+#include "settings/frmPrefs.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/NumberText.h"
+#include "surface/system/App.h"
+#include "surface/system/FileLayer.h"
+#include "surface/system/MsgBox.h"
+#include "tools/ToolNumbers.h"
+
+#include <span>
+
+namespace pintalux {
+
+namespace {
+
+bool TrueSetting(const char* key, const char* defaultWord) { return Setting(key, defaultWord) == "True"; }
+
+double GeometrySetting(const char* key, const char* defaultText) { return Val(Setting(key, defaultText)); }
+
+} // namespace
+
+// Intended: a missing scanner library is told once at the start, so that the user knows why scanning is off; the start goes
+// on. Any other error ends the load there.
+void frmMainForm::MDIForm_Load() try {
+    try {
+        mnuFileTwain.Enabled(TWAIN_IsAvailable() != 0);
+    } catch (const RuntimeError& error) {
+        if (error.Number() != kFileNotFound) throw;
+        mnuFileTwain.Enabled(false);
+        MsgBox("Não foi detectado nenhum Digitalizador", BoxButtons::Ok, BoxIcon::Information, kMessageTitle);
+    }
+    ReadGeometry();
+    ReadViews();
+    ReadRecentFiles();
+    TakeCommandLine();
+    if (!handedOver_) StartupConfig();
+} catch (...) {
+    MsgBox("Erro de Arranque(Main) nº " + NumberText(CurrentError().Number()));
+}
+
+void frmMainForm::ReadGeometry() {
+    MDIForm::Left(GeometrySetting("MainLeft", "1000"));
+    MDIForm::Top(GeometrySetting("MainTop", "1000"));
+    MDIForm::Width(GeometrySetting("MainWidth", "6500"));
+    MDIForm::Height(GeometrySetting("MainHeight", "6500"));
+}
+
+void frmMainForm::ReadViews() {
+    mnuViewRulers.Checked(TrueSetting("Rulers", "False"));
+    mnuViewToolbar.Checked(TrueSetting("Toolbar", "True"));
+    mnuViewColorBox.Checked(TrueSetting("ColorBox", "True"));
+    mnuViewSettingsBar.Checked(TrueSetting("SettingsBar", "True"));
+    RulersOn = mnuViewRulers.Checked();
+    ToolsTB.Visible(mnuViewToolbar.Checked());
+    ColTB.Visible(mnuViewColorBox.Checked());
+    ToolSettings.Visible(mnuViewSettingsBar.Checked());
+}
+
+void frmMainForm::ReadRecentFiles() {
+    frmPrefs->Combo1.ListIndex(ToInt16(Val(Setting("MRUlist", "1"))));
+    MRUlimit = ToInt16(Val(frmPrefs->Combo1.Text()));
+    AllocateMRUs();
+    LoadMRUs(mnuFileMRU, mnuFileBar5);
+}
+
+void frmMainForm::TakeCommandLine() {
+    const std::string command = App.Command();
+    const bool secondInstance = App.PrevInstance();
+    if (command.empty()) return;
+    // Intended: only a file goes to the running instance; a second start without one is a second program.
+    if (secondInstance) {
+        const std::string line = LongFileName(command) + "\n";
+        // Renamed into place: the running instance polls for it and must never read half a path.
+        WriteFileAside(HandOffFile(), [&](File& file) { file.Write(std::as_bytes(std::span(line))); });
+        handedOver_ = true;
+        return;
+    }
+    commandFileGiven_ = true;
+    commandFile_ = LongFileName(command);
+}
+
+void frmMainForm::StartupConfig() {
+    if (frmPrefs->Check1.Value() == 1) {
+        KeepOnTop(*frmSplash, true);
+        frmSplash->Show();
+    }
+    ChooseToolButton(kPenTool);
+    SetCurrentColour(Picture5.BackColor());
+    PrintTitles();
+    Combo2.ListIndex(0);
+    if (frmPrefs->Check3.Value() == 1) {
+        mnuEditClip.Checked(true);
+        Timer2.Enabled(true);
+        Timer1.Enabled(true);
+        Show();
+    } else {
+        Timer1.Enabled(true);
+        mnuEditClip.Checked(false);
+        Show();
+        OpenFirstDocument();
+        OpenFirstPages();
+    }
+}
+
+void frmMainForm::PrintTitles() {
+    for (Surface* title : {&Picture2, &Picture1}) {
+        title->Cls();
+        title->CurrentX(3);
+        title->CurrentY(3);
+    }
+    Picture2.Print("Acertos-Ferramenta");
+    Picture1.Print("Palete de Cor");
+}
+
+void frmMainForm::Timer2_Timer() {
+    constexpr std::int16_t kStartTick = 5;
+    tickCounter_ = AddInt16(tickCounter_, 1);
+    if (tickCounter_ != kStartTick) return;
+    OpenFirstDocument();
+    OpenFirstPages();
+    Timer2.Enabled(false);
+}
+
+void frmMainForm::OpenFirstDocument() {
+    if (commandFileGiven_) {
+        OpenDocument(commandFile_);
+    } else {
+        mnuFileNew_Click();
+    }
+}
+
+void frmMainForm::OpenFirstPages() {
+    cmdTools_Click(0);
+    ClipPanelHeight = 580;
+    cmdTools_Click(4);
+}
+
+} // namespace pintalux

@@ -1,0 +1,33 @@
+#include "app/frmSplash.h"
+
+namespace pintalux {
+
+AutoForm<frmSplashForm> frmSplash;
+
+namespace {
+
+constexpr int kSecond = 1000; // milliseconds
+constexpr int kTicks = 3;
+constexpr double kWidth = 480; // pixels
+constexpr double kHeight = 300;
+
+} // namespace
+
+frmSplashForm::frmSplashForm()
+    : Form("frmSplash", Kind::Splash), picSplash(*this, "picSplash"), Timer1(kSecond) {
+    Width(kWidth * kTwipsPerPixel);
+    Height(kHeight * kTwipsPerPixel);
+    picSplash.Move(0, 0, Width(), Height());
+    picSplash.Art(":/splash.svg");
+    Timer1.Tick = [this] { Timer1_Timer(); };
+}
+
+void frmSplashForm::Form_Load() { Timer1.Enabled(true); }
+
+void frmSplashForm::Timer1_Timer() {
+    if (++ticks_ < kTicks) return;
+    Timer1.Enabled(false);
+    Unload();
+}
+
+} // namespace pintalux

@@ -1,0 +1,189 @@
+#include "colour/ColourPanel.h"
+
+#include "common/FileNames.h"
+#include "common/SpinnerPair.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/NumberText.h"
+
+namespace pintalux {
+
+namespace {
+
+// Channels by whole-number arithmetic, as the panel splits them.
+struct Channels {
+    int red, green, blue;
+};
+
+Channels Split(Colour c) {
+    return {c % 256, c / 256 % 256, c / 256 / 256 % 256};
+}
+
+std::string DecimalText(int number) {
+    return KeepAlnum(FormattedNumber(number));
+}
+
+// Capital letters; a negative number shows as its 32 bits.
+std::string Hex(int number) {
+    constexpr char kDigits[] = "0123456789ABCDEF";
+    std::string text;
+    auto rest = static_cast<std::uint32_t>(number);
+    do {
+        text.insert(text.begin(), kDigits[rest % 16]);
+        rest /= 16;
+    } while (rest != 0);
+    return text;
+}
+
+std::string TwoDigits(int number) {
+    return (Hex(number).size() == 1 ? "0" : "") + Hex(number);
+}
+
+std::string CorReadout(Colour c) {
+    return "COR:" + FormattedNumber(c);
+}
+
+} // namespace
+
+std::string RgbReadout(Colour c) {
+    const Channels channels = Split(c);
+    return "RGB:" + FormattedNumber(channels.red) + "," + FormattedNumber(channels.green) + "," +
+           FormattedNumber(channels.blue);
+}
+
+std::string HexReadout(Colour c) {
+    const Channels channels = Split(c);
+    const std::string green =
+        Hex(channels.green).size() == 1 ? "0" + NumberText(channels.green) : Hex(channels.green);
+    return "HEX:#" + TwoDigits(channels.red) + green + TwoDigits(channels.blue);
+}
+
+void ColourPanel::ShowReadout(Colour c) {
+    if (ColorDisplayHex != 0) lblColor.Caption(HexReadout(c));
+    if (ColorDisplayRgb != 0) lblColor.Caption(RgbReadout(c));
+    if (ColorDisplayCor != 0) lblColor.Caption(CorReadout(c));
+}
+
+void ColourPanel::lblColor_Click() {
+    const std::string shown = lblColor.Caption().substr(0, 3);
+    const auto choose = [this](int hex, int rgb, int cor) {
+        ColorDisplayHex = ToInt16(hex);
+        ColorDisplayRgb = ToInt16(rgb);
+        ColorDisplayCor = ToInt16(cor);
+        ShowReadout(TheColor.BackColor());
+    };
+    // Intended: the decimal notation is the last stop until the next start, so that a readout in use does not
+    // change under a stray click.
+    if (shown == "HEX") {
+        choose(0, -1, 0);
+    } else if (shown == "RGB") {
+        choose(0, 0, -1);
+    } else if (shown == "LON") {
+        choose(-1, 0, 0);
+    }
+}
+
+void ColourPanel::ShowCaptionContrast() {
+    const Colour contrast = ContrastColor(TheColor.BackColor());
+    LblCurCol.ForeColor(contrast);
+    TheColor.ForeColor(contrast);
+    LblCurCol.Refresh();
+}
+
+void ColourPanel::SetCurrentColour(Colour c) {
+    TheColor.BackColor(c);
+    ShowCaptionContrast();
+    txtRGB(c);
+    ShowReadout(c);
+}
+
+void ColourPanel::ChangeColor(Colour c) {
+    Picture6.BackColor(c);
+    ShowReadout(Picture6.BackColor());
+}
+
+void ColourPanel::SetRgbSide(Colour c) {
+    const Channels channels = Split(c);
+    txtRed.Text(DecimalText(channels.red));
+    txtGreen.Text(DecimalText(channels.green));
+    txtBlue.Text(DecimalText(channels.blue));
+    VSred.Value(VSred.Max() - channels.red);
+    VSgreen.Value(VSgreen.Max() - channels.green);
+    VSblue.Value(VSblue.Max() - channels.blue);
+}
+
+void ColourPanel::SetHslSide(Colour c) {
+    VShue.Value(VShue.Max() - RgbToHsl(c).Hue);
+    VSsat.Value(VSsat.Max() - RgbToHsl(c).Sat);
+    VSlum.Value(VSlum.Max() - RgbToHsl(c).Lum);
+}
+
+void ColourPanel::txtRGB(Colour c) {
+    ColorUpdating = -1;
+    SetRgbSide(c);
+    SetHslSide(c);
+    ColorUpdating = 0;
+}
+
+void ColourPanel::txtRGB2(Colour c) {
+    ColorUpdating = -1;
+    SetRgbSide(c);
+    ColorUpdating = 0;
+}
+
+void ColourPanel::UpdateColScrolls() {
+    Picture6.BackColor(
+        RGB(ToInt16(Val(txtRed.Text())), ToInt16(Val(txtGreen.Text())), ToInt16(Val(txtBlue.Text()))));
+    TheColor.BackColor(Picture6.BackColor());
+    LblCurCol.ForeColor(ContrastColor(TheColor.BackColor()));
+    ShowReadout(TheColor.BackColor());
+    if (ColorUpdating != 0) return;
+    ColorUpdating = -1;
+    SetHslSide(Picture6.BackColor());
+    ColorUpdating = 0;
+}
+
+void ColourPanel::UpdateHSLscrolls() {
+    PanelHsl = {ToInt16(Val(txtHue.Text())), ToInt16(Val(txtSat.Text())), ToInt16(Val(txtLum.Text()))};
+    if (ColorUpdating != 0) return;
+    TheColor.BackColor(Picture6.BackColor());
+    LblCurCol.ForeColor(ContrastColor(TheColor.BackColor()));
+    LblCurCol.Refresh();
+    ShowReadout(TheColor.BackColor());
+    Picture6.BackColor(HslToRgb(PanelHsl));
+    // A bar that this moves brings `TheColor` to the new colour by its own event.
+    txtRGB2(Picture6.BackColor());
+}
+
+// Intended: the limit is 255 for the HSL boxes too; what a bar of 240 then refuses is an error the user hears
+// of.
+void ColourPanel::Typed(TextBox& tested, const TextBox& read, ScrollBar& bar) {
+    constexpr int kLargest = 255;
+    if (Val(tested.Text()) > kLargest) tested.Text(FormattedNumber(kLargest));
+    TypedValue = ToInt16(Val(KeepAlnum(read.Text())));
+    bar.Value(bar.Max() - TypedValue);
+}
+
+void ColourPanel::ConnectRgb(TextBox& text, ScrollBar& bar) {
+    bar.Max(255);
+    DigitsOnly(text);
+    text.KeyUp = [this, &text, &bar](int, int) { Typed(text, text, bar); };
+    bar.Change = bar.Scroll = [this, &text, &bar] {
+        text.Text(SpinnerText(bar));
+        UpdateColScrolls();
+    };
+}
+
+void ColourPanel::ConnectHsl(TextBox& text, ScrollBar& bar) {
+    bar.Max(240);
+    DigitsOnly(text);
+    // Intended: what is typed as saturation takes the number of the hue box, so that a saturation follows the
+    // hue as it always did; the spinner's arrows set it freely.
+    const TextBox& read = &text == &txtSat ? txtHue : text;
+    text.KeyUp = [this, &text, &read, &bar](int, int) { Typed(text, read, bar); };
+    bar.Change = bar.Scroll = [this, &text, &bar] {
+        text.Text(SpinnerText(bar));
+        UpdateHSLscrolls();
+    };
+}
+
+} // namespace pintalux

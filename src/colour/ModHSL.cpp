@@ -1,0 +1,98 @@
+#include "colour/ModHSL.h"
+
+#include "surface/raster/Arithmetic.h"
+
+#include <algorithm>
+
+namespace pintalux {
+
+std::int16_t RedOf(Colour c) {
+    return static_cast<std::int16_t>(c & 255);
+}
+
+// Intended: the mask keeps bit 24, so that a colour beyond 24 bits is noticed as an overflow and not bent
+// silently.
+std::int16_t GreenOf(Colour c) {
+    return ToInt16((c & 0x0100FF00) / 256.0);
+}
+
+std::int16_t BlueOf(Colour c) {
+    return static_cast<std::int16_t>((c & 0x00FF0000) / 65536);
+}
+
+std::int16_t MaxOf(std::int16_t a, std::int16_t b) {
+    return std::max(a, b);
+}
+
+std::int16_t MinOf(std::int16_t a, std::int16_t b) {
+    return std::min(a, b);
+}
+
+// The order of the operations is part of the result: each line rounds where it stands.
+HslValue RgbToHsl(Colour c) {
+    const std::int16_t R = RedOf(c);
+    const std::int16_t G = GreenOf(c);
+    const std::int16_t B = BlueOf(c);
+    const std::int16_t cMax = MaxOf(MaxOf(R, G), B);
+    const std::int16_t cMin = MinOf(MinOf(R, G), B);
+    const int sum = cMax + cMin;
+    const int delta = cMax - cMin;
+    const double L = (sum * 240.0 + 255.0) / 510.0;
+    double H = 0;
+    double S = 0;
+    if (delta != 0) {
+        S = (delta * 240.0 + 0.5) / (L <= 120 ? sum : 510 - sum);
+        const double Rd = (40.0 * (cMax - R) + 0.5) / delta;
+        const double Gd = (40.0 * (cMax - G) + 0.5) / delta;
+        const double Bd = (40.0 * (cMax - B) + 0.5) / delta;
+        if (R == cMax) {
+            H = Bd - Gd;
+        } else if (G == cMax) {
+            H = 80.0 + Rd - Bd;
+        } else {
+            H = 160.0 + Gd - Rd;
+        }
+        if (H < 0) H = H + 240.0;
+    }
+    HslValue hsl;
+    hsl.Hue = ToInt16(H);
+    hsl.Lum = ToInt16(L);
+    hsl.Sat = ToInt16(S);
+    return hsl;
+}
+
+double HueToRgb(const double& n1, const double& n2, double hue) {
+    if (hue < 0) {
+        hue = hue + 240;
+    } else if (hue > 240) {
+        hue = hue - 240;
+    }
+    if (hue < 40) return ((n2 - n1) * hue + 20) / 40 + n1;
+    if (hue < 120) return n2;
+    if (hue < 160) return ((n2 - n1) * (160 - hue) + 20) / 40 + n1;
+    return n1;
+}
+
+Colour HslToRgb(const HslValue& hsl) {
+    const double H = hsl.Hue;
+    const double S = hsl.Sat;
+    const double L = hsl.Lum;
+    double R = L * 255 / 240;
+    double G = R;
+    double B = R;
+    if (hsl.Sat != 0) {
+        const double m2 = L <= 120 ? ((S + 240) * L + 0.5) / 240 : S + L - (S * L + 0.5) / 240;
+        const double m1 = 2 * L - m2;
+        R = (HueToRgb(m1, m2, H + 80) * 255 + 0.5) / 240;
+        G = (HueToRgb(m1, m2, H) * 255 + 0.5) / 240;
+        B = (HueToRgb(m1, m2, H - 80) * 255 + 0.5) / 240;
+    }
+    const auto channel = [](double value) { return ToInt16(std::clamp(value, 0.0, 255.0)); };
+    return RGB(channel(R), channel(G), channel(B));
+}
+
+Colour ContrastColor(Colour c) {
+    return RgbToHsl(c).Lum <= 120 ? kWhite : kBlack;
+}
+
+} // namespace pintalux

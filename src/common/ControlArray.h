@@ -1,0 +1,33 @@
+// Controls of one kind that differ by an index.
+#pragma once
+
+#include "surface/raster/RuntimeError.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace pintalux {
+
+template <class C>
+class ControlArray {
+  public:
+    /// Makes the next control of the array and gives it.
+    template <class... Arguments>
+    C& Add(Arguments&&... arguments) {
+        controls_.push_back(std::make_unique<C>(std::forward<Arguments>(arguments)...));
+        return *controls_.back();
+    }
+    /// Error 9 outside.
+    C& operator()(int index) const {
+        if (index < 0 || index >= Count()) throw RuntimeError(kSubscriptOutOfRange);
+        return *controls_[static_cast<std::size_t>(index)];
+    }
+    int Count() const { return static_cast<int>(controls_.size()); }
+
+  private:
+    std::vector<std::unique_ptr<C>> controls_;
+};
+
+} // namespace pintalux

@@ -1,0 +1,108 @@
+#include "common/FileNames.h"
+
+#include "surface/raster/NumberText.h"
+#include "surface/raster/RuntimeError.h"
+#include "surface/system/FileLayer.h"
+#include "surface/system/MsgBox.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+namespace pintalux {
+
+std::function<void()> EndProgram = [] { std::exit(1); };
+
+namespace {
+
+constexpr char kSeparator = '/';
+
+bool IsAsciiAlnum(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+} // namespace
+
+std::string FileNameOf(const std::string& path) { return path.substr(path.rfind(kSeparator) + 1); }
+
+std::string ExtensionOf(const std::string& path, bool withPoint) {
+    const std::size_t point = path.rfind('.');
+    if (point == std::string::npos) return {};
+    return path.substr(withPoint ? point : point + 1);
+}
+
+std::string ReplaceExtension(const std::string& path, std::string& extension) {
+    if (!extension.empty() && extension.front() != '.') extension.insert(0, 1, '.');
+    const std::size_t point = path.rfind('.');
+    if (point == std::string::npos) throw RuntimeError(kInvalidArgument, path);
+    return path.substr(0, point) + extension;
+}
+
+std::string DirectoryOf(const std::string& path) {
+    const std::size_t separator = path.rfind(kSeparator);
+    return separator == std::string::npos ? std::string{} : path.substr(0, separator);
+}
+
+std::string UniqueFileName(const std::string& path) {
+    if (!FileExists(path)) return path;
+    const std::string extension = ExtensionOf(FileNameOf(path), true);
+    const std::string base = path.substr(0, path.size() - extension.size());
+    for (int number = 1;; ++number) {
+        std::string candidate = base + NumberText(number) + extension;
+        if (!FileExists(candidate)) return candidate;
+    }
+}
+
+std::string KeepAlnum(const std::string& text) {
+    std::string kept;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(kept), IsAsciiAlnum);
+    return kept;
+}
+
+std::string LowerCase(std::string text) {
+    for (char& c : text) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    }
+    return text;
+}
+
+bool FileExists(const std::string& path) {
+    try {
+        return FileDateReadable(path);
+    } catch (const RuntimeError& error) {
+        MsgBox("Erro Nº: " + NumberText(error.Number()) + "\n " + error.Text(), BoxButtons::Ok, BoxIcon::None, "Erro");
+        EndProgram();
+        return false;
+    }
+}
+
+std::string LongFileName(const std::string& path) {
+    std::error_code failed;
+    if (path.empty() || !std::filesystem::exists(path, failed) || failed) return path;
+    const std::filesystem::path full = std::filesystem::absolute(path, failed);
+    return failed ? path : full.lexically_normal().string();
+}
+
+std::string ReadTextFile(const std::string& path) {
+    constexpr std::size_t kLimit = 1 << 16;
+    const std::string text = ReadWholeFile(path, kLimit);
+    std::string joined;
+    bool quoted = false;
+    bool fieldStart = true;
+    for (const char c : text) {
+        if (fieldStart && c == '"') {
+            quoted = true;
+            fieldStart = false;
+        } else if (quoted && c == '"') {
+            quoted = false;
+        } else if (!quoted && (c == ',' || c == '\n' || c == '\r')) {
+            fieldStart = true;
+        } else {
+            joined += c;
+            fieldStart = false;
+        }
+    }
+    return joined;
+}
+
+} // namespace pintalux

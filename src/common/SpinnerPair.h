@@ -1,0 +1,20 @@
+// A text box with an inverted scroll bar at its side: the text shows `Max` minus `Value`, so that the up arrow raises the
+// number.
+#pragma once
+
+#include "surface/window/Inputs.h"
+
+#include <string>
+
+namespace pintalux {
+
+/// The decimal text of what an inverted bar shows.
+std::string SpinnerText(const ScrollBar& bar);
+
+/// Lets only the digits 0 to 9 and backspace pass.
+void DigitsOnly(TextBox& text);
+
+/// Binds the pair: the bar writes the text; digits typed move the bar, a value above its `Max` becomes `Max`.
+void BindSpinner(TextBox& text, ScrollBar& bar);
+
+} // namespace pintalux

@@ -1,0 +1,17 @@
+#include "common/TempFiles.h"
+
+#include "surface/system/TempNames.h"
+
+namespace pintalux {
+
+bool MakeTempFileName(const std::string& path, const std::string& prefix, unsigned unique, std::string& name) {
+    const std::string folder = path.empty() ? GetTempPath() : path;
+    if (folder.empty()) return false;
+    const bool made = GetTempFileName(folder, prefix, unique, name) >= 1;
+    name = StripAtNull(name);
+    return made;
+}
+
+std::string StripAtNull(const std::string& text) { return text.substr(0, text.find('\0')); }
+
+} // namespace pintalux

@@ -1,0 +1,79 @@
+#include "document/DocumentParts.h"
+
+#include "document/Globals.h"
+
+namespace pintalux {
+
+namespace {
+
+constexpr double kScrollBarDepth = 17; // pixels
+
+void Hide(std::initializer_list<Control*> controls) {
+    for (Control* control : controls) control->Visible(false);
+}
+
+// The ruler strips, in twips: 24 pixels high, 32 wide.
+constexpr double kTopDepth = 360;
+constexpr double kLeftDepth = 480;
+
+// A preview that inverts what lies under it, so that it shows on any picture.
+template <class Overlay>
+void MakePreview(Overlay& overlay) {
+    overlay.DrawMode(kDrawInvert);
+    overlay.Visible(false);
+}
+
+} // namespace
+
+DocumentSurfaces::DocumentSurfaces(Form& window)
+    : PicFrame(window, "PicFrame"), PicBG(PicFrame, "PicBG"), Image1(PicBG, "Image1"), Line1(PicBG, "Line1"),
+      SelectShape(PicBG, "SelectShape"), ShSquare(PicBG, "ShSquare"), lbltext(PicBG, "lbltext"),
+      PicSelect(PicBG, "PicSelect"), SelectImage(PicSelect, "SelectImage"),
+      PicSelectShape(PicSelect, "PicSelectShape"), PicFreeSelect(PicBG, "PicFreeSelect"),
+      PicMerge(PicFrame, "PicMerge"), SelHolder(PicFrame, "SelHolder"),
+      HS(PicFrame, "HS", ScrollBar::Direction::Horizontal), VS(PicFrame, "VS", ScrollBar::Direction::Vertical),
+      piccorner(PicFrame, "piccorner"), picsource(PicFrame, "picsource"), Pic1BU(PicFrame, "Pic1BU"),
+      PicMask(PicFrame, "PicMask"), picsource1(window, "picsource1") {
+    PicFrame.BackColor(kWorkspaceColour);
+    Image1.AccessibleName("Imagem");
+    for (Surface* surface : {&PicMerge, &Pic1BU, &picsource, &picsource1, &SelHolder, &PicSelect}) {
+        surface->AutoSize(true);
+    }
+    for (Surface* surface : {&SelHolder, &PicFreeSelect}) surface->BackColor(MaskKeyColour);
+    Hide({&PicMerge, &Pic1BU, &picsource, &picsource1, &SelHolder, &PicMask, &PicSelect, &PicFreeSelect, &lbltext});
+    Hide({&HS, &VS, &piccorner});
+    MakePreview(Line1);
+    MakePreview(SelectShape);
+    MakePreview(ShSquare);
+    PicSelectShape.DrawMode(kDrawInvert);
+    HS.Height(kScrollBarDepth);
+    VS.Width(kScrollBarDepth);
+    piccorner.Move(0, 0, kScrollBarDepth, kScrollBarDepth);
+    piccorner.BackColor(kButtonFaceColour);
+    HS.AccessibleName("Deslocamento horizontal");
+    VS.AccessibleName("Deslocamento vertical");
+}
+
+DocumentRulers::DocumentRulers(Form& window)
+    : TopRuler(window, "TopRuler"), LeftRuler(window, "LeftRuler"), ImgTrule(TopRuler, "ImgTrule"),
+      ImgLrule(LeftRuler, "ImgLrule"), LineX(TopRuler, "LineX"), LineY(LeftRuler, "LineY"),
+      Picture1(TopRuler, "Picture1"), lblx(Picture1, "lblx"), lbly(Picture1, "lbly"), PicTrule(window, "PicTrule"),
+      PicLrule(window, "PicLrule") {
+    for (Surface* surface : {&TopRuler, &LeftRuler, &Picture1, &PicTrule, &PicLrule}) {
+        surface->BackColor(kWhite);
+    }
+    Hide({&TopRuler, &LeftRuler, &PicTrule, &PicLrule});
+    TopRuler.Height(kTopDepth);
+    LeftRuler.Move(0, kTopDepth, kLeftDepth, 0);
+    PicTrule.Height(kTopDepth);
+    PicLrule.Width(kLeftDepth);
+    ImgTrule.Height(TopRuler.ScaleHeight());
+    ImgLrule.Width(LeftRuler.ScaleWidth());
+    for (Surface* scale : {&PicTrule, &PicLrule}) scale->FontName("Small Fonts");
+    for (Label* readout : {&lblx, &lbly}) readout->FontName("Small Fonts");
+    Picture1.Move(0, 0, LeftRuler.ScaleWidth(), TopRuler.ScaleHeight());
+    lblx.Move(2, 1, LeftRuler.ScaleWidth() - 3, TopRuler.ScaleHeight() / 2 - 1);
+    lbly.Move(2, TopRuler.ScaleHeight() / 2, LeftRuler.ScaleWidth() - 3, TopRuler.ScaleHeight() / 2 - 1);
+}
+
+} // namespace pintalux

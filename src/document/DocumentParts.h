@@ -1,0 +1,87 @@
+// The parts that a document window is assembled from, in the order of its story: the surfaces, the undo lists, the
+// view, the state of a stroke and of a selection.
+#pragma once
+
+#include "surface/window/Display.h"
+#include "surface/window/Form.h"
+#include "surface/window/Inputs.h"
+#include "surface/window/ListStore.h"
+#include "surface/window/Surface.h"
+#include "surface/window/Timer.h"
+
+#include <cstdint>
+#include <string>
+
+namespace pintalux {
+
+/// The fixed stack of surfaces. Members stand from the back to the front, so that what comes later lies above.
+struct DocumentSurfaces {
+    explicit DocumentSurfaces(Form& window);
+
+    Surface PicFrame; ///< The viewport.
+
+    Surface PicBG;  ///< The backing panel that is moved to scroll; as large as `Image1`.
+    Display Image1; ///< What the user sees of `PicMerge`, stretched by `factor`.
+    LineControl Line1;
+    ShapeControl SelectShape, ShSquare;
+    Label lbltext;
+    Surface PicSelect;
+    Display SelectImage;
+    ShapeControl PicSelectShape;
+    Surface PicFreeSelect;
+
+    Surface PicMerge;  ///< The document's image, never visible: the one truth.
+    Surface SelHolder; ///< The floating piece at 1:1.
+    ScrollBar HS, VS;
+    Surface piccorner;
+    Surface picsource; ///< The read side of an image operation.
+    Surface Pic1BU;    ///< The clean image under a selection.
+    Surface PicMask;   ///< The mask of a freehand selection.
+
+    Surface picsource1; ///< Second source, for resizing.
+};
+
+/// Ruler strips along the top and the left edge, hidden until the rulers are switched on.
+struct DocumentRulers {
+    explicit DocumentRulers(Form& window);
+
+    Surface TopRuler, LeftRuler;
+    Display ImgTrule, ImgLrule;  ///< Show the painted scales and move with the image.
+    LineControl LineX, LineY;    ///< Mark the pointer.
+    Surface Picture1;            ///< The corner with the readout.
+    Label lblx, lbly;
+    Surface PicTrule, PicLrule;  ///< The scales are painted here.
+};
+
+/// The undo history: files of states, and the walkable order of them.
+struct UndoLists {
+    ListStore ListBackup;  ///< Paths of the state files, append only; an entry's index is stable.
+    ListStore ListBUorder; ///< Each entry is the decimal index of an entry of `ListBackup`; the cursor is the current state.
+    ListStore ListBUtemp;  ///< Stays empty.
+    std::string sfilename; ///< The newest state file.
+};
+
+/// Zoom level and factor of one window.
+struct DocumentView {
+    std::int16_t factorlevel = 15; ///< 0 to 30; 15 is 1:1.
+    double factor = 1.0;           ///< View pixels per image pixel.
+};
+
+/// What a stroke keeps between press, moves and release.
+struct StrokeState {
+    std::int16_t curpoly = 0;      ///< -1: the next press starts a new chain of lines.
+    std::int16_t sx = 0, sy = 0;   ///< Anchor or last point, image pixels (view pixels for the rectangle selection).
+    Colour curtranscolor = 0;      ///< The image's background when the stroke began.
+    Colour curdrawcolor = 0;       ///< What the stroke draws.
+    std::int16_t PenTipX1 = 0, PenTipY1 = 0, PenTipX2 = 0, PenTipY2 = 0; ///< Offsets of a slanted tip.
+};
+
+/// What a selection keeps.
+struct SelectionState {
+    std::int32_t SelX = 0, SelY = 0; ///< View pixels where the rectangle began.
+    std::int16_t selecting = 0;      ///< -1 between press and release.
+    double SelectLeft = 0, SelectTop = 0, Selectwidth = 0, Selectheight = 0; ///< Image pixels.
+    std::int16_t SelectpicX = 0, SelectpicY = 0;                             ///< Grab offset of a dragged piece.
+};
+
+} // namespace pintalux

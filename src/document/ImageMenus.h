@@ -1,0 +1,21 @@
+// Which commands may be used: the undo code sets some at once, the poll of the main window sets them all 33 times a
+// second.
+#pragma once
+
+#include "surface/window/ListStore.h"
+
+namespace pintalux {
+
+/// Undo and redo, menu items and buttons 9 and 10, from the cursor of a history.
+void ShowUndoState(const ListStore& order);
+
+/// The commands that need a document, and buttons 22 to 24.
+void ImgMenuEnable(bool value);
+
+/// The commands on the image.
+void EnableImageMenus();
+
+/// Switches them off; with `all` also undo, redo, borders, resizing and the arranging of windows. Clears `all`.
+void DisableImageMenus(bool& all);
+
+} // namespace pintalux

@@ -1,0 +1,149 @@
+#include "document/Zoom.h"
+
+#include "document/CommandBar.h"
+#include "document/frmImage.h"
+#include "document/Globals.h"
+#include "document/MainMenu.h"
+#include "document/Workspace.h"
+#include "surface/raster/Arithmetic.h"
+
+#include <cmath>
+
+namespace pintalux {
+
+namespace {
+
+constexpr int kActualLevel = 15;
+
+// Image and backing panel at the size that `factor` asks for.
+void SizeDisplay(frmImage& image) {
+    image.Image1.Width(image.PicMerge.ScaleWidth() * image.factor);
+    image.Image1.Height(image.PicMerge.ScaleHeight() * image.factor);
+}
+
+// A tiny image has no width at the smallest zooms: nothing can be scaled from there.
+double RatioTo(const frmImage& image, int oldWidth) {
+    return oldWidth == 0 ? 1.0 : image.Image1.Width() / oldWidth;
+}
+
+void ScaleSelection(frmImage& image, double ratio) {
+    image.PicSelect.Top(image.PicSelect.Top() * ratio);
+    image.PicSelect.Left(image.PicSelect.Left() * ratio);
+    image.PicSelect.Height(image.PicSelect.Height() * ratio);
+    image.PicSelect.Width(image.PicSelect.Width() * ratio);
+    image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
+}
+
+// The middle of a menu zoom, steps that "actual size" shares.
+void ZoomTo(frmImage& image, int level) {
+    image.factorlevel = ToInt16(level);
+    ApplyZoomLevel();
+    SizeDisplay(image);
+    ZoomRatio = RatioTo(image, ZoomOldWidth);
+    image.PicBG.Width(image.Image1.Width());
+    image.PicBG.Height(image.Image1.Height());
+    RescaleSelection();
+    image.Picsize();
+    image.drawrulers();
+}
+
+void ZoomByMenu(int level) {
+    frmImage& image = ActiveImage();
+    if (CurrentTool == 4) {
+        CurrentTool = 2;
+        TheWorkspace.bar->TB2.Buttons(2).Value(1);
+    }
+    // A freehand selection is dropped by zooming; a rectangular one survives.
+    if (image.PicFreeSelect.Visible()) {
+        image.PicMerge.Picture(image.Pic1BU.Image());
+        image.Image1.Picture(image.PicMerge.Image());
+        image.PicFreeSelect.Visible(false);
+    }
+    const bool hadVS = image.VS.Visible();
+    const bool hadHS = image.HS.Visible();
+    if (hadVS) ScrollRatioV = (image.VS.Max() + 1.0) / (image.VS.Value() + 1.0);
+    if (hadHS) ScrollRatioH = (image.HS.Max() + 1.0) / (image.HS.Value() + 1.0);
+    ZoomOldWidth = ToInt16(image.Image1.Width());
+    LockWindowUpdate(&image.PicBG);
+    ZoomTo(image, level);
+    if (!hadVS) ScrollRatioV = image.VS.Max();
+    if (!hadHS) ScrollRatioH = image.HS.Max();
+    // Intended: a bar that just appeared stands at 1, so that the image's top left corner stays next to its
+    // place.
+    image.VS.Value(image.VS.Max() / ScrollRatioV);
+    image.HS.Value(image.HS.Max() / ScrollRatioH);
+    LockWindowUpdate(nullptr);
+}
+
+} // namespace
+
+double ZoomFactor(int level) {
+    if (level < kActualLevel) return 1.0 / (16 - level);
+    return level == kActualLevel ? 1.0 : level - 14;
+}
+
+void ApplyZoomLevel() {
+    frmImage& image = ActiveImage();
+    MainMenu& menu = *TheWorkspace.menu;
+    for (int i = 1; i <= 15; ++i) {
+        menu.mnuZoomInX(i).Checked(false);
+        menu.mnuZoomOutX(i).Checked(false);
+    }
+    const int level = image.factorlevel;
+    image.factor = ZoomFactor(level);
+    menu.mnuZoomActual.Enabled(level != kActualLevel);
+    // Intended: the two entries of 1:1, once ticked, stay ticked as the mark of the natural size.
+    if (level <= kActualLevel) menu.mnuZoomOutX(kActualLevel - level).Checked(true);
+    if (level >= kActualLevel) menu.mnuZoomInX(level - kActualLevel).Checked(true);
+}
+
+void ZoomStep(bool in, Display& image1, Surface& merge) {
+    frmImage& image = ActiveImage();
+    const std::int16_t oldWidth = ToInt16(std::trunc(image1.Width()));
+    LockWindowUpdate(&image.PicFrame);
+    // At either end the window stays locked until the next release, wherever that comes.
+    if (in ? image.factorlevel > 29 : image.factorlevel < 1) return;
+    image.factorlevel = in ? AddInt16(image.factorlevel, 1) : SubtractInt16(image.factorlevel, 1);
+    ApplyZoomLevel();
+    image1.Width(merge.ScaleWidth() * image.factor);
+    image1.Height(merge.ScaleHeight() * image.factor);
+    const double ratio = RatioTo(image, oldWidth);
+    image.PicBG.Width(image1.Width());
+    image.PicBG.Height(image1.Height());
+    ScaleSelection(image, ratio);
+    image.Picsize();
+    LockWindowUpdate(nullptr);
+}
+
+void RescaleSelection() {
+    frmImage& image = ActiveImage();
+    Surface& PicBG = image.PicBG;
+    ScaleSelection(image, ZoomRatio);
+    image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
+    const double wide = image.PicFrame.ScaleWidth();
+    if (PicBG.Left() + PicBG.Width() < wide) PicBG.Left(wide - PicBG.Width());
+    if (PicBG.Left() < 0) image.HS.Value(-PicBG.Left());
+    if (PicBG.Width() < wide) PicBG.Left(0);
+    const double high = image.PicFrame.ScaleHeight();
+    if (PicBG.Top() + PicBG.Height() < high) PicBG.Top(high - PicBG.Height());
+    if (PicBG.Top() < 0) image.VS.Value(-PicBG.Top());
+    if (PicBG.Height() < high) PicBG.Top(0);
+}
+
+void mnuZoomActual_Click() {
+    frmImage& image = ActiveImage();
+    ZoomOldWidth = ToInt16(image.Image1.Width());
+    LockWindowUpdate(&image.PicBG);
+    ZoomTo(image, kActualLevel);
+    LockWindowUpdate(nullptr);
+}
+
+void mnuZoomInX_Click(int Index) {
+    ZoomByMenu(Index + kActualLevel);
+}
+
+void mnuZoomOutX_Click(int Index) {
+    ZoomByMenu(kActualLevel - Index);
+}
+
+} // namespace pintalux

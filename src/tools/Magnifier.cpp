@@ -1,0 +1,19 @@
+// The magnifier: zooms around the clicked point and keeps it in view.
+#include "document/frmImage.h"
+#include "document/Globals.h"
+#include "document/Zoom.h"
+#include "tools/PaintingTools.h"
+
+namespace pintalux {
+
+void Magnify(frmImage& image, double X, double Y, bool in) {
+    ScrollRatioV = (image.Image1.Height() + 1) / (Y + 1);
+    ScrollRatioH = (image.Image1.Width() + 1) / (X + 1);
+    ZoomStep(in, image.Image1, image.PicMerge);
+    image.drawrulers();
+    image.Picsize();
+    if (image.VS.Visible()) image.VS.Value(image.VS.Max() / ScrollRatioV);
+    if (image.HS.Visible()) image.HS.Value(image.HS.Max() / ScrollRatioH);
+}
+
+} // namespace pintalux

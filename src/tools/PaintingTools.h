@@ -1,0 +1,40 @@
+// The press, drag and release steps of the painting tools. X and Y are view pixels; drawing goes to
+// `PicMerge` in image pixels. Error 6 where a point leaves the 16-bit range.
+#pragma once
+
+#include "surface/raster/Colour.h"
+
+namespace pintalux {
+
+class frmImage;
+class Surface;
+
+// Pen.cpp
+void PenPress(frmImage& image, double X, double Y);
+void PenMove(frmImage& image, double X, double Y);
+// Eraser.cpp
+void EraserPress(frmImage& image, double X, double Y);
+void EraserMove(frmImage& image, double X, double Y);
+// Line.cpp: lines, and polylines, whose next segment starts where the last one ended
+void LinePress(frmImage& image, double X, double Y);
+void LineMove(frmImage& image, double X, double Y);
+void LineRelease(frmImage& image, double X, double Y);
+void PolyLinePress(frmImage& image, double X, double Y);
+void PolyLineRelease(frmImage& image, double X, double Y);
+// Shapes.cpp
+void ShapesPress(frmImage& image, double X, double Y);
+void ShapesMove(frmImage& image, double X, double Y);
+void ShapesRelease(frmImage& image, double X, double Y);
+// Flood.cpp
+void FloodPress(frmImage& image, double X, double Y);
+/// Fills the area of `colour` around x, y with the current colour; `style` 0 is a solid fill.
+void FloodFromPoint(Surface& surface, Colour colour, int style, int x, int y);
+/// The same with black, for masks.
+void FloodMaskOutside(Surface& surface, Colour colour, int style, int x, int y);
+// ColorPick.cpp
+void PickColour(frmImage& image, double X, double Y);
+void PickRelease(frmImage& image, double X, double Y);
+// Magnifier.cpp
+void Magnify(frmImage& image, double X, double Y, bool in);
+
+} // namespace pintalux

@@ -1,0 +1,236 @@
+#include "tools/ToolSettings.h"
+
+#include "document/Globals.h"
+#include "surface/raster/NumberText.h"
+#include "tools/ToolNumbers.h"
+
+namespace pintalux {
+
+namespace {
+
+constexpr double kPanelWidth = 2700; // twips, as all measures here
+constexpr double kTitleHeight = 330;
+constexpr double kMargin = 90;
+constexpr double kInnerWidth = kPanelWidth - 2 * kMargin;
+constexpr double kLabelHeight = 225;
+constexpr double kSliderHeight = 330;
+constexpr double kBarHeight = 420;
+
+constexpr int kPages = 5;
+const char* const kPageTitles[kPages] = {"Caneta", "Texturas", "Selecção", "Alterar Cores",
+                                         "Area Transfêrencia"};
+
+const std::vector<ToolBar::Row> kBrushes = {
+    {"round", "Round", ":/icons/brush-round.svg", ButtonStyle::ButtonGroup, "Round"},
+    {"left", "Left Slash", ":/icons/brush-left.svg", ButtonStyle::ButtonGroup, "Left Slash"},
+    {"right", "Right Slash", ":/icons/brush-right.svg", ButtonStyle::ButtonGroup, "Right Slash"},
+    {"hori", "Horizontal Bar", ":/icons/brush-hori.svg", ButtonStyle::ButtonGroup, "Horizontal Bar"},
+    {"vert", "Vertical Bar", ":/icons/brush-vert.svg", ButtonStyle::ButtonGroup, "Vertical Bar"},
+};
+
+constexpr const char* kOutlined[] = {":/icons/shape-square.svg", ":/icons/shape-rect.svg",
+                                     ":/icons/shape-circle.svg", ":/icons/shape-oval.svg"};
+constexpr const char* kFilled[] = {":/icons/shape-square-filled.svg", ":/icons/shape-rect-filled.svg",
+                                   ":/icons/shape-circle-filled.svg", ":/icons/shape-oval-filled.svg"};
+
+const std::vector<ToolBar::Row> kShapes = {
+    {"square", "Quadrado", kOutlined[0], ButtonStyle::ButtonGroup, "Quadrado"},
+    {"rectangle", "Rectângulo", kOutlined[1], ButtonStyle::ButtonGroup, "Rectângulo"},
+    {"circle", "Círculo", kOutlined[2], ButtonStyle::ButtonGroup, "Círculo"},
+    {"oval", "Elipse", kOutlined[3], ButtonStyle::ButtonGroup, "Elipse"},
+};
+
+void SetUpSlider(Slider& slider, const char* name, int ticks, int largeChange) {
+    slider.AccessibleName(name);
+    slider.ToolTipText(name);
+    slider.TickFrequency(ticks);
+    slider.LargeChange(largeChange);
+}
+
+ControlArray<Surface> MakePageArray(Surface& panel) {
+    ControlArray<Surface> pages;
+    for (int i = 0; i < kPages; ++i)
+        pages.Add(panel, "PicTools" + NumberText(i));
+    return pages;
+}
+
+ControlArray<CommandButton> MakePageButtons(const ControlArray<Surface>& pages) {
+    ControlArray<CommandButton> buttons;
+    for (int i = 0; i < kPages; ++i)
+        buttons.Add(pages(i), "cmdTools" + NumberText(i), kPageTitles[i]);
+    return buttons;
+}
+
+} // namespace
+
+ToolSettingsPanel::ToolSettingsPanel(Container& window)
+    : ToolSettings(window, "ToolSettings"), Picture2(ToolSettings, "Picture2"),
+      Command1(Picture2, "Command1", ""), PicTools(MakePageArray(ToolSettings)),
+      cmdTools(MakePageButtons(PicTools)), Toolbar1(PicTools(0), "Toolbar1", kBrushes),
+      Label1(PicTools(0), "Label1", "LARGURA"), Slider1(PicTools(0), "Slider1", 1, 50),
+      Label2(PicTools(0), "Label2", "GROSSURA"), Slider2(PicTools(0), "Slider2", 1, 50),
+      Toolbar2(PicTools(1), "Toolbar2", kShapes), Option1(PicTools(1), "Option1", "LINHA DE FORA"),
+      Option2(PicTools(1), "Option2", "PREENCHIDO"), Label3(PicTools(1), "Label3", "LARGURA DA LINHA"),
+      Slider3(PicTools(1), "Slider3", 1, 50), Option4(PicTools(2), "Option4", "CURTAR E ARRASTAR"),
+      Option3(PicTools(2), "Option3", "COPIAR E LARGAR"),
+      Combo2(PicTools(3), "Combo2", {"Brilho", "Escurecer", "Vermelho", "Verde", "Azul", "Cor actual"}),
+      Label4(PicTools(3), "Label4", "INTENSIDADE"), Label5(PicTools(3), "Label5", "RAIO"),
+      Label6(PicTools(3), "Label6", "PASSOS"), Slider4(PicTools(3), "Slider4", 1, 10),
+      Slider5(PicTools(3), "Slider5", 1, 100), Slider6(PicTools(3), "Slider6", 10, 50) {
+    ToolSettings.ScaleMode(kScaleTwips);
+    ToolSettings.BackColor(kButtonFaceColour);
+    ToolSettings.Width(kPanelWidth);
+    MakePages();
+    LayOutTitle();
+    LayOutPen();
+    LayOutShapes();
+    LayOutSelection();
+    LayOutWand();
+    StackPages();
+}
+
+void ToolSettingsPanel::MakePages() {
+    for (int i = 0; i < kPages; ++i) {
+        Surface& page = PicTools(i);
+        page.ScaleMode(kScaleTwips);
+        page.BackColor(kButtonFaceColour);
+        page.Move(0, kTitleHeight, kPanelWidth, kClosedPageHeight);
+        cmdTools(i).Move(0, 0, kPanelWidth, kClosedPageHeight);
+        cmdTools(i).Click = [this, i] { cmdTools_Click(i); };
+    }
+}
+
+void ToolSettingsPanel::LayOutTitle() {
+    Picture2.BackColor(kButtonFaceColour);
+    Picture2.Move(0, 0, kPanelWidth, kTitleHeight);
+    Command1.Picture(":/icons/close.svg");
+    Command1.AccessibleName("Fechar os acertos");
+    Command1.ToolTipText("Fechar");
+    const double side = Picture2.ScaleHeight() - 4;
+    Command1.Move(Picture2.ScaleWidth() - side - 2, 2, side, side);
+}
+
+void ToolSettingsPanel::LayOutPen() {
+    double top = kClosedPageHeight + 30;
+    Toolbar1.Move(kMargin, top, kInnerWidth, kBarHeight);
+    Toolbar1.ImageSize(20);
+    top += kBarHeight;
+    Label1.Move(kMargin, top, kInnerWidth, kLabelHeight);
+    Slider1.Move(kMargin, top + kLabelHeight - 15, kInnerWidth, kSliderHeight);
+    top += kLabelHeight + kSliderHeight - 15;
+    Label2.Move(kMargin, top, kInnerWidth, kLabelHeight);
+    Slider2.Move(kMargin, top + kLabelHeight - 15, kInnerWidth, kSliderHeight);
+    SetUpSlider(Slider1, "LARGURA", 5, 5);
+    SetUpSlider(Slider2, "GROSSURA", 5, 5);
+    // A round tip has no length.
+    Slider1.Enabled(false);
+    Label1.Enabled(false);
+    Toolbar1.Buttons(1).Value(1);
+    Toolbar1.ButtonClick = [this](ToolButton& button) { Toolbar1_ButtonClick(button); };
+}
+
+void ToolSettingsPanel::LayOutShapes() {
+    double top = kClosedPageHeight + 30;
+    Toolbar2.Move(kMargin, top, kInnerWidth, kBarHeight);
+    Toolbar2.ImageSize(20);
+    top += kBarHeight + 30;
+    Option1.Move(kMargin, top, kInnerWidth, 285);
+    Option2.Move(kMargin, top + 300, kInnerWidth, 285);
+    top += 600;
+    Label3.Move(kMargin, top, kInnerWidth, kLabelHeight);
+    Slider3.Move(kMargin, top + kLabelHeight - 15, kInnerWidth, kSliderHeight);
+    SetUpSlider(Slider3, "LARGURA DA LINHA", 5, 5);
+    Option1.Value(true);
+    Toolbar2.Buttons(1).Value(1);
+    Option1.Click = [this] { Option1_Click(); };
+    Option2.Click = [this] { Option2_Click(); };
+    Toolbar2.ButtonClick = [this](ToolButton& button) { Toolbar2_ButtonClick(button); };
+}
+
+void ToolSettingsPanel::LayOutSelection() {
+    Option4.Move(kMargin, kClosedPageHeight + 15, kInnerWidth, 285);
+    Option3.Move(kMargin, kClosedPageHeight + 300, kInnerWidth, 285);
+    Option4.Value(true);
+}
+
+void ToolSettingsPanel::LayOutWand() {
+    constexpr double kLabelWidth = 1050;
+    Combo2.Move(kMargin, kClosedPageHeight + 60, kInnerWidth, 360);
+    Combo2.AccessibleName("Modo de alterar cores");
+    double top = kClosedPageHeight + 510;
+    const auto row = [&top](Label& label, Slider& slider) {
+        label.Move(kMargin, top + 60, kLabelWidth, kLabelHeight);
+        slider.Move(kMargin + kLabelWidth, top, kInnerWidth - kLabelWidth, kSliderHeight + 30);
+        top += 435;
+    };
+    row(Label4, Slider4);
+    row(Label5, Slider5);
+    row(Label6, Slider6);
+    SetUpSlider(Slider4, "INTENSIDADE", 1, 1);
+    SetUpSlider(Slider5, "RAIO", 10, 1);
+    SetUpSlider(Slider6, "PASSOS", 4, 1);
+}
+
+double ToolSettingsPanel::FullHeight(int page) const {
+    constexpr double kHeights[] = {1845, 1980, 900, 2205};
+    return page == 4 ? ClipPanelHeight : kHeights[page];
+}
+
+void ToolSettingsPanel::cmdTools_Click(int Index) {
+    if (PicTools(Index).Height() > kClosedPageHeight) {
+        PicTools(Index).Height(kClosedPageHeight);
+    } else {
+        PicTools(Index).Height(FullHeight(Index));
+        if (ChooseTool) {
+            if (Index == 0) ChooseTool(kPenTool);
+            if (Index == 1) ChooseTool(kShapesTool);
+            if (Index == 2) ChooseTool(CurrentTool == kFreeSelectTool ? kFreeSelectTool : kSelectTool);
+            if (Index == 3) ChooseTool(kColorWandTool);
+        }
+    }
+    StackPages();
+    if (BottomOfPages() > ToolSettings.Height()) CloseOthers(Index);
+}
+
+void ToolSettingsPanel::StackPages() {
+    for (int i = 1; i < kPages; ++i)
+        PicTools(i).Top(PicTools(i - 1).Top() + PicTools(i - 1).Height());
+}
+
+double ToolSettingsPanel::BottomOfPages() const {
+    return PicTools(4).Top() + PicTools(4).Height();
+}
+
+// From the bottom up, until there is room. Page 0, the pen's, is never closed this way.
+void ToolSettingsPanel::CloseOthers(int open) {
+    for (int i = 4; i >= 1; --i) {
+        if (i == open) continue;
+        PicTools(i).Height(kClosedPageHeight);
+        StackPages();
+        if (BottomOfPages() < ToolSettings.Height()) return;
+    }
+}
+
+void ToolSettingsPanel::Option1_Click() {
+    for (int i = 0; i < 4; ++i)
+        Toolbar2.Buttons(i + 1).Image(kOutlined[i]);
+    Slider3.Enabled(true);
+}
+
+void ToolSettingsPanel::Option2_Click() {
+    for (int i = 0; i < 4; ++i)
+        Toolbar2.Buttons(i + 1).Image(kFilled[i]);
+    Slider3.Enabled(false);
+}
+
+void ToolSettingsPanel::Toolbar1_ButtonClick(ToolButton& button) {
+    BrushShape = static_cast<std::int16_t>(button.Index() - 1);
+    Slider1.Enabled(BrushShape != 0);
+    Label1.Enabled(BrushShape != 0);
+}
+
+void ToolSettingsPanel::Toolbar2_ButtonClick(ToolButton& button) {
+    ShapeType = static_cast<std::int16_t>(button.Index() - 1);
+}
+
+} // namespace pintalux
