@@ -1,0 +1,295 @@
+// The running program, offscreen: what a stroke, a repaint, an opened picture and a recorded state cost. Each
+// figure that must not grow with the image stands beside that of a small image; the repaint beside a plain
+// copy of its pixels.
+#include "app/frmMain.h"
+#include "colour/ModHSL.h"
+#include "document/FileCommands.h"
+#include "document/frmImage.h"
+#include "document/Globals.h"
+#include "document/States.h"
+#include "document/Workspace.h"
+#include "document/Zoom.h"
+#include "settings/frmPrefs.h"
+#include "surface/system/App.h"
+#include "surface/system/Pictures.h"
+#include "surface/window/Control_native.h"
+#include "tools/ToolNumbers.h"
+
+#include <benchmark/benchmark.h>
+#include <filesystem>
+#include <QApplication>
+#include <QMouseEvent>
+#include <unistd.h>
+
+namespace pintalux {
+namespace {
+
+constexpr int kLargeWidth = 6000;
+constexpr int kLargeHeight = 4000;
+constexpr int kViewWidth = 1280;
+constexpr int kViewHeight = 800;
+
+void Send(frmImage& image, QEvent::Type type, int x, int y, Qt::MouseButton button, Qt::MouseButtons held) {
+    QWidget& widget = *WidgetOf(image.Image1);
+    QMouseEvent event(type, QPointF(x, y), QPointF(x, y), button, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+void PassEvents() {
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+/// A picture without shared tiles.
+Picture Noise(int width, int height) {
+    Picture picture(width, height, 0);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            picture.Set(x, y, static_cast<Pixel>(x * 131 + y * 70001) & 0xFFFFFF);
+    return picture;
+}
+
+/// A document with a picture, in a window with a view of this size. Goes with the object.
+class Document {
+  public:
+    Document(int width, int height, int viewWidth, int viewHeight) {
+        NewImageMode = true;
+        NewWidth = width;
+        NewHeight = height;
+        NewImageWindow();
+        image = &ActiveImage();
+        image->PicMerge.Picture(Noise(width, height));
+        FitImageWindow();
+        image->Width(viewWidth * 15 + 120);
+        image->Height(viewHeight * 15 + 420);
+        image->Picsize();
+        PassEvents();
+    }
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+    ~Document() {
+        image->Unload();
+        PassEvents();
+    }
+
+    /// The largest views have no scroll range in 16 bits; they show all the same.
+    void Zoom(int level) const {
+        try {
+            level >= 15 ? mnuZoomInX_Click(level - 15) : mnuZoomOutX_Click(15 - level);
+        } catch (const RuntimeError&) {
+            LockWindowUpdate(nullptr);
+        }
+        PassEvents();
+    }
+
+    frmImage* image;
+};
+
+/// Moves of a pressed tool, five view pixels apart, to and fro in a box that both images fill.
+void Stroke(benchmark::State& state, int tool) {
+    const bool large = state.range(0) != 0;
+    const int level = static_cast<int>(state.range(1));
+    const Document document(large ? kLargeWidth : 300, large ? kLargeHeight : 300, 300, 300);
+    document.Zoom(level);
+    frmImage& image = *document.image;
+    CurrentTool = static_cast<std::int16_t>(tool);
+    const int box = level == 0 ? 16 : 200;
+    Send(image, QEvent::MouseButtonPress, 1, 1, Qt::LeftButton, Qt::LeftButton);
+    int at = 0;
+    for (auto _ : state) {
+        at += 5;
+        const int x = at % box;
+        const int y = at / box * 3 % box;
+        Send(image, QEvent::MouseMove, x, y, Qt::NoButton, Qt::LeftButton);
+    }
+    Send(image, QEvent::MouseButtonRelease, 1, 1, Qt::LeftButton, Qt::NoButton);
+    CurrentTool = kPointerTool;
+    States().Settle();
+}
+
+void PenEvent(benchmark::State& state) {
+    Stroke(state, kPenTool);
+}
+void EraserEvent(benchmark::State& state) {
+    Stroke(state, kEraserTool);
+}
+void LinePreviewEvent(benchmark::State& state) {
+    Stroke(state, kLineTool);
+}
+
+/// One press and release of the pen: the dot and the recorded state, up to the return.
+void PenClick(benchmark::State& state) {
+    const bool large = state.range(0) != 0;
+    const Document document(large ? kLargeWidth : 300, large ? kLargeHeight : 300, 300, 300);
+    CurrentTool = kPenTool;
+    for (auto _ : state) {
+        Send(*document.image, QEvent::MouseButtonPress, 20, 20, Qt::LeftButton, Qt::LeftButton);
+        Send(*document.image, QEvent::MouseButtonRelease, 20, 20, Qt::LeftButton, Qt::NoButton);
+        state.PauseTiming();
+        States().Settle();
+        state.ResumeTiming();
+    }
+    CurrentTool = kPointerTool;
+}
+
+/// The visible part of a large image, painted anew.
+void RepaintView(benchmark::State& state) {
+    const Document document(kLargeWidth, kLargeHeight, kViewWidth, kViewHeight);
+    document.Zoom(static_cast<int>(state.range(0)));
+    frmImage& image = *document.image;
+    QWidget& widget = *WidgetOf(image.Image1);
+    const QRect visible = widget.visibleRegion().boundingRect();
+    for (auto _ : state) {
+        widget.update(visible);
+        image.Image1.Refresh();
+    }
+    state.counters["pixels"] = visible.width() * visible.height();
+}
+
+/// The same pixels copied from one array to another, the nearest ones taken.
+void PlainCopyOfView(benchmark::State& state) {
+    const double factor = ZoomFactor(static_cast<int>(state.range(0)));
+    std::vector<Pixel> from(static_cast<std::size_t>(kLargeWidth) * kLargeHeight, 0x123456);
+    std::vector<Pixel> to(static_cast<std::size_t>(kViewWidth) * kViewHeight);
+    std::vector<std::size_t> columns(kViewWidth);
+    for (std::size_t x = 0; x < columns.size(); ++x) {
+        columns[x] = static_cast<std::size_t>(static_cast<double>(x) / factor);
+    }
+    for (auto _ : state) {
+        for (std::size_t y = 0; y < kViewHeight; ++y) {
+            const Pixel* row = &from[static_cast<std::size_t>(static_cast<double>(y) / factor) * kLargeWidth];
+            for (std::size_t x = 0; x < columns.size(); ++x)
+                to[y * kViewWidth + x] = row[columns[x]];
+        }
+        benchmark::DoNotOptimize(to.data());
+        benchmark::ClobberMemory();
+    }
+}
+
+/// Scrolling by the bar: up to the repainted screen.
+void ScrollView(benchmark::State& state) {
+    const Document document(kLargeWidth, kLargeHeight, kViewWidth, kViewHeight);
+    document.Zoom(15);
+    int value = 0;
+    for (auto _ : state) {
+        value = (value + 7) % 2000;
+        document.image->VS.Value(value);
+        document.image->PicBG.Refresh();
+    }
+}
+
+void OpenLargePicture(benchmark::State& state) {
+    const std::string path = App.Path() + "/large.bmp";
+    SavePicture(Noise(kLargeWidth, kLargeHeight), path);
+    for (auto _ : state) {
+        OpenDocument(path);
+        state.PauseTiming();
+        States().Settle();
+        ActiveImage().Unload();
+        PassEvents();
+        state.ResumeTiming();
+    }
+}
+
+void RecordState(benchmark::State& state) {
+    const bool large = state.range(0) != 0;
+    const Document document(large ? kLargeWidth : 300, large ? kLargeHeight : 300, 300, 300);
+    for (auto _ : state) {
+        document.image->Backup();
+        state.PauseTiming();
+        States().Settle();
+        state.ResumeTiming();
+    }
+}
+
+void ColourToHsl(benchmark::State& state) {
+    Colour colour = 1;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(RgbToHsl(colour));
+        colour = (colour * 5 + 0x2F1D) & 0xFFFFFF;
+    }
+}
+
+void HslToColour(benchmark::State& state) {
+    HslValue hsl{0, 1, 2};
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(HslToRgb(hsl));
+        hsl = {static_cast<std::int16_t>((hsl.Hue + 7) % 241),
+               static_cast<std::int16_t>((hsl.Sat + 11) % 241),
+               static_cast<std::int16_t>((hsl.Lum + 13) % 241)};
+    }
+}
+
+void ImageAndZoom(benchmark::internal::Benchmark* benchmark) {
+    benchmark->ArgNames({"large", "level"})->Unit(benchmark::kMicrosecond);
+    for (const int level : {0, 15, 30})
+        for (const int large : {0, 1})
+            benchmark->Args({large, level});
+}
+
+BENCHMARK(PenEvent)->Apply(ImageAndZoom);
+BENCHMARK(EraserEvent)->Apply(ImageAndZoom);
+BENCHMARK(LinePreviewEvent)->Apply(ImageAndZoom);
+BENCHMARK(PenClick)
+    ->ArgName("large")
+    ->Arg(0)
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime()
+    ->Iterations(15);
+BENCHMARK(PlainCopyOfView)->ArgName("level")->Arg(12)->Arg(15)->Arg(18)->Unit(benchmark::kMicrosecond);
+BENCHMARK(RepaintView)->ArgName("level")->Arg(12)->Arg(15)->Arg(18)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ScrollView)->Unit(benchmark::kMicrosecond);
+BENCHMARK(OpenLargePicture)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+BENCHMARK(RecordState)
+    ->ArgName("large")
+    ->Arg(0)
+    ->Arg(1)
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime()
+    ->Iterations(15);
+BENCHMARK(ColourToHsl);
+BENCHMARK(HslToColour);
+
+/// Folders of its own, so that no setting and no file of the user is touched.
+class OwnFolders {
+  public:
+    OwnFolders()
+        : root_(std::filesystem::temp_directory_path() / ("pintalux-bench-" + std::to_string(getpid()))) {
+        std::filesystem::create_directories(root_);
+        for (const char* name : {"XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "TMPDIR"})
+            setenv(name, root_.c_str(), 1);
+    }
+    OwnFolders(const OwnFolders&) = delete;
+    OwnFolders& operator=(const OwnFolders&) = delete;
+    ~OwnFolders() { std::filesystem::remove_all(root_); }
+    std::string Path() const { return root_.string(); }
+
+  private:
+    std::filesystem::path root_;
+};
+
+} // namespace
+} // namespace pintalux
+
+int main(int argc, char** argv) {
+    using namespace pintalux;
+    const OwnFolders folders;
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    benchmark::Initialize(&argc, argv);
+    Application application(argc, argv);
+    App.PathForTests(folders.Path());
+    App.CommandForTests("");
+    *frmMain;
+    frmMain->Timer2.Enabled(false);
+    frmMain->Width((kViewWidth + 700) * 15);
+    frmMain->Height((kViewHeight + 400) * 15);
+    frmMain->Show();
+    frmPrefs->Check4.Value(1);
+    benchmark::RunSpecifiedBenchmarks();
+    frmMain.Unload();
+    frmPrefs.Unload();
+    return 0;
+}

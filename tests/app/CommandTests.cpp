@@ -1,0 +1,199 @@
+// The menus and the tool bar: what stands in them and what they run.
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Program.h"
+
+#include "document/FileCommands.h"
+#include "document/Globals.h"
+#include "tools/ToolNumbers.h"
+
+#include <QWidget>
+
+namespace pintalux {
+
+namespace {
+
+class CommandTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        Start();
+    }
+    static void Press(int position) { frmMain->TB2_ButtonClick(frmMain->TB2.Buttons(position)); }
+};
+
+struct Button {
+    const char* key;
+    const char* tip;
+};
+constexpr Button kButtons[] = {{"New", "Apontador - não faz selecção."},
+                               {"Open", "Abrir imagem"},
+                               {"Save", "Salvar imagem"},
+                               {"", ""},
+                               {"Cut", "Curtar imagem"},
+                               {"Copy", "Copiar"},
+                               {"Paste", "Colar"},
+                               {"", ""},
+                               {"Undo", "Desfazer"},
+                               {"Redo", "Refazer"},
+                               {"", ""},
+                               {"Pointer", "Apontador"},
+                               {"Select", "Selecionar uma região na imagem"},
+                               {"FreeSelect", "Ferramenta livre de selecção"},
+                               {"Pen", "Desenha uma linha"},
+                               {"Eraser", "Apaga a selecção da imagem"},
+                               {"Flood", "Enche a parte seleccionada."},
+                               {"Line", "Desenha uma linha."},
+                               {"PolyLine", "Desenha um poligno"},
+                               {"Shapes", "Desenha uma textura seleccionada"},
+                               {"ColorWand", "Alterar cores"},
+                               {"ColorPick", ""},
+                               {"Mag", ""},
+                               {"Text", "Inserir texto"}};
+
+} // namespace
+
+TEST_F(CommandTest, TheToolBarHas24PlacesWithTheirKeysAndTips) {
+    ASSERT_EQ(frmMain->TB2.ButtonCount(), 24);
+    for (int i = 1; i <= 24; ++i) {
+        EXPECT_EQ(frmMain->TB2.Buttons(i).Key(), kButtons[i - 1].key) << i;
+        EXPECT_EQ(frmMain->TB2.Buttons(i).ToolTipText(), kButtons[i - 1].tip) << i;
+    }
+}
+
+TEST_F(CommandTest, TheFirstButtonHasThePointersTipAndMakesANewImage) {
+    EXPECT_EQ(frmMain->TB2.Buttons("New").ToolTipText(), "Apontador - não faz selecção.");
+    const DialogScript script({ClosesDialog()});
+    Press(1);
+    EXPECT_EQ(script.Dialog(0).title, "Nova Imagem");
+}
+
+TEST_F(CommandTest, MenusCarryTheirTexts) {
+    const frmMainForm& m = *frmMain;
+    const std::vector<std::pair<const MenuItem*, const char*>> texts = {
+        {&m.mnuFile, "&Ficheiro"}, {&m.mnuFileNew, "&Nova"}, {&m.mnuFileOpen, "&Abrir..."},
+        {&m.mnuFileClose, "&Fechar"}, {&m.mnuFileSave, "&Salvar"}, {&m.mnuFileSaveAs, "Salvar &Como..."},
+        {&m.mnuFileTwain, "Digitalizador"}, {&m.mnuFileAquire, "Digitalizar"},
+        {&m.mnuFileTSelect, "Seleccionar Digitalizador"}, {&m.mnuFilePrinter, "Impressora"},
+        {&m.mnuFilePrinterSetup, "Configurar Impressora"}, {&m.mnuFilePrinterPrint, "Imprimir"},
+        {&m.mnuFileSaveOptions, "Preferências"}, {&m.mnuFileExit, "&Sair"}, {&m.mnuEdit, "&Editar"},
+        {&m.mnuEditUndo, "&Desfazer"}, {&m.mnuEditRedo, "&Refazer"}, {&m.mnuEditCut, "Cu&rtar"},
+        {&m.mnuEditCopy, "&Copiar"}, {&m.mnuEditPaste, "C&olar"}, {&m.mnuEditPasteNew, "Colar como Nova Imagem"},
+        {&m.mnuEditSelectAll, "Seleccionar Tudo"}, {&m.mnuEditSelectNone, "Limpar selecção"},
+        {&m.mnuEditClip, "Monitor da area de transferência"}, {&m.mnuImage, "&Imagem"},
+        {&m.mnuImageProperties, "Propriedades da Imagem"}, {&m.mnuFlipV, "Viragem Vertical"},
+        {&m.mnuFlipH, "Viragem Horizontal"}, {&m.mnuRotate90, "Rodar 90 Graus"}, {&m.mnuRotate180, "Rodar 180 Graus"},
+        {&m.mnuRotate270, "Rodar 270 Graus"}, {&m.mnuResize, "Redimensionar a Imagem"},
+        {&m.mnuAddBorders, "Inserir Bordos"}, {&m.mnuBorderWiz, "Colocar Molduras"},
+        {&m.mnuFiltBrow, "Filtros de Imagem"}, {&m.mnuIncCol, "Incrementar Cor"}, {&m.mnuRedCol, "Reduzir Cor"},
+        {&m.mnuView, "&Visualizar"}, {&m.mnuViewToolbar, "&Caixa de ferramentas"}, {&m.mnuViewColorBox, "Caixa de Cor"},
+        {&m.mnuViewSettingsBar, "Acertos"}, {&m.mnuViewRulers, "Reguas"}, {&m.mnuZoomActual, "Tamanho actual"},
+        {&m.mnuZoomIn, "Ampliar Imagem"}, {&m.mnuZoomOut, "Diminuir Imagem"}, {&m.mnuWindow, "&Janelas"},
+        {&m.mnuWindowNewWindow, "&Nova Janela"}, {&m.mnuWindowCascade, "&Cascata"},
+        {&m.mnuWindowTileHorizontal, "Colagem &Horizontal"}, {&m.mnuWindowTileVertical, "Colagem &Vertical"}};
+    for (const auto& [item, text] : texts) EXPECT_EQ(item->Caption(), text) << item->Name();
+    for (int i = 0; i < 3; ++i) {
+        const char* channels[] = {"Vermelho", "Verde", "Azul"};
+        EXPECT_EQ(frmMain->mnuColInc(i).Caption(), channels[i]);
+        EXPECT_EQ(frmMain->mnuColRed(i).Caption(), channels[i]);
+    }
+}
+
+TEST_F(CommandTest, AtTheStartEditingIsOff) {
+    for (const MenuItem* item : {&frmMain->mnuEditUndo, &frmMain->mnuEditRedo, &frmMain->mnuEditCut,
+                                 &frmMain->mnuEditCopy, &frmMain->mnuEditPaste, &frmMain->mnuZoomActual}) {
+        EXPECT_FALSE(item->Enabled()) << item->Name();
+    }
+}
+
+TEST_F(CommandTest, EachToolButtonChoosesTheToolOfItsPosition) {
+    for (int position = 12; position <= 23; ++position) {
+        Press(position);
+        EXPECT_EQ(CurrentTool, position);
+    }
+}
+
+TEST_F(CommandTest, ACommandButtonLeavesTheTool) {
+    Press(kEraserTool);
+    Press(9);
+    Press(10);
+    EXPECT_EQ(CurrentTool, kEraserTool);
+}
+
+TEST_F(CommandTest, ThePolylineButtonBeginsANewChain) {
+    frmImage& image = NewDocument(10, 10);
+    image.curpoly = 0;
+    Press(kPolyLineTool);
+    EXPECT_EQ(image.curpoly, -1);
+}
+
+TEST_F(CommandTest, ToolButtonsWorkWithoutADocument) {
+    for (int position = 12; position <= 24; ++position) Press(position);
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(CommandTest, ARealClickOnAButtonChoosesItsTool) {
+    QWidget& bar = WidgetFor(frmMain->TB2);
+    QWidget* flood = nullptr;
+    for (QWidget* button : bar.findChildren<QWidget*>()) {
+        if (button->toolTip() == "Enche a parte seleccionada.") flood = button;
+    }
+    ASSERT_NE(flood, nullptr);
+    ClickWidget(*flood);
+    EXPECT_EQ(CurrentTool, kFloodTool);
+    EXPECT_EQ(frmMain->TB2.Buttons(kFloodTool).Value(), 1);
+    EXPECT_EQ(frmMain->TB2.Buttons(kPenTool).Value(), 0);
+}
+
+TEST_F(CommandTest, ViewCommandsToggleTickAndPanel) {
+    Choose(frmMain->mnuViewToolbar);
+    EXPECT_FALSE(frmMain->mnuViewToolbar.Checked());
+    EXPECT_FALSE(frmMain->ToolsTB.Visible());
+    Choose(frmMain->mnuViewColorBox);
+    EXPECT_FALSE(frmMain->ColTB.Visible());
+    Choose(frmMain->mnuViewSettingsBar);
+    EXPECT_FALSE(frmMain->ToolSettings.Visible());
+    Choose(frmMain->mnuViewToolbar);
+    EXPECT_TRUE(frmMain->mnuViewToolbar.Checked());
+    EXPECT_TRUE(frmMain->ToolsTB.Visible());
+}
+
+TEST_F(CommandTest, RulersFollowTheirTickInEachDocument) {
+    frmImage& image = NewDocument(10, 10);
+    Choose(frmMain->mnuViewRulers);
+    EXPECT_TRUE(RulersOn);
+    EXPECT_TRUE(frmMain->mnuViewRulers.Checked());
+    EXPECT_TRUE(WaitFor([&] { return image.TopRuler.Visible(); }));
+    Choose(frmMain->mnuViewRulers);
+    EXPECT_FALSE(RulersOn);
+    EXPECT_TRUE(WaitFor([&] { return !image.TopRuler.Visible(); }));
+}
+
+TEST_F(CommandTest, WindowsAreArranged) {
+    const frmImage& first = NewDocument(100, 100);
+    const frmImage& second = NewDocument(100, 100);
+    Choose(frmMain->mnuWindowTileVertical);
+    PassEvents();
+    EXPECT_EQ(first.Top(), second.Top());
+    EXPECT_NE(first.Left(), second.Left());
+    Choose(frmMain->mnuWindowTileHorizontal);
+    PassEvents();
+    EXPECT_EQ(first.Left(), second.Left());
+    EXPECT_NE(first.Top(), second.Top());
+    Choose(frmMain->mnuWindowCascade);
+    PassEvents();
+    EXPECT_NE(first.Left(), second.Left());
+    EXPECT_NE(first.Top(), second.Top());
+}
+
+TEST_F(CommandTest, ItemsWhosePartIsStillToComeDoNothing) {
+    NewDocument(10, 10);
+    const DialogScript nothingShows;
+    for (const MenuItem* item : {&frmMain->mnuFlipH, &frmMain->mnuFiltBrow, &frmMain->mnuFilePrinterPrint,
+                                 &frmMain->mnuFileAquire, &frmMain->mnuEditPaste, &frmMain->mnuImageProperties}) {
+        if (item->Click) Choose(*item);
+    }
+    EXPECT_EQ(ImageCount, 1);
+}
+
+} // namespace pintalux

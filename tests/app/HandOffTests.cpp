@@ -1,0 +1,155 @@
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+
+#include "document/Globals.h"
+#include "surface/system/App.h"
+#include "surface/system/Pictures.h"
+
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace pintalux {
+
+namespace {
+
+class HandOffTest : public ProgramTest {
+  protected:
+    std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }
+    static frmImage& Image() { return static_cast<frmImage&>(*frmMain->ActiveForm()); }
+    // What a second instance leaves; passes when the running one has taken it away.
+    void HandOver(const std::string& text) {
+        PutBytes(HandOffFile(), text);
+        ASSERT_TRUE(WaitFor([] { return !std::filesystem::exists(HandOffFile()); }));
+    }
+};
+
+/// A running instance: holds the lock of the program's folder.
+class RunningInstance {
+  public:
+    explicit RunningInstance(const std::string& folder)
+        : descriptor_(::open((folder + "/pintalux64.lock").c_str(), O_RDWR | O_CREAT, 0600)) {
+        EXPECT_EQ(::flock(descriptor_, LOCK_EX | LOCK_NB), 0);
+    }
+    ~RunningInstance() { ::close(descriptor_); }
+    RunningInstance(const RunningInstance&) = delete;
+    RunningInstance& operator=(const RunningInstance&) = delete;
+
+  private:
+    int descriptor_;
+};
+
+} // namespace
+
+TEST_F(HandOffTest, TheFileLiesInTheProgramsFolder) { EXPECT_EQ(HandOffFile(), Folder("program") + "/KLdde.tmp"); }
+
+TEST_F(HandOffTest, AFileHandedOverOpensAndTheHandOffGoes) {
+    Start();
+    SavePicture(RandomPicture(20, 10, 1), File("sol e mar.bmp"));
+    HandOver(File("sol e mar.bmp") + "\n");
+    ASSERT_EQ(ImageCount, 1);
+    EXPECT_EQ(Image().Caption(), "sol e mar.bmp");
+    EXPECT_EQ(Image().AFCurfile, File("sol e mar.bmp"));
+    EXPECT_EQ(Image().ListBUorder.ListCount(), 1);
+    EXPECT_EQ(frmMain->mnuFileMRU(0).Caption(), "sol e mar.bmp");
+    ExpectSamePixels(ImageOf(Image()), RandomPicture(20, 10, 1));
+    EXPECT_FALSE(ScreenLocked());
+}
+
+TEST_F(HandOffTest, ARefusedPictureHandedToAnEmptyProgramIsWindowNumber1) {
+    Start();
+    PutBytes(File("a.bmp"), "garbage");
+    const DialogScript nothingIsSaid;
+    HandOver(File("a.bmp") + "\n");
+    ASSERT_EQ(ImageCount, 1);
+    EXPECT_EQ(Image().Caption(), "Imagem 1");
+    WaitFor([] { return false; }, 100);
+    EXPECT_EQ(ImageCount, 1); // tried once
+    LockWindowUpdate(nullptr);
+}
+
+TEST_F(HandOffTest, ItOpensBesideWhatIsThere) {
+    Start();
+    NewDocument(10, 10);
+    SavePicture(Solid(4, 4, kBlack), File("a.bmp"));
+    HandOver(File("a.bmp") + "\r\n");
+    EXPECT_EQ(ImageCount, 2);
+    EXPECT_EQ(Image().Caption(), "a.bmp");
+}
+
+TEST_F(HandOffTest, AQuotedPathComesOutBare) {
+    Start();
+    SavePicture(Solid(4, 4, kBlack), File("sol e mar.bmp"));
+    HandOver("\"" + File("sol e mar.bmp") + "\"\n");
+    EXPECT_EQ(ImageCount, 1);
+}
+
+TEST_F(HandOffTest, APathWithACommaLosesItAndIsNotFound) {
+    Start();
+    SavePicture(Solid(4, 4, kBlack), File("sol,mar.bmp"));
+    const DialogScript nothingIsSaid;
+    HandOver(File("sol,mar.bmp") + "\n");
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(HandOffTest, AMissingFileIsDroppedWithoutAWord) {
+    Start();
+    const DialogScript nothingIsSaid;
+    HandOver(File("gone.bmp") + "\n");
+    HandOver("");
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(HandOffTest, GarbageIsRemovedAndNothingOpens) {
+    Start();
+    const DialogScript nothingIsSaid;
+    HandOver(std::string("\0\x01\xFF\"", 4));
+    HandOver(std::string(60000, 'x'));
+    HandOver("/" + std::string(300, 'x') + "/a.bmp\n");
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(HandOffTest, AHundredMegabytesAreRemovedAndNothingOpens) {
+    Start();
+    PutBytes(File("big"), "x");
+    std::filesystem::resize_file(File("big"), 100'000'000);
+    std::filesystem::rename(File("big"), HandOffFile());
+    const DialogScript nothingIsSaid;
+    EXPECT_TRUE(WaitFor([] { return !std::filesystem::exists(HandOffFile()); }));
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(HandOffTest, ASecondInstanceHandsItsFileOverAndEnds) {
+    const RunningInstance running(Folder("program"));
+    SavePicture(Solid(4, 4, kBlack), File("sol e mar.bmp"));
+    App.CommandForTests(File("sol e mar.bmp"));
+    EXPECT_TRUE(frmMain->HandedOver());
+    EXPECT_FALSE(frmMain->CommandFileGiven());
+    EXPECT_FALSE(WidgetFor(*frmMain).isVisible());
+    EXPECT_FALSE(frmMain->Timer1.Enabled());
+    EXPECT_FALSE(frmMain->Timer2.Enabled());
+    EXPECT_EQ(BytesOf(HandOffFile()), File("sol e mar.bmp") + "\n");
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(HandOffTest, ALaterRequestOverwritesTheEarlierOne) {
+    const RunningInstance running(Folder("program"));
+    PutBytes(HandOffFile(), "/a/much/longer/path/than/the/new/one.bmp\n");
+    App.CommandForTests("b.bmp");
+    EXPECT_TRUE(frmMain->HandedOver());
+    EXPECT_EQ(BytesOf(HandOffFile()), "b.bmp\n");
+}
+
+TEST_F(HandOffTest, ASecondInstanceWithoutAFileIsASecondProgram) {
+    const RunningInstance running(Folder("program"));
+    Start();
+    EXPECT_FALSE(frmMain->HandedOver());
+    EXPECT_TRUE(frmMain->Timer1.Enabled());
+    EXPECT_FALSE(std::filesystem::exists(HandOffFile()));
+    EXPECT_TRUE(WidgetFor(*frmMain).isVisible());
+}
+
+} // namespace pintalux

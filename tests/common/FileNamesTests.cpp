@@ -1,0 +1,147 @@
+#include "common/FileNames.h"
+
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Program.h"
+
+#include "surface/system/FileLayer.h"
+
+#include <cerrno>
+
+namespace pintalux {
+
+namespace {
+
+class FileNamesTest : public ProgramTest {
+  protected:
+    std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }
+    std::string Make(const std::string& name, const std::string& bytes = "x") const {
+        PutBytes(File(name), bytes);
+        return File(name);
+    }
+};
+
+} // namespace
+
+TEST(FileNameOf, IsTheTextBehindTheLastSeparator) {
+    EXPECT_EQ(FileNameOf("/casa/fotos/praia.jpg"), "praia.jpg");
+    EXPECT_EQ(FileNameOf("/casa/fotos/"), "");
+}
+
+TEST(FileNameOf, WithoutSeparatorIsTheWholeText) { EXPECT_EQ(FileNameOf("praia.jpg"), "praia.jpg"); }
+
+TEST(ExtensionOf, IsTheTextBehindTheLastPoint) {
+    EXPECT_EQ(ExtensionOf("/casa/a.b.jpg", false), "jpg");
+    EXPECT_EQ(ExtensionOf("/casa/a.b.JPG", false), "JPG");
+}
+
+TEST(ExtensionOf, HasItsPointIfTheFlagIsSet) { EXPECT_EQ(ExtensionOf("/casa/a.b.jpg", true), ".jpg"); }
+
+TEST(ReplaceExtension, ReplacesWhatStandsBehindTheLastPoint) {
+    std::string bmp = "bmp";
+    EXPECT_EQ(ReplaceExtension("/casa/a.b.gif", bmp), "/casa/a.b.bmp");
+}
+
+TEST(ReplaceExtension, ThePointStaysOnTheCallersText) {
+    std::string bmp = "bmp";
+    ReplaceExtension("a.gif", bmp);
+    EXPECT_EQ(bmp, ".bmp");
+    EXPECT_EQ(ReplaceExtension("c.gif", bmp), "c.bmp");
+    EXPECT_EQ(bmp, ".bmp");
+}
+
+TEST(ReplaceExtension, ANameWithoutAPointIsError5) {
+    std::string bmp = "bmp";
+    try {
+        ReplaceExtension("/casa/praia", bmp);
+        FAIL() << "nothing was raised";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), 5);
+    }
+}
+
+TEST(DirectoryOf, HasNoTrailingSeparator) {
+    EXPECT_EQ(DirectoryOf("/casa/fotos/praia.jpg"), "/casa/fotos");
+    EXPECT_EQ(DirectoryOf("/casa/fotos/"), "/casa/fotos");
+}
+
+TEST(KeepAlnum, KeepsLettersAndDigitsOnly) {
+    EXPECT_EQ(KeepAlnum(" 300"), "300");
+    EXPECT_EQ(KeepAlnum("-1.5 Ab_z!\n"), "15Abz");
+    EXPECT_EQ(KeepAlnum(""), "");
+}
+
+TEST_F(FileNamesTest, UniqueFileNameOfAFreePathIsThePath) {
+    EXPECT_EQ(UniqueFileName(File("praia.bmp")), File("praia.bmp"));
+}
+
+TEST_F(FileNamesTest, UniqueFileNameTakesTheFirstFreeNumberFrom1) {
+    Make("praia.bmp");
+    EXPECT_EQ(UniqueFileName(File("praia.bmp")), File("praia1.bmp"));
+    Make("praia1.bmp");
+    Make("praia3.bmp");
+    EXPECT_EQ(UniqueFileName(File("praia.bmp")), File("praia2.bmp"));
+}
+
+TEST_F(FileNamesTest, UniqueFileNameOfANameWithoutExtensionEndsInItsNumber) {
+    std::filesystem::create_directory(File("ano.2003"));
+    Make("ano.2003/praia");
+    EXPECT_EQ(UniqueFileName(File("ano.2003/praia")), File("ano.2003/praia1"));
+}
+
+TEST_F(FileNamesTest, FileExistsFindsFilesAndFolders) {
+    EXPECT_TRUE(FileExists(Make("praia.bmp")));
+    EXPECT_TRUE(FileExists(Folder("pictures")));
+}
+
+TEST_F(FileNamesTest, FileExistsIsFalseWithoutAWordForErrors53And76And68) {
+    const DialogScript nothingIsSaid;
+    EXPECT_FALSE(FileExists(""));
+    EXPECT_FALSE(FileExists(File("gone.bmp")));
+    EXPECT_FALSE(FileExists(Make("file") + "/below.bmp"));
+    FailFileOperation(1, ENXIO);
+    EXPECT_FALSE(FileExists(Folder("pictures")));
+}
+
+TEST_F(FileNamesTest, FileExistsTellsAnyOtherErrorAndEndsTheProgramAtOnce) {
+    int ended = 0;
+    const auto before = std::exchange(EndProgram, [&] { ++ended; });
+    const DialogScript script({PressesButton("OK")});
+    FailFileOperation(1, EACCES);
+    FileExists(File("praia.bmp"));
+    EndProgram = before;
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(script.Dialog(0).title, "Erro");
+    EXPECT_NE(script.Dialog(0).text.find("Erro Nº: 70\n Permissão recusada"), std::string::npos)
+        << script.Dialog(0).text;
+}
+
+TEST_F(FileNamesTest, LongFileNameIsTheFullPathOfAnExistingFile) {
+    Make("praia.bmp");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(Folder("pictures"));
+    EXPECT_EQ(LongFileName("praia.bmp"), File("praia.bmp"));
+    EXPECT_EQ(LongFileName("../pictures/praia.bmp"), File("praia.bmp"));
+    std::filesystem::current_path(before);
+}
+
+TEST_F(FileNamesTest, LongFileNameOfAMissingFileIsTheInput) {
+    EXPECT_EQ(LongFileName("gone.bmp"), "gone.bmp");
+    EXPECT_EQ(LongFileName("\"praia.bmp\""), "\"praia.bmp\"");
+    EXPECT_EQ(LongFileName(""), "");
+}
+
+TEST_F(FileNamesTest, ReadTextFileJoinsTheFieldsOfALine) {
+    EXPECT_EQ(ReadTextFile(Make("t", "/casa/a praia.bmp\n")), "/casa/a praia.bmp");
+    EXPECT_EQ(ReadTextFile(Make("t", "/casa/sol,mar.bmp\r\n")), "/casa/solmar.bmp");
+    EXPECT_EQ(ReadTextFile(Make("t", "um\ndois\n")), "umdois");
+    EXPECT_EQ(ReadTextFile(Make("t", "")), "");
+}
+
+TEST_F(FileNamesTest, ReadTextFileTakesTheQuotesOffAField) {
+    EXPECT_EQ(ReadTextFile(Make("t", "\"/casa/a praia.bmp\"\n")), "/casa/a praia.bmp");
+    EXPECT_EQ(ReadTextFile(Make("t", "\"sol,mar\",\"e\"\n")), "sol,mare");
+    EXPECT_EQ(ReadTextFile(Make("t", "so\"l\n")), "so\"l");
+}
+
+} // namespace pintalux

@@ -1,0 +1,65 @@
+"""The question at closing, and what is left behind."""
+from desktop import desktop_test, wait_for
+from pictures import Picture, expect_same, is_whole_bmp, read_bmp, write_bmp
+from roads import (BLACK, QUESTION, WHITE, leave, paint_and_wait, sample, start_with_new_document, start_with_picture,
+                   with_stroke)
+
+STROKE = [(40, 30), (90, 30)]
+
+
+@desktop_test
+def CancelAtTheQuestionStopsTheExit(desktop):
+    process, left, top = start_with_new_document(desktop)
+    paint_and_wait(desktop, left, top, STROKE)
+    leave(desktop)
+    desktop.wait_for_window(QUESTION)
+    desktop.keys("Escape")
+    desktop.wait_until_gone(QUESTION)
+    paint_and_wait(desktop, left, top, [(40, 60), (90, 60)])
+    assert process.poll() is None, "the program still runs and paints"
+
+
+@desktop_test
+def NoAtTheQuestionEndsTheProgramWithNothingLeft(desktop):
+    process, left, top = start_with_new_document(desktop)
+    paint_and_wait(desktop, left, top, STROKE)
+    leave(desktop)
+    desktop.wait_for_window(QUESTION)
+    desktop.keys("n")
+    assert desktop.wait_for_end(process) == 0
+    assert not list(desktop.temporary.iterdir()), "the states are deleted"
+    assert not list(desktop.pictures.iterdir()), "nothing was saved"
+
+
+@desktop_test
+def YesAtTheQuestionSavesAndEnds(desktop):
+    path = desktop.pictures / "picture.bmp"
+    write_bmp(path, sample())
+    process, left, top = start_with_picture(desktop, path, sample())
+    paint_and_wait(desktop, left, top, STROKE)
+    leave(desktop)
+    desktop.wait_for_window(QUESTION)
+    desktop.keys("s")
+    assert desktop.wait_for_end(process) == 0
+    expect_same(read_bmp(path), with_stroke(sample(), STROKE))
+
+
+@desktop_test
+def AfterASaveNothingIsAsked(desktop):
+    path = desktop.pictures / "picture.bmp"
+    write_bmp(path, sample())
+    process, left, top = start_with_picture(desktop, path, sample())
+    paint_and_wait(desktop, left, top, STROKE)
+    desktop.menu("f", "s", "Return")
+    wait_for(lambda: is_whole_bmp(path) and read_bmp(path).at(50, 30) == BLACK, "the file is written")
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+
+
+@desktop_test
+def KilledProgramLeavesItsCurrentState(desktop):
+    process, left, top = start_with_new_document(desktop)
+    paint_and_wait(desktop, left, top, STROKE)
+    wait_for(lambda: is_whole_bmp(desktop.state_files()[-1]), "the state is written")
+    desktop.signal_stop(process)
+    expect_same(read_bmp(desktop.state_files()[-1]), with_stroke(Picture.filled(300, 300, WHITE), STROKE))

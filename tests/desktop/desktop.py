@@ -1,0 +1,215 @@
+"""A desktop of its own for each test: display, window manager, folders; and the hand and eye that use the program there."""
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+from pictures import photograph
+
+PATIENCE = 20  # seconds until something that should happen counts as failed
+SETTINGS_GROUP = "[Pintalux64\\Settings]"
+
+tests = []
+
+
+def desktop_test(function):
+    """Marks a test: a function that takes a `Desktop` and raises when something is wrong."""
+    tests.append(function)
+    return function
+
+
+def wait_for(condition, what, seconds=PATIENCE):
+    """The first true result of the condition, asked again and again."""
+    end = time.monotonic() + seconds
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > end:
+            raise AssertionError(f"{what}: not within {seconds} s")
+        time.sleep(0.02)
+
+
+class Desktop:
+    def __init__(self, program):
+        self.built_program = program
+        self.processes = []
+
+    def __enter__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="pintalux-desktop-"))
+        for name in ("home", "config", "data", "cache", "runtime", "temporary", "program", "pictures"):
+            (self.folder / name).mkdir(mode=0o700)
+        self.temporary = self.folder / "temporary"
+        self.pictures = self.folder / "pictures"
+        self.settings_file = self.folder / "config" / "Pintalux64" / "settings.ini"
+        # The program keeps its hand-off file beside itself, so each test has a copy of it.
+        self.program = self.folder / "program" / "pintalux64"
+        shutil.copy(self.built_program, self.program)
+        self.environment = {
+            "PATH": os.environ["PATH"],
+            "LC_ALL": "C.UTF-8",
+            "HOME": str(self.folder / "home"),
+            "XDG_CONFIG_HOME": str(self.folder / "config"),
+            "XDG_DATA_HOME": str(self.folder / "data"),
+            "XDG_CACHE_HOME": str(self.folder / "cache"),
+            "XDG_RUNTIME_DIR": str(self.folder / "runtime"),
+            "TMPDIR": str(self.temporary),
+        }
+        try:
+            self._start_display()
+        except BaseException:
+            self.__exit__(None, None, None)
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            if process.poll() is None:
+                process.kill()
+            process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _spawn(self, *command, log, **options):
+        with open(self.folder / log, "ab") as messages:
+            process = subprocess.Popen([str(part) for part in command], env=self.environment, cwd=self.pictures,
+                                       stdin=subprocess.DEVNULL, stdout=messages, stderr=messages, **options)
+        self.processes.append(process)
+        return process
+
+    def _start_display(self):
+        read_end, write_end = os.pipe()
+        server = self._spawn("Xvfb", "-displayfd", write_end, "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+                             log="display.log", pass_fds=[write_end])
+        os.close(write_end)
+        with os.fdopen(read_end) as number:
+            self.environment["DISPLAY"] = ":" + number.readline().strip()
+        assert server.poll() is None and self.environment["DISPLAY"] != ":", "Xvfb does not start"
+        self._spawn("openbox", "--sm-disable", log="openbox.log")
+        wait_for(lambda: "window id" in self.tool("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "openbox runs")
+
+    def tool(self, *command, check=True):
+        """Runs a command to its end; gives what it prints."""
+        return subprocess.run([str(part) for part in command], env=self.environment, check=check, text=True,
+                              capture_output=True, timeout=PATIENCE).stdout
+
+    # The program.
+
+    def start(self, *arguments):
+        """Starts the program with these arguments and does not wait for it."""
+        return self._spawn(self.program, *arguments, log="program.log")
+
+    def wait_for_end(self, process):
+        """The code with which the program ends."""
+        wait_for(lambda: process.poll() is not None, "the program ends")
+        return process.returncode
+
+    def messages(self):
+        log = self.folder / "program.log"
+        return log.read_text(errors="replace") if log.exists() else ""
+
+    def write_settings(self, **values):
+        self.settings_file.parent.mkdir(mode=0o700, exist_ok=True)
+        lines = [SETTINGS_GROUP] + [f"{key}={value}" for key, value in values.items()]
+        self.settings_file.write_text("\n".join(lines) + "\n", encoding="utf-8")
+
+    def large_window_settings(self, **values):
+        """Settings of a window with room for pictures, without a splash in front of it."""
+        self.write_settings(**{"MainLeft": 300, "MainTop": 300, "MainWidth": 18000, "MainHeight": 14000, "ShowSplash": 0,
+                               **values})
+
+    def setting(self, key):
+        for line in self.settings_file.read_text(encoding="utf-8").splitlines():
+            name, _, value = line.partition("=")
+            if name.strip() == key:
+                return value.strip()
+        return None
+
+    def state_files(self):
+        return sorted(self.temporary.glob("BI*.tmp"), key=lambda path: path.stat().st_mtime_ns)
+
+    # The eye.
+
+    def windows(self):
+        """(id, title) of the managed windows, the oldest first."""
+        found = []
+        for word in self.tool("xprop", "-root", "-notype", "_NET_CLIENT_LIST").replace(",", " ").split():
+            if word.startswith("0x"):
+                title = self.tool("xdotool", "getwindowname", int(word, 16), check=False).rstrip("\n")
+                found.append((int(word, 16), title))
+        return found
+
+    def window(self, title):
+        """The id of the newest window whose title begins so; None if there is none."""
+        return next((number for number, text in reversed(self.windows()) if text.startswith(title)), None)
+
+    def wait_for_window(self, title):
+        """Waits until a window whose title begins so is there and takes the keys; gives its id."""
+        def shown():
+            number = self.window(title)
+            active = self.tool("xdotool", "getactivewindow", check=False).strip()
+            return number if number is not None and active == str(number) else None
+        try:
+            return wait_for(shown, f'the window "{title}" has the focus')
+        except AssertionError as failure:
+            raise AssertionError(f"{failure}; there are {[text for _, text in self.windows()]}") from None
+
+    def wait_until_gone(self, title):
+        wait_for(lambda: self.window(title) is None, f'the window "{title}" is gone')
+
+    def geometry(self, window):
+        """(x, y, width, height) of a window's inside on the display."""
+        text = self.tool("xdotool", "getwindowgeometry", "--shell", window)
+        values = dict(line.split("=") for line in text.split())
+        return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+
+    def photograph(self):
+        return photograph(self.environment)
+
+    def wait_for_picture(self, part):
+        """Waits until the picture is seen on the display, unscaled; gives its left and top."""
+        return wait_for(lambda: self.photograph().find(part), f"a picture of {part.width}x{part.height} pixels is seen")
+
+    def wait_for_pixel(self, x, y, colour):
+        def seen():
+            return self.photograph().at(x, y) == tuple(colour)
+        wait_for(seen, f"the display shows {tuple(colour)} at ({x}, {y})")
+
+    def keep_photograph(self, path):
+        path.parent.mkdir(parents=True, exist_ok=True)
+        self.tool("import", "-window", "root", path)
+
+    # The hand.
+
+    def keys(self, *names):
+        """Presses keys one after the other: "Return", "ctrl+d"."""
+        self.tool("xdotool", "key", "--delay", "40", *names)
+
+    def type(self, text):
+        """Types ASCII text into what has the focus."""
+        self.tool("xdotool", "type", "--delay", "10", text)
+
+    def menu(self, letter, *names):
+        """Opens a menu of the menu bar by its letter, then presses keys in it."""
+        self.keys("alt+" + letter, *names)
+
+    def move(self, x, y):
+        self.tool("xdotool", "mousemove", "--sync", x, y)
+
+    def press(self, button=1):
+        self.tool("xdotool", "mousedown", button)
+
+    def release(self, button=1):
+        self.tool("xdotool", "mouseup", button)
+
+    def click(self, x, y, button=1):
+        self.move(x, y)
+        self.press(button)
+        self.release(button)
+
+    def signal_stop(self, process):
+        """Ends the program the hardest way, as a crash would."""
+        process.send_signal(signal.SIGKILL)
+        process.wait()

@@ -1,0 +1,111 @@
+"""Pictures as the desktop tests see them: files and photographs of the display, pixel by pixel."""
+import struct
+import subprocess
+
+
+class Picture:
+    """Rows of 3 bytes a pixel: red, green, blue. Row 0 is the top one."""
+
+    def __init__(self, width, height, rows):
+        self.width, self.height, self.rows = width, height, rows
+
+    @classmethod
+    def filled(cls, width, height, colour):
+        return cls(width, height, [bytearray(bytes(colour) * width) for _ in range(height)])
+
+    def at(self, x, y):
+        return tuple(self.rows[y][3 * x:3 * x + 3])
+
+    def put(self, x, y, colour):
+        self.rows[y][3 * x:3 * x + 3] = bytes(colour)
+
+    def differences(self, other, tolerance=0):
+        """(x, y, here, there) of the pixels that differ by more than the tolerance in a channel; sizes must be equal."""
+        assert (self.width, self.height) == (other.width, other.height), \
+            f"size {self.width}x{self.height}, not {other.width}x{other.height}"
+        for y, (here, there) in enumerate(zip(self.rows, other.rows)):
+            if here == there:
+                continue
+            for x in range(self.width):
+                if any(abs(a - b) > tolerance for a, b in zip(self.at(x, y), other.at(x, y))):
+                    yield x, y, self.at(x, y), other.at(x, y)
+
+    def find(self, part):
+        """Left and top of the first place where the other picture stands in this one; None if nowhere."""
+        first = bytes(part.rows[0])
+        for y in range(self.height - part.height + 1):
+            row = bytes(self.rows[y])
+            start = row.find(first)
+            while start >= 0:
+                if start % 3 == 0 and all(
+                        bytes(self.rows[y + i][start:start + len(first)]) == bytes(part.rows[i]) for i in range(part.height)):
+                    return start // 3, y
+                start = row.find(first, start + 1)
+        return None
+
+
+def expect_same(actual, expected, tolerance=0):
+    wrong = list(actual.differences(expected, tolerance))
+    if wrong:
+        told = "; ".join(f"({x}, {y}) is {a}, not {b}" for x, y, a, b in wrong[:5])
+        raise AssertionError(f"{len(wrong)} pixels differ: {told}")
+
+
+def write_bmp(path, picture):
+    """A BMP file of 24 bits a pixel, bottom row first."""
+    padding = bytes(-3 * picture.width % 4)
+    with open(path, "wb") as file:
+        size = 54 + (3 * picture.width + len(padding)) * picture.height
+        file.write(struct.pack("<2sIHHI", b"BM", size, 0, 0, 54))
+        file.write(struct.pack("<IiiHHIIiiII", 40, picture.width, picture.height, 1, 24, 0, 0, 3780, 3780, 0, 0))
+        for row in reversed(picture.rows):
+            file.write(swapped(row) + padding)
+
+
+def read_bmp(path):
+    """The picture of a BMP file of 24 bits a pixel, bottom row first. Anything else, or a short file, is a failure."""
+    with open(path, "rb") as file:
+        data = file.read()
+    assert data[:2] == b"BM" and len(data) >= 54, f"{path} is no whole BMP file: {len(data)} bytes"
+    start = struct.unpack_from("<I", data, 10)[0]
+    width, height, _, bits, compression = struct.unpack_from("<iiHHI", data, 18)
+    assert (bits, compression) == (24, 0) and height > 0, f"{path} has {bits} bits, compression {compression}"
+    stride = (3 * width + 3) // 4 * 4
+    assert len(data) >= start + stride * height, f"{path} is cut off: {len(data)} bytes"
+    rows = [swapped(data[start + y * stride:start + y * stride + 3 * width]) for y in range(height)]
+    return Picture(width, height, rows[::-1])
+
+
+def is_whole_bmp(path):
+    try:
+        read_bmp(path)
+    except (AssertionError, OSError, struct.error):
+        return False
+    return True
+
+
+def swapped(row):
+    """Blue, green, red to red, green, blue, or back."""
+    result = bytearray(row)
+    result[0::3], result[2::3] = row[2::3], row[0::3]
+    return result
+
+
+def read_any(source, environment=None):
+    """The picture of any file that ImageMagick reads."""
+    return picture_of_ppm(subprocess.run(["convert", str(source), "-depth", "8", "ppm:-"], check=True,
+                                         capture_output=True, env=environment).stdout)
+
+
+def photograph(environment):
+    """The whole display."""
+    return picture_of_ppm(subprocess.run(["import", "-window", "root", "-depth", "8", "ppm:-"], check=True,
+                                         capture_output=True, env=environment).stdout)
+
+
+def picture_of_ppm(data):
+    magic, width, height, depth = data.split(maxsplit=4)[:4]
+    assert (magic, depth) == (b"P6", b"255"), "no PPM picture of 8 bits a channel"
+    width, height = int(width), int(height)
+    pixels = data[len(data) - 3 * width * height:]
+    return Picture(width, height, [bytearray(pixels[3 * width * y:3 * width * (y + 1)]) for y in range(height)])

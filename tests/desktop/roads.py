@@ -1,0 +1,88 @@
+"""Steps that several desktop tests take."""
+from desktop import wait_for
+from pictures import Picture
+
+WHITE = (255, 255, 255)
+BLACK = (0, 0, 0)
+MAIN = "Pintalux 64"
+NEW = "Nova Imagem"
+SAVE_AS = "Savar Como"
+QUESTION = "VALMERO"
+
+
+def sample(width=120, height=90, seed=0):
+    """A picture that stands nowhere else on the display: every pixel differs from its neighbours."""
+    picture = Picture.filled(width, height, WHITE)
+    for y in range(height):
+        for x in range(width):
+            picture.put(x, y, ((3 * x + seed) % 251, (5 * y + x) % 249, (7 * x + 11 * y + seed) % 241))
+    return picture
+
+
+def start_with_new_document(desktop):
+    """Starts without a file and accepts the New dialog; gives the process and where the white 300 by 300 image lies."""
+    desktop.large_window_settings()
+    process = desktop.start()
+    desktop.wait_for_window(NEW)
+    desktop.keys("Return")
+    desktop.wait_until_gone(NEW)
+    left, top = desktop.wait_for_picture(Picture.filled(300, 300, WHITE))
+    wait_for(lambda: len(desktop.state_files()) == 1, "the first state is recorded")
+    return process, left, top
+
+
+def start_with_picture(desktop, path, picture):
+    """Starts with a file; gives the process and where its picture lies on the display."""
+    desktop.large_window_settings()
+    process = desktop.start(path)
+    left, top = desktop.wait_for_picture(picture)
+    return process, left, top
+
+
+def draw(desktop, left, top, points):
+    """A stroke with the pen through these image pixels. At each corner it waits until the display shows the pen there, so
+    that no corner is lost when the toolkit joins moves that come close together."""
+    (x, y), *others = points
+    desktop.move(left + x, top + y)
+    desktop.press()
+    desktop.wait_for_pixel(left + x, top + y, BLACK)
+    for x, y in others:
+        desktop.move(left + x, top + y)
+        desktop.wait_for_pixel(left + x, top + y, BLACK)
+    desktop.release()
+
+
+def with_stroke(picture, points):
+    """The picture with a black line one pixel wide through the points, corners and ends included. The segments are
+    level, upright or at 45 degrees, where there is only one right answer."""
+    result = Picture(picture.width, picture.height, [bytearray(row) for row in picture.rows])
+    x, y = points[0]
+    result.put(x, y, BLACK)
+    for end_x, end_y in points[1:]:
+        assert end_x == x or end_y == y or abs(end_x - x) == abs(end_y - y)
+        while (x, y) != (end_x, end_y):
+            x += (end_x > x) - (end_x < x)
+            y += (end_y > y) - (end_y < y)
+            result.put(x, y, BLACK)
+    return result
+
+
+def paint_and_wait(desktop, left, top, points):
+    """Draws a stroke and waits until its state is recorded."""
+    before = len(desktop.state_files())
+    draw(desktop, left, top, points)
+    wait_for(lambda: len(desktop.state_files()) == before + 1, "the state of the stroke is recorded")
+
+
+def save_as(desktop, path):
+    desktop.menu("f", "c")
+    desktop.wait_for_window(SAVE_AS)
+    desktop.type(str(path))
+    desktop.keys("Return")
+    desktop.wait_until_gone(SAVE_AS)
+
+
+def leave(desktop):
+    """Closes the main window."""
+    desktop.wait_for_window(MAIN)
+    desktop.keys("alt+F4")

@@ -1,0 +1,128 @@
+// Rulers: shown and hidden in every window, laid out with it.
+#include "document/Globals.h"
+#include "document/Zoom.h"
+#include "support/Documents.h"
+#include "support/Program.h"
+
+namespace pintalux {
+namespace {
+
+class RulerTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        Start();
+    }
+
+    /// Waits for the windows to follow; a tick of theirs is 250 ms.
+    static bool Shows(const frmImage& image, bool shown) {
+        return WaitFor([&] { return image.TopRuler.Visible() == shown && image.LeftRuler.Visible() == shown; });
+    }
+};
+
+TEST_F(RulerTest, HiddenAtTheLoad) {
+    frmImage& image = NewDocument(100, 100);
+    EXPECT_FALSE(image.TopRuler.Visible());
+    EXPECT_FALSE(image.LeftRuler.Visible());
+    EXPECT_EQ(image.Timer2.Interval(), 250);
+    EXPECT_TRUE(image.Timer2.Enabled());
+}
+
+TEST_F(RulerTest, MenuSwitchesThemInEveryWindow) {
+    frmImage* windows[] = {&NewDocument(100, 100), &NewDocument(120, 100), &NewDocument(100, 150)};
+    Choose(frmMain->mnuViewRulers);
+    EXPECT_TRUE(frmMain->mnuViewRulers.Checked());
+    EXPECT_TRUE(RulersOn);
+    for (frmImage* image : windows) EXPECT_TRUE(Shows(*image, true));
+    Choose(frmMain->mnuViewRulers);
+    for (frmImage* image : windows) EXPECT_TRUE(Shows(*image, false));
+}
+
+TEST_F(RulerTest, NewWindowFollowsAtItsFirstTick) {
+    RulersOn = true;
+    frmImage& image = NewDocument(100, 100);
+    EXPECT_TRUE(Shows(image, true));
+    RulersOn = false;
+}
+
+TEST_F(RulerTest, WindowGrowsByTheStripsAndKeepsFifteenTwips) {
+    frmImage& image = NewDocument(100, 100);
+    const double width = image.Width();
+    const double height = image.Height();
+    RulersOn = true;
+    ASSERT_TRUE(Shows(image, true));
+    EXPECT_EQ(image.Height(), height + image.TopRuler.Height());
+    EXPECT_EQ(image.Width(), width + image.LeftRuler.Width() + 15);
+    EXPECT_EQ(image.PicFrame.Left(), image.LeftRuler.Width());
+    EXPECT_EQ(image.PicFrame.Top(), image.TopRuler.Height());
+    EXPECT_EQ(image.PicFrame.Width(), image.Width() - image.LeftRuler.Width() - 120);
+    EXPECT_EQ(image.PicFrame.Height(), image.Height() - image.TopRuler.Height() - 420);
+    RulersOn = false;
+    ASSERT_TRUE(Shows(image, false));
+    EXPECT_EQ(image.Height(), height);
+    EXPECT_EQ(image.Width(), width + 15);
+    EXPECT_EQ(image.PicFrame.Left(), 0);
+    EXPECT_EQ(image.PicFrame.Top(), 0);
+}
+
+TEST_F(RulerTest, MaximisedWindowKeepsItsSizeWhenTheyGo) {
+    frmImage& image = NewDocument(100, 100);
+    image.WindowState(kMaximised);
+    RulersOn = true;
+    ASSERT_TRUE(Shows(image, true));
+    const double width = image.Width();
+    const double height = image.Height();
+    RulersOn = false;
+    ASSERT_TRUE(Shows(image, false));
+    EXPECT_EQ(image.Width(), width);
+    EXPECT_EQ(image.Height(), height);
+    EXPECT_EQ(image.WindowState(), kMaximised);
+}
+
+TEST_F(RulerTest, HiderulersTakesTheStripsOffUnlessMaximised) {
+    frmImage& image = NewDocument(200, 200);
+    const double width = image.Width();
+    const double height = image.Height();
+    image.hiderulers();
+    EXPECT_EQ(image.Width(), width - image.LeftRuler.Width());
+    EXPECT_EQ(image.Height(), height - image.TopRuler.Height());
+    image.WindowState(kMaximised);
+    const double full = image.Width();
+    image.hiderulers();
+    EXPECT_EQ(image.Width(), full);
+}
+
+TEST_F(RulerTest, MinimisedWindowShrinksTwice) {
+    frmImage& image = NewDocument(200, 200);
+    RulersOn = true;
+    ASSERT_TRUE(Shows(image, true));
+    image.WindowState(kMinimised);
+    const double width = image.Width();
+    const double height = image.Height();
+    RulersOn = false;
+    ASSERT_TRUE(Shows(image, false));
+    EXPECT_EQ(image.Width(), width - 2 * image.LeftRuler.Width() + 15);
+    EXPECT_EQ(image.Height(), height - 2 * image.TopRuler.Height());
+}
+
+TEST_F(RulerTest, ScalesCoverTheImageAndFollowItsPlace) {
+    frmImage& image = NewDocument(200, 150);
+    RulersOn = true;
+    ASSERT_TRUE(Shows(image, true));
+    Choose(frmMain->mnuZoomInX(2));
+    ASSERT_TRUE(image.HS.Visible());
+    image.HS.Value(40);
+    image.VS.Value(30);
+    EXPECT_EQ(image.PicTrule.ScaleWidth(), 200 * 3 + 10);
+    EXPECT_EQ(image.PicLrule.ScaleHeight(), 150 * 3 + 10);
+    EXPECT_EQ(image.ImgTrule.Width(), 610);
+    EXPECT_EQ(image.ImgLrule.Height(), 460);
+    EXPECT_EQ(image.ImgTrule.Left(), image.LeftRuler.ScaleWidth() - 40);
+    EXPECT_EQ(image.ImgLrule.Top(), -30);
+    EXPECT_EQ(image.ImgTrule.Picture().Width(), 610);
+    EXPECT_EQ(image.ImgLrule.Picture().Height(), 460);
+    RulersOn = false;
+}
+
+} // namespace
+} // namespace pintalux

@@ -1,0 +1,218 @@
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+
+#include "common/CommonDialog1.h"
+#include "document/FileCommands.h"
+#include "settings/frmPrefs.h"
+#include "surface/system/Pictures.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <QWidget>
+
+namespace pintalux {
+
+namespace {
+
+class SaveTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        CommonDialog1 = {};
+        Start();
+    }
+    std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }
+    static frmImage& Image() { return static_cast<frmImage&>(*frmMain->ActiveForm()); }
+    void OpenFile(const std::string& name) { OpenDocument(File(name)); }
+    void MakeJpeg(const std::string& name, const Picture& picture) {
+        SavePicture(picture, File("t.tmp"));
+        ASSERT_TRUE(BmpToJpeg(File("t.tmp"), File(name), 90));
+        std::filesystem::remove(File("t.tmp"));
+    }
+    void Save() { Choose(frmMain->mnuFileSave); }
+    void SaveAs(const std::string& path, int filterIndex = 0) {
+        const DialogScript script({ChoosesFile(path, filterIndex)});
+        Choose(frmMain->mnuFileSaveAs);
+        title = script.Dialog(0).title;
+    }
+
+    std::string title;
+};
+
+using Names = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(SaveTest, ABmpIsWrittenOverItsFile) {
+    frmImage& image = OpenPicture("a.bmp", Solid(20, 10, kWhite));
+    Edit(image, 0x123456);
+    ASSERT_EQ(image.alreadysaved, 0);
+    Save();
+    ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(20, 10, 0x123456));
+    EXPECT_EQ(image.alreadysaved, -1);
+    EXPECT_EQ(image.AFCurfile, File("a.bmp"));
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.bmp"}));
+}
+
+TEST_F(SaveTest, SavingLeavesHistoryAndRecentFiles) {
+    frmImage& image = OpenPicture("a.bmp", Solid(20, 10, kWhite));
+    OpenPicture("b.bmp", Solid(5, 5, kWhite));
+    image.SetFocus();
+    ASSERT_TRUE(WaitFor([&] { return frmMain->ActiveForm() == &image; }));
+    Edit(image, kBlack);
+    Save();
+    EXPECT_EQ(EntriesOf(image.ListBUorder), (Names{"0", "1"}));
+    EXPECT_EQ(image.ListBUorder.ListIndex(), 1);
+    EXPECT_EQ(frmMain->mnuFileMRU(0).Caption(), "b.bmp");
+}
+
+TEST_F(SaveTest, AJpegIsWrittenAsJpegAndItsTemporaryBmpGoes) {
+    MakeJpeg("a.jpg", Solid(32, 16, kWhite));
+    OpenFile("a.jpg");
+    Edit(Image(), kBlack);
+    Save();
+    EXPECT_TRUE(BytesOf(File("a.jpg")).starts_with("\xFF\xD8"));
+    EXPECT_EQ(LoadPicture(File("a.jpg")).At(8, 8), 0U);
+    EXPECT_EQ(Image().alreadysaved, -1);
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.jpg"}));
+    EXPECT_FALSE(std::filesystem::exists(Folder("program") + "/klTmpJpg.bmp"));
+}
+
+TEST_F(SaveTest, JpgInCapitalsIsAJpegToo) {
+    MakeJpeg("A.JPG", Solid(32, 16, kWhite));
+    OpenFile("A.JPG");
+    Edit(Image(), kBlack);
+    Save();
+    EXPECT_TRUE(BytesOf(File("A.JPG")).starts_with("\xFF\xD8"));
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"A.JPG"}));
+}
+
+TEST_F(SaveTest, AnyOtherKindGoesToANumberedBmpBesideIt) {
+    for (const char* name : {"a.jpeg", "b.gif", "c.bif"}) {
+        MakeJpeg(name, Solid(32, 16, kWhite));
+        const std::string before = BytesOf(File(name));
+        OpenFile(name);
+        Edit(Image(), kBlack);
+        Save();
+        Save();
+        EXPECT_EQ(BytesOf(File(name)), before) << name;
+        EXPECT_EQ(Image().AFCurfile, File(name));
+        EXPECT_EQ(Image().Caption(), name);
+        EXPECT_EQ(Image().alreadysaved, -1);
+    }
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.bmp", "a.jpeg", "a1.bmp", "b.bmp", "b.gif", "b1.bmp", "c.bif",
+                                                  "c.bmp", "c1.bmp"}));
+    ExpectSamePixels(LoadPicture(File("b1.bmp")), Solid(32, 16, kBlack));
+}
+
+TEST_F(SaveTest, ADocumentNeverSavedAsksForItsName) {
+    NewDocument(12, 8, 0x0000FF);
+    const DialogScript script({ChoosesFile(File("nova.bmp"))});
+    Save();
+    EXPECT_EQ(script.Dialog(0).title, "Savar Como");
+    ExpectSamePixels(LoadPicture(File("nova.bmp")), Solid(12, 8, 0x0000FF));
+    EXPECT_EQ(Image().AFCurfile, File("nova.bmp"));
+}
+
+TEST_F(SaveTest, ADocumentWhoseFileWasDeletedAsksForItsName) {
+    OpenPicture("a.bmp", Solid(20, 10, kWhite));
+    std::filesystem::remove(File("a.bmp"));
+    const DialogScript script({PressesButton("Cancelar")});
+    Save();
+    EXPECT_EQ(script.Count(), 1U);
+    EXPECT_TRUE(NamesIn(Folder("pictures")).empty());
+    EXPECT_EQ(Image().alreadysaved, 0);
+}
+
+TEST_F(SaveTest, SaveAsGivesTheDocumentItsNewFile) {
+    frmImage& image = NewDocument(12, 8, 0x00FF00);
+    SaveAs(File("minha praia.bmp"));
+    EXPECT_EQ(title, "Savar Como");
+    EXPECT_EQ(CommonDialog1.Filter, "Bitmap (*.bmp)|*.bmp|Jpeg (*.jpg)|*.jpg");
+    EXPECT_EQ(image.AFCurfile, File("minha praia.bmp"));
+    EXPECT_EQ(image.Caption(), "minha praia.bmp");
+    EXPECT_EQ(image.alreadysaved, -1);
+    EXPECT_EQ(frmMain->mnuFileMRU(0).Caption(), "minha praia.bmp");
+    ExpectSamePixels(LoadPicture(File("minha praia.bmp")), Solid(12, 8, 0x00FF00));
+}
+
+TEST_F(SaveTest, TheBitmapFilterWritesABmpWhateverTheNameSays) {
+    NewDocument(12, 8);
+    SaveAs(File("a.jpg"), 1);
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.bmp"}));
+    EXPECT_TRUE(BytesOf(File("a.bmp")).starts_with("BM"));
+    EXPECT_EQ(Image().Caption(), "a.bmp");
+}
+
+TEST_F(SaveTest, TheJpegFilterWritesAJpegWhateverTheNameSays) {
+    NewDocument(12, 8);
+    SaveAs(File("a.bmp"), 2);
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.jpg"}));
+    EXPECT_TRUE(BytesOf(File("a.jpg")).starts_with("\xFF\xD8"));
+    EXPECT_EQ(Image().AFCurfile, File("a.jpg"));
+    EXPECT_FALSE(std::filesystem::exists(Folder("program") + "/klTmpJpg.bmp"));
+}
+
+TEST_F(SaveTest, ANameWithoutAPointIsRefusedSilently) {
+    frmImage& image = NewDocument(12, 8);
+    SaveAs(File("praia"));
+    EXPECT_TRUE(NamesIn(Folder("pictures")).empty());
+    EXPECT_EQ(image.AFCurfile, "");
+    EXPECT_EQ(image.Caption(), "Imagem 1");
+    EXPECT_EQ(image.alreadysaved, 0);
+}
+
+TEST_F(SaveTest, ACancelledSaveAsChangesNothing) {
+    frmImage& image = OpenPicture("a.bmp", Solid(20, 10, kWhite));
+    const std::string before = BytesOf(File("a.bmp"));
+    Edit(image, kBlack);
+    const DialogScript script({PressesEscape()});
+    Choose(frmMain->mnuFileSaveAs);
+    EXPECT_EQ(BytesOf(File("a.bmp")), before);
+    EXPECT_EQ(image.alreadysaved, 0);
+}
+
+TEST_F(SaveTest, TheQualityIsReadAtEachSave) {
+    MakeJpeg("a.jpg", RandomPicture(120, 90, 1));
+    OpenFile("a.jpg");
+    SetSetting("JPGsaveQuality", "10");
+    Save();
+    const std::size_t small = BytesOf(File("a.jpg")).size();
+    frmPrefs->Slider1.Value(90);
+    frmPrefs->Command1_Click();
+    Save();
+    EXPECT_GT(BytesOf(File("a.jpg")).size(), 2 * small);
+}
+
+TEST_F(SaveTest, AFailureOfTheJpegWriterIsNotNoticed) {
+    frmImage& image = NewDocument(12, 8);
+    std::filesystem::create_directory(File("a.jpg"));
+    image.AFCurfile = File("a.jpg");
+    const DialogScript nothingIsSaid;
+    Save();
+    EXPECT_TRUE(std::filesystem::is_directory(File("a.jpg")));
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.jpg"}));
+    EXPECT_EQ(image.alreadysaved, -1);
+}
+
+TEST_F(SaveTest, AFileWithoutExtensionEndsTheSaveWithError5) {
+    SavePicture(Solid(5, 5, kWhite), File("praia"));
+    OpenFile("praia");
+    Save();
+    ASSERT_EQ(untrapped.size(), 1U);
+    EXPECT_EQ(untrapped[0].Number(), 5);
+    untrapped.clear();
+    EXPECT_EQ(Image().alreadysaved, 0);
+}
+
+TEST_F(SaveTest, TheSaveButtonDoesTheSame) {
+    frmImage& image = OpenPicture("a.bmp", Solid(20, 10, kWhite));
+    Edit(image, kBlack);
+    frmMain->TB2_ButtonClick(frmMain->TB2.Buttons("Save"));
+    EXPECT_EQ(image.alreadysaved, -1);
+    ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(20, 10, kBlack));
+}
+
+} // namespace pintalux

@@ -1,0 +1,189 @@
+// A zoom by the menu: what floats, where the bars stand, what happens beyond the largest view.
+#include "document/Globals.h"
+#include "document/Zoom.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+#include "tools/ToolNumbers.h"
+
+#include <cmath>
+
+namespace pintalux {
+namespace {
+
+class ZoomMenuTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        Start();
+    }
+
+    /// 600 by 600 pixels in the window of the start, whose view is 300 by 304.
+    frmImage& Large() {
+        frmImage& image = OpenPicture("large.bmp", Picture(600, 600, 0xFFFFFF));
+        EXPECT_EQ(image.PicFrame.ScaleWidth(), 300);
+        EXPECT_EQ(image.PicFrame.ScaleHeight(), 304);
+        return image;
+    }
+
+    int FirstError() {
+        const int number = untrapped.empty() ? 0 : untrapped.front().Number();
+        untrapped.clear();
+        LockWindowUpdate(nullptr);
+        return number;
+    }
+};
+
+TEST_F(ZoomMenuTest, BarsKeepTheirRelativePlace) {
+    frmImage& image = Large();
+    ASSERT_EQ(image.HS.Max(), 600 - (300 - 17));
+    ASSERT_EQ(image.VS.Max(), 600 - (304 - 17));
+    image.HS.Value(100);
+    image.VS.Value(313);
+    Choose(frmMain->mnuZoomInX(1));
+    EXPECT_EQ(image.HS.Max(), 1200 - 283);
+    EXPECT_EQ(image.HS.Value(), 291); // 917 / (318 / 101)
+    EXPECT_EQ(image.VS.Value(), 913); // 1200 - 287, the end
+    EXPECT_EQ(image.PicBG.Left(), -291);
+    EXPECT_EQ(image.PicBG.Top(), -913);
+    EXPECT_EQ(ScrollRatioH, 318.0 / 101.0);
+    EXPECT_EQ(ZoomOldWidth, 600);
+    EXPECT_EQ(ZoomRatio, 2);
+}
+
+TEST_F(ZoomMenuTest, BarAtItsStartMovesByAShareOfOne) {
+    frmImage& image = Large();
+    Choose(frmMain->mnuZoomInX(3));
+    // 2400 - 283 = 2117; 2117 / 318 = 6.66; 2400 - 287 = 2113; 2113 / 314 = 6.73.
+    EXPECT_EQ(image.HS.Value(), 7);
+    EXPECT_EQ(image.VS.Value(), 7);
+}
+
+TEST_F(ZoomMenuTest, BarThatJustAppearedStandsAtOne) {
+    frmImage& image = NewDocument(100, 100);
+    ASSERT_FALSE(image.HS.Visible());
+    Choose(frmMain->mnuZoomInX(5));
+    ASSERT_TRUE(image.HS.Visible());
+    ASSERT_TRUE(image.VS.Visible());
+    EXPECT_EQ(image.HS.Value(), 1);
+    EXPECT_EQ(image.VS.Value(), 1);
+    EXPECT_EQ(image.PicBG.Left(), -1);
+    EXPECT_EQ(image.PicBG.Top(), -1);
+}
+
+TEST_F(ZoomMenuTest, FreehandSelectionIsDroppedAndTheCleanImageComesBack) {
+    frmImage& image = NewDocument(40, 40);
+    const Picture clean = RandomPicture(40, 40, 5);
+    image.Pic1BU.Picture(clean);
+    image.PicFreeSelect.Visible(true);
+    Choose(frmMain->mnuZoomInX(1));
+    EXPECT_FALSE(image.PicFreeSelect.Visible());
+    ExpectSamePixels(ImageOf(image), clean);
+    ExpectSamePixels(image.Image1.Picture(), clean);
+}
+
+TEST_F(ZoomMenuTest, RectangularSelectionStaysWhereItWasOnTheImage) {
+    frmImage& image = NewDocument(100, 100);
+    image.PicSelect.Move(10, 20, 30, 41);
+    image.PicSelect.Visible(true);
+    Choose(frmMain->mnuZoomInX(2));
+    for (const Control* box : {static_cast<Control*>(&image.PicSelectShape), static_cast<Control*>(&image.SelectImage)}) {
+        EXPECT_EQ(box->Left(), 0);
+        EXPECT_EQ(box->Top(), 0);
+        EXPECT_EQ(box->Width(), 90);
+        EXPECT_EQ(box->Height(), 123);
+    }
+    EXPECT_EQ(image.PicSelect.Left(), 30);
+    EXPECT_EQ(image.PicSelect.Top(), 60);
+    EXPECT_EQ(image.PicSelect.Width(), 90);
+    EXPECT_EQ(image.PicSelect.Height(), 123);
+    EXPECT_TRUE(image.PicSelect.Visible());
+    Choose(frmMain->mnuZoomActual);
+    EXPECT_EQ(image.PicSelect.Left(), 10);
+    EXPECT_EQ(image.PicSelect.Height(), 41);
+    image.PicSelect.Visible(false);
+}
+
+TEST_F(ZoomMenuTest, ActualSizeLeavesAFreehandPieceFloating) {
+    frmImage& image = NewDocument(40, 40);
+    Choose(frmMain->mnuZoomInX(2));
+    image.PicFreeSelect.Move(5, 5, 9, 9);
+    image.PicFreeSelect.Visible(true);
+    Choose(frmMain->mnuZoomActual);
+    EXPECT_TRUE(image.PicFreeSelect.Visible());
+    EXPECT_EQ(image.PicFreeSelect.Width(), 9);
+    image.PicFreeSelect.Visible(false);
+}
+
+TEST_F(ZoomMenuTest, ActualSizeRestoresNoShare) {
+    frmImage& image = Large();
+    Choose(frmMain->mnuZoomInX(1));
+    image.HS.Value(200);
+    image.VS.Value(150);
+    Choose(frmMain->mnuZoomActual);
+    EXPECT_EQ(image.HS.Value(), 200);
+    EXPECT_EQ(image.VS.Value(), 150);
+}
+
+TEST_F(ZoomMenuTest, ViewBeyondTheEndIsPulledBack) {
+    frmImage& image = Large();
+    Choose(frmMain->mnuZoomInX(1));
+    image.HS.Value(900);
+    image.VS.Value(900);
+    Choose(frmMain->mnuZoomActual);
+    // 300 - 600: the image's right edge stands at the edge of the view, before the bars are laid out.
+    EXPECT_EQ(image.PicBG.Left(), -300);
+    EXPECT_EQ(image.HS.Value(), 300);
+    EXPECT_EQ(image.VS.Value(), 600 - 304);
+}
+
+TEST_F(ZoomMenuTest, ToolOfNumberFourBecomesTwo) {
+    NewDocument(20, 20);
+    CurrentTool = 4;
+    Choose(frmMain->mnuZoomInX(1));
+    EXPECT_EQ(CurrentTool, 2);
+    CurrentTool = kPenTool;
+    Choose(frmMain->mnuZoomInX(2));
+    EXPECT_EQ(CurrentTool, kPenTool);
+}
+
+TEST_F(ZoomMenuTest, ViewBeyond32767PixelsIsAnOverflowAtTheTop) {
+    frmImage& image = OpenPicture("wide.bmp", Picture(3000, 4, 0xFFFFFF));
+    Choose(frmMain->mnuZoomInX(9));
+    EXPECT_TRUE(untrapped.empty());
+    EXPECT_EQ(image.HS.Max(), 30000 - image.HS.Width());
+    Choose(frmMain->mnuZoomInX(15));
+    EXPECT_EQ(FirstError(), kOverflow);
+    EXPECT_EQ(image.Image1.Width(), 48000);
+    ExpectSamePixels(ImageOf(image), Picture(3000, 4, 0xFFFFFF));
+}
+
+TEST_F(ZoomMenuTest, ResizeIgnoresTheOverflow) {
+    frmImage& image = OpenPicture("wide.bmp", Picture(3000, 4, 0xFFFFFF));
+    Choose(frmMain->mnuZoomInX(15));
+    EXPECT_EQ(FirstError(), kOverflow);
+    image.Width(5000);
+    image.Height(5200);
+    PassEvents();
+    EXPECT_TRUE(untrapped.empty());
+    EXPECT_EQ(image.PicFrame.Width(), 5000 - 120);
+}
+
+TEST_F(ZoomMenuTest, MagnifierEndsAtTheOverflowAndTheProgramGoesOn) {
+    frmImage& image = OpenPicture("wide.bmp", Picture(3000, 4, 0xFFFFFF));
+    Choose(frmMain->mnuZoomInX(9));
+    CurrentTool = kMagTool;
+    Press(image, 5, 5);
+    Release(image, 5, 5);
+    EXPECT_TRUE(untrapped.empty());
+    LockWindowUpdate(nullptr);
+    // The stroke still lands on the right pixel.
+    frmMain->SetCurrentColour(0x0000FF);
+    CurrentTool = kPenTool;
+    Press(image, 25 * image.factor, image.factor);
+    Release(image, 25 * image.factor, image.factor);
+    EXPECT_EQ(ImageOf(image).At(25, 1), 0x0000FFu);
+}
+
+} // namespace
+} // namespace pintalux

@@ -1,0 +1,207 @@
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Program.h"
+
+#include "app/frmSplash.h"
+#include "settings/frmPrefs.h"
+
+#include <QWidget>
+
+namespace pintalux {
+
+namespace {
+
+class PreferencesTest : public ProgramTest {
+  protected:
+    // Shows the Preferences from the menu and acts there by hand.
+    void InPreferences(const DialogScript::Step& act) {
+        const DialogScript script({act});
+        Choose(frmMain->mnuFileSaveOptions);
+        EXPECT_FALSE(frmPrefs.Loaded());
+    }
+    static void Set(const std::vector<std::pair<std::string, std::string>>& values) {
+        for (const auto& [key, text] : values) SetSetting(key, text);
+    }
+};
+
+} // namespace
+
+TEST_F(PreferencesTest, FirstRunShowsTheDefaults) {
+    EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
+    EXPECT_EQ(frmPrefs->Check1.Value(), 1);
+    EXPECT_EQ(frmPrefs->Check2.Value(), 0);
+    EXPECT_EQ(frmPrefs->Check3.Value(), 1);
+    EXPECT_EQ(frmPrefs->Check4.Value(), 0);
+    EXPECT_EQ(frmPrefs->Check5.Value(), 1);
+    EXPECT_EQ(frmPrefs->Combo1.ListIndex(), 1);
+    EXPECT_EQ(frmPrefs->Combo1.Text(), "5");
+    EXPECT_EQ(frmPrefs->Combo2.ListIndex(), 0);
+    EXPECT_EQ(frmPrefs->Combo2.Text(), "5");
+}
+
+TEST_F(PreferencesTest, ControlsCarryStoredValues) {
+    Set({{"JPGsaveQuality", "75"}, {"ShowSplash", "0"}, {"Associate", "1"}, {"Clipmon", "0"}});
+    Set({{"SavePrompt", "1"}, {"Undoredo", "0"}, {"MRUlist", "4"}, {"UndoSteps", "5"}});
+    EXPECT_EQ(frmPrefs->Slider1.Value(), 75);
+    EXPECT_EQ(frmPrefs->Check1.Value(), 0);
+    EXPECT_EQ(frmPrefs->Check2.Value(), 1);
+    EXPECT_EQ(frmPrefs->Check3.Value(), 0);
+    EXPECT_EQ(frmPrefs->Check4.Value(), 1);
+    EXPECT_EQ(frmPrefs->Check5.Value(), 0);
+    EXPECT_EQ(frmPrefs->Combo1.Text(), "15");
+    EXPECT_EQ(frmPrefs->Combo2.Text(), "30");
+}
+
+TEST_F(PreferencesTest, ListsOfferTheirNumbers) {
+    std::vector<std::string> files, steps;
+    for (int i = 0; i < frmPrefs->Combo1.ListCount(); ++i) files.push_back(frmPrefs->Combo1.List(i));
+    for (int i = 0; i < frmPrefs->Combo2.ListCount(); ++i) steps.push_back(frmPrefs->Combo2.List(i));
+    EXPECT_EQ(files, (std::vector<std::string>{"3", "5", "7", "10", "15"}));
+    EXPECT_EQ(steps, (std::vector<std::string>{"5", "10", "15", "20", "25", "30"}));
+    EXPECT_EQ(frmPrefs->Slider1.Min(), 10);
+    EXPECT_EQ(frmPrefs->Slider1.Max(), 90);
+}
+
+TEST_F(PreferencesTest, TextsAreThoseOfTheTabs) {
+    EXPECT_EQ(frmPrefs->Label1.Caption(), "Limitar a abertura em simultâneo a");
+    EXPECT_EQ(frmPrefs->Label4.Caption(), "Imagens.");
+    EXPECT_EQ(frmPrefs->Label5.Caption(), "Limitar o Refazer e Desfazer a");
+    EXPECT_EQ(frmPrefs->Label6.Caption(), "passos.");
+    EXPECT_EQ(frmPrefs->Label2.Caption(), "POUCA");
+    EXPECT_EQ(frmPrefs->Label3.Caption(), "MUITA");
+    EXPECT_EQ(frmPrefs->Command1.Caption(), "OK");
+    EXPECT_EQ(frmPrefs->Command2.Caption(), "Cancelar");
+    EXPECT_EQ(frmPrefs->SSTab1.Tab(), 0);
+}
+
+TEST_F(PreferencesTest, TextThatIsNoNumberCountsAs0) {
+    Set({{"MRUlist", "abc"}, {"ShowSplash", "abc"}, {"UndoSteps", "abc"}});
+    EXPECT_EQ(frmPrefs->Combo1.Text(), "3");
+    EXPECT_EQ(frmPrefs->Check1.Value(), 0);
+    EXPECT_EQ(frmPrefs->Combo2.Text(), "5");
+}
+
+TEST_F(PreferencesTest, NumbersThatNoControlTakesCountAsTheDefaults) {
+    Set({{"JPGsaveQuality", "abc"}, {"ShowSplash", "7"}, {"MRUlist", "99"}, {"UndoSteps", "-5"}, {"Clipmon", "1e9"}});
+    EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
+    EXPECT_EQ(frmPrefs->Check1.Value(), 1);
+    EXPECT_EQ(frmPrefs->Combo1.Text(), "5");
+    EXPECT_EQ(frmPrefs->Combo2.Text(), "5");
+    EXPECT_EQ(frmPrefs->Check3.Value(), 1);
+}
+
+TEST_F(PreferencesTest, GarbageInTheStoreGivesTheDefaults) {
+    std::filesystem::create_directories(Folder("settings") + "/Pintalux64");
+    PutBytes(Folder("settings") + "/Pintalux64/settings.ini", std::string("\0\xFF[[[=\n=\x01", 11) + std::string(5000, 'x'));
+    EXPECT_EQ(frmPrefs->Combo1.Text(), "5");
+    EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
+}
+
+TEST_F(PreferencesTest, UnlimitedUndoDisablesTheNumberOfSteps) {
+    EXPECT_FALSE(frmPrefs->Combo2.Enabled());
+    EXPECT_FALSE(frmPrefs->Label5.Enabled());
+    EXPECT_FALSE(frmPrefs->Label6.Enabled());
+    frmPrefs->Check5.Value(0);
+    EXPECT_TRUE(frmPrefs->Combo2.Enabled());
+    EXPECT_TRUE(frmPrefs->Label5.Enabled());
+    EXPECT_TRUE(frmPrefs->Label6.Enabled());
+}
+
+TEST_F(PreferencesTest, TickingByHandDisablesTheNumberOfSteps) {
+    SetSetting("Undoredo", "0");
+    Start();
+    InPreferences([](QWidget& dialog) {
+        EXPECT_TRUE(frmPrefs->Combo2.Enabled());
+        frmPrefs->SSTab1.Tab(1);
+        Type(WidgetFor(frmPrefs->Check5), " ");
+        EXPECT_FALSE(frmPrefs->Combo2.Enabled());
+        dialog.close();
+    });
+}
+
+TEST_F(PreferencesTest, OkWritesAllEightAsPlainNumbers) {
+    Start();
+    InPreferences([](QWidget&) {
+        frmPrefs->Slider1.Value(72);
+        frmPrefs->Check1.Value(0);
+        frmPrefs->Check2.Value(1);
+        frmPrefs->Check3.Value(0);
+        frmPrefs->Check4.Value(1);
+        frmPrefs->Check5.Value(0);
+        frmPrefs->Combo1.ListIndex(2);
+        frmPrefs->Combo2.ListIndex(3);
+        ClickWidget(WidgetFor(frmPrefs->Command1));
+    });
+    EXPECT_EQ(StoredSetting("JPGsaveQuality"), "72");
+    EXPECT_EQ(StoredSetting("ShowSplash"), "0");
+    EXPECT_EQ(StoredSetting("Associate"), "1");
+    EXPECT_EQ(StoredSetting("Clipmon"), "0");
+    EXPECT_EQ(StoredSetting("SavePrompt"), "1");
+    EXPECT_EQ(StoredSetting("Undoredo"), "0");
+    EXPECT_EQ(StoredSetting("MRUlist"), "2");
+    EXPECT_EQ(StoredSetting("UndoSteps"), "3");
+    EXPECT_EQ(MRUlimit, 7);
+}
+
+TEST_F(PreferencesTest, UntickingTheAssociationWritesA0) {
+    SetSetting("Associate", "1");
+    Start();
+    InPreferences([](QWidget&) {
+        frmPrefs->Check2.Value(0);
+        frmPrefs->Command1_Click();
+    });
+    EXPECT_EQ(StoredSetting("Associate"), "0");
+}
+
+TEST_F(PreferencesTest, CancelWritesNothingAndTheStoredValuesReturn) {
+    Start();
+    InPreferences([](QWidget&) {
+        frmPrefs->Check4.Value(1);
+        frmPrefs->Slider1.Value(11);
+        ClickWidget(WidgetFor(frmPrefs->Command2));
+    });
+    EXPECT_EQ(StoredSetting("SavePrompt"), "(none)");
+    EXPECT_EQ(frmPrefs->Check4.Value(), 0);
+    EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
+    EXPECT_EQ(MRUlimit, 5);
+}
+
+TEST_F(PreferencesTest, EscapeCancels) {
+    Start();
+    InPreferences([](QWidget& dialog) {
+        frmPrefs->Check4.Value(1);
+        Type(dialog, "\x1b");
+    });
+    EXPECT_EQ(StoredSetting("SavePrompt"), "(none)");
+}
+
+TEST_F(PreferencesTest, AChangeOfMonitorAndSplashActsAtTheNextStartOnly) {
+    SetSetting("ShowSplash", "0");
+    Start();
+    ASSERT_TRUE(frmMain->mnuEditClip.Checked());
+    InPreferences([](QWidget&) {
+        frmPrefs->Check1.Value(1);
+        frmPrefs->Check3.Value(0);
+        frmPrefs->Command1_Click();
+    });
+    EXPECT_TRUE(frmMain->mnuEditClip.Checked());
+    EXPECT_FALSE(frmSplash.Loaded());
+}
+
+TEST_F(PreferencesTest, EveryControlFitsInsideItsPage) {
+    Start();
+    InPreferences([](QWidget& dialog) {
+        for (int page = 0; page < 3; ++page) {
+            frmPrefs->SSTab1.Tab(page);
+            PassEvents();
+            for (const QWidget* control : dialog.findChildren<QWidget*>()) {
+                if (!control->isVisible() || control->objectName().isEmpty() || control == &dialog) continue;
+                const QRect parent = control->parentWidget()->rect();
+                EXPECT_TRUE(parent.contains(control->geometry())) << control->objectName().toStdString();
+            }
+        }
+        dialog.close();
+    });
+}
+
+} // namespace pintalux

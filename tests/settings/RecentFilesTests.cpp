@@ -1,0 +1,232 @@
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+
+#include "document/FileCommands.h"
+#include "document/Globals.h"
+#include "settings/frmPrefs.h"
+#include "settings/RecentFiles.h"
+#include "surface/system/Settings.h"
+
+#include <filesystem>
+
+namespace pintalux {
+
+namespace {
+
+const char* const kKey = R"(Software\Microsoft\Windows\CurrentVersion\App Paths\Pintalux64)";
+
+class RecentFilesTest : public ProgramTest {
+  protected:
+    std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }
+    /// Opens small pictures, the last one becomes the newest entry.
+    void Open(const std::vector<std::string>& names) {
+        for (const std::string& name : names) OpenPicture(name, Solid(4, 3, kWhite));
+    }
+    /// What the menu shows, newest first.
+    static std::vector<std::string> Shown() {
+        std::vector<std::string> captions;
+        try {
+            for (int i = 0;; ++i) {
+                if (frmMain->mnuFileMRU(i).Visible()) captions.push_back(frmMain->mnuFileMRU(i).Caption());
+            }
+        } catch (const RuntimeError&) {
+            // Behind the last item.
+        }
+        return captions;
+    }
+    static std::string Stored(int position) {
+        return ReadMachineValue(kKey, "MRU" + std::to_string(position), "(none)");
+    }
+    void Restart() {
+        frmPrefs->Check4.Value(1);
+        ASSERT_TRUE(frmMain.Unload());
+        PassEvents();
+        Start();
+    }
+};
+
+using Names = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(RecentFilesTest, FirstRunHidesListAndSeparator) {
+    Start();
+    EXPECT_FALSE(frmMain->mnuFileMRU(0).Visible());
+    EXPECT_FALSE(frmMain->mnuFileBar5.Visible());
+    EXPECT_EQ(MRUlimit, 5);
+}
+
+TEST_F(RecentFilesTest, OpenedFilesStandNewestFirst) {
+    Start();
+    Open({"a.bmp", "b.bmp", "c.bmp"});
+    EXPECT_EQ(Shown(), (Names{"c.bmp", "b.bmp", "a.bmp"}));
+    EXPECT_TRUE(frmMain->mnuFileBar5.Visible());
+    EXPECT_EQ(Stored(0), File("c.bmp"));
+    EXPECT_EQ(Stored(1), File("b.bmp"));
+    EXPECT_EQ(Stored(2), File("a.bmp"));
+    EXPECT_EQ(Stored(3), "(none)");
+}
+
+TEST_F(RecentFilesTest, FileOpenedTwiceKeepsItsPlace) {
+    Start();
+    Open({"a.bmp", "b.bmp", "a.bmp"});
+    EXPECT_EQ(Shown(), (Names{"b.bmp", "a.bmp"}));
+    EXPECT_EQ(Stored(0), File("b.bmp"));
+}
+
+TEST_F(RecentFilesTest, TheLastFallsOutOfAFullList) {
+    SetSetting("MRUlist", "0");
+    Start();
+    Open({"a.bmp", "b.bmp", "c.bmp", "d.bmp"});
+    EXPECT_EQ(Shown(), (Names{"d.bmp", "c.bmp", "b.bmp"}));
+    EXPECT_EQ(Stored(2), File("b.bmp"));
+    EXPECT_EQ(Stored(3), "(none)");
+}
+
+TEST_F(RecentFilesTest, TheListSurvivesARestart) {
+    Start();
+    Open({"a.bmp", "b.bmp"});
+    Restart();
+    EXPECT_EQ(Shown(), (Names{"b.bmp", "a.bmp"}));
+    EXPECT_TRUE(frmMain->mnuFileBar5.Visible());
+    EXPECT_EQ(MRUfile(1), File("a.bmp"));
+}
+
+TEST_F(RecentFilesTest, AFileDeletedAtPosition2Of4IsSkippedAtTheNextStart) {
+    Start();
+    Open({"a.bmp", "b.bmp", "c.bmp", "d.bmp"});
+    std::filesystem::remove(File("b.bmp"));
+    Restart();
+    EXPECT_EQ(Shown(), (Names{"d.bmp", "c.bmp", "a.bmp"}));
+    // The store stays as it is until the next update.
+    EXPECT_EQ(Stored(2), File("b.bmp"));
+    EXPECT_EQ(Stored(3), File("a.bmp"));
+}
+
+TEST_F(RecentFilesTest, AClickOpensTheFileAndLeavesTheList) {
+    Start();
+    Open({"a.bmp", "b.bmp"});
+    Choose(frmMain->mnuFileMRU(1));
+    EXPECT_EQ(ImageCount, 3);
+    const frmImage& image = static_cast<frmImage&>(*frmMain->ActiveForm());
+    EXPECT_EQ(image.AFCurfile, File("a.bmp"));
+    EXPECT_EQ(image.Caption(), "a.bmp");
+    EXPECT_EQ(image.ListBUorder.ListCount(), 1);
+    ExpectSamePixels(ImageOf(image), Solid(4, 3, kWhite));
+    EXPECT_EQ(Shown(), (Names{"b.bmp", "a.bmp"}));
+    EXPECT_FALSE(ScreenLocked());
+}
+
+TEST_F(RecentFilesTest, AVanishedFileGivesTwoMessagesAndItsEntryGoes) {
+    Start();
+    Open({"a.bmp", "b.bmp", "c.bmp"});
+    std::filesystem::remove(File("b.bmp"));
+    std::string icon;
+    const DialogScript script({[&](QWidget& dialog) {
+                                   icon = IconOf(dialog);
+                                   PressButton(dialog, "OK");
+                               },
+                               PressesButton("OK")});
+    Choose(frmMain->mnuFileMRU(1));
+    EXPECT_NE(script.Dialog(0).text.find("b.bmp foi movida ou apagada."), std::string::npos);
+    EXPECT_EQ(icon, "exclamation");
+    EXPECT_NE(script.Dialog(1).text.find("Não encontrei o ficheiro."), std::string::npos);
+    EXPECT_EQ(script.Dialog(0).title, "VALMERO Multimédia");
+    EXPECT_EQ(Shown(), (Names{"c.bmp", "a.bmp"}));
+    EXPECT_EQ(Stored(1), "(none)");
+    EXPECT_EQ(Stored(2), File("a.bmp"));
+    EXPECT_EQ(ImageCount, 3);
+}
+
+TEST_F(RecentFilesTest, TheOnlyFileVanishedLeavesListAndSeparatorHidden) {
+    Start();
+    Open({"a.bmp"});
+    std::filesystem::remove(File("a.bmp"));
+    const DialogScript script({PressesButton("OK"), PressesButton("OK")});
+    Choose(frmMain->mnuFileMRU(0));
+    EXPECT_TRUE(Shown().empty());
+    EXPECT_FALSE(frmMain->mnuFileBar5.Visible());
+}
+
+TEST_F(RecentFilesTest, APictureThatIsRefusedLeavesTheEmptyWindow) {
+    Start();
+    Open({"a.bmp"});
+    PutBytes(File("a.bmp"), "garbage");
+    const DialogScript nothingIsSaid;
+    Choose(frmMain->mnuFileMRU(0));
+    EXPECT_EQ(ImageCount, 2);
+    EXPECT_EQ(frmMain->ActiveForm()->Caption(), "Imagem 2");
+    EXPECT_TRUE(ScreenLocked());
+    LockWindowUpdate(nullptr);
+}
+
+TEST_F(RecentFilesTest, ARaisedLimitFailsUntilTheNextStart) {
+    SetSetting("MRUlist", "0");
+    Start();
+    Open({"a.bmp"});
+    frmPrefs->Combo1.ListIndex(1);
+    frmPrefs->Command1_Click();
+    ASSERT_EQ(MRUlimit, 5);
+    try {
+        UpdateMRUs(frmMain->mnuFileMRU, frmMain->mnuFileBar5, File("b.bmp"));
+        FAIL() << "nothing was raised";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), 9);
+    }
+    Restart();
+    Open({"b.bmp"});
+    EXPECT_EQ(Shown(), (Names{"b.bmp", "a.bmp"}));
+}
+
+TEST_F(RecentFilesTest, OpeningUnderARaisedLimitEndsAtTheList) {
+    SetSetting("MRUlist", "0");
+    Start();
+    frmPrefs->Combo1.ListIndex(1);
+    frmPrefs->Command1_Click();
+    const frmImage& image = OpenPicture("a.bmp", Solid(40, 30, kBlack));
+    // The picture and the file are there; what comes after the list is not done.
+    EXPECT_EQ(image.PicMerge.Width(), 40);
+    EXPECT_EQ(image.AFCurfile, File("a.bmp"));
+    EXPECT_EQ(image.Caption(), "Imagem 1");
+    EXPECT_EQ(image.ListBackup.ListCount(), 0);
+    LockWindowUpdate(nullptr);
+}
+
+TEST_F(RecentFilesTest, ALoweredLimitOnlyShortensWhatIsWalked) {
+    Start();
+    Open({"a.bmp", "b.bmp", "c.bmp", "d.bmp", "e.bmp"});
+    frmPrefs->Combo1.ListIndex(0);
+    frmPrefs->Command1_Click();
+    Open({"f.bmp"});
+    EXPECT_EQ(Shown(), (Names{"f.bmp", "e.bmp", "d.bmp"}));
+    EXPECT_EQ(Stored(3), File("b.bmp"));
+}
+
+TEST_F(RecentFilesTest, AnAmpersandIsShownAndMarksNoAccessKey) {
+    Start();
+    Open({"sol & mar.bmp"});
+    EXPECT_EQ(Shown(), (Names{"sol && mar.bmp"}));
+}
+
+TEST_F(RecentFilesTest, AStoreThatCannotBeWrittenKeepsTheListInMemoryOnly) {
+    std::filesystem::create_directories(Folder("settings") + "/Pintalux64/machine.ini");
+    const DialogScript nothingIsSaid;
+    Start();
+    Open({"a.bmp"});
+    EXPECT_EQ(Shown(), (Names{"a.bmp"}));
+    EXPECT_EQ(static_cast<frmImage&>(*frmMain->ActiveForm()).ListBackup.ListCount(), 1);
+    Restart();
+    EXPECT_TRUE(Shown().empty());
+}
+
+TEST_F(RecentFilesTest, GarbageInTheStoreIsNoFile) {
+    WriteMachineValue(kKey, "MRU0", std::string(6000, 'x'));
+    WriteMachineValue(kKey, "MRU1", std::string("\x01\x02\xFF", 3));
+    const DialogScript nothingIsSaid;
+    Start();
+    EXPECT_TRUE(Shown().empty());
+}
+
+} // namespace pintalux

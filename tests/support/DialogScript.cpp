@@ -1,0 +1,132 @@
+#include "support/DialogScript.h"
+
+#include "support/Program.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTimer>
+
+namespace pintalux {
+
+struct DialogScript::State {
+    std::vector<Step> steps;
+    std::vector<Seen> seen;
+    std::vector<QPointer<QWidget>> handled;
+};
+
+namespace {
+
+constexpr int kLookEvery = 3; // milliseconds
+
+std::string TextsOf(const QWidget& dialog) {
+    QStringList texts;
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) texts += label->text();
+    return texts.join("\n").toStdString();
+}
+
+bool Holds(const std::vector<QPointer<QWidget>>& handled, const QWidget* dialog) {
+    for (const auto& one : handled) {
+        if (one == dialog) return true;
+    }
+    return false;
+}
+
+template <class S>
+void Look(const std::weak_ptr<S>& weak) {
+    const std::shared_ptr<S> state = weak.lock();
+    if (!state) return;
+    // A single shot, so that dialogs shown within a step are seen too.
+    QTimer::singleShot(kLookEvery, qApp, [weak] { Look(weak); });
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr || !dialog->isVisible() || Holds(state->handled, dialog)) return;
+    state->handled.emplace_back(dialog);
+    state->seen.push_back({dialog->windowTitle().toStdString(), TextsOf(*dialog)});
+    if (state->seen.size() <= state->steps.size()) {
+        state->steps[state->seen.size() - 1](*dialog);
+    } else {
+        ADD_FAILURE() << "unexpected dialog: " << state->seen.back().title << ": " << state->seen.back().text;
+        dialog->close();
+    }
+}
+
+} // namespace
+
+DialogScript::DialogScript(std::vector<Step> steps) : state_(std::make_shared<DialogScript::State>()) {
+    state_->steps = std::move(steps);
+    const std::weak_ptr<DialogScript::State> weak = state_;
+    QTimer::singleShot(0, qApp, [weak] { Look(weak); });
+}
+
+DialogScript::~DialogScript() {
+    EXPECT_GE(state_->seen.size(), state_->steps.size()) << "a dialog that was expected did not show";
+}
+
+std::size_t DialogScript::Count() const { return state_->seen.size(); }
+
+DialogScript::Seen DialogScript::Dialog(std::size_t n) const {
+    return n < state_->seen.size() ? state_->seen[n] : Seen{};
+}
+
+void PressButton(QWidget& dialog, const std::string& text) {
+    for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && button->text().remove('&').toStdString() == text) {
+            button->click();
+            return;
+        }
+    }
+    ADD_FAILURE() << "no button " << text << " in " << dialog.windowTitle().toStdString();
+    dialog.close();
+}
+
+DialogScript::Step PressesButton(const std::string& text) {
+    return [text](QWidget& dialog) { PressButton(dialog, text); };
+}
+
+DialogScript::Step ClosesDialog() {
+    return [](QWidget& dialog) { dialog.close(); };
+}
+
+DialogScript::Step ChoosesFile(const std::string& path, int filterIndex) {
+    return [path, filterIndex](QWidget& widget) {
+        auto* dialog = dynamic_cast<QFileDialog*>(&widget);
+        auto* name = widget.findChild<QLineEdit*>("fileNameEdit");
+        if (dialog == nullptr || name == nullptr) {
+            ADD_FAILURE() << "no file dialog: " << widget.windowTitle().toStdString();
+            widget.close();
+            return;
+        }
+        if (filterIndex > 0) {
+            auto* filters = dialog->findChild<QComboBox*>("fileTypeCombo");
+            filters->setCurrentIndex(filterIndex - 1);
+            emit filters->textActivated(filters->currentText());
+            emit filters->activated(filterIndex - 1);
+        }
+        name->setText(QString::fromStdString(path));
+        PressButton(*dialog, dialog->acceptMode() == QFileDialog::AcceptOpen ? "Abrir" : "Guardar");
+    };
+}
+
+DialogScript::Step PressesEscape() {
+    return [](QWidget& dialog) { Type(dialog, "\x1b"); };
+}
+
+std::string IconOf(QWidget& dialog) {
+    const auto* box = dynamic_cast<QMessageBox*>(&dialog);
+    if (box == nullptr) return "no message box";
+    switch (box->icon()) {
+    case QMessageBox::Critical: return "critical";
+    case QMessageBox::Question: return "question";
+    case QMessageBox::Warning: return "exclamation";
+    case QMessageBox::Information: return "information";
+    default: return "none";
+    }
+}
+
+} // namespace pintalux

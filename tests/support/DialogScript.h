@@ -1,0 +1,51 @@
+// What the user does with the dialogs that a command will show, one step for each, in their order. A dialog beyond the
+// script fails the test and is closed, so that an empty script shows that nothing is asked.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QWidget;
+
+namespace pintalux {
+
+class DialogScript {
+  public:
+    using Step = std::function<void(QWidget& dialog)>;
+    /// A dialog as the user saw it: title, and the texts of its labels, line by line.
+    struct Seen {
+        std::string title;
+        std::string text;
+    };
+
+    explicit DialogScript(std::vector<Step> steps = {});
+    /// Fails the test if a step was left.
+    ~DialogScript();
+    DialogScript(const DialogScript&) = delete;
+    DialogScript& operator=(const DialogScript&) = delete;
+
+    std::size_t Count() const;
+    /// The n-th dialog from 0; empty texts if it never showed.
+    Seen Dialog(std::size_t n) const;
+
+  private:
+    struct State;
+    std::shared_ptr<State> state_;
+};
+
+/// Presses the button with this text; an ampersand in its caption does not count.
+void PressButton(QWidget& dialog, const std::string& text);
+DialogScript::Step PressesButton(const std::string& text);
+/// Closes the dialog by its close box.
+DialogScript::Step ClosesDialog();
+/// Types a path into a file dialog and accepts it, after choosing the filter of this index (from 1; 0 keeps it).
+DialogScript::Step ChoosesFile(const std::string& path, int filterIndex = 0);
+/// Presses Escape.
+DialogScript::Step PressesEscape();
+
+/// The icon of a message box: "critical", "question", "exclamation", "information" or "none".
+std::string IconOf(QWidget& dialog);
+
+} // namespace pintalux

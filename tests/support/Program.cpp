@@ -1,0 +1,253 @@
+#include "support/Program.h"
+
+#include "common/FileNames.h"
+#include "devices/Twain.h"
+#include "document/FileCommands.h"
+#include "document/Globals.h"
+#include "document/Workspace.h"
+#include "settings/frmPrefs.h"
+#include "surface/system/App.h"
+#include "surface/system/Pictures.h"
+#include "surface/window/Control_native.h"
+#include "surface/window/Events.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QTimer>
+#include <unistd.h>
+
+namespace pintalux {
+
+namespace {
+
+void ResetGlobals() {
+    ImageCount = 0;
+    NewImageMode = false;
+    NewWidth = NewHeight = 0;
+    NewBackColor = kWhite;
+    NewColorIndex = 0;
+    NewCancelled = CloseCancelled = false;
+    RulersOn = false;
+    CurrentTool = 0;
+    FreeSelActive = FreePasteActive = PasteFloating = 0;
+}
+
+Qt::MouseButton ToolkitButton(int button) {
+    if (button == kRightButton) return Qt::RightButton;
+    return button == kMiddleButton ? Qt::MiddleButton : Qt::LeftButton;
+}
+
+Qt::MouseButtons ToolkitButtons(int buttons) {
+    Qt::MouseButtons held = Qt::NoButton;
+    for (const int button : {kLeftButton, kRightButton, kMiddleButton}) {
+        if ((buttons & button) != 0) held |= ToolkitButton(button);
+    }
+    return held;
+}
+
+void Send(frmImage& image, QEvent::Type type, double x, double y, Qt::MouseButton button, Qt::MouseButtons held) {
+    QWidget& widget = WidgetFor(image.Image1);
+    const QPointF place(x, y);
+    QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+void SendKey(QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, modifiers, text);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
+
+void Poll(const std::function<bool()>& ready, const std::function<void()>& act, int tries = 1000) {
+    QTimer::singleShot(5, qApp, [=] {
+        if (ready()) {
+            act();
+        } else if (tries > 0) {
+            Poll(ready, act, tries - 1);
+        }
+    });
+}
+
+std::string TextsOf(const QWidget& dialog) {
+    QStringList texts;
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) texts += label->text();
+    return texts.join("\n").toStdString();
+}
+
+} // namespace
+
+void ProgramTest::SetUp() {
+    root_ = std::filesystem::temp_directory_path() / ("pintalux-test-" + std::to_string(getpid()));
+    std::filesystem::remove_all(root_);
+    for (const char* name : {"settings", "temporary", "program", "pictures"}) {
+        std::filesystem::create_directories(root_ / name);
+    }
+    setenv("XDG_CONFIG_HOME", (root_ / "settings").c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", (root_ / "program").c_str(), 1);
+    setenv("TMPDIR", (root_ / "temporary").c_str(), 1);
+    App.PathForTests((root_ / "program").string());
+    App.CommandForTests("");
+    OpenScannerLibrary = [] { return true; }; // whether or not this machine has it
+    ResetGlobals();
+    OnUntrappedError = [this](const RuntimeError& error) { untrapped.push_back(error); };
+}
+
+void ProgramTest::TearDown() {
+    for (const RuntimeError& error : untrapped) ADD_FAILURE() << "untrapped: " << error.Number() << " " << error.Text();
+    if (frmMain.Loaded()) {
+        frmPrefs->Check4.Value(1);
+        frmMain.Unload();
+    }
+    frmPrefs.Unload();
+    PassEvents();
+    unsetenv("TMPDIR");
+    std::filesystem::remove_all(root_);
+}
+
+void ProgramTest::Start() {
+    *frmMain;
+    frmMain->Timer2.Enabled(false);
+    frmMain->Show();
+}
+
+void ProgramTest::StartWhole(const std::string& commandLine) {
+    App.CommandForTests(commandLine);
+    *frmMain;
+    frmMain->Show();
+    WaitFor([] { return !frmMain->Timer2.Enabled(); });
+}
+
+frmImage& ProgramTest::NewDocument(int width, int height, Colour background) {
+    NewImageMode = true;
+    NewWidth = width;
+    NewHeight = height;
+    NewBackColor = background;
+    NewImageWindow();
+    ActiveImage().Picsize();
+    FitImageWindow();
+    ActiveImage().Backup();
+    return ActiveImage();
+}
+
+frmImage& ProgramTest::OpenPicture(const std::string& name, const Picture& picture) {
+    const std::string path = Folder("pictures") + "/" + name;
+    SavePicture(picture, path);
+    OpenDocument(path);
+    return ActiveImage();
+}
+
+std::string ProgramTest::Folder(const std::string& name) const { return (root_ / name).string(); }
+
+std::vector<std::string> ProgramTest::StateFileNames() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(root_ / "temporary")) {
+        if (entry.path().filename().string().starts_with("BI")) names.push_back(entry.path().string());
+    }
+    return names;
+}
+
+void Press(frmImage& image, double x, double y, int button) {
+    Send(image, QEvent::MouseButtonPress, x, y, ToolkitButton(button), ToolkitButton(button));
+}
+
+void MoveTo(frmImage& image, double x, double y, int heldButtons) {
+    Send(image, QEvent::MouseMove, x, y, Qt::NoButton, ToolkitButtons(heldButtons));
+}
+
+void Release(frmImage& image, double x, double y, int button) {
+    Send(image, QEvent::MouseButtonRelease, x, y, ToolkitButton(button), Qt::NoButton);
+}
+
+void Drag(frmImage& image, const std::vector<std::pair<double, double>>& points) {
+    Press(image, points.front().first, points.front().second);
+    for (const auto& [x, y] : points) MoveTo(image, x, y);
+    Release(image, points.back().first, points.back().second);
+}
+
+bool WaitFor(const std::function<bool()>& condition, int milliseconds) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > milliseconds) return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        usleep(1000);
+    }
+    return true;
+}
+
+void PassEvents() {
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+void WhenDialogShows(std::function<void(QWidget& dialog)> act) {
+    QWidget* const before = QApplication::activeModalWidget();
+    const auto shown = [before] {
+        const QWidget* dialog = QApplication::activeModalWidget();
+        return dialog != nullptr && dialog != before && dialog->isVisible();
+    };
+    Poll(shown, [act] { act(*QApplication::activeModalWidget()); });
+}
+
+std::shared_ptr<DialogTexts> AnswerNextDialog(const std::string& buttonText) {
+    auto texts = std::make_shared<DialogTexts>();
+    WhenDialogShows([texts, buttonText](QWidget& dialog) {
+        texts->shown = true;
+        texts->title = dialog.windowTitle().toStdString();
+        texts->text = TextsOf(dialog);
+        for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
+            if (button->isVisible() && button->text().remove('&').toStdString() == buttonText) {
+                button->click();
+                return;
+            }
+        }
+        ADD_FAILURE() << "no button " << buttonText << " in " << texts->title << ": " << texts->text;
+        dialog.close();
+    });
+    return texts;
+}
+
+QWidget* Find(QWidget& parent, const std::string& name) {
+    auto* found = parent.findChild<QWidget*>(QString::fromStdString(name));
+    if (found == nullptr) ADD_FAILURE() << "no control " << name;
+    return found;
+}
+
+void Type(QWidget& widget, const std::string& text) {
+    for (const QChar c : QString::fromStdString(text)) {
+        if (c == '\b') {
+            SendKey(widget, Qt::Key_Backspace, "\b");
+        } else if (c == '\n') {
+            SendKey(widget, Qt::Key_Return, "\r");
+        } else if (c == QChar(0x1b)) {
+            SendKey(widget, Qt::Key_Escape, {});
+        } else {
+            SendKey(widget, c.toUpper().unicode(), QString(c));
+        }
+    }
+}
+
+void ClickWidget(QWidget& widget) {
+    const QPointF middle = QRectF(widget.rect()).center();
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        QMouseEvent event(type, middle, widget.mapToGlobal(middle), Qt::LeftButton, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
+
+QWidget& WidgetFor(const Control& control) { return *WidgetOf(control); }
+
+Picture ImageOf(const frmImage& image) { return image.PicMerge.Image(); }
+
+} // namespace pintalux

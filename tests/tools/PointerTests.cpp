@@ -1,0 +1,197 @@
+// The three pointer handlers: the order of their checks, buttons, pointer shapes, undo states.
+#include "tools/Image1_Pointer.h"
+#include "tools/ToolTest.h"
+
+namespace pintalux {
+namespace {
+
+const char* const kToolKeys[] = {"Pointer", "Select", "FreeSelect", "Pen",       "Eraser",    "Flood",
+                                 "Line",    "PolyLine", "Shapes",   "ColorWand", "ColorPick", "Mag"};
+
+class PointerTest : public ToolTest {
+  protected:
+    void SetUp() override {
+        ToolTest::SetUp();
+        steps_ = TheFloatingSteps;
+        TheFloatingSteps = {[this](frmImage& image) { Ran("text", image); },
+                            [this](frmImage& image) { Ran("rectangle", image); },
+                            [this](frmImage& image) { Ran("freehand", image); }};
+    }
+    void TearDown() override {
+        TheFloatingSteps = steps_;
+        ToolTest::TearDown();
+    }
+
+    std::vector<std::string> ran;
+
+  private:
+    void Ran(const char* step, frmImage& image) {
+        ran.emplace_back(step);
+        image.lbltext.Visible(false);
+        image.PicSelect.Visible(false);
+        image.PicFreeSelect.Visible(false);
+    }
+    FloatingSteps steps_;
+};
+
+TEST_F(PointerTest, RightPressNeverDrawsAndItsReleaseTakesOneState) {
+    for (const char* key : {"Pen", "Eraser", "Flood", "Line", "PolyLine", "Shapes", "Pointer"}) {
+        Choose(key);
+        frmImage& image = NewDocument(40, 40, kBlack);
+        image.PicMerge.LineBF(0, 0, 39, 39, 0x00FF00);
+        const int states = States(image);
+        SCOPED_TRACE(key);
+        Press(image, 20, 20, kRightButton);
+        MoveTo(image, 30, 22, kRightButton);
+        Release(image, 30, 22, kRightButton);
+        EXPECT_FALSE(image.Line1.Visible());
+        EXPECT_FALSE(image.ShSquare.Visible());
+        ExpectImage(image, DrawingModel(40, 40, 0x00FF00));
+        EXPECT_EQ(States(image), states + 1);
+        EXPECT_TRUE(image.Unload());
+    }
+}
+
+TEST_F(PointerTest, AnyOtherPressShowsTheImage) {
+    Choose("Pen");
+    frmImage& image = NewDocument(20, 20);
+    image.PicMerge.PSet(5, 5, kInk);
+    Press(image, 9, 9, kMiddleButton);
+    EXPECT_EQ(image.Image1.Picture().At(5, 5), kInkPixel);
+    Release(image, 9, 9, kMiddleButton);
+}
+
+TEST_F(PointerTest, PressWithTwoButtonsKeepsTheStroke) {
+    Choose("Pen");
+    frmImage& image = NewDocument(40, 40);
+    const int states = States(image);
+    Press(image, 5, 5);
+    MoveTo(image, 15, 5);
+    Press(image, 15, 5, kRightButton);
+    MoveTo(image, 15, 15, kLeftButton | kRightButton);
+    Release(image, 15, 15, kRightButton);
+    MoveTo(image, 30, 15);
+    Release(image, 30, 15);
+    DrawingModel model(40, 40, 0xFFFFFF);
+    model.Line(5, 5, 15, 5, 1, kInkPixel);
+    model.Line(15, 5, 15, 15, 1, kInkPixel);
+    model.Line(15, 15, 30, 15, 1, kInkPixel);
+    ExpectImage(image, model);
+    EXPECT_EQ(States(image), states + 2);
+}
+
+TEST_F(PointerTest, TwoButtonsInALineDrawItOnce) {
+    Choose("Line");
+    frmImage& image = NewDocument(40, 40);
+    Press(image, 5, 5);
+    Press(image, 5, 5, kRightButton);
+    MoveTo(image, 30, 20, kLeftButton | kRightButton);
+    Release(image, 30, 20, kRightButton);
+    ExpectImage(image, DrawingModel(40, 40, 0xFFFFFF));
+    EXPECT_TRUE(image.Line1.Visible());
+    Release(image, 30, 20);
+    DrawingModel model(40, 40, 0xFFFFFF);
+    model.Line(5, 5, 30, 20, 1, kInkPixel);
+    ExpectImage(image, model);
+    EXPECT_FALSE(image.Line1.Visible());
+}
+
+TEST_F(PointerTest, ShapeOfThePointerForEveryTool) {
+    frmImage& image = NewDocument(40, 40);
+    for (const char* key : kToolKeys) {
+        Choose(key);
+        MoveTo(image, 5, 5, 0);
+        const std::string name = key;
+        const bool custom = name == "ColorPick" || name == "Flood" || name == "Mag";
+        const int expected = name == "Select" ? kPointerCross : custom ? kPointerCustom : kPointerDefault;
+        EXPECT_EQ(image.Image1.MousePointer(), expected) << key;
+        if (custom) {
+            EXPECT_FALSE(image.Image1.MouseIcon().resource.empty()) << key;
+        }
+    }
+}
+
+TEST_F(PointerTest, FloatingTextIsCommittedAndThePressPaintsNothing) {
+    Choose("Pen");
+    frmImage& image = NewDocument(40, 40);
+    image.lbltext.Visible(true);
+    image.PicSelect.Visible(true);
+    Press(image, 5, 5);
+    EXPECT_EQ(ran, std::vector<std::string>{"text"});
+    ExpectImage(image, DrawingModel(40, 40, 0xFFFFFF));
+    Release(image, 5, 5);
+}
+
+TEST_F(PointerTest, FloatingRectangleIsMergedAndThePressPaints) {
+    Choose("Pen");
+    frmImage& image = NewDocument(40, 40);
+    image.PicSelect.Visible(true);
+    Click(image, 5, 5);
+    EXPECT_EQ(ran, std::vector<std::string>{"rectangle"});
+    EXPECT_EQ(ImageOf(image).At(5, 5), kInkPixel);
+}
+
+TEST_F(PointerTest, FloatingFreehandPieceIsMergedAndThePressPaintsNothing) {
+    Choose("Pen");
+    frmImage& image = NewDocument(40, 40);
+    image.PicFreeSelect.Visible(true);
+    Press(image, 5, 5);
+    EXPECT_EQ(ran, std::vector<std::string>{"freehand"});
+    ExpectImage(image, DrawingModel(40, 40, 0xFFFFFF));
+    Release(image, 5, 5);
+}
+
+TEST_F(PointerTest, RightPressLeavesWhatFloats) {
+    Choose("Pen");
+    frmImage& image = NewDocument(40, 40);
+    image.PicSelect.Visible(true);
+    Click(image, 5, 5, kRightButton);
+    EXPECT_TRUE(ran.empty());
+    EXPECT_TRUE(image.PicSelect.Visible());
+    image.PicSelect.Visible(false);
+}
+
+TEST_F(PointerTest, EveryPressTakesTheColoursOfTheStroke) {
+    Choose("Pointer");
+    frmImage& image = NewDocument(40, 40, 0x010203);
+    frmMain->Slider2.Value(12);
+    Press(image, 5, 5, kRightButton);
+    EXPECT_EQ(image.curtranscolor, 0x010203);
+    EXPECT_EQ(image.curdrawcolor, kInk);
+    EXPECT_EQ(image.PicMerge.DrawWidth(), 12);
+    Release(image, 5, 5, kRightButton);
+}
+
+TEST_F(PointerTest, PointerToolPaintsNothingAndStillTakesAState) {
+    Choose("Pointer");
+    frmImage& image = NewDocument(40, 40);
+    const int states = States(image);
+    Drag(image, {{5, 5}, {20, 20}});
+    ExpectImage(image, DrawingModel(40, 40, 0xFFFFFF));
+    EXPECT_EQ(States(image), states + 1);
+}
+
+TEST_F(PointerTest, RulerMarksAndReadoutsMoveOnlyWithTheRulersOn) {
+    frmImage& image = NewDocument(200, 200);
+    ZoomToLevel(16);
+    image.PicBG.Left(-10);
+    MoveTo(image, 51, 33, 0);
+    EXPECT_EQ(image.lblx.Caption(), "");
+    EXPECT_EQ(image.LineX.X1(), 0);
+    RulersOn = true;
+    MoveTo(image, 51, 33, 0);
+    EXPECT_EQ(image.lblx.Caption(), "25");
+    EXPECT_EQ(image.lbly.Caption(), "16");
+    EXPECT_EQ(image.LineX.X1(), image.LineX.X2());
+    EXPECT_EQ(image.LineX.X1(), image.LeftRuler.ScaleWidth() - 10 + 51);
+    EXPECT_EQ(image.LineY.Y1(), image.LineY.Y2());
+    EXPECT_EQ(image.LineY.Y1(), image.PicBG.Top() + 33);
+    MoveTo(image, -500, -400, 0);
+    EXPECT_EQ(image.LineX.X1(), 0);
+    EXPECT_EQ(image.LineY.Y1(), 0);
+    EXPECT_EQ(image.lblx.Caption(), "-250");
+    RulersOn = false;
+}
+
+} // namespace
+} // namespace pintalux
