@@ -33,7 +33,7 @@ trap end_display EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 mkfifo "$folder"/number
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$folder"/number 2>"$folder"/messages &
+Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset 3>"$folder"/number 2>"$folder"/messages &
 started+=($!)
 if ! read -r -t 30 number <"$folder"/number; then
     echo "run.sh: no virtual display could be started:" >&2

@@ -67,7 +67,8 @@ void StopProgram(const RuntimeError& error) {
     std::string text = "Erro de execução '" + NumberText(error.Number()) + "':\n\n" + error.Text();
     const std::vector<std::string> paths = RescueDocuments();
     if (!paths.empty()) text += "\n\nAs imagens abertas ficam guardadas em:";
-    for (const std::string& path : paths) text += "\n" + path;
+    for (const std::string& path : paths)
+        text += "\n" + path;
     ResumeNext([&] { LockWindowUpdate(nullptr); }, [&] { MsgBox(text, BoxButtons::Ok, BoxIcon::Critical); });
     stopping = false;
     EndProcess(1);

@@ -9,12 +9,13 @@
 
 namespace pintalux {
 
-/// Sees to it that the current image of every open document lies complete on a disk: in its state file, or in a rescue file
-/// where that one is missing, incomplete or older than what is on the screen. Gives the paths, one for each document;
-/// a document that could be written nowhere is left out.
+/// Sees to it that the current image of every open document lies complete on a disk: in its state file, or in
+/// a rescue file where that one is missing, incomplete or older than what is on the screen. Gives the paths,
+/// one for each document; a document that could be written nowhere is left out.
 std::vector<std::string> RescueDocuments();
 
-/// The stop message: rescues the documents, shows number, text and paths, and ends the process with code 1. The files stay.
+/// The stop message: rescues the documents, shows number, text and paths, and ends the process with code 1.
+/// The files stay.
 void StopProgram(const RuntimeError& error);
 
 /// How the process ends; tests put their own in its place.

@@ -17,8 +17,9 @@ constexpr int kStartInterval = 20; // milliseconds
 } // namespace
 
 frmMainForm::frmMainForm()
-    : MDIForm("frmMain"), CommandBar(static_cast<Container&>(*this)), ToolSettingsPanel(static_cast<Container&>(*this)),
-      ColourPanel(static_cast<Container&>(*this)), Timer1(kPollInterval), Timer2(kStartInterval) {
+    : MDIForm("frmMain"), CommandBar(static_cast<Container&>(*this)),
+      ToolSettingsPanel(static_cast<Container&>(*this)), ColourPanel(static_cast<Container&>(*this)),
+      Timer1(kPollInterval), Timer2(kStartInterval) {
     MDIForm::Caption("Pintalux 64");
     IconResource(":/app.svg");
     TheWorkspace = {this, this, this, [](frmImage& image) { ConnectTools(image); }};
@@ -41,6 +42,8 @@ frmMainForm::~frmMainForm() {
     TheColourPanel = nullptr;
 }
 
-std::string HandOffFile() { return App.Path() + "/KLdde.tmp"; }
+std::string HandOffFile() {
+    return App.Path() + "/KLdde.tmp";
+}
 
 } // namespace pintalux

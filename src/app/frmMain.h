@@ -1,5 +1,5 @@
-// The main window: the startup object. It is assembled from the parts that the subsystems own, and holds nothing of any
-// document.
+// The main window: the startup object. It is assembled from the parts that the subsystems own, and holds
+// nothing of any document.
 #pragma once
 
 #include "colour/ColourPanel.h"
@@ -15,10 +15,10 @@
 namespace pintalux {
 
 class frmMainForm : public MDIForm,
-                    public MainMenu,      // menus
-                    public CommandBar,    // tool bar TB2
+                    public MainMenu,          // menus
+                    public CommandBar,        // tool bar TB2
                     public ToolSettingsPanel, // pages of tool settings
-                    public ColourPanel {  // the current colour
+                    public ColourPanel {      // the current colour
   public:
     frmMainForm();
     ~frmMainForm() override;
@@ -28,7 +28,8 @@ class frmMainForm : public MDIForm,
 
     /// The command line names a file that was given to this instance; false also while it runs without one.
     bool CommandFileGiven() const { return commandFileGiven_; }
-    /// The start ended early because the running instance takes the file: no window is shown, the process ends.
+    /// The start ended early because the running instance takes the file: no window is shown, the process
+    /// ends.
     bool HandedOver() const { return handedOver_; }
     /// Set when the main window goes for good.
     static bool Closing;

@@ -1,4 +1,5 @@
-// What menu items and buttons do. Items whose function is still to come stand in the menu and follow the enable rules.
+// What menu items and buttons do. Items whose function is still to come stand in the menu and follow the
+// enable rules.
 #include "app/frmMain.h"
 #include "document/FileCommands.h"
 #include "document/frmImage.h"
@@ -60,9 +61,22 @@ void frmMainForm::TB2_ButtonClick(ToolButton& button) {
     constexpr int kLastCommand = 11;
     const std::string& key = button.Key();
     const int toolBefore = CurrentTool;
-    ResumeNext([&] { if (key == "New") mnuFileNew_Click(); }, [&] { if (key == "Open") mnuFileOpen_Click(); },
-               [&] { if (key == "Save") mnuFileSave_Click(); }, [&] { if (key == "Undo") mnuEditUndo_Click(); },
-               [&] { if (key == "Redo") mnuEditRedo_Click(); });
+    ResumeNext(
+        [&] {
+            if (key == "New") mnuFileNew_Click();
+        },
+        [&] {
+            if (key == "Open") mnuFileOpen_Click();
+        },
+        [&] {
+            if (key == "Save") mnuFileSave_Click();
+        },
+        [&] {
+            if (key == "Undo") mnuEditUndo_Click();
+        },
+        [&] {
+            if (key == "Redo") mnuEditRedo_Click();
+        });
     if (button.Index() <= kLastCommand) return;
     CurrentTool = static_cast<std::int16_t>(button.Index());
     AfterToolChosen(toolBefore);
@@ -74,19 +88,30 @@ void frmMainForm::AfterToolChosen(int toolBefore) {
         if (PicTools(page).Height() < kOpenPage) cmdTools_Click(page);
     };
     switch (CurrentTool) {
-    case kPolyLineTool: ResumeNext([] { ActiveImage().curpoly = -1; }); break;
+    case kPolyLineTool:
+        ResumeNext([] { ActiveImage().curpoly = -1; });
+        break;
     case kSelectTool:
         ResumeNext([&] { openPage(2); }, [] { ActiveImage().PicFreeSelect.Visible(false); });
         break;
-    case kFreeSelectTool: ResumeNext([&] { openPage(2); }); break;
-    case kPenTool: ResumeNext([&] { openPage(0); }); break;
-    case kShapesTool: ResumeNext([&] { openPage(1); }); break;
-    case kColorWandTool: ResumeNext([&] { openPage(3); }); break;
+    case kFreeSelectTool:
+        ResumeNext([&] { openPage(2); });
+        break;
+    case kPenTool:
+        ResumeNext([&] { openPage(0); });
+        break;
+    case kShapesTool:
+        ResumeNext([&] { openPage(1); });
+        break;
+    case kColorWandTool:
+        ResumeNext([&] { openPage(3); });
+        break;
     case kTextTool:
         // The text dialog puts the tool before back.
         ChooseToolButton(toolBefore);
         break;
-    default: break;
+    default:
+        break;
     }
 }
 

@@ -12,10 +12,14 @@ namespace pintalux {
 
 namespace {
 
-std::string Word(bool value) { return value ? "True" : "False"; }
+std::string Word(bool value) {
+    return value ? "True" : "False";
+}
 
 // The text of a single-precision number.
-std::string SingleText(double value) { return NumberText(static_cast<double>(static_cast<float>(value))); }
+std::string SingleText(double value) {
+    return NumberText(static_cast<double>(static_cast<float>(value)));
+}
 
 } // namespace
 

@@ -1,5 +1,5 @@
-// The 30 ms poll: a file handed over by a second instance, then the state of every command. It touches no surface and asks no
-// other program.
+// The 30 ms poll: a file handed over by a second instance, then the state of every command. It touches no
+// surface and asks no other program.
 #include "app/frmMain.h"
 #include "common/FileNames.h"
 #include "document/FileCommands.h"
@@ -18,7 +18,8 @@ void frmMainForm::Timer1_Timer() {
     PollDocument();
 }
 
-// Intended: the file is deleted before its picture is opened, so that a picture that fails is not tried for ever.
+// Intended: the file is deleted before its picture is opened, so that a picture that fails is not tried for
+// ever.
 void frmMainForm::TakeHandOff() {
     if (!FileExists(HandOffFile())) return;
     std::string path;

@@ -19,14 +19,25 @@ namespace pintalux {
 
 namespace {
 
-bool TrueSetting(const char* key, const char* defaultWord) { return Setting(key, defaultWord) == "True"; }
+bool TrueSetting(const char* key, const char* defaultWord) {
+    return Setting(key, defaultWord) == "True";
+}
 
-double GeometrySetting(const char* key, const char* defaultText) { return Val(Setting(key, defaultText)); }
+// Gives the window the stored measure of a key; one that it refuses, after an edit by hand, counts as the
+// default.
+template <class Assign>
+void TakeMeasure(const char* key, double defaultTwips, Assign assign) {
+    try {
+        assign(Val(Setting(key, NumberText(defaultTwips))));
+    } catch (const RuntimeError&) {
+        assign(defaultTwips);
+    }
+}
 
 } // namespace
 
-// Intended: a missing scanner library is told once at the start, so that the user knows why scanning is off; the start goes
-// on. Any other error ends the load there.
+// Intended: a missing scanner library is told once at the start, so that the user knows why scanning is off;
+// the start goes on. Any other error ends the load there.
 void frmMainForm::MDIForm_Load() try {
     try {
         mnuFileTwain.Enabled(TWAIN_IsAvailable() != 0);
@@ -45,10 +56,10 @@ void frmMainForm::MDIForm_Load() try {
 }
 
 void frmMainForm::ReadGeometry() {
-    MDIForm::Left(GeometrySetting("MainLeft", "1000"));
-    MDIForm::Top(GeometrySetting("MainTop", "1000"));
-    MDIForm::Width(GeometrySetting("MainWidth", "6500"));
-    MDIForm::Height(GeometrySetting("MainHeight", "6500"));
+    TakeMeasure("MainLeft", 1000, [this](double twips) { MDIForm::Left(twips); });
+    TakeMeasure("MainTop", 1000, [this](double twips) { MDIForm::Top(twips); });
+    TakeMeasure("MainWidth", 6500, [this](double twips) { MDIForm::Width(twips); });
+    TakeMeasure("MainHeight", 6500, [this](double twips) { MDIForm::Height(twips); });
 }
 
 void frmMainForm::ReadViews() {
@@ -63,7 +74,7 @@ void frmMainForm::ReadViews() {
 }
 
 void frmMainForm::ReadRecentFiles() {
-    frmPrefs->Combo1.ListIndex(ToInt16(Val(Setting("MRUlist", "1"))));
+    // The Preferences, loaded here, show the stored length.
     MRUlimit = ToInt16(Val(frmPrefs->Combo1.Text()));
     AllocateMRUs();
     LoadMRUs(mnuFileMRU, mnuFileBar5);

@@ -22,7 +22,9 @@ frmSplashForm::frmSplashForm()
     Timer1.Tick = [this] { Timer1_Timer(); };
 }
 
-void frmSplashForm::Form_Load() { Timer1.Enabled(true); }
+void frmSplashForm::Form_Load() {
+    Timer1.Enabled(true);
+}
 
 void frmSplashForm::Timer1_Timer() {
     if (++ticks_ < kTicks) return;

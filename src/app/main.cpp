@@ -17,5 +17,5 @@ int main(int argc, char** argv) {
         if (frmMain->HandedOver()) EndProcess(0);
         frmMain->Show();
     });
-    return application.Run();
+    return frmMain.Loaded() ? application.Run() : 0; // A start that ended in its unload has no loop to leave.
 }

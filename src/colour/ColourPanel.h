@@ -1,8 +1,10 @@
-// The colour panel: the one current colour, which every tool reads from `TheColor`, and six spinners to set it.
+// The colour panel: the one current colour, which every tool reads from `TheColor`, and six spinners to set
+// it.
 //
-// Who sets the current colour does it in this order: `TheColor.BackColor`; the caption's contrast; `txtRGB`; the readout.
-// `SetCurrentColour` does all four. Scroll bars are inverted: the top is the largest number. Their events run nested in
-// assignments; `ColorUpdating` stops the two sides, RGB and HSL, from driving each other.
+// Who sets the current colour does it in this order: `TheColor.BackColor`; the caption's contrast; `txtRGB`;
+// the readout. `SetCurrentColour` does all four. Scroll bars are inverted: the top is the largest number.
+// Their events run nested in assignments; `ColorUpdating` stops the two sides, RGB and HSL, from driving each
+// other.
 #pragma once
 
 #include "colour/ModHSL.h"
@@ -19,11 +21,11 @@ struct ColourPanel {
     explicit ColourPanel(Container& window);
 
     Surface ColTB;
-    Surface Picture1;       ///< The title strip.
-    CommandButton Command2; ///< Hides the panel.
-    Surface TheColor;       ///< Its background colour is the current colour.
-    Label LblCurCol;        ///< "ACTUAL", laid over `TheColor`.
-    Surface Picture6;       ///< The working colour: follows the pointer over pictures and palettes.
+    Surface Picture1;           ///< The title strip.
+    CommandButton Command2;     ///< Hides the panel.
+    Surface TheColor;           ///< Its background colour is the current colour.
+    Label LblCurCol;            ///< "ACTUAL", laid over `TheColor`.
+    Surface Picture6;           ///< The working colour: follows the pointer over pictures and palettes.
     Surface Picture4, Picture5; ///< Fixed swatches, white and black.
     Label lblColor;             ///< The readout.
 
@@ -80,13 +82,16 @@ struct ColourPanel {
 inline ColourPanel* TheColourPanel = nullptr;
 
 /// The one current colour.
-inline Colour CurrentColour() { return TheColourPanel->TheColor.BackColor(); }
+inline Colour CurrentColour() {
+    return TheColourPanel->TheColor.BackColor();
+}
 
 /// "RGB: 192, 192, 192"
 std::string RgbReadout(Colour c);
 
 /// "HEX:#C0C0C0", red first.
-// Intended: a green of 0 to 15 is padded in front of its decimal text, so that readouts noted down earlier stay findable.
+// Intended: a green of 0 to 15 is padded in front of its decimal text, so that readouts noted down earlier
+// stay findable.
 std::string HexReadout(Colour c);
 
 } // namespace pintalux

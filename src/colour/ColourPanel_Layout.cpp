@@ -9,7 +9,7 @@ constexpr double kWidth = 148;
 constexpr double kTitleHeight = 22;
 constexpr double kMargin = 8;
 constexpr double kRowHeight = 22;
-constexpr double kBoxWidth = 36;
+constexpr double kBoxWidth = 34;
 constexpr double kBarWidth = 16;
 constexpr ScrollBar::Direction kUpright = ScrollBar::Direction::Vertical;
 
@@ -89,7 +89,7 @@ void ColourPanel::LayOutSwatches() {
 
 void ColourPanel::LayOutSpinners() {
     constexpr double kTop = kTitleHeight + 74;
-    constexpr double kSecond = kMargin + 66;
+    constexpr double kSecond = kMargin + 70;
     constexpr double kPitch = kRowHeight + 4;
     LayOutSpinner(lblRed, txtRed, VSred, kMargin, kTop, "Vermelho");
     LayOutSpinner(lblGreen, txtGreen, VSgreen, kMargin, kTop + kPitch, "Verde");

@@ -1,5 +1,5 @@
-// Hue, saturation and luminance on a scale of 0 to 240. The two conversions are not exact inverses: the small drift
-// is what the colour panel shows and keeps.
+// Hue, saturation and luminance on a scale of 0 to 240. The two conversions are not exact inverses: the small
+// drift is what the colour panel shows and keeps.
 #pragma once
 
 #include "surface/raster/Colour.h"

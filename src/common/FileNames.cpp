@@ -23,7 +23,9 @@ bool IsAsciiAlnum(char c) {
 
 } // namespace
 
-std::string FileNameOf(const std::string& path) { return path.substr(path.rfind(kSeparator) + 1); }
+std::string FileNameOf(const std::string& path) {
+    return path.substr(path.rfind(kSeparator) + 1);
+}
 
 std::string ExtensionOf(const std::string& path, bool withPoint) {
     const std::size_t point = path.rfind('.');
@@ -70,7 +72,8 @@ bool FileExists(const std::string& path) {
     try {
         return FileDateReadable(path);
     } catch (const RuntimeError& error) {
-        MsgBox("Erro Nº: " + NumberText(error.Number()) + "\n " + error.Text(), BoxButtons::Ok, BoxIcon::None, "Erro");
+        MsgBox("Erro Nº: " + NumberText(error.Number()) + "\n " + error.Text(), BoxButtons::Ok, BoxIcon::None,
+               "Erro");
         EndProgram();
         return false;
     }

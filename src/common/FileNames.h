@@ -12,15 +12,15 @@ std::string FileNameOf(const std::string& path);
 /// The text behind the last point, with a leading point if `withPoint`; empty if there is no point.
 std::string ExtensionOf(const std::string& path, bool withPoint);
 
-/// The path up to, not including, the last point, then a point and `extension`. A point is put before a nonempty
-/// extension that has none, and stays on the caller's text. Error 5 for a path without a point.
+/// The path up to, not including, the last point, then a point and `extension`. A point is put before a
+/// nonempty extension that has none, and stays on the caller's text. Error 5 for a path without a point.
 std::string ReplaceExtension(const std::string& path, std::string& extension);
 
 /// The path up to the last separator, without a trailing one; empty if there is none.
 std::string DirectoryOf(const std::string& path);
 
-/// `path` itself if it does not exist; otherwise directory, base name, a number from 1 upward, extension: the first
-/// that `FileExists` does not find.
+/// `path` itself if it does not exist; otherwise directory, base name, a number from 1 upward, extension: the
+/// first that `FileExists` does not find.
 std::string UniqueFileName(const std::string& path);
 
 /// Only the letters A to Z, a to z and the digits of the text.
@@ -29,19 +29,19 @@ std::string KeepAlnum(const std::string& text);
 /// `text` with A to Z in lower case.
 std::string LowerCase(std::string text);
 
-/// True when the file's date can be read. Errors 53, 68 and 76 mean false. Any other shows its number and text in a box
-/// titled "Erro" and ends the program at once.
+/// True when the file's date can be read. Errors 53, 68 and 76 mean false. Any other shows its number and
+/// text in a box titled "Erro" and ends the program at once.
 bool FileExists(const std::string& path);
 
-/// How the program ends at once: it first sees to it that nothing the user made is lost. Set by the program's start; tests
-/// put their own in its place.
+/// How the program ends at once: it first sees to it that nothing the user made is lost. Set by the program's
+/// start; tests put their own in its place.
 extern std::function<void()> EndProgram;
 
 /// The full path of an existing file, or the input where there is no such file.
 std::string LongFileName(const std::string& path);
 
-/// A text file read field by field, as a reader of comma-separated text does: fields end at a comma or a line end, a
-/// field in double quotes loses its quotes. Gives the fields joined with nothing between them.
+/// A text file read field by field, as a reader of comma-separated text does: fields end at a comma or a line
+/// end, a field in double quotes loses its quotes. Gives the fields joined with nothing between them.
 std::string ReadTextFile(const std::string& path);
 
 } // namespace pintalux

@@ -11,7 +11,9 @@ constexpr int kBackspace = 8;
 
 } // namespace
 
-std::string SpinnerText(const ScrollBar& bar) { return KeepAlnum(FormattedNumber(bar.Max() - bar.Value())); }
+std::string SpinnerText(const ScrollBar& bar) {
+    return KeepAlnum(FormattedNumber(bar.Max() - bar.Value()));
+}
 
 void DigitsOnly(TextBox& text) {
     text.KeyPress = [](int& KeyAscii) {

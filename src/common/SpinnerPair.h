@@ -1,5 +1,5 @@
-// A text box with an inverted scroll bar at its side: the text shows `Max` minus `Value`, so that the up arrow raises the
-// number.
+// A text box with an inverted scroll bar at its side: the text shows `Max` minus `Value`, so that the up
+// arrow raises the number.
 #pragma once
 
 #include "surface/window/Inputs.h"

@@ -4,7 +4,8 @@
 
 namespace pintalux {
 
-bool MakeTempFileName(const std::string& path, const std::string& prefix, unsigned unique, std::string& name) {
+bool MakeTempFileName(const std::string& path, const std::string& prefix, unsigned unique,
+                      std::string& name) {
     const std::string folder = path.empty() ? GetTempPath() : path;
     if (folder.empty()) return false;
     const bool made = GetTempFileName(folder, prefix, unique, name) >= 1;
@@ -12,6 +13,8 @@ bool MakeTempFileName(const std::string& path, const std::string& prefix, unsign
     return made;
 }
 
-std::string StripAtNull(const std::string& text) { return text.substr(0, text.find('\0')); }
+std::string StripAtNull(const std::string& text) {
+    return text.substr(0, text.find('\0'));
+}
 
 } // namespace pintalux

@@ -5,8 +5,8 @@
 
 namespace pintalux {
 
-/// Nonzero if scanning is possible on this machine. Error 53 if the scanner library is not installed. Looks for no device:
-/// that happens when the user asks.
+/// Nonzero if scanning is possible on this machine. Error 53 if the scanner library is not installed. Looks
+/// for no device: that happens when the user asks.
 int TWAIN_IsAvailable();
 
 /// Opens the scanner library; false if it is not installed. Tests put their own in its place.

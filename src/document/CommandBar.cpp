@@ -6,7 +6,8 @@ namespace {
 
 constexpr ButtonStyle kTool = ButtonStyle::ButtonGroup;
 
-// Intended: the first button keeps the words of the pointer tool as its tool tip; its caption says what it does.
+// Intended: the first button keeps the words of the pointer tool as its tool tip; its caption says what it
+// does.
 const std::vector<ToolBar::Row> kButtons = {
     {"New", "Apontador - não faz selecção.", ":/icons/new.svg", ButtonStyle::Default, "Nova imagem"},
     {"Open", "Abrir imagem", ":/icons/open.svg"},
@@ -34,7 +35,7 @@ const std::vector<ToolBar::Row> kButtons = {
     {"Text", "Inserir texto", ":/icons/text.svg", kTool},
 };
 
-constexpr double kEdge = 2; // pixels above and below the buttons
+constexpr double kEdge = 2;          // pixels above and below the buttons
 constexpr double kWideEnough = 4000; // pixels: one row
 
 } // namespace
@@ -43,7 +44,8 @@ CommandBar::CommandBar(Container& window) : ToolsTB(window, "ToolsTB"), TB2(Tool
     ToolsTB.BackColor(kButtonFaceColour);
     TB2.AccessibleName("Caixa de ferramentas");
     // Like their menu items: nothing can be cut, copied or undone at the start.
-    for (const int position : {5, 6, 9, 10}) TB2.Buttons(position).Enabled(false);
+    for (const int position : {5, 6, 9, 10})
+        TB2.Buttons(position).Enabled(false);
     ToolsTB.Resize = [this] { Fit(); };
     ToolsTB.Height((TB2.HeightFor(kWideEnough) + 2 * kEdge) * kTwipsPerPixel);
 }

@@ -1,4 +1,5 @@
-// The tool bar `TB2` on its strip, which grows to as many rows as the buttons need: file and edit commands (positions 1 to 10), then the tools (12 to 24).
+// The tool bar `TB2` on its strip, which grows to as many rows as the buttons need: file and edit commands
+// (positions 1 to 10), then the tools (12 to 24).
 #pragma once
 
 #include "surface/window/Surface.h"

@@ -9,7 +9,8 @@ namespace {
 constexpr double kScrollBarDepth = 17; // pixels
 
 void Hide(std::initializer_list<Control*> controls) {
-    for (Control* control : controls) control->Visible(false);
+    for (Control* control : controls)
+        control->Visible(false);
 }
 
 // The ruler strips, in twips: 24 pixels high, 32 wide.
@@ -31,16 +32,19 @@ DocumentSurfaces::DocumentSurfaces(Form& window)
       PicSelect(PicBG, "PicSelect"), SelectImage(PicSelect, "SelectImage"),
       PicSelectShape(PicSelect, "PicSelectShape"), PicFreeSelect(PicBG, "PicFreeSelect"),
       PicMerge(PicFrame, "PicMerge"), SelHolder(PicFrame, "SelHolder"),
-      HS(PicFrame, "HS", ScrollBar::Direction::Horizontal), VS(PicFrame, "VS", ScrollBar::Direction::Vertical),
-      piccorner(PicFrame, "piccorner"), picsource(PicFrame, "picsource"), Pic1BU(PicFrame, "Pic1BU"),
-      PicMask(PicFrame, "PicMask"), picsource1(window, "picsource1") {
+      HS(PicFrame, "HS", ScrollBar::Direction::Horizontal),
+      VS(PicFrame, "VS", ScrollBar::Direction::Vertical), piccorner(PicFrame, "piccorner"),
+      picsource(PicFrame, "picsource"), Pic1BU(PicFrame, "Pic1BU"), PicMask(PicFrame, "PicMask"),
+      picsource1(window, "picsource1") {
     PicFrame.BackColor(kWorkspaceColour);
     Image1.AccessibleName("Imagem");
     for (Surface* surface : {&PicMerge, &Pic1BU, &picsource, &picsource1, &SelHolder, &PicSelect}) {
         surface->AutoSize(true);
     }
-    for (Surface* surface : {&SelHolder, &PicFreeSelect}) surface->BackColor(MaskKeyColour);
-    Hide({&PicMerge, &Pic1BU, &picsource, &picsource1, &SelHolder, &PicMask, &PicSelect, &PicFreeSelect, &lbltext});
+    for (Surface* surface : {&SelHolder, &PicFreeSelect})
+        surface->BackColor(MaskKeyColour);
+    Hide({&PicMerge, &Pic1BU, &picsource, &picsource1, &SelHolder, &PicMask, &PicSelect, &PicFreeSelect,
+          &lbltext});
     Hide({&HS, &VS, &piccorner});
     MakePreview(Line1);
     MakePreview(SelectShape);
@@ -57,8 +61,8 @@ DocumentSurfaces::DocumentSurfaces(Form& window)
 DocumentRulers::DocumentRulers(Form& window)
     : TopRuler(window, "TopRuler"), LeftRuler(window, "LeftRuler"), ImgTrule(TopRuler, "ImgTrule"),
       ImgLrule(LeftRuler, "ImgLrule"), LineX(TopRuler, "LineX"), LineY(LeftRuler, "LineY"),
-      Picture1(TopRuler, "Picture1"), lblx(Picture1, "lblx"), lbly(Picture1, "lbly"), PicTrule(window, "PicTrule"),
-      PicLrule(window, "PicLrule") {
+      Picture1(TopRuler, "Picture1"), lblx(Picture1, "lblx"), lbly(Picture1, "lbly"),
+      PicTrule(window, "PicTrule"), PicLrule(window, "PicLrule") {
     for (Surface* surface : {&TopRuler, &LeftRuler, &Picture1, &PicTrule, &PicLrule}) {
         surface->BackColor(kWhite);
     }
@@ -69,8 +73,10 @@ DocumentRulers::DocumentRulers(Form& window)
     PicLrule.Width(kLeftDepth);
     ImgTrule.Height(TopRuler.ScaleHeight());
     ImgLrule.Width(LeftRuler.ScaleWidth());
-    for (Surface* scale : {&PicTrule, &PicLrule}) scale->FontName("Small Fonts");
-    for (Label* readout : {&lblx, &lbly}) readout->FontName("Small Fonts");
+    for (Surface* scale : {&PicTrule, &PicLrule})
+        scale->FontName("Small Fonts");
+    for (Label* readout : {&lblx, &lbly})
+        readout->FontName("Small Fonts");
     Picture1.Move(0, 0, LeftRuler.ScaleWidth(), TopRuler.ScaleHeight());
     lblx.Move(2, 1, LeftRuler.ScaleWidth() - 3, TopRuler.ScaleHeight() / 2 - 1);
     lbly.Move(2, TopRuler.ScaleHeight() / 2, LeftRuler.ScaleWidth() - 3, TopRuler.ScaleHeight() / 2 - 1);

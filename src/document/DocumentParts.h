@@ -1,5 +1,5 @@
-// The parts that a document window is assembled from, in the order of its story: the surfaces, the undo lists, the
-// view, the state of a stroke and of a selection.
+// The parts that a document window is assembled from, in the order of its story: the surfaces, the undo
+// lists, the view, the state of a stroke and of a selection.
 #pragma once
 
 #include "surface/window/Display.h"
@@ -14,7 +14,8 @@
 
 namespace pintalux {
 
-/// The fixed stack of surfaces. Members stand from the back to the front, so that what comes later lies above.
+/// The fixed stack of surfaces. Members stand from the back to the front, so that what comes later lies
+/// above.
 struct DocumentSurfaces {
     explicit DocumentSurfaces(Form& window);
 
@@ -46,17 +47,18 @@ struct DocumentRulers {
     explicit DocumentRulers(Form& window);
 
     Surface TopRuler, LeftRuler;
-    Display ImgTrule, ImgLrule;  ///< Show the painted scales and move with the image.
-    LineControl LineX, LineY;    ///< Mark the pointer.
-    Surface Picture1;            ///< The corner with the readout.
+    Display ImgTrule, ImgLrule; ///< Show the painted scales and move with the image.
+    LineControl LineX, LineY;   ///< Mark the pointer.
+    Surface Picture1;           ///< The corner with the readout.
     Label lblx, lbly;
-    Surface PicTrule, PicLrule;  ///< The scales are painted here.
+    Surface PicTrule, PicLrule; ///< The scales are painted here.
 };
 
 /// The undo history: files of states, and the walkable order of them.
 struct UndoLists {
     ListStore ListBackup;  ///< Paths of the state files, append only; an entry's index is stable.
-    ListStore ListBUorder; ///< Each entry is the decimal index of an entry of `ListBackup`; the cursor is the current state.
+    ListStore ListBUorder; ///< Each entry is the decimal index of an entry of `ListBackup`; the cursor is the
+                           ///< current state.
     ListStore ListBUtemp;  ///< Stays empty.
     std::string sfilename; ///< The newest state file.
 };
@@ -69,10 +71,11 @@ struct DocumentView {
 
 /// What a stroke keeps between press, moves and release.
 struct StrokeState {
-    std::int16_t curpoly = 0;      ///< -1: the next press starts a new chain of lines.
-    std::int16_t sx = 0, sy = 0;   ///< Anchor or last point, image pixels (view pixels for the rectangle selection).
-    Colour curtranscolor = 0;      ///< The image's background when the stroke began.
-    Colour curdrawcolor = 0;       ///< What the stroke draws.
+    std::int16_t curpoly = 0; ///< -1: the next press starts a new chain of lines.
+    std::int16_t sx = 0,
+                 sy = 0; ///< Anchor or last point, image pixels (view pixels for the rectangle selection).
+    Colour curtranscolor = 0; ///< The image's background when the stroke began.
+    Colour curdrawcolor = 0;  ///< What the stroke draws.
     std::int16_t PenTipX1 = 0, PenTipY1 = 0, PenTipX2 = 0, PenTipY2 = 0; ///< Offsets of a slanted tip.
 };
 
@@ -81,7 +84,7 @@ struct SelectionState {
     std::int32_t SelX = 0, SelY = 0; ///< View pixels where the rectangle began.
     std::int16_t selecting = 0;      ///< -1 between press and release.
     double SelectLeft = 0, SelectTop = 0, Selectwidth = 0, Selectheight = 0; ///< Image pixels.
-    std::int16_t SelectpicX = 0, SelectpicY = 0;                             ///< Grab offset of a dragged piece.
+    std::int16_t SelectpicX = 0, SelectpicY = 0; ///< Grab offset of a dragged piece.
 };
 
 } // namespace pintalux

@@ -27,11 +27,12 @@ void RememberFile(const std::string& path) {
 }
 
 // The image as JPEG in the quality that the Preferences have now, by way of a BMP beside the program.
-// Intended: the result of the JPEG writer is not looked at, so that a save never ends in the middle: a failure leaves no
-// file, and the document counts as saved all the same.
+// Intended: the result of the JPEG writer is not looked at, so that a save never ends in the middle: a
+// failure leaves no file, and the document counts as saved all the same.
 void SaveJpeg(const Picture& image, const std::string& path) {
     const std::string bmp = App.Path() + "/klTmpJpg.bmp";
-    const int quality = ToInt16(Val(Setting("JPGsaveQuality", "50")));
+    int quality = 50;
+    ResumeNext([&] { quality = ToInt16(Val(Setting("JPGsaveQuality", "50"))); });
     SavePicture(image, bmp);
     BmpToJpeg(bmp, path, quality);
     if (FileExists(bmp)) DeleteFile(bmp);
@@ -45,7 +46,8 @@ void mnuFileNew_Click() {
                [] { frmNew->Combo1.ListIndex(NewColorIndex); }, [] { frmNew->ShowModal(); });
     if (NewCancelled) return;
     ResumeNext([] { NewImageMode = true; }, [] { NewImageWindow(); }, [] { ActiveImage().Picsize(); },
-               [] { FitImageWindow(); }, [] { ActiveImage().AFCurfile.clear(); }, [] { ActiveImage().Backup(); });
+               [] { FitImageWindow(); }, [] { ActiveImage().AFCurfile.clear(); },
+               [] { ActiveImage().Backup(); });
 }
 
 void OpenDocument(const std::string& path) try {
@@ -61,7 +63,8 @@ void OpenDocument(const std::string& path) try {
     image.Backup();
     LockWindowUpdate(nullptr);
 } catch (...) {
-    // Intended: a file that is no picture leaves the new, empty window and the locked screen as they are, without a word.
+    // Intended: a file that is no picture leaves the new, empty window and the locked screen as they are,
+    // without a word.
 }
 
 void mnuFileOpen_Click() try {
@@ -76,7 +79,9 @@ void mnuFileOpen_Click() try {
     // An error ends the command.
 }
 
-void mnuFileClose_Click() { ActiveImage().Unload(); }
+void mnuFileClose_Click() {
+    ActiveImage().Unload();
+}
 
 void mnuFileSave_Click() {
     frmImage& image = ActiveImage();
@@ -90,8 +95,8 @@ void mnuFileSave_Click() {
     } else if (extension == "bmp") {
         SavePictureAside(image.PicMerge.Image(), image.AFCurfile);
     } else {
-        // Intended: what can't be written in its own format goes to a new BMP beside it, numbered if need be, so that the
-        // file that was opened is never touched.
+        // Intended: what can't be written in its own format goes to a new BMP beside it, numbered if need be,
+        // so that the file that was opened is never touched.
         std::string bmp = "bmp";
         SavePictureAside(image.PicMerge.Image(), UniqueFileName(ReplaceExtension(image.AFCurfile, bmp)));
     }
@@ -106,7 +111,8 @@ void mnuFileSaveAs_Click() try {
     CommonDialog1.CancelError = false;
     CommonDialog1.ShowSave();
     if (CommonDialog1.FileName().empty()) return;
-    // Intended: the chosen format alone decides how the name ends; a name without a point is refused silently.
+    // Intended: the chosen format alone decides how the name ends; a name without a point is refused
+    // silently.
     std::string extension = CommonDialog1.FilterIndex == 2 ? "jpg" : "bmp";
     const std::string path = ReplaceExtension(CommonDialog1.FileName(), extension);
     if (CommonDialog1.FilterIndex == 2) {
@@ -122,7 +128,9 @@ void mnuFileSaveAs_Click() try {
     // An error ends the command; the document stays as it was.
 }
 
-void MySaveAs() { mnuFileSave_Click(); }
+void MySaveAs() {
+    mnuFileSave_Click();
+}
 
 void mnuFileMRU_Click(int Index) {
     MainMenu& menu = *TheWorkspace.menu;

@@ -15,8 +15,8 @@ void mnuFileMRU_Click(int Index);
 /// File Save, for the question at closing.
 void MySaveAs();
 
-/// Opens the picture of a path in a new window and puts it into the recent files: the sequence of File Open from the new
-/// window on. A picture that the loader refuses leaves the new, empty window; nothing is said.
+/// Opens the picture of a path in a new window and puts it into the recent files: the sequence of File Open
+/// from the new window on. A picture that the loader refuses leaves the new, empty window; nothing is said.
 void OpenDocument(const std::string& path);
 
 } // namespace pintalux

@@ -9,10 +9,10 @@
 namespace pintalux {
 
 // Documents
-inline std::int16_t ImageCount = 0;   ///< Open documents.
-inline bool NewImageMode = false;     ///< Set by the first File New, and stays set.
-inline std::int32_t NewWidth = 0;     ///< Pixels.
-inline std::int32_t NewHeight = 0;    ///< Pixels.
+inline std::int16_t ImageCount = 0; ///< Open documents.
+inline bool NewImageMode = false;   ///< Set by the first File New, and stays set.
+inline std::int32_t NewWidth = 0;   ///< Pixels.
+inline std::int32_t NewHeight = 0;  ///< Pixels.
 inline Colour NewBackColor = kWhite;
 inline std::int16_t NewColorIndex = 0; ///< The list entry last chosen in the New dialog.
 inline bool NewCancelled = false;
@@ -26,7 +26,8 @@ inline double ScrollRatioV = 0;
 inline double ScrollRatioH = 0;
 
 // Tools
-inline std::int16_t CurrentTool = 0; ///< Position of the pressed button of `TB2`, 12 to 24; 0 before the start.
+inline std::int16_t CurrentTool =
+    0; ///< Position of the pressed button of `TB2`, 12 to 24; 0 before the start.
 
 // Selections: -1 or 0.
 inline std::int16_t FreeSelActive = 0;

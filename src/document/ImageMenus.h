@@ -1,5 +1,5 @@
-// Which commands may be used: the undo code sets some at once, the poll of the main window sets them all 33 times a
-// second.
+// Which commands may be used: the undo code sets some at once, the poll of the main window sets them all 33
+// times a second.
 #pragma once
 
 #include "surface/window/ListStore.h"
@@ -15,7 +15,8 @@ void ImgMenuEnable(bool value);
 /// The commands on the image.
 void EnableImageMenus();
 
-/// Switches them off; with `all` also undo, redo, borders, resizing and the arranging of windows. Clears `all`.
+/// Switches them off; with `all` also undo, redo, borders, resizing and the arranging of windows. Clears
+/// `all`.
 void DisableImageMenus(bool& all);
 
 } // namespace pintalux

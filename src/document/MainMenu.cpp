@@ -13,12 +13,14 @@ namespace {
 using Row = std::reference_wrapper<MenuItem>;
 
 void AddAll(MenuItem& menu, const std::vector<Row>& items) {
-    for (MenuItem& item : items) menu.Add(item);
+    for (MenuItem& item : items)
+        menu.Add(item);
 }
 
 std::vector<std::string> Ratios(const char* before, const char* behind) {
     std::vector<std::string> captions;
-    for (int n = 1; n <= 16; ++n) captions.push_back(before + NumberText(n) + behind);
+    for (int n = 1; n <= 16; ++n)
+        captions.push_back(before + NumberText(n) + behind);
     return captions;
 }
 
@@ -41,7 +43,8 @@ MenuItem& MenuArray::operator()(int index) {
 }
 
 void MenuArray::AddTo(MenuItem& owner) {
-    for (const auto& item : items_) owner.Add(*item);
+    for (const auto& item : items_)
+        owner.Add(*item);
 }
 
 MainMenu::MainMenu()
@@ -49,7 +52,8 @@ MainMenu::MainMenu()
       mnuFileOpen("mnuFileOpen", "&Abrir...", "Ctrl+O"), mnuFileClose("mnuFileClose", "&Fechar"),
       mnuFileSave("mnuFileSave", "&Salvar"), mnuFileSaveAs("mnuFileSaveAs", "Salvar &Como..."),
       mnuFileTwain("mnuFileTwain", "Digitalizador"), mnuFileAquire("mnuFileAquire", "Digitalizar"),
-      mnuFileTSelect("mnuFileTSelect", "Seleccionar Digitalizador"), mnuFilePrinter("mnuFilePrinter", "Impressora"),
+      mnuFileTSelect("mnuFileTSelect", "Seleccionar Digitalizador"),
+      mnuFilePrinter("mnuFilePrinter", "Impressora"),
       mnuFilePrinterSetup("mnuFilePrinterSetup", "Configurar Impressora"),
       mnuFilePrinterPrint("mnuFilePrinterPrint", "Imprimir"),
       mnuFileSaveOptions("mnuFileSaveOptions", "Preferências"), mnuFileBar5("mnuFileBar5"),
@@ -69,7 +73,8 @@ MainMenu::MainMenu()
       mnuRotate270("mnuRotate270", "Rodar 270 Graus"), mnuResize("mnuResize", "Redimensionar a Imagem"),
       mnuAddBorders("mnuAddBorders", "Inserir Bordos"), mnuBorderWiz("mnuBorderWiz", "Colocar Molduras"),
       mnuFiltBrow("mnuFiltBrow", "Filtros de Imagem"), mnuIncCol("mnuIncCol", "Incrementar Cor"),
-      mnuRedCol("mnuRedCol", "Reduzir Cor"), mnuColInc("mnuColInc", kChannels), mnuColRed("mnuColRed", kChannels),
+      mnuRedCol("mnuRedCol", "Reduzir Cor"), mnuColInc("mnuColInc", kChannels),
+      mnuColRed("mnuColRed", kChannels),
 
       mnuView("mnuView", "&Visualizar"), mnuViewToolbar("mnuViewToolbar", "&Caixa de ferramentas"),
       mnuViewColorBox("mnuViewColorBox", "Caixa de Cor"), mnuViewSettingsBar("mnuViewSettingsBar", "Acertos"),
@@ -135,7 +140,8 @@ void MainMenu::BuildViewMenu() {
     AddAll(mnuView, {mnuZoomActual, mnuZoomIn, mnuZoomOut});
     mnuZoomInX.AddTo(mnuZoomIn);
     mnuZoomOutX.AddTo(mnuZoomOut);
-    for (MenuItem* ticked : {&mnuViewToolbar, &mnuViewColorBox, &mnuViewSettingsBar}) ticked->Checked(true);
+    for (MenuItem* ticked : {&mnuViewToolbar, &mnuViewColorBox, &mnuViewSettingsBar})
+        ticked->Checked(true);
     mnuZoomActual.Enabled(false);
 }
 
@@ -146,7 +152,8 @@ void MainMenu::BuildWindowMenu() {
 }
 
 void MainMenu::AddTo(MDIForm& window) {
-    for (MenuItem* menu : {&mnuFile, &mnuEdit, &mnuImage, &mnuView, &mnuWindow}) window.AddMenu(*menu);
+    for (MenuItem* menu : {&mnuFile, &mnuEdit, &mnuImage, &mnuView, &mnuWindow})
+        window.AddMenu(*menu);
     window.WindowListMenu(mnuWindow);
 }
 

@@ -7,6 +7,8 @@ StateFiles& States() {
     return states;
 }
 
-void ForgetState(const std::string& path) { States().Forget(path); }
+void ForgetState(const std::string& path) {
+    States().Forget(path);
+}
 
 } // namespace pintalux

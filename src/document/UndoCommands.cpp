@@ -11,8 +11,8 @@ namespace pintalux {
 
 namespace {
 
-// Intended: at a zoom other than 1:1 the frame keeps its size, so that undoing does not move the view; a state of another
-// size shows stretched until the zoom changes.
+// Intended: at a zoom other than 1:1 the frame keeps its size, so that undoing does not move the view; a
+// state of another size shows stretched until the zoom changes.
 void ShowState(const std::string& path) {
     ResumeNext([] { ActiveImage().PicMerge.AutoSize(true); },
                [&] { ActiveImage().PicMerge.Picture(States().LoadState(path)); });

@@ -1,4 +1,5 @@
-// What documents need of the main window. The main window fills it when it is made; tests may put parts of their own in.
+// What documents need of the main window. The main window fills it when it is made; tests may put parts of
+// their own in.
 #pragma once
 
 #include <functional>

@@ -16,7 +16,8 @@ double ZoomFactor(int level);
 /// Sets `factor` of the active window from its `factorlevel` and ticks the zoom menu for it.
 void ApplyZoomLevel();
 
-/// One click of the magnifier: a level in or out, the rectangular selection scaled along. At either end nothing happens.
+/// One click of the magnifier: a level in or out, the rectangular selection scaled along. At either end
+/// nothing happens.
 void ZoomStep(bool in, Display& image, Surface& merge);
 
 /// After a zoom by the menu: scales the rectangular selection by `ZoomRatio` and keeps the image in view.

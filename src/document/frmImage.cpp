@@ -19,7 +19,7 @@ namespace pintalux {
 
 namespace {
 
-constexpr int kDragInterval = 20;   // milliseconds
+constexpr int kDragInterval = 20;    // milliseconds
 constexpr int kRulersInterval = 250; // milliseconds
 
 // What the desktop's frame takes of a window, in twips.
@@ -39,7 +39,8 @@ frmImage& ActiveImage() {
 frmImage::frmImage()
     : Form("frmImage", Kind::Child), DocumentRulers(static_cast<Form&>(*this)),
       DocumentSurfaces(static_cast<Form&>(*this)), Timer1(kDragInterval, EventKind::Pointer),
-      Timer3(kDragInterval, EventKind::Pointer), TimerFS(kDragInterval, EventKind::Pointer), Timer2(kRulersInterval) {
+      Timer3(kDragInterval, EventKind::Pointer), TimerFS(kDragInterval, EventKind::Pointer),
+      Timer2(kRulersInterval) {
     IconResource(":/icons/document.svg");
     ConnectScrollBars();
     Timer2.Tick = [this] { Timer2_Timer(); };
@@ -50,8 +51,8 @@ void frmImage::Form_Load() {
     factor = 1.0;
     Width(4620);
     Height(4980);
-    // Intended: once a New was confirmed, later windows start with its size and colour, also before a file is loaded over
-    // it; a small file leaves the colour as the image's background.
+    // Intended: once a New was confirmed, later windows start with its size and colour, also before a file is
+    // loaded over it; a small file leaves the colour as the image's background.
     if (NewImageMode) {
         PicMerge.Picture(LoadPicture());
         PicMerge.BackColor(NewBackColor);
@@ -87,7 +88,8 @@ void frmImage::Form_QueryUnload(bool& Cancel) {
 }
 
 void frmImage::Form_Unload() {
-    for (int i = 0; i < ListBackup.ListCount(); ++i) ForgetState(ListBackup.List(i));
+    for (int i = 0; i < ListBackup.ListCount(); ++i)
+        ForgetState(ListBackup.List(i));
     ImageCount = SubtractInt16(ImageCount, 1);
 }
 
@@ -105,7 +107,9 @@ void frmImage::CheckChanged() {
     if (answer == BoxAnswer::Cancel) CloseCancelled = true;
 }
 
-void frmImage::Form_Activate() { ApplyZoomLevel(); }
+void frmImage::Form_Activate() {
+    ApplyZoomLevel();
+}
 
 void frmImage::Form_Resize() {
     const double left = RulersOn ? LeftRuler.Width() : 0;

@@ -1,9 +1,10 @@
-// The document window. There is no document object beside it: the surfaces, the undo lists and a handful of members are
-// the document, and commands reach them by name.
+// The document window. There is no document object beside it: the surfaces, the undo lists and a handful of
+// members are the document, and commands reach them by name.
 //
 // The life of one edit: a tool draws on `PicMerge` in image pixels; each step copies it out by
-// `Image1.Picture(PicMerge.Image())`, so that it shows at the current zoom; the release draws the final figure, copies
-// it out and calls `Backup`, which records one undo state. Nothing reaches the undo lists before an action is finished.
+// `Image1.Picture(PicMerge.Image())`, so that it shows at the current zoom; the release draws the final
+// figure, copies it out and calls `Backup`, which records one undo state. Nothing reaches the undo lists
+// before an action is finished.
 #pragma once
 
 #include "document/DocumentParts.h"
@@ -28,8 +29,8 @@ class frmImage : public Form,
     std::int16_t alreadysaved = 0; ///< -1 from a successful save until the next recorded state.
 
     // Layout (frmImage_Zoom.cpp, frmImage_Rulers.cpp)
-    /// Lays out the scroll bars and centres the image; after any change of image size or zoom. Error 6 where a scroll
-    /// range exceeds 32767 pixels.
+    /// Lays out the scroll bars and centres the image; after any change of image size or zoom. Error 6 where
+    /// a scroll range exceeds 32767 pixels.
     void Picsize();
     void hiderulers();
     void drawrulers();
@@ -43,7 +44,8 @@ class frmImage : public Form,
     /// Empties the image and fits the window to what is left.
     void Blankme();
 
-    /// Asks whether to save, if the document stands behind its first state. Its only result is `CloseCancelled`.
+    /// Asks whether to save, if the document stands behind its first state. Its only result is
+    /// `CloseCancelled`.
     void CheckChanged();
 
     Timer Timer1, Timer3, TimerFS; ///< Drags of `PicSelect`, `lbltext`, `PicFreeSelect`.

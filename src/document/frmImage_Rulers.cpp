@@ -1,4 +1,5 @@
-// Rulers of a document window: scales in image pixels along the top and the left edge, which follow zoom and scroll.
+// Rulers of a document window: scales in image pixels along the top and the left edge, which follow zoom and
+// scroll.
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "surface/raster/Arithmetic.h"
@@ -21,8 +22,8 @@ struct ScalePen {
     std::function<void(double at, int number)> number;
 };
 
-// Marks every 5, 50 and 100 pixels, one a pixel and a number every 5 from a factor above 5; only every hundredth at
-// 0.25 and below.
+// Marks every 5, 50 and 100 pixels, one a pixel and a number every 5 from a factor above 5; only every
+// hundredth at 0.25 and below.
 void DrawScale(int pixels, double factor, const ScalePen& pen) {
     int m5 = 5;
     int m50 = 50;

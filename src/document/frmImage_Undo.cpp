@@ -26,7 +26,9 @@ void EnableRedo(bool value) {
     TheWorkspace.bar->TB2.Buttons(10).Enabled(value);
 }
 
-int StateIndex(const ListStore& order, int position) { return ToInt32(Val(order.List(position))); }
+int StateIndex(const ListStore& order, int position) {
+    return ToInt32(Val(order.List(position)));
+}
 
 } // namespace
 
@@ -42,8 +44,8 @@ void ShowUndoState(const ListStore& order) {
     }
 }
 
-// Intended: a state always goes to the end, also after some undos. Nothing that was undone is ever cut off; undo from the
-// new state walks back through it.
+// Intended: a state always goes to the end, also after some undos. Nothing that was undone is ever cut off;
+// undo from the new state walks back through it.
 void frmImage::Backup() {
     if (MakeTempFileName("", "BI", 0, sfilename)) {
         States().SaveBehind(PicMerge.Image(), sfilename);
@@ -58,10 +60,12 @@ void frmImage::Backup() {
 }
 
 void frmImage::TrimHistory() {
-    frmPrefs->Combo2.ListIndex(ToInt16(Val(Setting("UndoSteps", "0"))));
+    // A number that the list does not have, after an edit by hand, leaves it as it is.
+    ResumeNext([] { frmPrefs->Combo2.ListIndex(ToInt16(Val(Setting("UndoSteps", "0")))); });
     const int steps = ToInt16(Val(frmPrefs->Combo2.Text()));
     if (steps + 1 >= ListBUorder.ListCount()) return;
-    // Intended: one state at most goes per edit, so that a limit switched on later never drops a long history at once.
+    // Intended: one state at most goes per edit, so that a limit switched on later never drops a long history
+    // at once.
     ForgetState(ListBackup.List(StateIndex(ListBUorder, 0)));
     ListBUorder.RemoveItem(0);
 }
@@ -87,8 +91,8 @@ std::string frmImage::MyRedo() {
     return path;
 }
 
-// Intended: pixels and twips are added as they stand, so that a lost state leaves a window that is plainly too small to be
-// taken for an image.
+// Intended: pixels and twips are added as they stand, so that a lost state leaves a window that is plainly
+// too small to be taken for an image.
 void frmImage::Blankme() {
     PicMerge.Picture(LoadPicture());
     if (RulersOn) {

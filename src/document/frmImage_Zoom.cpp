@@ -3,14 +3,15 @@
 #include "document/Globals.h"
 #include "surface/raster/Arithmetic.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace pintalux {
 
 namespace {
 
-// Intended: the image is centred upright only with more than 13 pixels to spare, so that a window drawn tight around it
-// does not make it jump.
+// Intended: the image is centred upright only with more than 13 pixels to spare, so that a window drawn tight
+// around it does not make it jump.
 constexpr double kVerticalSlack = 13;
 
 } // namespace
@@ -65,8 +66,9 @@ void frmImage::LayOutVertical() {
 void frmImage::LayOutCorner() {
     const bool both = HS.Visible() && VS.Visible();
     if (both) {
-        HS.Width(HS.Width() - VS.Width());
-        VS.Height(VS.Height() - HS.Height());
+        // A view smaller than a bar's depth leaves the other no length.
+        HS.Width(std::max(HS.Width() - VS.Width(), 0.0));
+        VS.Height(std::max(VS.Height() - HS.Height(), 0.0));
         piccorner.Top(HS.Top());
         piccorner.Left(VS.Left());
     }

@@ -14,17 +14,24 @@ AutoForm<frmNewForm> frmNew;
 
 namespace {
 
-// Intended: sizes above 32000 are refused although the message before names 32767, so that no later size overflows.
+// Intended: sizes above 32000 are refused although the message before names 32767, so that no later size
+// overflows.
 constexpr std::int32_t kLargestSide = 32000;
 
 Colour BackgroundOf(int listIndex) {
     switch (listIndex) {
-    case 1: return 0;
-    case 2: return 0x0000FF;
-    case 3: return 0x00FF00;
-    case 4: return 0xFF0000;
-    case 5: return CurrentColour();
-    default: return 0xFFFFFF;
+    case 1:
+        return 0;
+    case 2:
+        return 0x0000FF;
+    case 3:
+        return 0x00FF00;
+    case 4:
+        return 0xFF0000;
+    case 5:
+        return CurrentColour();
+    default:
+        return 0xFFFFFF;
     }
 }
 
@@ -48,13 +55,28 @@ frmNewForm::frmNewForm()
     LabelFor(lblWidth, txtPXw);
     LabelFor(lblHeight, txtPXh);
     LabelFor(lblColour, Combo1);
-    LayOutGrid(*this, {{&lblWidth, 0, 0}, {&txtPXw, 0, 1}, {&VSPXw, 0, 2, 1, 1, Place::Left}, {&lblWidthUnit, 0, 3},
-                       {&lblHeight, 1, 0}, {&txtPXh, 1, 1}, {&VSPXh, 1, 2, 1, 1, Place::Left}, {&lblHeightUnit, 1, 3},
-                       {&lblColour, 2, 0}, {&Combo1, 2, 1, 1, 3},
-                       {&cmdOK, 0, 4}, {&cmdCancel, 1, 4}});
+    LayOutGrid(*this, {{&lblWidth, 0, 0},
+                       {&txtPXw, 0, 1},
+                       {&VSPXw, 0, 2, 1, 1, Place::Left},
+                       {&lblWidthUnit, 0, 3},
+                       {&lblHeight, 1, 0},
+                       {&txtPXh, 1, 1},
+                       {&VSPXh, 1, 2, 1, 1, Place::Left},
+                       {&lblHeightUnit, 1, 3},
+                       {&lblColour, 2, 0},
+                       {&Combo1, 2, 1, 1, 3},
+                       {&cmdOK, 0, 4},
+                       {&cmdCancel, 1, 4}});
 }
 
-void frmNewForm::Form_Load() { confirmed_ = false; }
+void frmNewForm::Form_Load() {
+    confirmed_ = false;
+}
+
+// The first digit typed replaces the proposed width.
+void frmNewForm::Form_Activate() {
+    txtPXw.SelectAll();
+}
 
 void frmNewForm::Form_QueryUnload(bool&) {
     if (!confirmed_) NewCancelled = true;
@@ -72,7 +94,8 @@ void frmNewForm::cmdOK_Click() {
     NewWidth = ToInt32(Val(txtPXw.Text()));
     NewBackColor = BackgroundOf(Combo1.ListIndex());
     NewColorIndex = ToInt16(Combo1.ListIndex());
-    // Intended: this refusal comes after the confirmation was noted, so that size and colour typed here are kept.
+    // Intended: this refusal comes after the confirmation was noted, so that size and colour typed here are
+    // kept.
     if (NewHeight > kLargestSide || NewWidth > kLargestSide) {
         MsgBox("Imagem muito Grande !", BoxButtons::Ok, BoxIcon::Critical, kMessageTitle);
         return;

@@ -1,5 +1,5 @@
-// The dialog for the size and colour of a new image. OK leaves them in `NewWidth`, `NewHeight`, `NewBackColor`; any other
-// way out sets `NewCancelled`.
+// The dialog for the size and colour of a new image. OK leaves them in `NewWidth`, `NewHeight`,
+// `NewBackColor`; any other way out sets `NewCancelled`.
 #pragma once
 
 #include "surface/window/Display.h"
@@ -29,6 +29,7 @@ class frmNewForm : public Form {
   protected:
     void Form_Load() override;
     void Form_QueryUnload(bool& Cancel) override;
+    void Form_Activate() override;
 
   private:
     bool confirmed_ = false;

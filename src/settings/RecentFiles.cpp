@@ -14,21 +14,26 @@ namespace {
 // Full paths, newest first; an empty entry is the end of the list.
 std::vector<std::string> list;
 
-// Intended: a raised limit runs past the end of the list and fails until the next start, when the list gets its new
-// length; files already listed are kept.
+// Intended: a raised limit runs past the end of the list and fails until the next start, when the list gets
+// its new length; files already listed are kept.
 std::string& Entry(int index) {
     if (index < 0 || index >= static_cast<int>(list.size())) throw RuntimeError(kSubscriptOutOfRange);
     return list[static_cast<std::size_t>(index)];
 }
 
-std::string StoreKey() { return R"(Software\Microsoft\Windows\CurrentVersion\App Paths\)" + App.Title(); }
+std::string StoreKey() {
+    return R"(Software\Microsoft\Windows\CurrentVersion\App Paths\)" + App.Title();
+}
 
-std::string ValueName(int index) { return "MRU" + NumberText(index); }
+std::string ValueName(int index) {
+    return "MRU" + NumberText(index);
+}
 
 // File names may hold ampersands, which a menu would take for access keys.
 std::string MenuText(const std::string& path) {
     std::string text;
-    for (const char c : FileNameOf(path)) text += c == '&' ? std::string("&&") : std::string(1, c);
+    for (const char c : FileNameOf(path))
+        text += c == '&' ? std::string("&&") : std::string(1, c);
     return text;
 }
 
@@ -40,7 +45,9 @@ void ShowItem(RecentFilesMenu& menu, int index, const std::string& path) {
 
 } // namespace
 
-RecentFilesMenu::RecentFilesMenu(MenuItem& owner) : owner_(owner) { items_.push_back(MakeItem(0)); }
+RecentFilesMenu::RecentFilesMenu(MenuItem& owner) : owner_(owner) {
+    items_.push_back(MakeItem(0));
+}
 
 MenuItem& RecentFilesMenu::operator()(int index) {
     if (index < 0 || index >= static_cast<int>(items_.size())) throw RuntimeError(kSubscriptOutOfRange);
@@ -70,7 +77,9 @@ void RecentFilesMenu::UnloadAbove0() {
     }
 }
 
-void AllocateMRUs() { list.assign(static_cast<std::size_t>(MRUlimit), {}); }
+void AllocateMRUs() {
+    list.assign(static_cast<std::size_t>(MRUlimit), {});
+}
 
 void LoadMRUs(RecentFilesMenu& menu, MenuItem& bar) {
     int n = 0;
@@ -85,12 +94,14 @@ void LoadMRUs(RecentFilesMenu& menu, MenuItem& bar) {
 }
 
 void UpdateMRUs(RecentFilesMenu& menu, MenuItem& bar, const std::string& path) {
-    // Intended: a file already in the list stays where it is, so that the list does not jump about under the user.
+    // Intended: a file already in the list stays where it is, so that the list does not jump about under the
+    // user.
     for (int i = 0; i < MRUlimit; ++i) {
         if (Entry(i) == path) return;
     }
     menu.UnloadAbove0();
-    for (int i = MRUlimit - 1; i > 0; --i) Entry(i) = Entry(i - 1);
+    for (int i = MRUlimit - 1; i > 0; --i)
+        Entry(i) = Entry(i - 1);
     Entry(0) = path;
     bar.Visible(true);
     ShowItem(menu, 0, path);
@@ -108,6 +119,8 @@ std::string MRUfile(int index) {
     return {};
 }
 
-void ForgetMRU(int index) { DeleteMachineValue(StoreKey(), ValueName(index)); }
+void ForgetMRU(int index) {
+    DeleteMachineValue(StoreKey(), ValueName(index));
+}
 
 } // namespace pintalux

@@ -1,4 +1,5 @@
-// The list of recently opened files at the end of the file menu. It is kept by position in the machine-wide store.
+// The list of recently opened files at the end of the file menu. It is kept by position in the machine-wide
+// store.
 #pragma once
 
 #include "surface/window/Menu.h"
@@ -14,7 +15,8 @@ namespace pintalux {
 /// Length of the list as the Preferences want it.
 inline std::int16_t MRUlimit = 0;
 
-/// The menu items of the list: item 0 exists from the start and is hidden, further ones are loaded at run time.
+/// The menu items of the list: item 0 exists from the start and is hidden, further ones are loaded at run
+/// time.
 class RecentFilesMenu {
   public:
     /// Item 0 is made here; the owner puts it where the list begins.
@@ -29,14 +31,15 @@ class RecentFilesMenu {
 
     MenuItem& owner_;
     std::vector<std::unique_ptr<MenuItem>> items_;
-    std::vector<std::unique_ptr<MenuItem>> retired_; ///< The item clicked unloads itself: it lives until the next time.
+    std::vector<std::unique_ptr<MenuItem>>
+        retired_; ///< The item clicked unloads itself: it lives until the next time.
 };
 
 /// Gives the list in memory its length, `MRUlimit` entries from 0; once, at the start.
 void AllocateMRUs();
 
-/// Fills list and menu from the store; a file that is gone is skipped, so that the list closes up. Error 9 once `MRUlimit`
-/// exceeds the length in memory.
+/// Fills list and menu from the store; a file that is gone is skipped, so that the list closes up. Error 9
+/// once `MRUlimit` exceeds the length in memory.
 void LoadMRUs(RecentFilesMenu& menu, MenuItem& bar);
 
 /// Puts a path at the top, unless it is in the list already, and writes the list. Error 9 as above.

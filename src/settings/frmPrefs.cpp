@@ -18,7 +18,8 @@ std::string Setting(const std::string& key, const std::string& defaultText) {
 
 namespace {
 
-// Gives a control the stored number of a key; one that the control refuses, after an edit by hand, counts as the default.
+// Gives a control the stored number of a key; one that the control refuses, after an edit by hand, counts as
+// the default.
 template <class Assign>
 void TakeSetting(const char* key, const char* defaultText, Assign assign) {
     try {
@@ -37,13 +38,15 @@ frmPrefsForm::frmPrefsForm()
       Check3(SSTab1.Page(0), "Check3", "Monitor da Area de Transferência no arranque"),
       Check4(SSTab1.Page(0), "Check4", "Não perguntar se pretende Salvar as alterações ao Sair"),
       Label1(SSTab1.Page(1), "Label1", "Limitar a abertura em simultâneo a"),
-      Combo1(SSTab1.Page(1), "Combo1", {"3", "5", "7", "10", "15"}), Label4(SSTab1.Page(1), "Label4", "Imagens."),
+      Combo1(SSTab1.Page(1), "Combo1", {"3", "5", "7", "10", "15"}),
+      Label4(SSTab1.Page(1), "Label4", "Imagens."),
       Check5(SSTab1.Page(1), "Check5", "Refazer e desfazer ilimitado"),
       Label5(SSTab1.Page(1), "Label5", "Limitar o Refazer e Desfazer a"),
-      Combo2(SSTab1.Page(1), "Combo2", {"5", "10", "15", "20", "25", "30"}), Label6(SSTab1.Page(1), "Label6", "passos."),
+      Combo2(SSTab1.Page(1), "Combo2", {"5", "10", "15", "20", "25", "30"}),
+      Label6(SSTab1.Page(1), "Label6", "passos."),
       Frame1(SSTab1.Page(2), "Frame1", "JPEG Qualidade de Gravação"), Label2(Frame1, "Label2", "POUCA"),
-      Slider1(Frame1, "Slider1", 10, 90), Label3(Frame1, "Label3", "MUITA"), Command1(*this, "Command1", "OK"),
-      Command2(*this, "Command2", "Cancelar") {
+      Slider1(Frame1, "Slider1", 10, 90), Label3(Frame1, "Label3", "MUITA"),
+      Command1(*this, "Command1", "OK"), Command2(*this, "Command2", "Cancelar") {
     Caption("Preferências");
     Slider1.SmallChange(1);
     Slider1.LargeChange(5);
@@ -58,10 +61,16 @@ frmPrefsForm::frmPrefsForm()
 }
 
 void frmPrefsForm::LayOut() {
-    LayOutGrid(SSTab1.Page(0), {{&Check1, 0, 0}, {&Check2, 1, 0}, {&Check3, 2, 0}, {&Check4, 3, 0}, {nullptr, 4, 0}});
-    LayOutGrid(SSTab1.Page(1), {{&Label1, 0, 0}, {&Combo1, 0, 1}, {&Label4, 0, 2},
-                                {&Check5, 1, 0, 1, 3}, {&Label5, 2, 0}, {&Combo2, 2, 1},
-                                {&Label6, 2, 2}, {nullptr, 3, 3}});
+    LayOutGrid(SSTab1.Page(0),
+               {{&Check1, 0, 0}, {&Check2, 1, 0}, {&Check3, 2, 0}, {&Check4, 3, 0}, {nullptr, 4, 0}});
+    LayOutGrid(SSTab1.Page(1), {{&Label1, 0, 0},
+                                {&Combo1, 0, 1},
+                                {&Label4, 0, 2},
+                                {&Check5, 1, 0, 1, 3},
+                                {&Label5, 2, 0},
+                                {&Combo2, 2, 1},
+                                {&Label6, 2, 2},
+                                {nullptr, 3, 3}});
     LayOutGrid(Frame1, {{&Label2, 0, 0}, {&Slider1, 0, 1}, {&Label3, 0, 2}});
     LayOutGrid(SSTab1.Page(2), {{&Frame1, 0, 0}, {nullptr, 1, 0}});
     LayOutGrid(*this, {{&SSTab1, 0, 0, 1, 3}, {nullptr, 1, 0}, {&Command1, 1, 1}, {&Command2, 1, 2}});
@@ -102,6 +111,8 @@ void frmPrefsForm::Command1_Click() {
     Unload();
 }
 
-void frmPrefsForm::Command2_Click() { Unload(); }
+void frmPrefsForm::Command2_Click() {
+    Unload();
+}
 
 } // namespace pintalux

@@ -1,5 +1,5 @@
-// The Preferences: three tabs of settings. Loaded early and never shown until asked; its controls are the live values
-// that the rest of the program reads.
+// The Preferences: three tabs of settings. Loaded early and never shown until asked; its controls are the
+// live values that the rest of the program reads.
 #pragma once
 
 #include "surface/window/Display.h"

@@ -7,6 +7,9 @@
 #include "document/Globals.h"
 #include "tools/ToolNumbers.h"
 
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
 #include <QWidget>
 
 namespace pintalux {
@@ -71,32 +74,100 @@ TEST_F(CommandTest, TheFirstButtonHasThePointersTipAndMakesANewImage) {
 TEST_F(CommandTest, MenusCarryTheirTexts) {
     const frmMainForm& m = *frmMain;
     const std::vector<std::pair<const MenuItem*, const char*>> texts = {
-        {&m.mnuFile, "&Ficheiro"}, {&m.mnuFileNew, "&Nova"}, {&m.mnuFileOpen, "&Abrir..."},
-        {&m.mnuFileClose, "&Fechar"}, {&m.mnuFileSave, "&Salvar"}, {&m.mnuFileSaveAs, "Salvar &Como..."},
-        {&m.mnuFileTwain, "Digitalizador"}, {&m.mnuFileAquire, "Digitalizar"},
-        {&m.mnuFileTSelect, "Seleccionar Digitalizador"}, {&m.mnuFilePrinter, "Impressora"},
-        {&m.mnuFilePrinterSetup, "Configurar Impressora"}, {&m.mnuFilePrinterPrint, "Imprimir"},
-        {&m.mnuFileSaveOptions, "Preferências"}, {&m.mnuFileExit, "&Sair"}, {&m.mnuEdit, "&Editar"},
-        {&m.mnuEditUndo, "&Desfazer"}, {&m.mnuEditRedo, "&Refazer"}, {&m.mnuEditCut, "Cu&rtar"},
-        {&m.mnuEditCopy, "&Copiar"}, {&m.mnuEditPaste, "C&olar"}, {&m.mnuEditPasteNew, "Colar como Nova Imagem"},
-        {&m.mnuEditSelectAll, "Seleccionar Tudo"}, {&m.mnuEditSelectNone, "Limpar selecção"},
-        {&m.mnuEditClip, "Monitor da area de transferência"}, {&m.mnuImage, "&Imagem"},
-        {&m.mnuImageProperties, "Propriedades da Imagem"}, {&m.mnuFlipV, "Viragem Vertical"},
-        {&m.mnuFlipH, "Viragem Horizontal"}, {&m.mnuRotate90, "Rodar 90 Graus"}, {&m.mnuRotate180, "Rodar 180 Graus"},
-        {&m.mnuRotate270, "Rodar 270 Graus"}, {&m.mnuResize, "Redimensionar a Imagem"},
-        {&m.mnuAddBorders, "Inserir Bordos"}, {&m.mnuBorderWiz, "Colocar Molduras"},
-        {&m.mnuFiltBrow, "Filtros de Imagem"}, {&m.mnuIncCol, "Incrementar Cor"}, {&m.mnuRedCol, "Reduzir Cor"},
-        {&m.mnuView, "&Visualizar"}, {&m.mnuViewToolbar, "&Caixa de ferramentas"}, {&m.mnuViewColorBox, "Caixa de Cor"},
-        {&m.mnuViewSettingsBar, "Acertos"}, {&m.mnuViewRulers, "Reguas"}, {&m.mnuZoomActual, "Tamanho actual"},
-        {&m.mnuZoomIn, "Ampliar Imagem"}, {&m.mnuZoomOut, "Diminuir Imagem"}, {&m.mnuWindow, "&Janelas"},
-        {&m.mnuWindowNewWindow, "&Nova Janela"}, {&m.mnuWindowCascade, "&Cascata"},
-        {&m.mnuWindowTileHorizontal, "Colagem &Horizontal"}, {&m.mnuWindowTileVertical, "Colagem &Vertical"}};
-    for (const auto& [item, text] : texts) EXPECT_EQ(item->Caption(), text) << item->Name();
+        {&m.mnuFile, "&Ficheiro"},
+        {&m.mnuFileNew, "&Nova"},
+        {&m.mnuFileOpen, "&Abrir..."},
+        {&m.mnuFileClose, "&Fechar"},
+        {&m.mnuFileSave, "&Salvar"},
+        {&m.mnuFileSaveAs, "Salvar &Como..."},
+        {&m.mnuFileTwain, "Digitalizador"},
+        {&m.mnuFileAquire, "Digitalizar"},
+        {&m.mnuFileTSelect, "Seleccionar Digitalizador"},
+        {&m.mnuFilePrinter, "Impressora"},
+        {&m.mnuFilePrinterSetup, "Configurar Impressora"},
+        {&m.mnuFilePrinterPrint, "Imprimir"},
+        {&m.mnuFileSaveOptions, "Preferências"},
+        {&m.mnuFileExit, "&Sair"},
+        {&m.mnuEdit, "&Editar"},
+        {&m.mnuEditUndo, "&Desfazer"},
+        {&m.mnuEditRedo, "&Refazer"},
+        {&m.mnuEditCut, "Cu&rtar"},
+        {&m.mnuEditCopy, "&Copiar"},
+        {&m.mnuEditPaste, "C&olar"},
+        {&m.mnuEditPasteNew, "Colar como Nova Imagem"},
+        {&m.mnuEditSelectAll, "Seleccionar Tudo"},
+        {&m.mnuEditSelectNone, "Limpar selecção"},
+        {&m.mnuEditClip, "Monitor da area de transferência"},
+        {&m.mnuImage, "&Imagem"},
+        {&m.mnuImageProperties, "Propriedades da Imagem"},
+        {&m.mnuFlipV, "Viragem Vertical"},
+        {&m.mnuFlipH, "Viragem Horizontal"},
+        {&m.mnuRotate90, "Rodar 90 Graus"},
+        {&m.mnuRotate180, "Rodar 180 Graus"},
+        {&m.mnuRotate270, "Rodar 270 Graus"},
+        {&m.mnuResize, "Redimensionar a Imagem"},
+        {&m.mnuAddBorders, "Inserir Bordos"},
+        {&m.mnuBorderWiz, "Colocar Molduras"},
+        {&m.mnuFiltBrow, "Filtros de Imagem"},
+        {&m.mnuIncCol, "Incrementar Cor"},
+        {&m.mnuRedCol, "Reduzir Cor"},
+        {&m.mnuView, "&Visualizar"},
+        {&m.mnuViewToolbar, "&Caixa de ferramentas"},
+        {&m.mnuViewColorBox, "Caixa de Cor"},
+        {&m.mnuViewSettingsBar, "Acertos"},
+        {&m.mnuViewRulers, "Reguas"},
+        {&m.mnuZoomActual, "Tamanho actual"},
+        {&m.mnuZoomIn, "Ampliar Imagem"},
+        {&m.mnuZoomOut, "Diminuir Imagem"},
+        {&m.mnuWindow, "&Janelas"},
+        {&m.mnuWindowNewWindow, "&Nova Janela"},
+        {&m.mnuWindowCascade, "&Cascata"},
+        {&m.mnuWindowTileHorizontal, "Colagem &Horizontal"},
+        {&m.mnuWindowTileVertical, "Colagem &Vertical"}};
+    for (const auto& [item, text] : texts)
+        EXPECT_EQ(item->Caption(), text) << item->Name();
     for (int i = 0; i < 3; ++i) {
         const char* channels[] = {"Vermelho", "Verde", "Azul"};
         EXPECT_EQ(frmMain->mnuColInc(i).Caption(), channels[i]);
         EXPECT_EQ(frmMain->mnuColRed(i).Caption(), channels[i]);
     }
+}
+
+TEST_F(CommandTest, ShortcutsOfTheMenu) {
+    const std::vector<std::pair<const char*, const char*>> shortcuts = {
+        {"&Nova", "Ctrl+N"},   {"&Abrir...", "Ctrl+O"}, {"&Desfazer", "Ctrl+D"},
+        {"Cu&rtar", "Ctrl+X"}, {"&Copiar", "Ctrl+C"},   {"C&olar", "Ctrl+V"}};
+    std::vector<std::pair<std::string, std::string>> found;
+    for (const QAction* action : WidgetFor(*frmMain).findChildren<QMenuBar*>().constFirst()->actions()) {
+        for (const QAction* item : action->menu()->actions()) {
+            const std::string keys = item->shortcut().toString(QKeySequence::PortableText).toStdString();
+            if (!keys.empty()) found.emplace_back(item->text().toStdString(), keys);
+        }
+    }
+    ASSERT_EQ(found.size(), shortcuts.size());
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        EXPECT_EQ(found[i].first, shortcuts[i].first);
+        EXPECT_EQ(found[i].second, shortcuts[i].second);
+    }
+}
+
+TEST_F(CommandTest, TheFileMenuFromTopToBottom) {
+    const QAction* file = WidgetFor(*frmMain).findChildren<QMenuBar*>().constFirst()->actions().constFirst();
+    std::vector<std::string> texts;
+    for (const QAction* item : file->menu()->actions()) {
+        if (item->isVisible() && !item->isSeparator()) texts.push_back(item->text().toStdString());
+    }
+    EXPECT_EQ(texts, (std::vector<std::string>{"&Nova", "&Abrir...", "&Fechar", "&Salvar", "Salvar &Como...",
+                                               "Digitalizador", "Impressora", "Preferências", "&Sair"}));
+}
+
+TEST_F(CommandTest, ChoosingFromTheToolkitsMenuRunsTheCommand) {
+    frmImage& image = NewDocument(10, 10, kBlack);
+    Edit(image, kWhite);
+    for (QAction* action : WidgetFor(*frmMain).findChildren<QAction*>()) {
+        if (action->text() == "&Desfazer") action->trigger();
+    }
+    EXPECT_EQ(CornerOf(image), kBlack);
 }
 
 TEST_F(CommandTest, AtTheStartEditingIsOff) {
@@ -128,7 +199,8 @@ TEST_F(CommandTest, ThePolylineButtonBeginsANewChain) {
 }
 
 TEST_F(CommandTest, ToolButtonsWorkWithoutADocument) {
-    for (int position = 12; position <= 24; ++position) Press(position);
+    for (int position = 12; position <= 24; ++position)
+        Press(position);
     EXPECT_EQ(ImageCount, 0);
 }
 
@@ -189,8 +261,9 @@ TEST_F(CommandTest, WindowsAreArranged) {
 TEST_F(CommandTest, ItemsWhosePartIsStillToComeDoNothing) {
     NewDocument(10, 10);
     const DialogScript nothingShows;
-    for (const MenuItem* item : {&frmMain->mnuFlipH, &frmMain->mnuFiltBrow, &frmMain->mnuFilePrinterPrint,
-                                 &frmMain->mnuFileAquire, &frmMain->mnuEditPaste, &frmMain->mnuImageProperties}) {
+    for (const MenuItem* item :
+         {&frmMain->mnuFlipH, &frmMain->mnuFiltBrow, &frmMain->mnuFilePrinterPrint, &frmMain->mnuFileAquire,
+          &frmMain->mnuEditPaste, &frmMain->mnuImageProperties}) {
         if (item->Click) Choose(*item);
     }
     EXPECT_EQ(ImageCount, 1);

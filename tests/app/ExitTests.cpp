@@ -7,6 +7,8 @@
 #include "document/Globals.h"
 #include "settings/frmPrefs.h"
 
+#include <QWidget>
+
 namespace pintalux {
 
 namespace {
@@ -44,6 +46,7 @@ TEST_F(ExitTest, TheNextStartFindsThem) {
     frmMain->Width(7500);
     Exit();
     PassEvents();
+    EndEventLoop();
     Start();
     EXPECT_FALSE(frmMain->ToolSettings.Visible());
     EXPECT_FALSE(frmMain->mnuViewSettingsBar.Checked());

@@ -9,6 +9,7 @@
 
 #include <fcntl.h>
 #include <filesystem>
+#include <QWidget>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -44,7 +45,9 @@ class RunningInstance {
 
 } // namespace
 
-TEST_F(HandOffTest, TheFileLiesInTheProgramsFolder) { EXPECT_EQ(HandOffFile(), Folder("program") + "/KLdde.tmp"); }
+TEST_F(HandOffTest, TheFileLiesInTheProgramsFolder) {
+    EXPECT_EQ(HandOffFile(), Folder("program") + "/KLdde.tmp");
+}
 
 TEST_F(HandOffTest, AFileHandedOverOpensAndTheHandOffGoes) {
     Start();

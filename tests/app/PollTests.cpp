@@ -9,6 +9,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QWidget>
 
 namespace pintalux {
 
@@ -25,14 +26,32 @@ class PollTest : public ProgramTest {
     void Poll() { frmMain->Timer1_Timer(); }
     static std::vector<MenuItem*> ImageItems() {
         frmMainForm& m = *frmMain;
-        return {&m.mnuAddBorders, &m.mnuImageProperties, &m.mnuFlipH, &m.mnuFlipV, &m.mnuRotate90, &m.mnuRotate180,
-                &m.mnuRotate270, &m.mnuResize, &m.mnuBorderWiz, &m.mnuFiltBrow, &m.mnuIncCol, &m.mnuRedCol,
-                &m.mnuZoomIn, &m.mnuZoomOut, &m.mnuWindowCascade, &m.mnuWindowTileHorizontal,
-                &m.mnuWindowTileVertical, &m.mnuFileClose, &m.mnuFileSave, &m.mnuFileSaveAs};
+        return {&m.mnuAddBorders,
+                &m.mnuImageProperties,
+                &m.mnuFlipH,
+                &m.mnuFlipV,
+                &m.mnuRotate90,
+                &m.mnuRotate180,
+                &m.mnuRotate270,
+                &m.mnuResize,
+                &m.mnuBorderWiz,
+                &m.mnuFiltBrow,
+                &m.mnuIncCol,
+                &m.mnuRedCol,
+                &m.mnuZoomIn,
+                &m.mnuZoomOut,
+                &m.mnuWindowCascade,
+                &m.mnuWindowTileHorizontal,
+                &m.mnuWindowTileVertical,
+                &m.mnuFileClose,
+                &m.mnuFileSave,
+                &m.mnuFileSaveAs};
     }
     static void ExpectImageItems(bool enabled) {
-        for (const MenuItem* item : ImageItems()) EXPECT_EQ(item->Enabled(), enabled) << item->Name();
-        for (const int position : {22, 23, 24}) EXPECT_EQ(frmMain->TB2.Buttons(position).Enabled(), enabled) << position;
+        for (const MenuItem* item : ImageItems())
+            EXPECT_EQ(item->Enabled(), enabled) << item->Name();
+        for (const int position : {22, 23, 24})
+            EXPECT_EQ(frmMain->TB2.Buttons(position).Enabled(), enabled) << position;
     }
     static void ExpectPaste(bool paste, bool pasteNew) {
         EXPECT_EQ(frmMain->mnuEditPaste.Enabled(), paste);

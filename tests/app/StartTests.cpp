@@ -29,7 +29,8 @@ class StartTest : public ProgramTest {
     }
     static frmImage& Image() { return static_cast<frmImage&>(*frmMain->ActiveForm()); }
     static void Set(const std::vector<std::pair<std::string, std::string>>& values) {
-        for (const auto& [key, text] : values) SetSetting(key, text);
+        for (const auto& [key, text] : values)
+            SetSetting(key, text);
     }
 };
 
@@ -81,7 +82,11 @@ TEST_F(StartTest, PlaceAndViewsComeFromTheSettings) {
 }
 
 TEST_F(StartTest, GarbageInTheSettingsGivesTheDefaults) {
-    Set({{"MRUlist", "99"}, {"MainWidth", "-5"}, {"MainHeight", "1e300"}, {"MainLeft", "1e300"}, {"Rulers", "perhaps"}});
+    Set({{"MRUlist", "99"},
+         {"MainWidth", "-5"},
+         {"MainHeight", "1e300"},
+         {"MainLeft", "1e300"},
+         {"Rulers", "perhaps"}});
     const DialogScript nothingIsSaid;
     Start();
     EXPECT_EQ(MRUlimit, 5);
@@ -108,6 +113,7 @@ TEST_F(StartTest, TheFirstDocumentWaitsForTheFifthTickAndGreetsWithNew) {
         ClickWidget(WidgetFor(frmNew->cmdOK));
     }});
     Start();
+    EXPECT_EQ(frmMain->Timer2.Interval(), 20);
     for (int tick = 1; tick <= 4; ++tick) {
         frmMain->Timer2_Timer();
         EXPECT_EQ(script.Count(), 0U);

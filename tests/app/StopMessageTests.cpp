@@ -99,10 +99,33 @@ TEST_F(StopMessageTest, WithoutATemporaryFolderTheRescueGoesBesideTheProgram) {
     std::filesystem::remove_all(Folder("temporary"));
     const DialogScript::Seen message = Stop(kDiskFull);
     const auto names = NamesIn(Folder("program"));
-    const auto rescued = std::find_if(names.begin(), names.end(), [](const auto& name) { return name.starts_with("BI"); });
+    const auto rescued =
+        std::find_if(names.begin(), names.end(), [](const auto& name) { return name.starts_with("BI"); });
     ASSERT_NE(rescued, names.end());
     EXPECT_TRUE(Names(message, Folder("program") + "/" + *rescued));
     ExpectSamePixels(LoadPicture(Folder("program") + "/" + *rescued), ImageOf(image));
+}
+
+TEST_F(StopMessageTest, AStateThatWasOnlyInMemoryIsRescued) {
+    frmImage& image = NewDocument(700, 700);
+    {
+        const FullDisk full(1 << 20);
+        Edit(image, 0x00FF00);
+        SettleStates();
+    }
+    const std::vector<std::string> paths = RescueDocuments();
+    ASSERT_EQ(paths.size(), 1U);
+    ExpectSamePixels(LoadPicture(paths[0]), Solid(700, 700, 0x00FF00));
+}
+
+TEST_F(StopMessageTest, ADocumentThatCanBeWrittenNowhereIsNotNamed) {
+    frmImage& image = NewDocument(700, 700);
+    Edit(image, 0x00FF00);
+    SettleStates();
+    std::filesystem::remove(image.ListBackup.List(1));
+    const FullDisk full(1 << 20);
+    EXPECT_EQ(Stop(kDiskFull).text.find("guardadas em"), std::string::npos);
+    EXPECT_EQ(codes, std::vector<int>{1});
 }
 
 TEST_F(StopMessageTest, ADocumentThatWasNeverFilledIsRescuedAsItStands) {
@@ -119,7 +142,8 @@ TEST_F(StopMessageTest, AFailedSaveStopsTheProgramAndLosesNothing) {
     FailFileOperation(3, ENOSPC);
     Choose(frmMain->mnuFileSave);
     OnUntrappedError = before;
-    EXPECT_NE(script.Dialog(0).text.find("Erro de execução '61':"), std::string::npos) << script.Dialog(0).text;
+    EXPECT_NE(script.Dialog(0).text.find("Erro de execução '61':"), std::string::npos)
+        << script.Dialog(0).text;
     EXPECT_TRUE(Names(script.Dialog(0), image.ListBackup.List(1)));
     ExpectSamePixels(LoadPicture(image.ListBackup.List(1)), Solid(30, 20, kBlack));
     ExpectSamePixels(LoadPicture(Folder("pictures") + "/a.bmp"), Solid(30, 20, kWhite));

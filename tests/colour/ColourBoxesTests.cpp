@@ -36,12 +36,15 @@ TEST_F(ColourBoxesTest, NumberInAnRgbBoxMovesBarAndColour) {
 }
 
 TEST_F(ColourBoxesTest, LettersAreDropped) {
-    for (TextBox* box : {&frmMain->txtRed, &frmMain->txtGreen, &frmMain->txtBlue, &frmMain->txtHue, &frmMain->txtSat,
-                         &frmMain->txtLum}) {
+    for (TextBox* box :
+         {&frmMain->txtRed, &frmMain->txtGreen, &frmMain->txtBlue, &frmMain->txtHue, &frmMain->txtLum}) {
         const std::string before = box->Text();
         Type(WidgetFor(*box), "a-x. +e");
         EXPECT_EQ(box->Text(), before) << box->Name();
     }
+    // The release of any key gives the saturation the number of the hue.
+    Type(WidgetFor(frmMain->txtSat), "q");
+    EXPECT_EQ(frmMain->txtSat.Text(), frmMain->txtHue.Text());
     EXPECT_TRUE(untrapped.empty());
 }
 

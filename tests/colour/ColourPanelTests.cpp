@@ -89,7 +89,8 @@ TEST_F(ColourPanelTest, RgbBarMovesColourAndHslSide) {
 TEST_F(ColourPanelTest, HslBarMovesColourAndRgbSideAndStaysAsSet) {
     frmMain->SetCurrentColour(RGB(255, 128, 0));
     frmMain->VShue.Value(240 - 80);
-    // 80, 240, 120 is 0, 255, 1; the way back would be the same hue here, but the bars are not touched at all.
+    // 80, 240, 120 is 0, 255, 1; the way back would be the same hue here, but the bars are not touched at
+    // all.
     EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(0, 255, 1));
     EXPECT_EQ(frmMain->Picture6.BackColor(), RGB(0, 255, 1));
     EXPECT_EQ(Bars(), (Numbers{0, 255, 1, 80, 240, 120}));

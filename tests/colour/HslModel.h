@@ -24,7 +24,8 @@ inline Hsl FromRgb(std::int32_t colour) {
         const double divisor = lum <= 120 ? sum : 510 - sum;
         sat = (delta * 240 + 0.5) / divisor;
         double distance[3];
-        for (int i = 0; i < 3; ++i) distance[i] = (40 * (largest - channel[i]) + 0.5) / delta;
+        for (int i = 0; i < 3; ++i)
+            distance[i] = (40 * (largest - channel[i]) + 0.5) / delta;
         if (channel[0] == largest) {
             hue = distance[2] - distance[1];
         } else if (channel[1] == largest) {
@@ -60,7 +61,8 @@ inline std::int32_t ToRgb(const Hsl& hsl) {
         const double m2 = lum <= 120 ? ((sat + 240) * lum + 0.5) / 240 : sat + lum - (sat * lum + 0.5) / 240;
         const double m1 = 2 * lum - m2;
         const double hues[3] = {hue + 80, hue, hue - 80};
-        for (int i = 0; i < 3; ++i) channel[i] = (ChannelOf(m1, m2, hues[i]) * 255 + 0.5) / 240;
+        for (int i = 0; i < 3; ++i)
+            channel[i] = (ChannelOf(m1, m2, hues[i]) * 255 + 0.5) / 240;
     }
     std::int32_t colour = 0;
     for (int i = 2; i >= 0; --i) {

@@ -49,12 +49,17 @@ TEST(Hsl, PureRedTakesTheUpperBranchOfLuminance) {
     EXPECT_EQ(RgbToHsl(RGB(255, 0, 0)).Sat, 240);
 }
 
-TEST(Hsl, LastHueOfTheScaleComesFromARealColour) { EXPECT_EQ(RgbToHsl(RGB(255, 0, 1)).Hue, 240); }
+TEST(Hsl, LastHueOfTheScaleComesFromARealColour) {
+    EXPECT_EQ(RgbToHsl(RGB(255, 0, 1)).Hue, 240);
+}
 
-TEST(Hsl, HueOf240IsTheHueOf0) { EXPECT_EQ(HslToRgb({240, 200, 100}), HslToRgb({0, 200, 100})); }
+TEST(Hsl, HueOf240IsTheHueOf0) {
+    EXPECT_EQ(HslToRgb({240, 200, 100}), HslToRgb({0, 200, 100}));
+}
 
 TEST(Hsl, HueIsIgnoredWithoutSaturation) {
-    for (std::int16_t hue = 0; hue <= 240; ++hue) EXPECT_EQ(HslToRgb({hue, 0, 181}), RGB(192, 192, 192));
+    for (std::int16_t hue = 0; hue <= 240; ++hue)
+        EXPECT_EQ(HslToRgb({hue, 0, 181}), RGB(192, 192, 192));
 }
 
 TEST(Hsl, TiesGoToRedThenGreen) {
@@ -123,10 +128,12 @@ void CompareWithModel(const HslValue& hsl) {
 TEST(Hsl, StepsOfEachChannelAgreeWithTheModel) {
     for (int red = 0; red < 256; red += 5)
         for (int green = 0; green < 256; green += 3)
-            for (int blue = 0; blue < 256; blue += 5) CompareWithModel(RGB(red, green, blue));
+            for (int blue = 0; blue < 256; blue += 5)
+                CompareWithModel(RGB(red, green, blue));
     for (std::int16_t hue = 0; hue <= 240; hue += 3)
         for (std::int16_t sat = 0; sat <= 240; sat += 4)
-            for (std::int16_t lum = 0; lum <= 240; lum += 5) CompareWithModel(HslValue{hue, sat, lum});
+            for (std::int16_t lum = 0; lum <= 240; lum += 5)
+                CompareWithModel(HslValue{hue, sat, lum});
 }
 
 // Takes a while: run it with --gtest_also_run_disabled_tests after a change of the conversions.

@@ -28,14 +28,18 @@ TEST(FileNameOf, IsTheTextBehindTheLastSeparator) {
     EXPECT_EQ(FileNameOf("/casa/fotos/"), "");
 }
 
-TEST(FileNameOf, WithoutSeparatorIsTheWholeText) { EXPECT_EQ(FileNameOf("praia.jpg"), "praia.jpg"); }
+TEST(FileNameOf, WithoutSeparatorIsTheWholeText) {
+    EXPECT_EQ(FileNameOf("praia.jpg"), "praia.jpg");
+}
 
 TEST(ExtensionOf, IsTheTextBehindTheLastPoint) {
     EXPECT_EQ(ExtensionOf("/casa/a.b.jpg", false), "jpg");
     EXPECT_EQ(ExtensionOf("/casa/a.b.JPG", false), "JPG");
 }
 
-TEST(ExtensionOf, HasItsPointIfTheFlagIsSet) { EXPECT_EQ(ExtensionOf("/casa/a.b.jpg", true), ".jpg"); }
+TEST(ExtensionOf, HasItsPointIfTheFlagIsSet) {
+    EXPECT_EQ(ExtensionOf("/casa/a.b.jpg", true), ".jpg");
+}
 
 TEST(ReplaceExtension, ReplacesWhatStandsBehindTheLastPoint) {
     std::string bmp = "bmp";

@@ -1,8 +1,8 @@
 """The question at closing, and what is left behind."""
 from desktop import desktop_test, wait_for
 from pictures import Picture, expect_same, is_whole_bmp, read_bmp, write_bmp
-from roads import (BLACK, QUESTION, WHITE, leave, paint_and_wait, sample, start_with_new_document, start_with_picture,
-                   with_stroke)
+from roads import (BLACK, QUESTION, STOP, WHITE, leave, paint_and_wait, sample, start_with_new_document,
+                   start_with_picture, with_stroke)
 
 STROKE = [(40, 30), (90, 30)]
 
@@ -63,3 +63,19 @@ def KilledProgramLeavesItsCurrentState(desktop):
     wait_for(lambda: is_whole_bmp(desktop.state_files()[-1]), "the state is written")
     desktop.signal_stop(process)
     expect_same(read_bmp(desktop.state_files()[-1]), with_stroke(Picture.filled(300, 300, WHITE), STROKE))
+
+
+@desktop_test
+def StopMessageLeavesTheCurrentState(desktop):
+    path = desktop.pictures / "picture.bmp"
+    write_bmp(path, sample())
+    process, left, top = start_with_picture(desktop, path, sample())
+    paint_and_wait(desktop, left, top, STROKE)
+    # A folder where the file was: it exists, but cannot be written.
+    path.unlink()
+    path.mkdir()
+    desktop.menu("f", "s", "Return")
+    desktop.wait_for_window(STOP)
+    desktop.keys("Return")
+    assert desktop.wait_for_end(process) != 0
+    expect_same(read_bmp(desktop.state_files()[-1]), with_stroke(sample(), STROKE))

@@ -47,7 +47,7 @@ def PreferencesSurviveARestart(desktop):
     desktop.large_window_settings(SavePrompt=0)
     process, _ = start_and_cancel(desktop)
     change_last_check_box(desktop)
-    assert desktop.setting("SavePrompt") == "1"
+    assert desktop.setting("SavePrompt") == "1", f"it is {desktop.setting('SavePrompt')}"
     leave(desktop)
     assert desktop.wait_for_end(process) == 0
     process, _ = start_and_cancel(desktop)

@@ -1,9 +1,9 @@
-"""How the program starts: with a file, without one, and as a second instance."""
+"""How pictures come in: at the start, from a second instance, by the Open dialog."""
 import subprocess
 
 from desktop import desktop_test, wait_for
 from pictures import Picture, write_bmp
-from roads import MAIN, NEW, QUESTION, leave, sample, start_with_picture
+from roads import MAIN, NEW, OPEN, QUESTION, give_path, leave, sample, start_with_picture
 
 
 @desktop_test
@@ -122,3 +122,18 @@ def BrokenPictureOnTheCommandLineLeavesAnEmptyWindow(desktop):
     assert desktop.wait_for_end(desktop.start(other)) == 0
     desktop.wait_for_picture(sample())
     assert process.poll() is None
+
+
+@desktop_test
+def OpenAndTileShowTwoPicturesSideBySide(desktop):
+    first, second = sample(), sample(100, 80, seed=77)
+    write_bmp(desktop.pictures / "first.bmp", first)
+    write_bmp(desktop.pictures / "second one.bmp", second)
+    start_with_picture(desktop, desktop.pictures / "first.bmp", first)
+    desktop.keys("ctrl+o")
+    give_path(desktop, OPEN, desktop.pictures / "second one.bmp")
+    desktop.wait_for_picture(second)
+    desktop.menu("j", "v")
+    left, top = desktop.wait_for_picture(first)
+    other_left, other_top = desktop.wait_for_picture(second)
+    assert abs(left - other_left) > 200 and abs(top - other_top) < 100, "they stand side by side"

@@ -33,6 +33,16 @@ def wait_for(condition, what, seconds=PATIENCE):
         time.sleep(0.02)
 
 
+def end(process):
+    """Asks a process to end, so that a display takes its lock away; then makes it end."""
+    process.terminate()
+    try:
+        process.wait(timeout=5)
+    except subprocess.TimeoutExpired:
+        process.kill()
+        process.wait()
+
+
 class Desktop:
     def __init__(self, program):
         self.built_program = program
@@ -61,15 +71,14 @@ class Desktop:
         try:
             self._start_display()
         except BaseException:
+            print(self.messages())
             self.__exit__(None, None, None)
             raise
         return self
 
     def __exit__(self, *_):
         for process in reversed(self.processes):
-            if process.poll() is None:
-                process.kill()
-            process.wait()
+            end(process)
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def _spawn(self, *command, log, **options):
@@ -81,7 +90,7 @@ class Desktop:
 
     def _start_display(self):
         read_end, write_end = os.pipe()
-        server = self._spawn("Xvfb", "-displayfd", write_end, "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+        server = self._spawn("Xvfb", "-displayfd", write_end, "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-noreset",
                              log="display.log", pass_fds=[write_end])
         os.close(write_end)
         with os.fdopen(read_end) as number:
@@ -107,8 +116,8 @@ class Desktop:
         return process.returncode
 
     def messages(self):
-        log = self.folder / "program.log"
-        return log.read_text(errors="replace") if log.exists() else ""
+        """What the display, the window manager and the program have written."""
+        return "".join(log.read_text(errors="replace") for log in sorted(self.folder.glob("*.log")))
 
     def write_settings(self, **values):
         self.settings_file.parent.mkdir(mode=0o700, exist_ok=True)

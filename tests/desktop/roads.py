@@ -7,7 +7,9 @@ BLACK = (0, 0, 0)
 MAIN = "Pintalux 64"
 NEW = "Nova Imagem"
 SAVE_AS = "Savar Como"
-QUESTION = "VALMERO"
+OPEN = "Abrir"
+QUESTION = "VALMERO"  # the box that asks at closing
+STOP = "Pintalux64"  # the box of an error that nobody expected
 
 
 def sample(width=120, height=90, seed=0):
@@ -41,11 +43,10 @@ def start_with_picture(desktop, path, picture):
 
 def draw(desktop, left, top, points):
     """A stroke with the pen through these image pixels. At each corner it waits until the display shows the pen there, so
-    that no corner is lost when the toolkit joins moves that come close together."""
+    that no corner is lost when the toolkit joins moves that come close together. (A press alone shows nothing yet.)"""
     (x, y), *others = points
     desktop.move(left + x, top + y)
     desktop.press()
-    desktop.wait_for_pixel(left + x, top + y, BLACK)
     for x, y in others:
         desktop.move(left + x, top + y)
         desktop.wait_for_pixel(left + x, top + y, BLACK)
@@ -74,12 +75,17 @@ def paint_and_wait(desktop, left, top, points):
     wait_for(lambda: len(desktop.state_files()) == before + 1, "the state of the stroke is recorded")
 
 
-def save_as(desktop, path):
-    desktop.menu("f", "c")
-    desktop.wait_for_window(SAVE_AS)
+def give_path(desktop, dialog, path):
+    """Types a path into a file dialog that is about to show."""
+    desktop.wait_for_window(dialog)
     desktop.type(str(path))
     desktop.keys("Return")
-    desktop.wait_until_gone(SAVE_AS)
+    desktop.wait_until_gone(dialog)
+
+
+def save_as(desktop, path):
+    desktop.menu("f", "c")
+    give_path(desktop, SAVE_AS, path)
 
 
 def leave(desktop):

@@ -120,8 +120,10 @@ TEST_F(CloseTest, BackAtItsFirstStateNothingIsAsked) {
 TEST_F(CloseTest, AfterTheLimitDroppedTheFirstStateTheOldestIsAskedForToo) {
     SetSetting("Undoredo", "0");
     frmImage& image = NewDocument(4, 4);
-    for (int i = 1; i <= 6; ++i) Edit(image, i);
-    for (int i = 0; i < 5; ++i) Choose(frmMain->mnuEditUndo);
+    for (int i = 1; i <= 6; ++i)
+        Edit(image, i);
+    for (int i = 0; i < 5; ++i)
+        Choose(frmMain->mnuEditUndo);
     ASSERT_EQ(image.ListBUorder.ListIndex(), 0);
     ASSERT_EQ(image.ListBUorder.List(0), "1");
     const DialogScript script({PressesButton("Não")});
@@ -140,7 +142,8 @@ TEST_F(CloseTest, WhoDoesNotWantToBeAskedIsNotButTheStateFilesGo) {
 
 TEST_F(CloseTest, EveryStateFileOfTheDocumentGoes) {
     frmImage& first = NewDocument(10, 10);
-    for (int i = 0; i < 4; ++i) Edit(first, i);
+    for (int i = 0; i < 4; ++i)
+        Edit(first, i);
     frmImage& second = NewDocument(10, 10);
     SettleStates();
     ASSERT_EQ(StateFileNames().size(), 6U);
@@ -153,7 +156,8 @@ TEST_F(CloseTest, EveryStateFileOfTheDocumentGoes) {
 
 TEST_F(CloseTest, AStateFileThatIsDeletedBeforeItWasWrittenDoesNotComeBack) {
     frmImage& image = NewDocument(1500, 1500);
-    for (int i = 0; i < 4; ++i) Edit(image, i);
+    for (int i = 0; i < 4; ++i)
+        Edit(image, i);
     frmPrefs->Check4.Value(1);
     EXPECT_TRUE(CloseQuietly(image));
     SettleStates();

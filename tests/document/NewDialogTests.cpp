@@ -24,9 +24,13 @@ void EnterSize(int width, int height) {
     EnterInto(frmNew->txtPXh, std::to_string(height));
 }
 
-void PressOk() { ClickWidget(WidgetFor(frmNew->cmdOK)); }
+void PressOk() {
+    ClickWidget(WidgetFor(frmNew->cmdOK));
+}
 
-void PressCancel() { ClickWidget(WidgetFor(frmNew->cmdCancel)); }
+void PressCancel() {
+    ClickWidget(WidgetFor(frmNew->cmdCancel));
+}
 
 class NewDialogTest : public ProgramTest {
   protected:
@@ -144,7 +148,8 @@ TEST_F(NewDialogTest, ASizeOf0IsRefusedAndTheDialogStays) {
             PressOk();
         },
         {PressesButton("OK")});
-    EXPECT_NE(message.text.find("Tamanho inválido. Insira um valor entre 1 e 32767 pixeis."), std::string::npos);
+    EXPECT_NE(message.text.find("Tamanho inválido. Insira um valor entre 1 e 32767 pixeis."),
+              std::string::npos);
     EXPECT_EQ(message.title, "VALMERO Multimédia");
     EXPECT_EQ(Image().PicMerge.Width(), 20);
 }
@@ -197,8 +202,8 @@ TEST_F(NewDialogTest, CancelAfterTheRefusalStillTakesTheSizeTyped) {
 }
 
 TEST_F(NewDialogTest, EveryOtherWayOutMakesNoDocument) {
-    for (const DialogScript::Step& leave : {DialogScript::Step([](QWidget&) { PressCancel(); }), PressesEscape(),
-                                            ClosesDialog()}) {
+    for (const DialogScript::Step& leave :
+         {DialogScript::Step([](QWidget&) { PressCancel(); }), PressesEscape(), ClosesDialog()}) {
         const DialogScript script({leave});
         Choose(frmMain->mnuFileNew);
         EXPECT_TRUE(NewCancelled);

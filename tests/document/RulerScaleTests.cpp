@@ -63,7 +63,8 @@ class RulerScaleTest : public ProgramTest {
             if (mark != Mark::None) marks[static_cast<std::size_t>(std::nearbyint(i * factor))] = mark;
         }
         for (std::size_t at = 0; at < marks.size(); ++at) {
-            EXPECT_EQ(MarkAt(along, static_cast<int>(at), shortStart, longStart, end), marks[at]) << "at " << at;
+            EXPECT_EQ(MarkAt(along, static_cast<int>(at), shortStart, longStart, end), marks[at])
+                << "at " << at;
         }
     }
 
@@ -90,7 +91,8 @@ TEST_F(RulerScaleTest, MarksAtEveryKindOfZoom) {
         const Picture left = image.PicLrule.Image();
         SCOPED_TRACE(level);
         CheckMarks([&top](int across, int at) { return top.At(at, across); }, 230, image.factor, 18, 15, 23);
-        CheckMarks([&left](int across, int at) { return left.At(across, at); }, 210, image.factor, 26, 23, 31);
+        CheckMarks([&left](int across, int at) { return left.At(across, at); }, 210, image.factor, 26, 23,
+                   31);
         EXPECT_TRUE(image.Unload());
     }
 }
@@ -100,9 +102,11 @@ TEST_F(RulerScaleTest, OriginIsARedLineFromAboveTheMarks) {
     image.drawrulers();
     const Picture top = image.PicTrule.Image();
     const Picture left = image.PicLrule.Image();
-    for (int across = 7; across <= 23; ++across) EXPECT_EQ(top.At(0, across), kRedMark);
+    for (int across = 7; across <= 23; ++across)
+        EXPECT_EQ(top.At(0, across), kRedMark);
     EXPECT_EQ(top.At(0, 6), kPaper);
-    for (int across = 15; across <= 31; ++across) EXPECT_EQ(left.At(across, 0), kRedMark);
+    for (int across = 15; across <= 31; ++across)
+        EXPECT_EQ(left.At(across, 0), kRedMark);
     EXPECT_EQ(left.At(14, 0), kPaper);
 }
 
@@ -134,7 +138,7 @@ TEST_F(RulerScaleTest, AboveFiveEveryFifthPixelHasItsNumber) {
     EXPECT_FALSE(Printed(along, 1, 26));
     EXPECT_TRUE(Printed(along, 27, 36)); // 5 at 30, from 2 * 1 + 1 before it
     EXPECT_FALSE(Printed(along, 42, 54));
-    EXPECT_TRUE(Printed(along, 55, 69)); // 10 at 60
+    EXPECT_TRUE(Printed(along, 55, 69));   // 10 at 60
     EXPECT_TRUE(Printed(along, 295, 309)); // 50 at 300
 }
 

@@ -16,7 +16,8 @@ class RulerTest : public ProgramTest {
 
     /// Waits for the windows to follow; a tick of theirs is 250 ms.
     static bool Shows(const frmImage& image, bool shown) {
-        return WaitFor([&] { return image.TopRuler.Visible() == shown && image.LeftRuler.Visible() == shown; });
+        return WaitFor(
+            [&] { return image.TopRuler.Visible() == shown && image.LeftRuler.Visible() == shown; });
     }
 };
 
@@ -33,9 +34,11 @@ TEST_F(RulerTest, MenuSwitchesThemInEveryWindow) {
     Choose(frmMain->mnuViewRulers);
     EXPECT_TRUE(frmMain->mnuViewRulers.Checked());
     EXPECT_TRUE(RulersOn);
-    for (frmImage* image : windows) EXPECT_TRUE(Shows(*image, true));
+    for (frmImage* image : windows)
+        EXPECT_TRUE(Shows(*image, true));
     Choose(frmMain->mnuViewRulers);
-    for (frmImage* image : windows) EXPECT_TRUE(Shows(*image, false));
+    for (frmImage* image : windows)
+        EXPECT_TRUE(Shows(*image, false));
 }
 
 TEST_F(RulerTest, NewWindowFollowsAtItsFirstTick) {

@@ -31,6 +31,7 @@ class SaveFailureTest : public ProgramTest {
     std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }
     // How many operations the writing of a picture takes.
     int OperationsOfASave(const Picture& picture) {
+        SettleStates();
         FailFileOperation(0, 0);
         SavePictureAside(picture, File("a.bmp"));
         return FileOperationCount();
@@ -59,7 +60,7 @@ TEST_F(SaveFailureTest, AFullDiskLeavesTheOldFileAndTheErrorReachesTheTop) {
         Choose(frmMain->mnuFileSave);
         FailFileOperation(0, 0);
         ExpectUntrapped(61);
-        EXPECT_EQ(BytesOf(File("a.bmp")), before) << "operation " << n;
+        EXPECT_TRUE(BytesOf(File("a.bmp")) == before) << "operation " << n;
         EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.bmp"})) << "operation " << n;
         EXPECT_EQ(image.alreadysaved, 0);
     }
@@ -75,7 +76,7 @@ TEST_F(SaveFailureTest, TheSaveButtonKeepsTheErrorToItself) {
     SettleStates();
     FailFileOperation(3, ENOSPC);
     frmMain->TB2_ButtonClick(frmMain->TB2.Buttons("Save"));
-    EXPECT_EQ(BytesOf(File("a.bmp")), before);
+    EXPECT_TRUE(BytesOf(File("a.bmp")) == before);
     EXPECT_EQ(image.alreadysaved, 0);
 }
 
@@ -94,7 +95,7 @@ TEST_F(SaveFailureTest, SaveAsOverAFileEndsSilentlyAndLeavesIt) {
                                    }});
         Choose(frmMain->mnuFileSaveAs);
         FailFileOperation(0, 0);
-        EXPECT_EQ(BytesOf(File("a.bmp")), before) << "operation " << n;
+        EXPECT_TRUE(BytesOf(File("a.bmp")) == before) << "operation " << n;
         EXPECT_EQ(image.AFCurfile, "other.bmp");
         EXPECT_EQ(image.alreadysaved, 0);
         EXPECT_EQ(image.Caption(), "a.bmp");
@@ -121,7 +122,7 @@ TEST_F(SaveFailureTest, AFullDiskBesideTheProgramLeavesTheOldJpeg) {
     std::filesystem::create_directory(Folder("program") + "/klTmpJpg.bmp");
     Choose(frmMain->mnuFileSave);
     ExpectUntrapped(75);
-    EXPECT_EQ(BytesOf(File("a.jpg")), before);
+    EXPECT_TRUE(BytesOf(File("a.jpg")) == before);
     EXPECT_EQ(image.alreadysaved, 0);
 }
 

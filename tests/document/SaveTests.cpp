@@ -97,13 +97,13 @@ TEST_F(SaveTest, AnyOtherKindGoesToANumberedBmpBesideIt) {
         Edit(Image(), kBlack);
         Save();
         Save();
-        EXPECT_EQ(BytesOf(File(name)), before) << name;
+        EXPECT_TRUE(BytesOf(File(name)) == before) << name;
         EXPECT_EQ(Image().AFCurfile, File(name));
         EXPECT_EQ(Image().Caption(), name);
         EXPECT_EQ(Image().alreadysaved, -1);
     }
-    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.bmp", "a.jpeg", "a1.bmp", "b.bmp", "b.gif", "b1.bmp", "c.bif",
-                                                  "c.bmp", "c1.bmp"}));
+    EXPECT_EQ(NamesIn(Folder("pictures")),
+              (Names{"a.bmp", "a.jpeg", "a1.bmp", "b.bmp", "b.gif", "b1.bmp", "c.bif", "c.bmp", "c1.bmp"}));
     ExpectSamePixels(LoadPicture(File("b1.bmp")), Solid(32, 16, kBlack));
 }
 
@@ -170,7 +170,7 @@ TEST_F(SaveTest, ACancelledSaveAsChangesNothing) {
     Edit(image, kBlack);
     const DialogScript script({PressesEscape()});
     Choose(frmMain->mnuFileSaveAs);
-    EXPECT_EQ(BytesOf(File("a.bmp")), before);
+    EXPECT_TRUE(BytesOf(File("a.bmp")) == before);
     EXPECT_EQ(image.alreadysaved, 0);
 }
 
@@ -184,6 +184,17 @@ TEST_F(SaveTest, TheQualityIsReadAtEachSave) {
     frmPrefs->Command1_Click();
     Save();
     EXPECT_GT(BytesOf(File("a.jpg")).size(), 2 * small);
+}
+
+TEST_F(SaveTest, AQualityThatIsNoneCountsAsTheDefault) {
+    MakeJpeg("a.jpg", RandomPicture(120, 90, 1));
+    OpenFile("a.jpg");
+    SetSetting("JPGsaveQuality", "50");
+    Save();
+    const std::string at50 = BytesOf(File("a.jpg"));
+    SetSetting("JPGsaveQuality", "1e9");
+    Save();
+    EXPECT_TRUE(BytesOf(File("a.jpg")) == at50);
 }
 
 TEST_F(SaveTest, AFailureOfTheJpegWriterIsNotNoticed) {

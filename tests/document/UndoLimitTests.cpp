@@ -6,9 +6,7 @@
 #include "document/FileCommands.h"
 #include "document/States.h"
 
-#include <csignal>
 #include <filesystem>
-#include <sys/resource.h>
 
 namespace pintalux {
 
@@ -25,25 +23,9 @@ class UndoLimitTest : public ProgramTest {
         SetSetting("UndoSteps", listIndex);
     }
     static void EditTimes(frmImage& image, int times) {
-        for (int i = 0; i < times; ++i) Edit(image, i + 1);
+        for (int i = 0; i < times; ++i)
+            Edit(image, i + 1);
     }
-};
-
-/// No file grows beyond `bytes` while the object lives, as on a full disk.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit now = {bytes, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &now);
-    }
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    rlimit before_ = {};
 };
 
 using Names = std::vector<std::string>;
@@ -78,7 +60,8 @@ TEST_F(UndoLimitTest, FiveStepsCanBeUndoneUnderALimitOf5) {
     LimitTo("0");
     frmImage& image = NewDocument(4, 4, kWhite);
     EditTimes(image, 7);
-    for (int i = 0; i < 5; ++i) Choose(frmMain->mnuEditUndo);
+    for (int i = 0; i < 5; ++i)
+        Choose(frmMain->mnuEditUndo);
     EXPECT_EQ(CornerOf(image), 2);
     EXPECT_FALSE(frmMain->mnuEditUndo.Enabled());
     EXPECT_TRUE(frmMain->mnuEditRedo.Enabled());

@@ -85,6 +85,17 @@ TEST_F(ZoomLayoutTest, LargeImageGetsBothBarsAndTheCorner) {
     EXPECT_EQ(image.VS.Max(), 700 - (304 - barHeight));
 }
 
+TEST_F(ZoomLayoutTest, ViewSmallerThanTheBarsLeavesThemNoLength) {
+    frmImage& image = NewDocument(8, 4);
+    Choose(frmMain->mnuZoomInX(9));
+    EXPECT_TRUE(untrapped.empty());
+    EXPECT_TRUE(image.piccorner.Visible());
+    EXPECT_EQ(image.HS.Width(), 0);
+    EXPECT_EQ(image.VS.Height(), 0);
+    EXPECT_EQ(image.HS.Max(), 80);
+    EXPECT_EQ(image.VS.Max(), 40);
+}
+
 TEST_F(ZoomLayoutTest, NegativePlaceOfALargeImageStays) {
     frmImage& image = Laid(600, 700, -50, -60);
     EXPECT_EQ(image.PicBG.Left(), -50);

@@ -32,10 +32,10 @@ class ZoomLevelTest : public ProgramTest {
     }
 };
 
-constexpr double kFactors[31] = {1.0 / 16, 1.0 / 15, 1.0 / 14, 1.0 / 13, 1.0 / 12, 1.0 / 11, 1.0 / 10, 1.0 / 9,
-                                 1.0 / 8,  1.0 / 7,  1.0 / 6,  1.0 / 5,  1.0 / 4,  1.0 / 3,  1.0 / 2,  1,
-                                 2,        3,        4,        5,        6,        7,        8,        9,
-                                 10,       11,       12,       13,       14,       15,       16};
+constexpr double kFactors[31] = {
+    1.0 / 16, 1.0 / 15, 1.0 / 14, 1.0 / 13, 1.0 / 12, 1.0 / 11, 1.0 / 10, 1.0 / 9, 1.0 / 8, 1.0 / 7, 1.0 / 6,
+    1.0 / 5,  1.0 / 4,  1.0 / 3,  1.0 / 2,  1,        2,        3,        4,       5,       6,       7,
+    8,        9,        10,       11,       12,       13,       14,       15,      16};
 
 TEST_F(ZoomLevelTest, FactorSizeAndTickOfEveryLevel) {
     frmImage& image = NewDocument(300, 200);

@@ -87,7 +87,8 @@ TEST_F(ZoomMenuTest, RectangularSelectionStaysWhereItWasOnTheImage) {
     image.PicSelect.Move(10, 20, 30, 41);
     image.PicSelect.Visible(true);
     Choose(frmMain->mnuZoomInX(2));
-    for (const Control* box : {static_cast<Control*>(&image.PicSelectShape), static_cast<Control*>(&image.SelectImage)}) {
+    for (const Control* box :
+         {static_cast<Control*>(&image.PicSelectShape), static_cast<Control*>(&image.SelectImage)}) {
         EXPECT_EQ(box->Left(), 0);
         EXPECT_EQ(box->Top(), 0);
         EXPECT_EQ(box->Width(), 90);

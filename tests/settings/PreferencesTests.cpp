@@ -5,7 +5,11 @@
 #include "app/frmSplash.h"
 #include "settings/frmPrefs.h"
 
-#include <QWidget>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QTabBar>
 
 namespace pintalux {
 
@@ -20,7 +24,8 @@ class PreferencesTest : public ProgramTest {
         EXPECT_FALSE(frmPrefs.Loaded());
     }
     static void Set(const std::vector<std::pair<std::string, std::string>>& values) {
-        for (const auto& [key, text] : values) SetSetting(key, text);
+        for (const auto& [key, text] : values)
+            SetSetting(key, text);
     }
 };
 
@@ -54,8 +59,10 @@ TEST_F(PreferencesTest, ControlsCarryStoredValues) {
 
 TEST_F(PreferencesTest, ListsOfferTheirNumbers) {
     std::vector<std::string> files, steps;
-    for (int i = 0; i < frmPrefs->Combo1.ListCount(); ++i) files.push_back(frmPrefs->Combo1.List(i));
-    for (int i = 0; i < frmPrefs->Combo2.ListCount(); ++i) steps.push_back(frmPrefs->Combo2.List(i));
+    for (int i = 0; i < frmPrefs->Combo1.ListCount(); ++i)
+        files.push_back(frmPrefs->Combo1.List(i));
+    for (int i = 0; i < frmPrefs->Combo2.ListCount(); ++i)
+        steps.push_back(frmPrefs->Combo2.List(i));
     EXPECT_EQ(files, (std::vector<std::string>{"3", "5", "7", "10", "15"}));
     EXPECT_EQ(steps, (std::vector<std::string>{"5", "10", "15", "20", "25", "30"}));
     EXPECT_EQ(frmPrefs->Slider1.Min(), 10);
@@ -74,6 +81,43 @@ TEST_F(PreferencesTest, TextsAreThoseOfTheTabs) {
     EXPECT_EQ(frmPrefs->SSTab1.Tab(), 0);
 }
 
+TEST_F(PreferencesTest, TabsAndTicksCarryTheirTexts) {
+    Start();
+    InPreferences([](QWidget& dialog) {
+        const auto* tabs = dialog.findChild<QTabBar*>();
+        ASSERT_NE(tabs, nullptr);
+        ASSERT_EQ(tabs->count(), 3);
+        EXPECT_EQ(tabs->tabText(0), "Geral");
+        EXPECT_EQ(tabs->tabText(1), "Memória");
+        EXPECT_EQ(tabs->tabText(2), "JPEG");
+        const std::vector<std::pair<const char*, const char*>> ticks = {
+            {"Check1", "Mostrar ecrã inicial no arranque"},
+            {"Check2", "Associar o programa com ficheiros bmp, jpg e gif"},
+            {"Check3", "Monitor da Area de Transferência no arranque"},
+            {"Check4", "Não perguntar se pretende Salvar as alterações ao Sair"},
+            {"Check5", "Refazer e desfazer ilimitado"}};
+        for (const auto& [name, text] : ticks) {
+            EXPECT_EQ(dynamic_cast<QAbstractButton*>(Find(dialog, name))->text(), text) << name;
+        }
+        EXPECT_EQ(dynamic_cast<QGroupBox*>(Find(dialog, "Frame1"))->title(), "JPEG Qualidade de Gravação");
+        dialog.close();
+    });
+}
+
+TEST_F(PreferencesTest, ArrowsMoveTheQualityByOneAndPagesByFive) {
+    Start();
+    InPreferences([](QWidget& dialog) {
+        frmPrefs->SSTab1.Tab(2);
+        QKeyEvent right(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+        QCoreApplication::sendEvent(&WidgetFor(frmPrefs->Slider1), &right);
+        EXPECT_EQ(frmPrefs->Slider1.Value(), 51);
+        QKeyEvent page(QEvent::KeyPress, Qt::Key_PageUp, Qt::NoModifier);
+        QCoreApplication::sendEvent(&WidgetFor(frmPrefs->Slider1), &page);
+        EXPECT_EQ(frmPrefs->Slider1.Value(), 56);
+        dialog.close();
+    });
+}
+
 TEST_F(PreferencesTest, TextThatIsNoNumberCountsAs0) {
     Set({{"MRUlist", "abc"}, {"ShowSplash", "abc"}, {"UndoSteps", "abc"}});
     EXPECT_EQ(frmPrefs->Combo1.Text(), "3");
@@ -82,7 +126,11 @@ TEST_F(PreferencesTest, TextThatIsNoNumberCountsAs0) {
 }
 
 TEST_F(PreferencesTest, NumbersThatNoControlTakesCountAsTheDefaults) {
-    Set({{"JPGsaveQuality", "abc"}, {"ShowSplash", "7"}, {"MRUlist", "99"}, {"UndoSteps", "-5"}, {"Clipmon", "1e9"}});
+    Set({{"JPGsaveQuality", "abc"},
+         {"ShowSplash", "7"},
+         {"MRUlist", "99"},
+         {"UndoSteps", "-5"},
+         {"Clipmon", "1e9"}});
     EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
     EXPECT_EQ(frmPrefs->Check1.Value(), 1);
     EXPECT_EQ(frmPrefs->Combo1.Text(), "5");
@@ -92,7 +140,8 @@ TEST_F(PreferencesTest, NumbersThatNoControlTakesCountAsTheDefaults) {
 
 TEST_F(PreferencesTest, GarbageInTheStoreGivesTheDefaults) {
     std::filesystem::create_directories(Folder("settings") + "/Pintalux64");
-    PutBytes(Folder("settings") + "/Pintalux64/settings.ini", std::string("\0\xFF[[[=\n=\x01", 11) + std::string(5000, 'x'));
+    PutBytes(Folder("settings") + "/Pintalux64/settings.ini",
+             std::string("\0\xFF[[[=\n=\x01", 11) + std::string(5000, 'x'));
     EXPECT_EQ(frmPrefs->Combo1.Text(), "5");
     EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
 }

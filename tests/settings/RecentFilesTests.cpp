@@ -22,7 +22,8 @@ class RecentFilesTest : public ProgramTest {
     std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }
     /// Opens small pictures, the last one becomes the newest entry.
     void Open(const std::vector<std::string>& names) {
-        for (const std::string& name : names) OpenPicture(name, Solid(4, 3, kWhite));
+        for (const std::string& name : names)
+            OpenPicture(name, Solid(4, 3, kWhite));
     }
     /// What the menu shows, newest first.
     static std::vector<std::string> Shown() {
@@ -43,6 +44,7 @@ class RecentFilesTest : public ProgramTest {
         frmPrefs->Check4.Value(1);
         ASSERT_TRUE(frmMain.Unload());
         PassEvents();
+        EndEventLoop();
         Start();
     }
 };

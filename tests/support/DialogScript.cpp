@@ -3,6 +3,7 @@
 #include "support/Program.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -27,7 +28,8 @@ constexpr int kLookEvery = 3; // milliseconds
 
 std::string TextsOf(const QWidget& dialog) {
     QStringList texts;
-    for (const QLabel* label : dialog.findChildren<QLabel*>()) texts += label->text();
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+        texts += label->text();
     return texts.join("\n").toStdString();
 }
 
@@ -68,7 +70,9 @@ DialogScript::~DialogScript() {
     EXPECT_GE(state_->seen.size(), state_->steps.size()) << "a dialog that was expected did not show";
 }
 
-std::size_t DialogScript::Count() const { return state_->seen.size(); }
+std::size_t DialogScript::Count() const {
+    return state_->seen.size();
+}
 
 DialogScript::Seen DialogScript::Dialog(std::size_t n) const {
     return n < state_->seen.size() ? state_->seen[n] : Seen{};
@@ -108,6 +112,8 @@ DialogScript::Step ChoosesFile(const std::string& path, int filterIndex) {
             emit filters->textActivated(filters->currentText());
             emit filters->activated(filterIndex - 1);
         }
+        // As when the name is typed, the mark goes from the file that was proposed.
+        dialog->findChild<QAbstractItemView*>("listView")->clearSelection();
         name->setText(QString::fromStdString(path));
         PressButton(*dialog, dialog->acceptMode() == QFileDialog::AcceptOpen ? "Abrir" : "Guardar");
     };
@@ -121,11 +127,16 @@ std::string IconOf(QWidget& dialog) {
     const auto* box = dynamic_cast<QMessageBox*>(&dialog);
     if (box == nullptr) return "no message box";
     switch (box->icon()) {
-    case QMessageBox::Critical: return "critical";
-    case QMessageBox::Question: return "question";
-    case QMessageBox::Warning: return "exclamation";
-    case QMessageBox::Information: return "information";
-    default: return "none";
+    case QMessageBox::Critical:
+        return "critical";
+    case QMessageBox::Question:
+        return "question";
+    case QMessageBox::Warning:
+        return "exclamation";
+    case QMessageBox::Information:
+        return "information";
+    default:
+        return "none";
     }
 }
 

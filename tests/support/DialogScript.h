@@ -1,5 +1,5 @@
-// What the user does with the dialogs that a command will show, one step for each, in their order. A dialog beyond the
-// script fails the test and is closed, so that an empty script shows that nothing is asked.
+// What the user does with the dialogs that a command will show, one step for each, in their order. A dialog
+// beyond the script fails the test and is closed, so that an empty script shows that nothing is asked.
 #pragma once
 
 #include <functional>
@@ -40,7 +40,8 @@ void PressButton(QWidget& dialog, const std::string& text);
 DialogScript::Step PressesButton(const std::string& text);
 /// Closes the dialog by its close box.
 DialogScript::Step ClosesDialog();
-/// Types a path into a file dialog and accepts it, after choosing the filter of this index (from 1; 0 keeps it).
+/// Types a path into a file dialog and accepts it, after choosing the filter of this index (from 1; 0 keeps
+/// it).
 DialogScript::Step ChoosesFile(const std::string& path, int filterIndex = 0);
 /// Presses Escape.
 DialogScript::Step PressesEscape();

@@ -4,7 +4,9 @@
 #include "document/frmImage.h"
 #include "surface/window/Menu.h"
 
+#include <csignal>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace pintalux {
@@ -36,5 +38,22 @@ std::string BytesOf(const std::string& path);
 void PutBytes(const std::string& path, const std::string& bytes);
 /// Names in a folder, sorted, hidden files too.
 std::vector<std::string> NamesIn(const std::string& folder);
+
+/// No file grows beyond `bytes` while the object lives, as on a full disk.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit now = {bytes, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &now);
+    }
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    rlimit before_ = {};
+};
 
 } // namespace pintalux

@@ -107,6 +107,7 @@ void ProgramTest::TearDown() {
     }
     frmPrefs.Unload();
     PassEvents();
+    EndEventLoop();
     unsetenv("TMPDIR");
     std::filesystem::remove_all(root_);
 }
@@ -188,6 +189,11 @@ void PassEvents() {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+}
+
+void EndEventLoop() {
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+    QCoreApplication::exec();
 }
 
 void WhenDialogShows(std::function<void(QWidget& dialog)> act) {

@@ -55,6 +55,8 @@ void Drag(frmImage& image, const std::vector<std::pair<double, double>>& points)
 /// Passes pending events until the condition holds; false after `milliseconds`.
 bool WaitFor(const std::function<bool()>& condition, int milliseconds = 5000);
 void PassEvents();
+/// What follows the unload of the main window: the end of the event loop. Before it no dialog can show again.
+void EndEventLoop();
 
 /// Does something to the next modal dialog that appears. To be called before the statement that shows it.
 void WhenDialogShows(std::function<void(QWidget& dialog)> act);

@@ -1,5 +1,6 @@
-// A slow, obvious model of how lines, boxes, circles, ellipses and fills land on an image: one pixel at a time, by the
-// rules and without a thought for speed. Tests draw with it what a stroke should leave, and compare.
+// A slow, obvious model of how lines, boxes, circles, ellipses and fills land on an image: one pixel at a
+// time, by the rules and without a thought for speed. Tests draw with it what a stroke should leave, and
+// compare.
 #pragma once
 
 #include "surface/raster/Bitmap.h"
@@ -24,26 +25,31 @@ class DrawingModel {
 
     explicit DrawingModel(const Bitmap& picture) : DrawingModel(picture.Width(), picture.Height(), 0) {
         for (int y = 0; y < height_; ++y)
-            for (int x = 0; x < width_; ++x) SetPixel(x, y, picture.At(x, y));
+            for (int x = 0; x < width_; ++x)
+                SetPixel(x, y, picture.At(x, y));
     }
 
     Bitmap Result() const {
         Bitmap picture(width_, height_, 0);
         for (int y = 0; y < height_; ++y)
-            for (int x = 0; x < width_; ++x) picture.Set(x, y, pixels_[Place(x, y)]);
+            for (int x = 0; x < width_; ++x)
+                picture.Set(x, y, pixels_[Place(x, y)]);
         return picture;
     }
 
     bool Holds(std::int64_t x, std::int64_t y) const { return x >= 0 && y >= 0 && x < width_ && y < height_; }
 
-    std::int64_t GetPixel(std::int64_t x, std::int64_t y) const { return Holds(x, y) ? pixels_[Place(x, y)] : -1; }
+    std::int64_t GetPixel(std::int64_t x, std::int64_t y) const {
+        return Holds(x, y) ? pixels_[Place(x, y)] : -1;
+    }
 
     void SetPixel(std::int64_t x, std::int64_t y, Pixel colour) {
         if (Holds(x, y)) pixels_[Place(x, y)] = colour;
     }
 
     void Paint(const Figure& figure, Pixel colour) {
-        for (const auto& [x, y] : figure) SetPixel(x, y, colour);
+        for (const auto& [x, y] : figure)
+            SetPixel(x, y, colour);
     }
 
     void Dot(int x, int y, int width, Pixel colour) { Paint(DotFigure(x, y, width), colour); }
@@ -62,7 +68,8 @@ class DrawingModel {
 
     void FilledBox(int x1, int y1, int x2, int y2, Pixel colour) {
         for (int y = std::min(y1, y2); y <= std::max(y1, y2); ++y)
-            for (int x = std::min(x1, x2); x <= std::max(x1, x2); ++x) SetPixel(x, y, colour);
+            for (int x = std::min(x1, x2); x <= std::max(x1, x2); ++x)
+                SetPixel(x, y, colour);
     }
 
     void Circle(int x, int y, int radius, int width, Pixel colour, bool filled) {
@@ -110,7 +117,9 @@ class DrawingModel {
     }
     static std::int64_t CeilDiv(std::int64_t a, std::int64_t b) { return -FloorDiv(-a, b); }
 
-    std::size_t Place(std::int64_t x, std::int64_t y) const { return static_cast<std::size_t>(y * width_ + x); }
+    std::size_t Place(std::int64_t x, std::int64_t y) const {
+        return static_cast<std::size_t>(y * width_ + x);
+    }
 
     static Figure ThinLine(std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2) {
         Figure figure{{x2, y2}};
@@ -139,7 +148,8 @@ class DrawingModel {
     /// The largest k with k * k * (dx * dx + dy * dy) <= (width * side) squared, plus 1.
     static std::int64_t Across(std::int64_t width, std::int64_t side, std::int64_t dx, std::int64_t dy) {
         std::int64_t k = 0;
-        while ((k + 1) * (k + 1) * (dx * dx + dy * dy) <= width * width * side * side) ++k;
+        while ((k + 1) * (k + 1) * (dx * dx + dy * dy) <= width * width * side * side)
+            ++k;
         return k + 1;
     }
 
@@ -168,7 +178,8 @@ class DrawingModel {
         return figure;
     }
 
-    /// Rows from the top corner to above the bottom one; on a row from the left crossing to before the right one.
+    /// Rows from the top corner to above the bottom one; on a row from the left crossing to before the right
+    /// one.
     static Figure PolygonFigure(const std::vector<Point>& corners) {
         Figure figure;
         const auto byRow = [](const Point& p, const Point& q) { return p.second < q.second; };
@@ -180,10 +191,12 @@ class DrawingModel {
                 Point q = corners[(i + 1) % corners.size()];
                 if (p.second > q.second) std::swap(p, q);
                 if (y < p.second || y >= q.second) continue;
-                crossings.push_back(p.first + CeilDiv((q.first - p.first) * (y - p.second), q.second - p.second));
+                crossings.push_back(p.first +
+                                    CeilDiv((q.first - p.first) * (y - p.second), q.second - p.second));
             }
             std::sort(crossings.begin(), crossings.end());
-            for (std::int64_t x = crossings.front(); x < crossings.back(); ++x) figure.insert({x, y});
+            for (std::int64_t x = crossings.front(); x < crossings.back(); ++x)
+                figure.insert({x, y});
         }
         return figure;
     }
@@ -200,8 +213,10 @@ class DrawingModel {
         const std::int64_t A = r - 1 - l;
         const std::int64_t B = b - 1 - t;
         if (A <= 1 || B <= 1) {
-            for (std::int64_t y = t; y < b; ++y) plot(l, r - 1, y, y);
-            for (std::int64_t x = l; x < r; ++x) plot(x, x, t, b - 1);
+            for (std::int64_t y = t; y < b; ++y)
+                plot(l, r - 1, y, y);
+            for (std::int64_t x = l; x < r; ++x)
+                plot(x, x, t, b - 1);
         } else {
             const std::int64_t o = B & 1;
             std::int64_t dx = 4 * (1 - A) * B * B;
@@ -229,7 +244,8 @@ class DrawingModel {
             }
             // Slim upright ones: the last columns go on to the tips.
             while (half[0].back().second > t) {
-                plot(half[1].back().first, half[0].back().first, half[0].back().second - 1, half[2].back().second + 1);
+                plot(half[1].back().first, half[0].back().first, half[0].back().second - 1,
+                     half[2].back().second + 1);
             }
         }
         std::vector<Point> chain = half[0];
@@ -245,7 +261,8 @@ class DrawingModel {
         for (const auto& [x, y] : outline) {
             for (const auto& [right, row] : outline) {
                 if (row != y) continue;
-                for (std::int64_t fill = x; fill <= right; ++fill) figure.insert({fill, y});
+                for (std::int64_t fill = x; fill <= right; ++fill)
+                    figure.insert({fill, y});
             }
         }
         return figure;

@@ -24,17 +24,9 @@ class FloodTest : public ToolTest {
 
 TEST_F(FloodTest, FillsTheFourConnectedArea) {
     frmMain->SetCurrentColour(0x0000FF);
-    frmImage& image = Document({"..#..",
-                                ".#...",
-                                "#....",
-                                ".#.##",
-                                "..#.."});
+    frmImage& image = Document({"..#..", ".#...", "#....", ".#.##", "..#.."});
     FillAt(image, 4, 0);
-    ExpectSamePixels(ImageOf(image), PictureOf({"..#rr",
-                                                ".#rrr",
-                                                "#rrrr",
-                                                ".#r##",
-                                                "..#.."}));
+    ExpectSamePixels(ImageOf(image), PictureOf({"..#rr", ".#rrr", "#rrrr", ".#r##", "..#.."}));
 }
 
 TEST_F(FloodTest, SpreadsOverExactlyTheColourOfTheStart) {

@@ -63,8 +63,8 @@ TEST_F(LineTest, EndsAreFlooredAtEveryZoom) {
         MoveTo(image, 50 * f, 3.5 * f);
         Release(image, 50.5 * f, 31.9 * f);
         DrawingModel model(60, 60, 0xFFFFFF);
-        model.Line(At(10.9 * f, f), At(12.2 * f, f), At(std::floor(50.5 * f), f), At(std::floor(31.9 * f), f), 1,
-                   kInkPixel);
+        model.Line(At(10.9 * f, f), At(12.2 * f, f), At(std::floor(50.5 * f), f), At(std::floor(31.9 * f), f),
+                   1, kInkPixel);
         ExpectImage(image, model);
         EXPECT_TRUE(image.Unload());
     }

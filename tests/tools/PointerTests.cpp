@@ -5,8 +5,8 @@
 namespace pintalux {
 namespace {
 
-const char* const kToolKeys[] = {"Pointer", "Select", "FreeSelect", "Pen",       "Eraser",    "Flood",
-                                 "Line",    "PolyLine", "Shapes",   "ColorWand", "ColorPick", "Mag"};
+const char* const kToolKeys[] = {"Pointer", "Select",   "FreeSelect", "Pen",       "Eraser",    "Flood",
+                                 "Line",    "PolyLine", "Shapes",     "ColorWand", "ColorPick", "Mag"};
 
 class PointerTest : public ToolTest {
   protected:

@@ -8,7 +8,9 @@ enum Shape { kSquare, kRectangle, kCircle, kEllipse };
 const char* const kNames[] = {"square", "rectangle", "circle", "oval"};
 
 // A number as a control in pixels keeps it.
-double Whole(double value) { return std::nearbyint(value); }
+double Whole(double value) {
+    return std::nearbyint(value);
+}
 
 class ShapesTest : public ToolTest {
   protected:
@@ -73,7 +75,8 @@ TEST_F(ShapesTest, EveryFigureOutlinedAndFilledInEveryDirection) {
                     DrawModel(model, shape, filled, width, 1, {30, 28}, end);
                     Drag(image, {{30, 28}, {33, 60}, end});
                 }
-                SCOPED_TRACE(std::string(kNames[shape]) + (filled ? " filled " : " ") + std::to_string(width));
+                SCOPED_TRACE(std::string(kNames[shape]) + (filled ? " filled " : " ") +
+                             std::to_string(width));
                 ExpectImage(image, model);
                 EXPECT_EQ(States(image), 5);
                 EXPECT_TRUE(image.Unload());
@@ -91,7 +94,7 @@ TEST_F(ShapesTest, BoundsAtSeveralZooms) {
             ZoomToLevel(level);
             DrawingModel model(80, 80, 0xFFFFFF);
             const std::pair<double, double> from{31 * f + 0.7, 27 * f + 0.2};
-            for (const std::pair<double, double> end : {std::pair(60 * f, 52 * f), {7 * f, 11 * f}, {9 * f, 70 * f}}) {
+            for (const auto& end : {std::pair(60 * f, 52 * f), {7 * f, 11 * f}, {9 * f, 70 * f}}) {
                 DrawModel(model, shape, false, 1, f, from, end);
                 Drag(image, {from, end});
             }
@@ -176,12 +179,8 @@ TEST_F(ShapesTest, SquareDraggedUpLeftKeepsItsAnchorAtTheBottomRight) {
     frmMain->SetCurrentColour(kBlack);
     frmImage& image = NewDocument(7, 6);
     Drag(image, {{5, 4}, {2, 3}});
-    ExpectSamePixels(ImageOf(image), PictureOf({".......",
-                                                "..####.",
-                                                "..#..#.",
-                                                "..#..#.",
-                                                "..####.",
-                                                "......."}));
+    ExpectSamePixels(ImageOf(image),
+                     PictureOf({".......", "..####.", "..#..#.", "..#..#.", "..####.", "......."}));
 }
 
 TEST_F(ShapesTest, EllipseLeavesTheForeColourChanged) {

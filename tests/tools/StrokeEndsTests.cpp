@@ -1,5 +1,5 @@
-// Strokes that go where nobody expects them: out of the window, out of the 16-bit range, on while the tool changes, the
-// change is undone or the window closes. None crashes and none loses a pixel.
+// Strokes that go where nobody expects them: out of the window, out of the 16-bit range, on while the tool
+// changes, the change is undone or the window closes. None crashes and none loses a pixel.
 #include "document/UndoCommands.h"
 #include "tools/ToolTest.h"
 
@@ -8,7 +8,8 @@ namespace {
 
 using StrokeEndsTest = ToolTest;
 
-const std::vector<std::pair<double, double>> kOutside = {{-500, 20}, {540, 20}, {20, -480}, {20, 520}, {-30, -30}};
+const std::vector<std::pair<double, double>> kOutside = {
+    {-500, 20}, {540, 20}, {20, -480}, {20, 520}, {-30, -30}};
 
 TEST_F(StrokeEndsTest, PenLeavesTheWindowOnEverySide) {
     Choose("Pen");
@@ -98,8 +99,8 @@ TEST_F(StrokeEndsTest, LineReleasedBeyondSixteenBitsIsDrawn) {
 }
 
 TEST_F(StrokeEndsTest, ToolChangedInTheMiddleOfADrag) {
-    const char* const keys[] = {"Pointer",  "Select", "FreeSelect", "Pen",       "Eraser",    "Flood",
-                                "Line",     "PolyLine", "Shapes",   "ColorPick", "Mag"};
+    const char* const keys[] = {"Pointer", "Select",   "FreeSelect", "Pen",       "Eraser", "Flood",
+                                "Line",    "PolyLine", "Shapes",     "ColorPick", "Mag"};
     for (const char* first : {"Pen", "Eraser", "Line", "PolyLine", "Shapes"}) {
         for (const char* second : keys) {
             Choose(first);

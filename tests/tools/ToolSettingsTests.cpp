@@ -12,7 +12,14 @@ class ToolSettingsTest : public ToolTest {
         for (int i = 0; i < 5; ++i) {
             if (frmMain->PicTools(i).Height() > 300) frmMain->cmdTools_Click(i);
         }
-        frmMain->ToolSettings.Height(9000);
+        MakeRoom(9000);
+    }
+
+    /// Makes the main window so high that the panel has this height, in twips.
+    static void MakeRoom(double height) {
+        MDIForm& window = *frmMain;
+        window.Height(window.Height() + height - frmMain->ToolSettings.Height());
+        ASSERT_TRUE(WaitFor([height] { return frmMain->ToolSettings.Height() == height; }));
     }
 
     static void ExpectHeights(const std::vector<double>& heights) {
@@ -42,7 +49,8 @@ TEST_F(ToolSettingsTest, PagesOpenToTheirFullHeightAndClose) {
 
 TEST_F(ToolSettingsTest, TitlesOfThePages) {
     const char* const titles[] = {"Caneta", "Texturas", "Selecção", "Alterar Cores", "Area Transfêrencia"};
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(frmMain->cmdTools(i).Caption(), titles[i]);
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(frmMain->cmdTools(i).Caption(), titles[i]);
 }
 
 TEST_F(ToolSettingsTest, ButtonOfAPageOpensIt) {
@@ -70,14 +78,14 @@ TEST_F(ToolSettingsTest, WithoutRoomOtherPagesCloseFromTheBottomUp) {
     frmMain->cmdTools_Click(2);
     ExpectHeights({300, 1980, 900, 300, 300});
     // 330 + 300 + 1980 + 900 + 2205 + 300 = 6015: one page too many.
-    frmMain->ToolSettings.Height(5900);
+    MakeRoom(5910);
     frmMain->cmdTools_Click(3);
     ExpectHeights({300, 1980, 300, 2205, 300});
 }
 
 TEST_F(ToolSettingsTest, PageThatJustFitsClosesNothing) {
     frmMain->cmdTools_Click(1);
-    frmMain->ToolSettings.Height(frmMain->PicTools(4).Top() + 300 + 600);
+    MakeRoom(frmMain->PicTools(4).Top() + 300 + 600);
     frmMain->cmdTools_Click(2);
     ExpectHeights({300, 1980, 900, 300, 300});
 }
@@ -85,7 +93,7 @@ TEST_F(ToolSettingsTest, PageThatJustFitsClosesNothing) {
 TEST_F(ToolSettingsTest, PenPageAndTheOpenedPageStayOpen) {
     frmMain->cmdTools_Click(0);
     frmMain->cmdTools_Click(3);
-    frmMain->ToolSettings.Height(1000);
+    MakeRoom(1500);
     frmMain->cmdTools_Click(1);
     ExpectHeights({1845, 1980, 300, 300, 300});
 }
@@ -108,8 +116,8 @@ TEST_F(ToolSettingsTest, ToolButtonsOpenTheirPageAndNeverShutIt) {
 
 TEST_F(ToolSettingsTest, EveryToolButtonSetsItsNumber) {
     NewDocument(20, 20);
-    const char* const keys[] = {"Pointer", "Select", "FreeSelect", "Pen",       "Eraser",    "Flood",
-                                "Line",    "PolyLine", "Shapes",   "ColorWand", "ColorPick", "Mag"};
+    const char* const keys[] = {"Pointer", "Select",   "FreeSelect", "Pen",       "Eraser",    "Flood",
+                                "Line",    "PolyLine", "Shapes",     "ColorWand", "ColorPick", "Mag"};
     int number = 12;
     for (const char* key : keys) {
         Choose(key);
@@ -123,6 +131,14 @@ TEST_F(ToolSettingsTest, FileAndEditButtonsLeaveTheTool) {
     Choose("Undo");
     Choose("Redo");
     EXPECT_EQ(CurrentTool, kEraserTool);
+}
+
+TEST_F(ToolSettingsTest, ChoosingTextReturnsToTheToolBefore) {
+    NewDocument(20, 20);
+    Choose("Eraser");
+    Choose("Text");
+    EXPECT_EQ(CurrentTool, kEraserTool);
+    EXPECT_EQ(frmMain->TB2.Buttons(kEraserTool).Value(), 1);
 }
 
 TEST_F(ToolSettingsTest, RectangleToolHidesAFreehandPiece) {
@@ -161,7 +177,8 @@ TEST_F(ToolSettingsTest, RoundTipHasNoLengthToSet) {
 
 TEST_F(ToolSettingsTest, FilledFiguresShowFilledPicturesAndNoLineWidth) {
     std::vector<std::string> outlined;
-    for (int i = 1; i <= 4; ++i) outlined.push_back(frmMain->Toolbar2.Buttons(i).Image());
+    for (int i = 1; i <= 4; ++i)
+        outlined.push_back(frmMain->Toolbar2.Buttons(i).Image());
     ClickWidget(WidgetFor(frmMain->Option2));
     EXPECT_FALSE(frmMain->Slider3.Enabled());
     for (int i = 1; i <= 4; ++i) {

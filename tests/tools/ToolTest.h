@@ -3,6 +3,7 @@
 
 #include "document/Globals.h"
 #include "document/Zoom.h"
+#include "settings/frmPrefs.h"
 #include "support/Documents.h"
 #include "support/Pictures.h"
 #include "support/Program.h"
@@ -23,6 +24,7 @@ class ToolTest : public ProgramTest {
     void SetUp() override {
         ProgramTest::SetUp();
         Start();
+        frmPrefs->Check4.Value(1); // Closing asks nothing.
         frmMain->SetCurrentColour(kInk);
     }
 
@@ -43,7 +45,9 @@ class ToolTest : public ProgramTest {
     }
 
     /// View pixels per image pixel, by the table of the zoom levels.
-    static double FactorOf(int level) { return level < 15 ? 1.0 / (16 - level) : level == 15 ? 1.0 : level - 14.0; }
+    static double FactorOf(int level) {
+        return level < 15 ? 1.0 / (16 - level) : level == 15 ? 1.0 : level - 14.0;
+    }
 
     /// The image pixel under a view pixel.
     static int At(double view, double factor) { return static_cast<int>(std::floor(view / factor)); }

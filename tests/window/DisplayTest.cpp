@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPaintEvent>
+#include <QWindow>
 
 namespace pintalux {
 namespace {
@@ -31,9 +32,10 @@ class DisplayTest : public testing::Test {
     }
     void Show() {
         form.Show();
+        ASSERT_TRUE(WaitFor([] { return FindWidget("plain")->windowHandle()->isExposed(); }));
         LetEventsRun();
     }
-    static QImage Shown() { return FindWidget("panel")->grab().toImage(); }
+    static QImage Shown() { return ShownBy("panel"); }
     PlainForm form;
     Surface panel;
     Display display;

@@ -233,15 +233,13 @@ TEST(Form, WindowStates) {
     form.WindowState(kMaximised);
     EXPECT_EQ(form.WindowState(), kMaximised);
     form.Show();
-    LetEventsRun();
+    EXPECT_TRUE(WaitFor([&] { return form.Width() > 3000; }));
     EXPECT_EQ(form.WindowState(), kMaximised);
-    EXPECT_GT(form.Width(), 3000);
     const double maximised = form.Width();
     form.Width(1500); // does nothing meanwhile
     EXPECT_EQ(form.Width(), maximised);
     form.WindowState(kNormal);
-    LetEventsRun();
-    EXPECT_EQ(form.WindowState(), kNormal);
+    EXPECT_TRUE(WaitFor([&] { return form.WindowState() == kNormal; }));
     EXPECT_EQ(ErrorOf([&] { form.WindowState(3); }), kInvalidPropertyValue);
 }
 

@@ -255,7 +255,7 @@ TEST_F(SurfaceTest, ShowsItsBitmapPixelByPixel) {
     surface.PSet(3, 2, kRed);
     form.Show();
     LetEventsRun();
-    const QImage shown = FindWidget("surface")->grab().toImage();
+    const QImage shown = ShownBy("surface");
     EXPECT_EQ(shown.pixel(3, 2), 0xFFFF0000u);
     EXPECT_EQ(shown.pixel(4, 2), 0xFFFFFFFFu);
     form.Hide();

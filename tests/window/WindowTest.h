@@ -10,7 +10,9 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QImage>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QTimer>
 #include <QWidget>
 #include <string>
@@ -50,6 +52,12 @@ inline QWidget* FindWidget(const std::string& name) {
         if (widget->objectName() == QString::fromStdString(name)) return widget;
     }
     return nullptr;
+}
+
+/// What a control shows, in logical pixels whatever the display's scale.
+inline QImage ShownBy(const std::string& name) {
+    QWidget* widget = FindWidget(name);
+    return widget->grab().toImage().scaled(widget->size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
 }
 
 inline void SendMouse(QWidget* widget, QEvent::Type type, const QPointF& place, Qt::MouseButton button,

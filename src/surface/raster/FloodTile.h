@@ -52,8 +52,6 @@ class FloodTile {
     /// Writes the filled pixels.
     void Write(Bitmap& bits, Pixel fill) const;
 
-    const Box& Bounds() const { return box_; }
-
   private:
     static Word MatchWord(const Pixel* pixels, std::size_t count, FloodArea area);
 
@@ -62,7 +60,6 @@ class FloodTile {
     bool FollowCorridor(int& row);
     void SpreadRow(int row, Edges& edges);
     Row TakeRow(std::size_t row);
-    void Pass(int row, const Row& filled);
 
     Box box_;
     std::array<Row, kRows> area_{}; ///< What belonged to the area before the fill.

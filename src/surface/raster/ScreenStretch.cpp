@@ -20,7 +20,8 @@ void ConvertRow(const Bitmap& source, int x, int y, std::span<std::uint32_t> out
     while (!out.empty()) {
         const auto run = source.Run(x, y);
         const std::size_t count = std::min(run.size(), out.size());
-        for (std::size_t i = 0; i < count; ++i) out[i] = OnScreen(run[i]);
+        for (std::size_t i = 0; i < count; ++i)
+            out[i] = OnScreen(run[i]);
         out = out.subspan(count);
         x += static_cast<int>(count);
     }
@@ -32,9 +33,9 @@ class ScreenStretch {
     ScreenStretch(const Bitmap& source, AxisMap columns, AxisMap rows, std::uint32_t* out, int stride)
         : source_(source), columns_(std::move(columns)), rows_(std::move(rows)), out_(out), stride_(stride) {}
 
-    /// For enlargements: an image row is converted once and then spread out. `scale` is the number of screen
-    /// pixels for each of the source, or 0 if that is no whole number.
-    void Enlarge(int scale) {
+    /// An image row is converted once and then spread out. `scale` is the number of screen pixels for each of
+    /// the source, or 0 if that is no whole number.
+    void SpreadRows(int scale) {
         const int first = columns_.source.front();
         std::vector<std::uint32_t> row(static_cast<std::size_t>(columns_.source.back() - first + 1));
         for (int i = 0; i < rows_.Size(); ++i) {
@@ -51,7 +52,7 @@ class ScreenStretch {
         }
     }
 
-    /// For reductions: most rows are read once, from memory that is not at hand yet.
+    /// Only the pixels shown are read: for reductions.
     void Reduce() {
         const std::vector<TileColumns> parts = ColumnsByTile(columns_);
         for (int i = 0; i < rows_.Size(); ++i) {
@@ -79,22 +80,27 @@ class ScreenStretch {
     }
     void RepeatRow(int i) const { std::memcpy(Row(i).data(), Row(i - 1).data(), Row(i).size_bytes()); }
 
-    // Asks for memory that comes next: a tile's rows are too short for the processor to see a pattern in them.
+    // Asks for memory that comes next: a tile's rows are too short for the processor to see a pattern in
+    // them.
     void FetchAhead(const TileColumns& part, int sourceRow) const {
         const Pixel* pixels = source_.Run(part.tile, sourceRow).data();
         const int last = columns_.source[static_cast<std::size_t>(part.end - 1)] - part.tile;
         int column = columns_.source[static_cast<std::size_t>(part.begin)] - part.tile;
-        for (; column <= last; column += kCacheLinePixels) __builtin_prefetch(pixels + column);
+        for (; column <= last; column += kCacheLinePixels)
+            __builtin_prefetch(pixels + column);
     }
 
     // Gathers first and converts afterwards: the second step is done several pixels at a time.
     void ReducePart(const TileColumns& part, int row) const {
-        const Pixel* pixels = source_.Run(part.tile, SourceRow(row)).data() - part.tile;
+        const Pixel* pixels = source_.Run(part.tile, SourceRow(row)).data();
         const int* columns = columns_.source.data() + part.begin;
         std::uint32_t* out = Row(row).data() + part.begin;
         const int count = part.end - part.begin;
-        for (int i = 0; i < count; ++i) out[i] = pixels[columns[i]];
-        for (int i = 0; i < count; ++i) out[i] = OnScreen(out[i]);
+        const int tile = part.tile;
+        for (int i = 0; i < count; ++i)
+            out[i] = pixels[columns[i] - tile];
+        for (int i = 0; i < count; ++i)
+            out[i] = OnScreen(out[i]);
     }
 
     void Spread(const std::vector<std::uint32_t>& row, int first, std::span<std::uint32_t> out) const {
@@ -130,8 +136,9 @@ void StretchForScreen(const Bitmap& source, int width, int height, const Box& vi
     out += std::ptrdiff_t{shown.top - visible.top} * stride + (shown.left - visible.left);
     ScreenStretch stretch(source, MapVisible(shown.left, shown.right, width, source.Width()),
                           MapVisible(shown.top, shown.bottom, height, source.Height()), out, stride);
-    if (width >= source.Width()) {
-        stretch.Enlarge(width % source.Width() == 0 ? width / source.Width() : 0);
+    // Where most pixels of a row are shown, reading all of them in turn is the quickest, too.
+    if (2 * std::int64_t{width} > source.Width()) {
+        stretch.SpreadRows(width % source.Width() == 0 ? width / source.Width() : 0);
     } else {
         stretch.Reduce();
     }

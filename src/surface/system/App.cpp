@@ -56,6 +56,8 @@ class DisplayChoice {
 DisplayChoice PrepareToolkit() {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+    // Every point of a stroke counts: the toolkit would drop those between two frames.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Portugal));
     return {};
 }

@@ -38,6 +38,7 @@ int NumberOf(int errnoValue) {
     case ENOENT:
         return kFileNotFound;
     case ENOTDIR:
+    case ENAMETOOLONG: // No file can have that name, so none is there.
         return kPathNotFound;
     case EIO:
         return kDeviceError;

@@ -12,8 +12,8 @@
 
 namespace pintalux {
 
-/// The error number for an errno: ENOENT 53, EIO 57, ENOTDIR 76, ENOSPC/EDQUOT 61, EACCES/EPERM/EROFS 70,
-/// ENXIO/ENODEV 68, ENOMEM 7, others 75. The text names the path and the reason.
+/// The error number for an errno: ENOENT 53, EIO 57, ENOTDIR and ENAMETOOLONG 76, ENOSPC/EDQUOT 61,
+/// EACCES/EPERM/EROFS 70, ENXIO/ENODEV 68, ENOMEM 7, others 75. The text names the path and the reason.
 [[noreturn]] void RaiseFileError(int errnoValue, const std::string& path);
 
 /// A file descriptor that closes itself. Every member raises a run-time error with the path in its text.

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -117,8 +118,11 @@ void Control::MouseIcon(Icon value) {
 
 void Control::ToolTipText(std::string value) {
     toolTip_ = std::move(value);
-    // Escaped: a tip is plain text, whatever signs it holds.
-    if (QWidget* widget = WidgetOf(*this)) widget->setToolTip(ToQString(toolTip_).toHtmlEscaped());
+    // A tip is plain text, whatever signs it holds: escaped only where the toolkit would take it for rich
+    // text.
+    const QString tip = ToQString(toolTip_);
+    if (QWidget* widget = WidgetOf(*this))
+        widget->setToolTip(Qt::mightBeRichText(tip) ? tip.toHtmlEscaped() : tip);
 }
 
 void Control::AccessibleName(const std::string& value) {
@@ -128,7 +132,10 @@ void Control::AccessibleName(const std::string& value) {
 void Control::SetFocus() {
     QWidget* widget = WidgetOf(*this);
     if (!widget) return;
-    if (widget->isWindow()) widget->activateWindow();
+    if (widget->isWindow()) {
+        widget->raise();
+        widget->activateWindow();
+    }
     widget->setFocus(Qt::OtherFocusReason);
 }
 

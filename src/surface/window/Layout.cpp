@@ -1,6 +1,7 @@
 #include "surface/window/Layout.h"
 
 #include "surface/window/Control_native.h"
+#include "surface/window/Events.h"
 #include "surface/window/Form.h"
 #include "surface/window/ScrollBar.h"
 #include "surface/window/Surface_native.h"
@@ -36,11 +37,11 @@ class GridFollower : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() != QEvent::Resize && event->type() != QEvent::Move) return false;
         const QRect place = static_cast<QWidget*>(watched)->geometry();
-        if (auto* surface = dynamic_cast<Surface*>(&control_)) {
-            SurfaceNative::TakePlace(*surface, place);
-        } else {
+        RunEvent(EventKind::Ordinary, [&] {
+            if (auto* surface = dynamic_cast<Surface*>(&control_))
+                return SurfaceNative::TakePlace(*surface, place);
             ControlNative::TakePlace(control_, place);
-        }
+        });
         return false;
     }
 
@@ -48,8 +49,9 @@ class GridFollower : public QObject {
     Control& control_;
 };
 
-/// What was assigned is the least size. A surface without controls of its own keeps exactly what it was given, so that
-/// its bitmap never depends on the texts around; so does a scroll bar, which at a text box shows just its arrows.
+/// What was assigned is the least size. A surface without controls of its own keeps exactly what it was
+/// given, so that its bitmap never depends on the texts around; so does a scroll bar, which at a text box
+/// shows just its arrows.
 void GiveSize(Control& control, QWidget* widget) {
     const QSize size = PixelPlace(control).size();
     if (size.width() > 0) widget->setMinimumWidth(size.width());

@@ -24,10 +24,13 @@ class PanelFrame : public QWidget {
     PanelFrame(MDINative& native, QWidget* parent) : QWidget(parent), native_(native) {}
 
   protected:
-    void resizeEvent(QResizeEvent*) override { native_.LayOut(); }
-    void showEvent(QShowEvent*) override { native_.LayOut(); }
+    void resizeEvent(QResizeEvent*) override { LayOut(); }
+    void showEvent(QShowEvent*) override { LayOut(); }
 
   private:
+    void LayOut() {
+        RunEvent(EventKind::Ordinary, [this] { native_.LayOut(); });
+    }
     MDINative& native_;
 };
 

@@ -45,6 +45,8 @@ struct MDINative {
     /// Gives panels and area their places; a panel whose size changed hears of it, but for the one just
     /// assigned.
     void LayOut(const Surface* assigned = nullptr);
+    /// The panels whose size changed.
+    std::vector<Surface*> PlacePanels();
 
     void RefreshWindowList();
 

@@ -4,6 +4,8 @@
 #include "surface/window/MDIForm_native.h"
 #include "surface/window/Surface_native.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 
 namespace pintalux {
@@ -66,7 +68,14 @@ void MDIForm::AlignPanel(Surface& panel, Align edge) {
 void MDINative::LayOut(const Surface* assigned) {
     // Before the window shows it has no size worth following.
     if (layingOut || !frame || !frame->isVisible()) return;
+    for (const Surface* surface : PlacePanels()) {
+        if (surface->Resize && surface != assigned) RunEvent(EventKind::Ordinary, surface->Resize);
+    }
+}
+
+std::vector<Surface*> MDINative::PlacePanels() {
     layingOut = true;
+    const auto done = qScopeGuard([this] { layingOut = false; });
     QRect room = frame->rect();
     std::vector<Surface*> changed;
     // Panels at the top and bottom have the full width; those at the sides share what is left.
@@ -79,14 +88,11 @@ void MDINative::LayOut(const Surface* assigned) {
             WidgetOf(surface)->setGeometry(place);
             SurfaceNative::TakePlace(surface, StoredPlace(surface, panel.edge, place));
             const QSize after(surface.PixelWidth(), surface.PixelHeight());
-            if (before != after && panel.surface != assigned) changed.push_back(panel.surface);
+            if (before != after) changed.push_back(panel.surface);
         }
     }
     area->setGeometry(room);
-    layingOut = false;
-    for (const Surface* surface : changed) {
-        if (surface->Resize) RunEvent(EventKind::Ordinary, surface->Resize);
-    }
+    return changed;
 }
 
 } // namespace pintalux

@@ -11,12 +11,11 @@
 namespace pintalux {
 
 Surface::Surface(Container& parent, std::string name)
-    : Container(&parent, std::move(name), kScalePixels),
-      dc_(persistent_, attributes_,
-          [this](const Box& box) {
-              drawn_ = true;
-              Changed(box);
-          }),
+    : Container(&parent, std::move(name), kScalePixels), dc_(persistent_, attributes_,
+                                                             [this](const Box& box) {
+                                                                 drawn_ = true;
+                                                                 Changed(box);
+                                                             }),
       surface_(std::make_unique<SurfaceNative>()) {
     auto* widget = new PaintedWidget(ClientWidgetOf(parent));
     widget->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -92,8 +91,8 @@ void Surface::ResizeBitmaps() {
     const int width = PixelWidth();
     const int height = PixelHeight();
     if (persistent_.Width() == width && persistent_.Height() == height) return;
-    // Nothing drawn: a fresh bitmap shares its tiles, where a grown one would have edges of its own. The backing
-    // panel of a document is as large as the zoomed image.
+    // Nothing drawn: a fresh bitmap shares its tiles, where a grown one would have edges of its own. The
+    // backing panel of a document is as large as the zoomed image.
     if (!drawn_) return ResetPersistent();
     persistent_ = persistent_.Resized(width, height, PixelOf(backColor_));
     if (screen_) *screen_ = screen_->Resized(width, height, PixelOf(backColor_));

@@ -107,7 +107,8 @@ ToolButton& ToolBar::Buttons(const std::string& key) {
 
 double ToolBar::HeightFor(double width) const {
     const auto* bar = WidgetAs<BarWidget>(*this);
-    return bar == nullptr ? Height() : bar->heightForWidth(PixelsAround(*this, width)) * UnitsPerPixelAround(*this);
+    return bar == nullptr ? Height()
+                          : bar->heightForWidth(PixelsAround(*this, width)) * UnitsPerPixelAround(*this);
 }
 
 void ToolBar::ImageSize(int pixels) {

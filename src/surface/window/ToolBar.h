@@ -64,7 +64,8 @@ class ToolBar : public Control {
     int ButtonCount() const { return static_cast<int>(buttons_.size()); }
     /// Width of a button's picture in pixels; 24 at start.
     void ImageSize(int pixels);
-    /// The height that the buttons need in a width, both in the container's unit: one row or, in a narrow bar, several.
+    /// The height that the buttons need in a width, both in the container's unit: one row or, in a narrow
+    /// bar, several.
     double HeightFor(double width) const;
 
     /// A click by hand: check and group buttons have taken their new value already.
