@@ -88,8 +88,9 @@ void frmImage::Form_QueryUnload(bool& Cancel) {
 }
 
 void frmImage::Form_Unload() {
+    // A file that will not go must not keep the document.
     for (int i = 0; i < ListBackup.ListCount(); ++i)
-        ForgetState(ListBackup.List(i));
+        ResumeNext([&] { ForgetState(ListBackup.List(i)); });
     ImageCount = SubtractInt16(ImageCount, 1);
 }
 

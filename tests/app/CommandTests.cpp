@@ -257,7 +257,7 @@ TEST_F(CommandTest, WindowsAreArranged) {
     EXPECT_NE(first.Top(), second.Top());
 }
 
-TEST_F(CommandTest, ItemsWhosePartIsStillToComeDoNothing) {
+TEST_F(CommandTest, ItemsStillToComeDoNothing) {
     NewDocument(10, 10);
     const DialogScript nothingShows;
     for (const MenuItem* item :

@@ -72,6 +72,20 @@ Box RandomBox(std::mt19937& random) {
     return box;
 }
 
+TEST(Bitmap, ShrinksABoxToThePixelsThatDiffer) {
+    const Bitmap before(3000, 100, 0xFFFFFF);
+    Bitmap after = before;
+    EXPECT_EQ(Bitmap::Shrunk(before, after, before.Bounds()), Box{});
+    after.Set(5, 7, 0xFFFFFF); // Written, and equal all the same.
+    EXPECT_EQ(Bitmap::Shrunk(before, after, before.Bounds()), Box{});
+    after.Set(1500, 40, 0);
+    EXPECT_EQ(Bitmap::Shrunk(before, after, before.Bounds()), (Box{1500, 40, 1501, 41}));
+    after.Set(1200, 90, 0);
+    after.Set(2999, 60, 0);
+    EXPECT_EQ(Bitmap::Shrunk(before, after, before.Bounds()), (Box{1200, 40, 3000, 91}));
+    EXPECT_EQ(Bitmap::Shrunk(before, after, {0, 41, 2999, 100}), (Box{1200, 90, 1201, 91}));
+}
+
 } // namespace
 
 TEST(Bitmap, NoSizeIsTheEmptyPicture) {
@@ -143,7 +157,7 @@ TEST(Bitmap, MovedAwayBitmapIsEmpty) {
     Bitmap original(3, 3, 1);
     const Bitmap taken = std::move(original);
     EXPECT_EQ(taken.At(2, 2), 1U);
-    EXPECT_TRUE(original.Empty()); // NOLINT(bugprone-use-after-move): that is what is told.
+    EXPECT_TRUE(original.Empty());
 }
 
 TEST(Bitmap, DifferenceNamesTheTilesWritten) {

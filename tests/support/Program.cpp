@@ -51,14 +51,16 @@ Qt::MouseButtons ToolkitButtons(int buttons) {
     return held;
 }
 
-void Send(frmImage& image, QEvent::Type type, double x, double y, Qt::MouseButton button, Qt::MouseButtons held) {
+void Send(frmImage& image, QEvent::Type type, double x, double y, Qt::MouseButton button,
+          Qt::MouseButtons held) {
     QWidget& widget = WidgetFor(image.Image1);
     const QPointF place(x, y);
     QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, Qt::NoModifier);
     QCoreApplication::sendEvent(&widget, &event);
 }
 
-void SendKey(QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+void SendKey(QWidget& widget, int key, const QString& text,
+             Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent event(type, key, modifiers, text);
         QCoreApplication::sendEvent(&widget, &event);
@@ -77,7 +79,8 @@ void Poll(const std::function<bool()>& ready, const std::function<void()>& act, 
 
 std::string TextsOf(const QWidget& dialog) {
     QStringList texts;
-    for (const QLabel* label : dialog.findChildren<QLabel*>()) texts += label->text();
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+        texts += label->text();
     return texts.join("\n").toStdString();
 }
 
@@ -100,7 +103,8 @@ void ProgramTest::SetUp() {
 }
 
 void ProgramTest::TearDown() {
-    for (const RuntimeError& error : untrapped) ADD_FAILURE() << "untrapped: " << error.Number() << " " << error.Text();
+    for (const RuntimeError& error : untrapped)
+        ADD_FAILURE() << "untrapped: " << error.Number() << " " << error.Text();
     if (frmMain.Loaded()) {
         frmPrefs->Check4.Value(1);
         frmMain.Unload();
@@ -144,7 +148,9 @@ frmImage& ProgramTest::OpenPicture(const std::string& name, const Picture& pictu
     return ActiveImage();
 }
 
-std::string ProgramTest::Folder(const std::string& name) const { return (root_ / name).string(); }
+std::string ProgramTest::Folder(const std::string& name) const {
+    return (root_ / name).string();
+}
 
 std::vector<std::string> ProgramTest::StateFileNames() const {
     std::vector<std::string> names;
@@ -168,7 +174,8 @@ void Release(frmImage& image, double x, double y, int button) {
 
 void Drag(frmImage& image, const std::vector<std::pair<double, double>>& points) {
     Press(image, points.front().first, points.front().second);
-    for (const auto& [x, y] : points) MoveTo(image, x, y);
+    for (const auto& [x, y] : points)
+        MoveTo(image, x, y);
     Release(image, points.back().first, points.back().second);
 }
 
@@ -252,8 +259,12 @@ void ClickWidget(QWidget& widget) {
     }
 }
 
-QWidget& WidgetFor(const Control& control) { return *WidgetOf(control); }
+QWidget& WidgetFor(const Control& control) {
+    return *WidgetOf(control);
+}
 
-Picture ImageOf(const frmImage& image) { return image.PicMerge.Image(); }
+Picture ImageOf(const frmImage& image) {
+    return image.PicMerge.Image();
+}
 
 } // namespace pintalux

@@ -1,5 +1,5 @@
-// The real program for form tests, offscreen: a fixture that starts it in folders of its own, and hands that press, drag and
-// answer dialogs with the toolkit's own events.
+// The real program for form tests, offscreen: a fixture that starts it in folders of its own, and hands that
+// press, drag and answer dialogs with the toolkit's own events.
 #pragma once
 
 #include "app/frmMain.h"
@@ -19,7 +19,8 @@ namespace pintalux {
 
 class ProgramTest : public ::testing::Test {
   protected:
-    /// Fresh folders for settings, temporary files and the program's own; the settings the test wants to find.
+    /// Fresh folders for settings, temporary files and the program's own; the settings the test wants to
+    /// find.
     void SetUp() override;
     /// Closes everything without questions. Fails the test on an untrapped error that it did not expect.
     void TearDown() override;
@@ -68,7 +69,8 @@ struct DialogTexts {
 };
 std::shared_ptr<DialogTexts> AnswerNextDialog(const std::string& buttonText);
 
-/// The control of a form by its code name, as a toolkit widget. Fails the test and gives null if there is none.
+/// The control of a form by its code name, as a toolkit widget. Fails the test and gives null if there is
+/// none.
 QWidget* Find(QWidget& parent, const std::string& name);
 /// Types text or a key into a widget with real key events. "\b" is backspace, "\n" Enter, "\x1b" Escape.
 void Type(QWidget& widget, const std::string& text);

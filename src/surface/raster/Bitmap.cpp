@@ -250,6 +250,27 @@ std::vector<Box> Bitmap::Difference(const Bitmap& a, const Bitmap& b) {
     return boxes;
 }
 
+Box Bitmap::Shrunk(const Bitmap& a, const Bitmap& b, const Box& box) {
+    Box shrunk{box.right, box.bottom, box.left, box.top};
+    for (int y = box.top; y < box.bottom; ++y) {
+        for (int x = box.left; x < box.right;) {
+            const auto ofA =
+                a.Run(x, y).first(std::min(a.RunLength(x), static_cast<std::size_t>(box.right - x)));
+            const auto ofB = b.Run(x, y).first(ofA.size());
+            if (std::memcmp(ofA.data(), ofB.data(), ofA.size_bytes()) != 0) {
+                const auto first = std::mismatch(ofA.begin(), ofA.end(), ofB.begin()).first;
+                const auto last = std::mismatch(ofA.rbegin(), ofA.rend(), ofB.rbegin()).first;
+                shrunk.left = std::min(shrunk.left, x + static_cast<int>(first - ofA.begin()));
+                shrunk.right = std::max(shrunk.right, x + static_cast<int>(ofA.rend() - last));
+                shrunk.top = std::min(shrunk.top, y);
+                shrunk.bottom = y + 1;
+            }
+            x += static_cast<int>(ofA.size());
+        }
+    }
+    return shrunk.Empty() ? Box{} : shrunk;
+}
+
 bool Bitmap::operator==(const Bitmap& other) const {
     if (width_ != other.width_ || height_ != other.height_) return false;
     for (const Box& box : Difference(*this, other)) {

@@ -11,6 +11,7 @@
 
 #include "surface/raster/Colour.h"
 #include "surface/raster/Shared.h"
+#include "surface/raster/TileMemory.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -99,6 +100,10 @@ class Bitmap {
     /// This bitmap in another size: kept at the top left corner, `fill` where it grows.
     Bitmap Resized(int width, int height, Pixel fill) const;
 
+    /// The smallest box inside `box` that holds every pixel in which two bitmaps of one size differ; empty if
+    /// none does.
+    static Box Shrunk(const Bitmap& a, const Bitmap& b, const Box& box);
+
     /// The boxes, tile by tile, where `a` and `b` may differ; neighbours in a band are joined. Empty if they
     /// share everything. If the sizes differ: the whole of `b`.
     static std::vector<Box> Difference(const Bitmap& a, const Bitmap& b);
@@ -110,6 +115,8 @@ class Bitmap {
     struct Tile : Counted {
         Tile() = default; // The pixels stay as they come: whoever makes a tile writes them.
         Tile(const Tile& other);
+        static void* operator new(std::size_t size) { return TakeTileMemory(size); }
+        static void operator delete(void* tile) noexcept { GiveTileMemory(tile); }
         alignas(64) Pixel pixels[kTileWidth * kTileHeight];
     };
     struct Band : Counted {

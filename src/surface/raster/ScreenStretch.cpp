@@ -1,4 +1,5 @@
 #include "surface/raster/AxisMap.h"
+#include "surface/raster/Parallel.h"
 #include "surface/raster/Transfer.h"
 
 #include <algorithm>
@@ -10,6 +11,8 @@ namespace {
 
 constexpr int kCacheLinePixels = 16;
 constexpr std::size_t kTilesAhead = 2;
+/// Below so many screen pixels a second core costs more than it brings.
+constexpr std::int64_t kWorthSplitting = 100'000;
 
 // Screens take the channels the other way round, opaque.
 std::uint32_t OnScreen(Pixel pixel) {
@@ -55,8 +58,15 @@ class ScreenStretch {
     /// Only the pixels shown are read: for reductions.
     void Reduce() {
         const std::vector<TileColumns> parts = ColumnsByTile(columns_);
-        for (int i = 0; i < rows_.Size(); ++i) {
-            if (RepeatsRow(i)) {
+        const std::int64_t pixels = std::int64_t{rows_.Size()} * columns_.Size();
+        if (pixels < kWorthSplitting) return ReduceRows(parts, 0, rows_.Size());
+        SplitOverCores(rows_.Size(), [&](int begin, int end) { ReduceRows(parts, begin, end); });
+    }
+
+  private:
+    void ReduceRows(const std::vector<TileColumns>& parts, int begin, int end) {
+        for (int i = begin; i < end; ++i) {
+            if (i > begin && RepeatsRow(i)) {
                 RepeatRow(i);
                 continue;
             }
@@ -72,7 +82,6 @@ class ScreenStretch {
         }
     }
 
-  private:
     int SourceRow(int i) const { return rows_.source[static_cast<std::size_t>(i)]; }
     bool RepeatsRow(int i) const { return i > 0 && SourceRow(i) == SourceRow(i - 1); }
     std::span<std::uint32_t> Row(int i) const {

@@ -13,6 +13,9 @@ namespace {
 /// Above so many changed boxes the whole view is marked: the list itself would cost more than it saves.
 constexpr std::size_t kManyBoxes = 256;
 
+/// Up to so many boxes are compared pixel by pixel.
+constexpr std::size_t kFewBoxes = 32;
+
 /// First or last view pixel of an image column, rounded outward. In 64 bits: a view may be 512,000 pixels
 /// wide.
 int MapDown(int place, int from, int to) {
@@ -35,8 +38,11 @@ void MarkDifference(QWidget& widget, const Bitmap& before, const Bitmap& after) 
     if (before.Width() != after.Width() || before.Height() != after.Height()) return widget.update();
     const std::vector<Box> boxes = Bitmap::Difference(before, after);
     if (boxes.size() > kManyBoxes) return widget.update();
+    // Enlarged, a tile covers far more of the view than the few pixels that a stroke changed.
+    const bool shrink = widget.width() > after.Width() && boxes.size() <= kFewBoxes;
     for (const Box& box : boxes) {
-        const QRect part = Mapped(box, after, widget.size()) & visible;
+        const Box changed = shrink ? Bitmap::Shrunk(before, after, box) : box;
+        const QRect part = Mapped(changed, after, widget.size()) & visible;
         if (!part.isEmpty()) widget.update(part);
     }
 }
