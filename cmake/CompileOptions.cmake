@@ -9,7 +9,9 @@ target_compile_options(project_options INTERFACE
     -ffp-contract=off)
 if(PINTALUX_SANITIZE)
     target_compile_options(project_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
-                           -fno-omit-frame-pointer)
+                           -fno-omit-frame-pointer
+                           # Instrumented code of the standard library looks uninitialized to g++ 12.
+                           -Wno-maybe-uninitialized)
     target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
 
