@@ -69,7 +69,9 @@ build() {
     fi
     failed=$((failed + 1))
     printf '%-34s %s\n' "build $preset" "FAILED ($((SECONDS - start)) s)"
-    grep -vE '^\[[0-9]+/[0-9]+\] (Building|Linking|Generating)' "$log" | tail -n 200 | sed 's/^/    /'
+    # The first error is the one to read; the log has the rest.
+    grep -vE '^\[[0-9]+/[0-9]+\] ' "$log" | cut -c1-300 | head -n 60 | sed 's/^/    /'
+    echo "    (all of it: $log)"
     return 1
 }
 

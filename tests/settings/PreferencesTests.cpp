@@ -11,6 +11,9 @@
 #include <QKeyEvent>
 #include <QTabBar>
 
+#include <algorithm>
+#include <vector>
+
 namespace pintalux {
 
 namespace {
@@ -141,9 +144,29 @@ TEST_F(PreferencesTest, NumbersThatNoControlTakesCountAsTheDefaults) {
 TEST_F(PreferencesTest, GarbageInTheStoreGivesTheDefaults) {
     std::filesystem::create_directories(Folder("settings") + "/Pintalux64");
     PutBytes(Folder("settings") + "/Pintalux64/settings.ini",
-             std::string("\0\xFF[[[=\n=\x01", 11) + std::string(5000, 'x'));
+             std::string("\0\xFF[[[=\n=\x01", 9) + std::string(5000, 'x'));
     EXPECT_EQ(frmPrefs->Combo1.Text(), "5");
     EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
+}
+
+TEST_F(PreferencesTest, TheTabKeyWalksThePageBeforeTheButtons) {
+    frmPrefs->Show();
+    std::vector<std::string> walked;
+    const QWidget* start = &WidgetFor(frmPrefs->Check1);
+    const QWidget* at = start;
+    do {
+        walked.push_back(at->objectName().toStdString());
+        at = at->nextInFocusChain();
+    } while (at != start);
+    const auto place = [&](const char* name) {
+        return std::find(walked.begin(), walked.end(), name) - walked.begin();
+    };
+    EXPECT_LT(place("Check1"), place("Check2"));
+    EXPECT_LT(place("Check2"), place("Check4"));
+    EXPECT_LT(place("Check4"), place("Combo1"));
+    EXPECT_LT(place("Combo2"), place("Command1"));
+    EXPECT_LT(place("Command1"), place("Command2"));
+    EXPECT_LT(place("Command2"), static_cast<std::ptrdiff_t>(walked.size()));
 }
 
 TEST_F(PreferencesTest, UnlimitedUndoDisablesTheNumberOfSteps) {

@@ -79,11 +79,19 @@ void Add(QGridLayout& grid, const GridItem& item) {
     grid.addWidget(widget, item.row, item.column, item.rows, item.columns, AlignmentOf(item.place));
 }
 
+/// Whether the child is the item or lies in its widget, as the pages of a tab control do.
+bool BelongsTo(const Control& child, const GridItem& item) {
+    if (!item.control || item.control == &child) return item.control != nullptr;
+    const QWidget* outer = WidgetOf(*item.control);
+    const QWidget* inner = WidgetOf(child);
+    return outer && inner && outer->isAncestorOf(inner);
+}
+
 /// The container's children in the order of the items; others keep their place behind them.
 void OrderChildren(Container& container, const std::vector<GridItem>& items) {
     const auto rank = [&](const Control* child) {
         return std::find_if(items.begin(), items.end(),
-                            [&](const GridItem& item) { return item.control == child; }) -
+                            [&](const GridItem& item) { return BelongsTo(*child, item); }) -
                items.begin();
     };
     std::vector<Control*>& children = container.Native().children;
