@@ -101,8 +101,8 @@ void ZoomStep(bool in, Display& image1, Surface& merge) {
     frmImage& image = ActiveImage();
     const std::int16_t oldWidth = ToInt16(std::trunc(image1.Width()));
     LockWindowUpdate(&image.PicFrame);
-    // Intended: at either end of the scale the view stays locked until the next release, wherever that comes, so that a
-    // click too many changes nothing on the screen.
+    // Intended: at either end of the scale the view stays locked until the next release, wherever that comes,
+    // so that a click too many changes nothing on the screen.
     if (in ? image.factorlevel > 29 : image.factorlevel < 1) return;
     image.factorlevel = in ? AddInt16(image.factorlevel, 1) : SubtractInt16(image.factorlevel, 1);
     ApplyZoomLevel();
