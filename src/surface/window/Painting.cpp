@@ -4,6 +4,9 @@
 #include <QImage>
 #include <QPainter>
 
+#include <cstdint>
+#include <vector>
+
 namespace pintalux {
 
 namespace {
@@ -12,11 +15,14 @@ namespace {
 constexpr int kManyRectangles = 100;
 
 void PaintPart(QPainter& painter, const QRect& part, const Bitmap& source, const QSize& size) {
-    QImage image(part.size(), QImage::Format_RGB32);
-    if (image.isNull()) return;
-    StretchForScreen(source, size.width(), size.height(), ToBox(part),
-                     static_cast<std::uint32_t*>(static_cast<void*>(image.bits())),
-                     static_cast<int>(image.bytesPerLine() / 4));
+    // Kept from one repaint to the next: fresh memory for a view costs more than the pixels in it. Painting
+    // happens on the interface thread only.
+    static std::vector<std::uint32_t> pixels;
+    const auto count = static_cast<std::size_t>(part.width()) * static_cast<std::size_t>(part.height());
+    if (pixels.size() < count) pixels.resize(count);
+    StretchForScreen(source, size.width(), size.height(), ToBox(part), pixels.data(), part.width());
+    const QImage image(static_cast<const uchar*>(static_cast<const void*>(pixels.data())), part.width(),
+                       part.height(), part.width() * 4, QImage::Format_RGB32);
     painter.drawImage(part.topLeft(), image);
 }
 
