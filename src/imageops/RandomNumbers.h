@@ -1,0 +1,40 @@
+// The program's random numbers: a sequence that begins alike in each run and goes on over all calls.
+#pragma once
+
+#include <cstdint>
+
+namespace pintalux {
+
+/// SplitMix64 (Steele, Lea, Flood: "Fast splittable pseudorandom number generators", 2014). The n-th number
+/// depends on seed and n alone, so that threads may compute their own stretch of the sequence.
+class RandomNumbers {
+  public:
+    explicit RandomNumbers(std::uint64_t seed = 0) : state_(seed) {}
+    void Seed(std::uint64_t seed) { state_ = seed; }
+
+    /// The next number in the half-open range 0 to 1, in single precision: the upper 24 bits of a step.
+    float Next() {
+        state_ += kStep;
+        return FloatOf(Mixed(state_));
+    }
+
+    /// A generator that stands `count` numbers further on.
+    RandomNumbers Ahead(std::uint64_t count) const { return RandomNumbers(state_ + count * kStep); }
+
+  private:
+    static constexpr std::uint64_t kStep = 0x9E3779B97F4A7C15;
+
+    static std::uint64_t Mixed(std::uint64_t z) {
+        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9;
+        z = (z ^ (z >> 27)) * 0x94D049BB133111EB;
+        return z ^ (z >> 31);
+    }
+    static float FloatOf(std::uint64_t bits) { return static_cast<float>(bits >> 40) * (1.0F / 16777216.0F); }
+
+    std::uint64_t state_;
+};
+
+/// The one sequence of the program, never seeded by it.
+inline RandomNumbers TheRandomNumbers;
+
+} // namespace pintalux

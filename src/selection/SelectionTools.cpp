@@ -1,0 +1,7 @@
+#include "selection/SelectionTools.h"
+
+namespace pintalux {
+
+void InstallSelectionTools() {}
+
+} // namespace pintalux
