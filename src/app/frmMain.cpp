@@ -1,6 +1,8 @@
 #include "app/frmMain.h"
 
 #include "document/Workspace.h"
+#include "selection/Floating.h"
+#include "selection/SelectionTools.h"
 #include "surface/system/App.h"
 #include "tools/Image1_Pointer.h"
 
@@ -22,10 +24,14 @@ frmMainForm::frmMainForm()
       Timer1(kPollInterval), Timer2(kStartInterval) {
     MDIForm::Caption("Pintalux 64");
     IconResource(":/app.svg");
-    TheWorkspace = {this, this, this, [](frmImage& image) { ConnectTools(image); }};
+    TheWorkspace = {this, this, this, [](frmImage& image) {
+                        ConnectTools(image);
+                        ConnectSelection(image);
+                    }};
     TheToolSettings = this;
     TheColourPanel = this;
     InstallPaintingTools();
+    InstallSelectionTools();
     MainMenu::AddTo(*this);
     AlignPanel(ToolsTB, Align::Top);
     AlignPanel(ToolSettings, Align::Left);

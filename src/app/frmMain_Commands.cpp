@@ -7,6 +7,8 @@
 #include "document/UndoCommands.h"
 #include "document/Workspace.h"
 #include "document/Zoom.h"
+#include "selection/EditCommands.h"
+#include "selection/RectangleSelection.h"
 #include "settings/frmPrefs.h"
 #include "tools/ToolNumbers.h"
 
@@ -24,6 +26,12 @@ void frmMainForm::ConnectMenus() {
 
     mnuEditUndo.Click = [] { mnuEditUndo_Click(); };
     mnuEditRedo.Click = [] { mnuEditRedo_Click(); };
+    mnuEditCut.Click = [] { mnuEditCut_Click(); };
+    mnuEditCopy.Click = [] { mnuEditCopy_Click(); };
+    mnuEditPaste.Click = [] { mnuEditPaste_Click(); };
+    mnuEditPasteNew.Click = [] { mnuEditPasteNew_Click(); };
+    mnuEditSelectAll.Click = [] { mnuEditSelectAll_Click(); };
+    mnuEditSelectNone.Click = [] { mnuEditSelectNone_Click(); };
 
     mnuViewToolbar.Click = [this] { mnuViewToolbar_Click(); };
     mnuViewColorBox.Click = [this] { mnuViewColorBox_Click(); };
@@ -72,6 +80,15 @@ void frmMainForm::TB2_ButtonClick(ToolButton& button) {
             if (key == "Save") mnuFileSave_Click();
         },
         [&] {
+            if (key == "Cut") mnuEditCut_Click();
+        },
+        [&] {
+            if (key == "Copy") mnuEditCopy_Click();
+        },
+        [&] {
+            if (key == "Paste") PasteFromBar();
+        },
+        [&] {
             if (key == "Undo") mnuEditUndo_Click();
         },
         [&] {
@@ -92,7 +109,8 @@ void frmMainForm::AfterToolChosen(int toolBefore) {
         ResumeNext([] { ActiveImage().curpoly = -1; });
         break;
     case kSelectTool:
-        ResumeNext([&] { openPage(2); }, [] { ActiveImage().PicFreeSelect.Visible(false); });
+        ResumeNext([&] { openPage(2); }, [] { ActiveImage().PicFreeSelect.Visible(false); },
+                   [] { ActiveImage().Image1.Picture(ActiveImage().PicMerge.Image()); });
         break;
     case kFreeSelectTool:
         ResumeNext([&] { openPage(2); });

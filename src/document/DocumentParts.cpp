@@ -38,7 +38,8 @@ DocumentSurfaces::DocumentSurfaces(Form& window)
       picsource1(window, "picsource1") {
     PicFrame.BackColor(kWorkspaceColour);
     Image1.AccessibleName("Imagem");
-    for (Surface* surface : {&PicMerge, &Pic1BU, &picsource, &picsource1, &SelHolder, &PicSelect}) {
+    for (Surface* surface :
+         {&PicMerge, &Pic1BU, &picsource, &picsource1, &SelHolder, &PicSelect, &PicFreeSelect}) {
         surface->AutoSize(true);
     }
     for (Surface* surface : {&SelHolder, &PicFreeSelect})

@@ -44,6 +44,14 @@ class frmImage : public Form,
     /// Empties the image and fits the window to what is left.
     void Blankme();
 
+    // Selections (selection/frmImage_FreeSelect.cpp, frmImage_ShapeMe.cpp, frmImage_Merge.cpp)
+    /// Lifts what lies inside the closed path on `PicMask` to `SelHolder` and shows it on `PicFreeSelect`.
+    void MakeSelection();
+    /// Clips `Name2` to its pixels that are not `Color`, scanning line by line or column by column.
+    void ShapeMe(Colour Color, bool HorizontalScan, Surface& Name2);
+    /// Merges whatever floats into `PicMerge`. Records a state, also when nothing floats.
+    void NeedtoPaste();
+
     /// Asks whether to save, if the document stands behind its first state. Its only result is
     /// `CloseCancelled`.
     void CheckChanged();

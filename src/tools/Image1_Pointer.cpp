@@ -55,20 +55,6 @@ void LeftPress(frmImage& image, double X, double Y) {
     Run(StepsOf(CurrentTool).press, image, X, Y);
 }
 
-void MoveRulerMarks(frmImage& image, double X, double Y) {
-    if (!RulersOn) return;
-    const double x = std::max(0.0, image.LeftRuler.ScaleWidth() + image.PicBG.Left() + X);
-    const double y = std::max(0.0, image.PicBG.Top() + Y);
-    image.LineX.X1(x);
-    image.LineX.X2(x);
-    image.LineX.Y2(image.TopRuler.ScaleHeight());
-    image.LineY.Y1(y);
-    image.LineY.Y2(y);
-    image.LineY.X2(image.LeftRuler.ScaleWidth());
-    image.lblx.Caption(NumberText(std::floor(X / image.factor)));
-    image.lbly.Caption(NumberText(std::floor(Y / image.factor)));
-}
-
 void SetPointerShape(Display& image1) {
     const auto custom = [&image1](const char* picture, int hotX, int hotY) {
         image1.MouseIcon({picture, hotX, hotY});
@@ -93,6 +79,20 @@ void SetPointerShape(Display& image1) {
 }
 
 } // namespace
+
+void MoveRulerMarks(frmImage& image, double X, double Y) {
+    if (!RulersOn) return;
+    const double x = std::max(0.0, image.LeftRuler.ScaleWidth() + image.PicBG.Left() + X);
+    const double y = std::max(0.0, image.PicBG.Top() + Y);
+    image.LineX.X1(x);
+    image.LineX.X2(x);
+    image.LineX.Y2(image.TopRuler.ScaleHeight());
+    image.LineY.Y1(y);
+    image.LineY.Y2(y);
+    image.LineY.X2(image.LeftRuler.ScaleWidth());
+    image.lblx.Caption(NumberText(std::floor(X / image.factor)));
+    image.lbly.Caption(NumberText(std::floor(Y / image.factor)));
+}
 
 ToolSteps& StepsOf(int tool) {
     static std::array<ToolSteps, kLastTool + 1> table;

@@ -34,6 +34,9 @@ inline FloatingSteps TheFloatingSteps;
 /// Puts the steps of the painting tools into the table.
 void InstallPaintingTools();
 
+/// Puts the marks of the rulers and the readouts to a place of the view, in view pixels. Only with rulers on.
+void MoveRulerMarks(frmImage& image, double X, double Y);
+
 /// Connects the handlers to the display of a new document.
 void ConnectTools(frmImage& image);
 

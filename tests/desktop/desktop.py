@@ -218,6 +218,10 @@ class Desktop:
         self.press(button)
         self.release(button)
 
+    def double_click(self, x, y):
+        self.move(x, y)
+        self.tool("xdotool", "click", "--repeat", 2, "--delay", 60, 1)
+
     def signal_stop(self, process):
         """Ends the program the hardest way, as a crash would."""
         process.send_signal(signal.SIGKILL)

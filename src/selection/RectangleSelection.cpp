@@ -1,0 +1,146 @@
+#include "selection/RectangleSelection.h"
+
+#include "document/Globals.h"
+#include "document/MainMenu.h"
+#include "document/Workspace.h"
+#include "selection/Floating.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/system/Pictures.h"
+#include "tools/ToolSettings.h"
+
+namespace pintalux {
+
+namespace {
+
+// Takes a freehand piece away: the image is again what its clean copy holds.
+void DropFreehand(frmImage& image) {
+    if (!image.PicFreeSelect.Visible()) return;
+    image.PicFreeSelect.Visible(false);
+    image.PicMerge.Picture(image.Pic1BU.Image());
+    ShowMerge(image);
+}
+
+void TakeBandMembers(frmImage& image) {
+    image.SelectLeft = image.SelectShape.Left() / image.factor;
+    image.SelectTop = image.SelectShape.Top() / image.factor;
+    image.Selectwidth = image.SelectShape.Width() / image.factor;
+    image.Selectheight = image.SelectShape.Height() / image.factor;
+}
+
+void ShowPiece(frmImage& image) {
+    const double width = image.PicSelect.Width();
+    const double height = image.PicSelect.Height();
+    ResumeNext([&] { image.SelectImage.Move(0, 0, width, height); },
+               [&] { image.SelectImage.Picture(image.SelHolder.Image()); },
+               [&] { image.PicSelectShape.Move(0, 0, width, height); },
+               [&] { image.PicSelect.Visible(true); }, [&] { image.SelectShape.Visible(false); },
+               [] { EnableCutAndCopy(true); });
+}
+
+void PlacePiece(frmImage& image) {
+    image.PicSelect.Move(image.SelectShape.Left(), image.SelectShape.Top(), image.SelectShape.Width(),
+                         image.SelectShape.Height());
+}
+
+// The blank piece is stamped on the place that it was lifted from. The whole of it is stretched there: at a
+// reducing zoom it has fewer pixels than the hole.
+void StampHole(frmImage& image) {
+    image.SelHolder.Height(image.Selectheight);
+    image.SelHolder.Width(image.Selectwidth);
+    image.PicSelect.Picture(LoadPicture());
+    const Extent blank{0, 0, ToInt32(image.PicSelect.Width()), ToInt32(image.PicSelect.Height())};
+    StretchBlt(image.PicMerge.hDC(), SelectionExtent(image), image.PicSelect.hDC(), blank, SRCCOPY);
+    image.PicMerge.Refresh();
+    ShowMerge(image);
+}
+
+} // namespace
+
+void SelectPress(frmImage& image, double X, double Y) {
+    image.selecting = -1;
+    const double x = Snapped(image, X);
+    const double y = Snapped(image, Y);
+    image.sx = ToInt16(x);
+    image.sy = ToInt16(y);
+    image.SelX = ToInt32(x);
+    image.SelY = ToInt32(y);
+    image.SelectShape.Move(x, y, 0, 0);
+    image.SelectShape.Visible(true);
+}
+
+void SelectMove(frmImage& image, double X, double Y) {
+    const double x = Snapped(image, X);
+    const double y = Snapped(image, Y);
+    const bool toLeft = x < image.SelX;
+    const bool toTop = y < image.SelY;
+    image.SelectShape.Move(toLeft ? image.Image1.Left() + x : image.sx,
+                           toTop ? image.Image1.Top() + y : image.sy, std::abs(x - image.SelX),
+                           std::abs(y - image.SelY));
+    image.SelectShape.Visible(true);
+}
+
+void SelectRelease(frmImage& image, double X, double Y) {
+    bool moved = false;
+    ResumeNext([&] {
+        moved = ToInt32(Snapped(image, X)) != image.SelX || ToInt32(Snapped(image, Y)) != image.SelY;
+    });
+    if (!moved) return;
+    FreeSelActive = 0;
+    FreePasteActive = 0;
+    ResumeNext([&] { PlacePiece(image); }, [&] { TakeBandMembers(image); }, [&] { SelectionBlit(image); },
+               [&] { ShowPiece(image); });
+    image.selecting = 0;
+}
+
+void SelectionBlit(frmImage& image) {
+    image.SelHolder.Width(image.Selectwidth);
+    image.SelHolder.Height(image.Selectheight);
+    image.SelHolder.Picture(LoadPicture());
+    const Extent from = SelectionExtent(image);
+    StretchBlt(image.SelHolder.hDC(), {0, 0, from.width, from.height}, image.PicMerge.hDC(), from, SRCCOPY);
+    image.SelHolder.Picture(image.SelHolder.Image());
+    image.SelHolder.Refresh();
+}
+
+// Intended: in cut mode every grab of a piece that came out of the image stamps the background at the place
+// where the piece lies, the second one too, so that a piece can be used to wipe what lies below it.
+void PicSelect_MouseDown(frmImage& image) {
+    if (PasteFloating == 0 && TheToolSettings->Option4.Value()) StampHole(image);
+    image.PicSelect.ScaleMode(kScalePoints);
+    StartDrag(image, image.PicSelect, image.Timer1);
+}
+
+void PicSelect_MouseUp(frmImage& image) {
+    image.Timer1.Enabled(false);
+    image.PicSelect.ScaleMode(kScalePixels);
+    TakePieceMembers(image);
+}
+
+void mnuEditSelectAll_Click() {
+    frmImage& image = ActiveImage();
+    DropFreehand(image);
+    FreeSelActive = 0;
+    FreePasteActive = 0;
+    const double width = image.PicMerge.ScaleWidth();
+    const double height = image.PicMerge.ScaleHeight();
+    image.SelectShape.Move(0, 0, width * image.factor, height * image.factor);
+    PlacePiece(image);
+    image.SelectLeft = 0;
+    image.SelectTop = 0;
+    image.Selectwidth = width;
+    image.Selectheight = height;
+    SelectionBlit(image);
+    ShowPiece(image);
+    image.selecting = -1;
+}
+
+void mnuEditSelectNone_Click() {
+    frmImage& image = ActiveImage();
+    image.PicSelect.Visible(false);
+    DropFreehand(image);
+    image.selecting = -1;
+    EnableCutAndCopy(false);
+    TheWorkspace.menu->mnuEditSelectNone.Enabled(false);
+}
+
+} // namespace pintalux
