@@ -28,6 +28,9 @@ void ShowImage(frmImage& image) {
 }
 
 void TakeColours(frmImage& image) {
+    // A path whose release never came must not leave its inverting dashes to the next stroke.
+    image.PicMerge.DrawMode(kDrawCopyPen);
+    image.PicMerge.DrawStyle(kDrawSolid);
     image.PicMerge.DrawWidth(TheToolSettings->Slider2.Value());
     image.curtranscolor = image.PicMerge.BackColor();
     image.curdrawcolor = CurrentColour();

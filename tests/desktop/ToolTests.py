@@ -76,11 +76,15 @@ class Sheet:
         """Until the view shows the picture, pixel by pixel."""
         view = model.scaled(self.picture, self.factor)
 
-        def shown():
-            first = 3 * self.left
+        def seen():
             rows = self.desktop.photograph().rows[self.top:self.top + view.height]
-            return all(row[first:first + 3 * view.width] == expected for row, expected in zip(rows, view.rows))
-        wait_for(shown, f"{what} is seen at {self.factor}", seconds=8)
+            return Picture(view.width, view.height, [row[3 * self.left:3 * (self.left + view.width)] for row in rows])
+        try:
+            wait_for(lambda: seen().rows == view.rows, "it")
+        except AssertionError:
+            print(f"not seen at {self.factor}: {what}")
+            expect_same(seen(), view)
+            raise
 
     def shown_at(self, x, y):
         """A pixel of the view that shows this one of the image."""
@@ -170,7 +174,7 @@ class Sheet:
             self.move_to(*self.shown_at(*point))
             self.paint(model.line(point[0] + x1, point[1] + y1, before[0] + x2, before[1] + y2, self.pen_width))
             self.wait_for_view(f"a stroke of the {self.tip} tip to {point}")
-        self.end_stroke(f"a stroke of the {self.tip} tip")
+        self.end_stroke()
 
     def erase(self, *points):
         self.move_to(*self.shown_at(*points[0]))
@@ -180,12 +184,11 @@ class Sheet:
             self.move_to(*self.shown_at(*point))
             self.paint(model.line(*before, *point, self.pen_width), self.paper)
             self.wait_for_view(f"the eraser at {point}")
-        self.end_stroke("what the eraser left")
+        self.end_stroke()
 
-    def end_stroke(self, what):
+    def end_stroke(self):
         self.desktop.release()
         self.states += 1
-        self.wait_for_view(what)
 
     def drag(self, start, end):
         """From point to point, over a third one; gives the pixels of the view where it began and ended."""
@@ -200,7 +203,8 @@ class Sheet:
         """With the tools of lines. A chain of them goes on from its last end, wherever the hand presses."""
         self.drag(pressed_at or start, end)
         self.paint(model.line(*start, *end, self.pen_width))
-        self.end_stroke(f"the line to {end}")
+        self.end_stroke()
+        self.wait_for_view(f"a line from {start} to {end}")
 
     def choose_shape(self, name, filled):
         self.click_on(SHAPES[name])
@@ -223,7 +227,8 @@ class Sheet:
         if filled:
             pixels |= model.inside(pixels)
         self.paint(pixels)
-        self.end_stroke(f"{'filled' if filled else 'outlined'} {name} from {start} to {end}")
+        self.end_stroke()
+        self.wait_for_view(f"{'filled' if filled else 'outlined'} {name} from {start} to {end}")
 
     def square_corners(self, start, pointer):
         """As wide in the view as the pointer is away, and as high; the corners are the nearest of the image."""
@@ -243,12 +248,14 @@ class Sheet:
         self.move_to(view_x, view_y)
         self.desktop.press()
         self.paint(model.area(self.picture, *point), self.colour)
-        self.end_stroke(f"the area around {point}")
+        self.end_stroke()
+        self.wait_for_view(f"the area around {point}")
 
     def pick(self, view_x, view_y):
-        """The tip of the eye-dropper is 16 to the left and 14 below, in the view; the nearest pixel is taken."""
-        self.desktop.click(self.left + view_x, self.top + view_y)
-        self.wait_for_colour(self.picture.at(round((view_x - 16) / self.factor), round((view_y + 14) / self.factor)))
+        """Puts the tip of the eye-dropper, which is 16 to the left of the hand and 14 below, on this pixel of the view; the
+        nearest pixel of the image is taken."""
+        self.desktop.click(self.left + view_x + 16, self.top + view_y - 14)
+        self.wait_for_colour(self.picture.at(round(view_x / self.factor), round(view_y / self.factor)))
 
     # The end.
 
@@ -278,7 +285,7 @@ def pens(sheet, top):
     sheet.stroke((10, top + 30))
     sheet.set_pen(6)
     sheet.stroke((80, top + 12), (110, top + 12), (104, top + 40), (82, top + 28))
-    sheet.stroke((84, top + 40))
+    sheet.stroke((96, top + 60))
     sheet.set_pen(1, "left", 7)
     sheet.stroke((130, top + 14), (150, top + 16), (162, top + 32))
     sheet.stroke((124, top + 44))
@@ -293,8 +300,12 @@ def pens(sheet, top):
     sheet.erase((20, top + 4), (20, top + 20), (250, top + 20), (262, top + 30))
 
 
-def lines_and_shapes(sheet, top, width, up_left):
-    """Two lines and a chain, then each shape outlined and filled, in cells of a band; `width` is that of the outlines."""
+def lines_and_shapes(sheet, top, width):
+    """Two lines and a chain, then each shape outlined and filled, in cells of a band; `width` is that of the outlines.
+
+    The squares end between two pixels of the image where the view is fine enough for it.
+    """
+    fine = 1 if sheet.factor > 1 else 0
     sheet.choose("line")
     sheet.set_pen(1)
     sheet.straight((4, top + 6), (44, top + 20))
@@ -307,32 +318,29 @@ def lines_and_shapes(sheet, top, width, up_left):
     sheet.straight((72, top + 40), (54, top + 20), pressed_at=(8, top + 80))
     sheet.choose("shapes")
     sheet.set_outline(width)
-    if up_left:
-        sheet.shape("square", (136, top + 40), (108, top + 28))
-    else:
-        sheet.shape("square", (106, top + 8), (136, top + 16))
+    sheet.shape("square", (136, top + 40), (108 - fine, top + 28))
     sheet.shape("rectangle", (154, top + 38), (184, top + 10))
-    sheet.shape("circle", (218, top + 22), (228, top + 34 if up_left else top + 32))
+    sheet.shape("circle", (218, top + 22), (228, top + 34))
     sheet.shape("ellipse", (250, top + 8), (280, top + 42))
-    sheet.shape("square", (10, top + 54), (40, top + 62), filled=True)
+    sheet.shape("square", (10, top + 54), (40 + fine, top + 62), filled=True)
     sheet.shape("rectangle", (54, top + 60), (92, top + 86), filled=True)
     sheet.shape("circle", (122, top + 72), (112, top + 60), filled=True)
     sheet.shape("ellipse", (184, top + 86), (150, top + 58), filled=True)
 
 
-def fills_and_picks(sheet, top, colour):
-    """A ring filled with the colour, which is then picked from it for a line; the paper at last."""
+def fills_and_picks(sheet, top, colour, edge):
+    """A ring filled with the colour, which is picked for a line then. `edge` is where the view shows the fill or, where it
+    is fine enough, the last third of the ring left of it, which is nearer to the fill than to the ring."""
     sheet.choose("shapes")
     sheet.shape("circle", (60, top + 48), (90, top + 48))
-    before = sheet.colour
     sheet.set_colour(colour)
     sheet.choose("flood")
     sheet.fill(62, top + 40)
-    sheet.set_colour(before)
+    sheet.fill_from(5, 60)  # the tip is outside the image: a state of no change
+    sheet.set_colour(BLACK)
     sheet.choose("eye-dropper")
-    view_x, view_y = sheet.shown_at(62, top + 40)
-    sheet.pick(view_x + 16, view_y - 14)
-    assert sheet.colour == colour
+    sheet.pick(edge, int((top + 48) * sheet.factor))
+    assert sheet.colour == colour, "the fill is picked"
     sheet.choose("line")
     sheet.straight((120, top + 20), (180, top + 70))
 
@@ -354,22 +362,24 @@ def PenTipsAndEraserDrawTheirPixelsAtThreeZooms(desktop):
 @desktop_test
 def LinesAndShapesDrawTheirPixelsAtThreeZooms(desktop):
     sheet = Sheet(desktop, WHITE)
-    lines_and_shapes(sheet, 0, width=1, up_left=False)
+    lines_and_shapes(sheet, 0, width=1)
     sheet.choose_zoom(TRIPLE, "Up", "Up", "Right", "Down", "Down", "Return")
     sheet.set_colour(BLUE)
-    lines_and_shapes(sheet, BAND, width=3, up_left=True)
+    lines_and_shapes(sheet, BAND, width=3)
     sheet.choose_zoom(HALF, "Up", "Right", "Down", "Return")
     sheet.set_colour(RED)
-    lines_and_shapes(sheet, 2 * BAND, width=4, up_left=False)
+    lines_and_shapes(sheet, 2 * BAND, width=4)
     sheet.save_and_leave()
 
 
 @desktop_test
 def FillAndEyeDropperFindTheirPixelsAtThreeZooms(desktop):
     sheet = Sheet(desktop, WHITE)
-    fills_and_picks(sheet, 0, GREEN)
+    fills_and_picks(sheet, 0, GREEN, edge=31)
     sheet.magnify(TRIPLE, 1, times=2)
-    fills_and_picks(sheet, BAND, RED)
+    fills_and_picks(sheet, BAND, RED, edge=92)
     sheet.magnify(HALF, 3, times=3)
-    fills_and_picks(sheet, 2 * BAND, BLUE)
+    fills_and_picks(sheet, 2 * BAND, BLUE, edge=16)
+    sheet.choose("flood")
+    sheet.fill(240, 240)
     sheet.save_and_leave()

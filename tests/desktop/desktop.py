@@ -11,6 +11,15 @@ from pictures import photograph
 
 PATIENCE = 20  # seconds until something that should happen counts as failed
 SETTINGS_GROUP = "[Pintalux64\\Settings]"
+# Without mouse bindings: for those the window manager holds back each press until it has seen it itself, and a pointer that
+# is moved on in the meantime takes the press along, to where it does not belong.
+WINDOW_MANAGER_RULES = """<?xml version="1.0"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <theme><name>Clearlooks</name></theme>
+  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
+  <mouse/>
+</openbox_config>
+"""
 
 tests = []
 
@@ -96,7 +105,9 @@ class Desktop:
         with os.fdopen(read_end) as number:
             self.environment["DISPLAY"] = ":" + number.readline().strip()
         assert server.poll() is None and self.environment["DISPLAY"] != ":", "Xvfb does not start"
-        self._spawn("openbox", "--sm-disable", log="openbox.log")
+        rules = self.folder / "openbox.xml"
+        rules.write_text(WINDOW_MANAGER_RULES)
+        self._spawn("openbox", "--sm-disable", "--config-file", rules, log="openbox.log")
         wait_for(lambda: "window id" in self.tool("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "openbox runs")
 
     def tool(self, *command, check=True):

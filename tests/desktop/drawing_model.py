@@ -6,6 +6,7 @@ from collections import namedtuple
 from fractions import Fraction
 from functools import lru_cache
 from math import ceil, isqrt
+from operator import itemgetter
 
 from pictures import Picture
 
@@ -171,16 +172,18 @@ def area(picture, x, y):
 
 def scaled(picture, factor):
     """The picture as a view shows it: each pixel of the view is the one under its centre, on a border the lower one."""
-    def sources(size):
-        shown = size * factor
-        assert shown == int(shown), "a view of whole pixels"
-        return [ceil((cell + Fraction(1, 2)) / factor) - 1 for cell in range(int(shown))]
-    columns = sources(picture.width)
-    rows = {}
-    for y in set(sources(picture.height)):
-        pixels = [bytes(picture.rows[y][3 * x:3 * x + 3]) for x in range(picture.width)]
-        rows[y] = b"".join(pixels[x] for x in columns)
-    return Picture(len(columns), len(sources(picture.height)), [bytearray(rows[y]) for y in sources(picture.height)])
+    columns, rows = sources(picture.width, factor), sources(picture.height, factor)
+    row_of_view = itemgetter(*(3 * x + channel for x in columns for channel in range(3)))
+    shown = {y: bytearray(row_of_view(picture.rows[y])) for y in set(rows)}
+    return Picture(len(columns), len(rows), [shown[y] for y in rows])
+
+
+@lru_cache(maxsize=None)
+def sources(size, factor):
+    """The column or row of the image for each one of the view."""
+    shown = size * factor
+    assert shown == int(shown), "a view of whole pixels"
+    return [ceil((cell + Fraction(1, 2)) / factor) - 1 for cell in range(int(shown))]
 
 
 # Measured figures.

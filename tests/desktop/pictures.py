@@ -1,6 +1,7 @@
 """Pictures as the desktop tests see them: files and photographs of the display, pixel by pixel."""
 import struct
 import subprocess
+import zlib
 
 
 class Picture:
@@ -74,6 +75,47 @@ def read_bmp(path):
     assert len(data) >= start + stride * height, f"{path} is cut off: {len(data)} bytes"
     rows = [swapped(data[start + y * stride:start + y * stride + 3 * width]) for y in range(height)]
     return Picture(width, height, rows[::-1])
+
+
+def write_png(path, picture):
+    """A PNG file of 24 bits a pixel."""
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+    header = struct.pack(">IIBBBBB", picture.width, picture.height, 8, 2, 0, 0, 0)
+    rows = b"".join(b"\0" + bytes(row) for row in picture.rows)
+    with open(path, "wb") as file:
+        file.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+
+
+def read_png(path):
+    """The picture of a PNG file of 24 bits a pixel, not interlaced. Anything else is a failure."""
+    with open(path, "rb") as file:
+        data = file.read()
+    assert data[:8] == b"\x89PNG\r\n\x1a\n", f"{path} is no PNG file: {len(data)} bytes"
+    width, height, *kind = struct.unpack_from(">IIBBBBB", data, 16)
+    assert kind == [8, 2, 0, 0, 0], f"{path} is a PNG file of another kind: {kind}"
+    packed, at = b"", 8
+    while at < len(data):
+        size, name = struct.unpack_from(">I4s", data, at)
+        packed += data[at + 8:at + 8 + size] if name == b"IDAT" else b""
+        at += 12 + size
+    plain, stride = zlib.decompress(packed), 3 * width + 1
+    assert len(plain) == stride * height, f"{path} is cut off"
+    rows = []
+    for y in range(height):
+        above = rows[-1] if rows else bytes(3 * width)
+        rows.append(unfiltered(plain[y * stride], plain[y * stride + 1:(y + 1) * stride], above))
+    return Picture(width, height, rows)
+
+
+def unfiltered(kind, row, above):
+    """A row of a PNG file: each byte is told as the difference from one foretold from its neighbours."""
+    result = bytearray(row)
+    for i in range(len(row)):
+        left, corner = (result[i - 3], above[i - 3]) if i >= 3 else (0, 0)
+        nearest = min((left, above[i], corner), key=lambda value: abs(left + above[i] - corner - value))
+        result[i] = (row[i] + (0, left, above[i], (left + above[i]) // 2, nearest)[kind]) & 255
+    return result
 
 
 def is_whole_bmp(path):

@@ -1,5 +1,7 @@
 """Steps that several desktop tests take."""
-from desktop import wait_for
+import subprocess
+
+from desktop import PATIENCE, wait_for
 from pictures import Picture
 
 WHITE = (255, 255, 255)
@@ -92,3 +94,28 @@ def leave(desktop):
     """Closes the main window."""
     desktop.wait_for_window(MAIN)
     desktop.keys("alt+F4")
+
+
+def corner_of(desktop, window):
+    """Where the inside of a window begins on the display."""
+    desktop.tool("xdotool", "mousemove", "--sync", "--window", window, 0, 0)
+    place = desktop.tool("xdotool", "getmouselocation", "--shell")
+    return tuple(int(line.split("=")[1]) for line in place.split()[:2])
+
+
+def offer_png(desktop, path):
+    """Another program puts a PNG file on the clipboard."""
+    # It stays until another takes the clipboard, or the display goes; it must not keep a pipe of ours open.
+    subprocess.run(["xclip", "-selection", "clipboard", "-t", "image/png", "-i", str(path)], env=desktop.environment,
+                   check=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+def taken_from_clipboard(desktop, kind, path, before=b""):
+    """Another program writes what the clipboard offers in this kind to a file, as soon as it is other than before. Gives
+    the file's bytes."""
+    def taken():
+        taker = subprocess.run(["xclip", "-selection", "clipboard", "-t", kind, "-o"], env=desktop.environment,
+                               stdin=subprocess.DEVNULL, capture_output=True, timeout=PATIENCE)
+        path.write_bytes(taker.stdout)
+        return taker.returncode == 0 and taker.stdout not in (b"", before) and taker.stdout
+    return wait_for(taken, f"the clipboard offers a new {kind}")

@@ -20,6 +20,8 @@ from desktop import Desktop, tests  # noqa: E402
 
 
 def built_program():
+    if "PINTALUX64" in os.environ:
+        return Path(os.environ["PINTALUX64"])
     for path in (ROOT / "build" / "release").rglob("pintalux64"):
         if path.is_file() and os.access(path, os.X_OK):
             return path

@@ -307,6 +307,17 @@ TEST_F(FreehandTest, SelectAllPutsThePieceBackFirst) {
     ExpectSamePixels(image.SelHolder.Image(), Before());
 }
 
+TEST_F(FreehandTest, AnotherToolInTheMiddleOfAPathDrawsWithItsOwnPen) {
+    frmImage& image = OpenRandom(120, 90);
+    Choose("FreeSelect");
+    Press(image, 20, 20);
+    MoveTo(image, 50, 20);
+    Choose("Pen");
+    Release(image, 50, 20);
+    Click(image, 100, 80);
+    EXPECT_EQ(ImageOf(image).At(100, 80), kInkPixel);
+}
+
 TEST_F(FreehandTest, APenPressThatMergesPaintsNothing) {
     frmImage& image = OpenRandom(120, 90);
     CopyMode();
