@@ -11,13 +11,17 @@
 #include "document/Zoom.h"
 #include "settings/frmPrefs.h"
 #include "surface/system/App.h"
+#include "surface/system/Clipboard.h"
 #include "surface/system/Pictures.h"
+#include "surface/system/ToolkitImages_native.h"
 #include "surface/window/Control_native.h"
 #include "tools/ToolNumbers.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
 #include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <unistd.h>
 
@@ -204,6 +208,51 @@ void RecordState(benchmark::State& state) {
     }
 }
 
+/// A bitmap copied inside the program: on the clipboard, in the tray and seen there.
+void CaptureToTray(benchmark::State& state) {
+    const Picture copied = Noise(kLargeWidth, kLargeHeight);
+    ClipHookOn(*frmMain);
+    SetClipboardViewer(*frmMain);
+    for (auto _ : state) {
+        Clipboard.SetData(copied);
+        frmMain->PicTools(4).Refresh();
+    }
+    ClipHookOff(*frmMain);
+    Clipboard.Clear();
+}
+
+/// What a capture from another program costs beside the decoding of its bytes.
+void TakeDecodedBitmap(benchmark::State& state) {
+    const QImage decoded = ImageOf(Noise(kLargeWidth, kLargeHeight));
+    for (auto _ : state) {
+        frmMain->PicClip(0).Picture(PictureOfImage(decoded));
+        frmMain->ImgClip(0).Picture(frmMain->PicClip(0).Image());
+        frmMain->PicTools(4).Refresh();
+    }
+    frmMain->PicClip(0).Picture(Picture());
+}
+
+/// The bytes of that bitmap, copied: 0 into fresh memory, as a capture does, 1 into memory that is there.
+void CopyOfTheBytes(benchmark::State& state) {
+    const std::vector<Pixel> from(static_cast<std::size_t>(kLargeWidth) * kLargeHeight, 0x123456);
+    std::vector<Pixel> to(from);
+    for (auto _ : state) {
+        if (state.range(0) == 0) to = std::vector<Pixel>();
+        to = from;
+        benchmark::DoNotOptimize(to.data());
+        benchmark::ClobberMemory();
+    }
+}
+
+/// What another program waits for when it pastes ours: 0 BMP, 1 PNG.
+void OfferBitmap(benchmark::State& state) {
+    Clipboard.SetData(Noise(kLargeWidth, kLargeHeight));
+    const QString format = state.range(0) == 0 ? "image/bmp" : "image/png";
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QGuiApplication::clipboard()->mimeData()->data(format));
+    Clipboard.Clear();
+}
+
 void ColourToHsl(benchmark::State& state) {
     Colour colour = 1;
     for (auto _ : state) {
@@ -250,6 +299,10 @@ BENCHMARK(RecordState)
     ->Unit(benchmark::kMicrosecond)
     ->UseRealTime()
     ->Iterations(15);
+BENCHMARK(CopyOfTheBytes)->ArgName("there")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(CaptureToTray)->Unit(benchmark::kMillisecond);
+BENCHMARK(TakeDecodedBitmap)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(OfferBitmap)->ArgName("png")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ColourToHsl);
 BENCHMARK(HslToColour);
 

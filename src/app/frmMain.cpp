@@ -4,6 +4,7 @@
 #include "selection/Floating.h"
 #include "selection/SelectionTools.h"
 #include "surface/system/App.h"
+#include "surface/system/Clipboard.h"
 #include "tools/Image1_Pointer.h"
 
 namespace pintalux {
@@ -20,8 +21,8 @@ constexpr int kStartInterval = 20; // milliseconds
 
 frmMainForm::frmMainForm()
     : MDIForm("frmMain"), CommandBar(static_cast<Container&>(*this)),
-      ToolSettingsPanel(static_cast<Container&>(*this)), ColourPanel(static_cast<Container&>(*this)),
-      Timer1(kPollInterval), Timer2(kStartInterval) {
+      ToolSettingsPanel(static_cast<Container&>(*this)), ClipTray(static_cast<ToolSettingsPanel&>(*this)),
+      ColourPanel(static_cast<Container&>(*this)), Timer1(kPollInterval), Timer2(kStartInterval) {
     MDIForm::Caption("Pintalux 64");
     IconResource(":/app.svg");
     TheWorkspace = {this, this, this, [](frmImage& image) {
@@ -29,6 +30,7 @@ frmMainForm::frmMainForm()
                         ConnectSelection(image);
                     }};
     TheToolSettings = this;
+    TheClipTray = this;
     TheColourPanel = this;
     InstallPaintingTools();
     InstallSelectionTools();
@@ -43,8 +45,11 @@ frmMainForm::frmMainForm()
 }
 
 frmMainForm::~frmMainForm() {
+    // A window that goes leaves those that hear of the clipboard.
+    SetClipboardViewer({});
     TheWorkspace = {};
     TheToolSettings = nullptr;
+    TheClipTray = nullptr;
     TheColourPanel = nullptr;
 }
 

@@ -5,6 +5,7 @@
 #include "colour/ColourPanel.h"
 #include "document/CommandBar.h"
 #include "document/MainMenu.h"
+#include "selection/ClipTray.h"
 #include "surface/window/MDIForm.h"
 #include "surface/window/Timer.h"
 #include "tools/ToolSettings.h"
@@ -18,6 +19,7 @@ class frmMainForm : public MDIForm,
                     public MainMenu,          // menus
                     public CommandBar,        // tool bar TB2
                     public ToolSettingsPanel, // pages of tool settings
+                    public ClipTray,          // the tray on page 4
                     public ColourPanel {      // the current colour
   public:
     frmMainForm();
@@ -39,6 +41,7 @@ class frmMainForm : public MDIForm,
     void Timer2_Timer();
     void TB2_ButtonClick(ToolButton& button);
 
+    void mnuEditClip_Click();
     void mnuViewToolbar_Click();
     void mnuViewColorBox_Click();
     void mnuViewSettingsBar_Click();
@@ -61,7 +64,7 @@ class frmMainForm : public MDIForm,
     void TakeCommandLine();
     void PrintTitles();
     void OpenFirstDocument();
-    void OpenFirstPages();
+    void EmptyTray();
     // frmMain_Poll.cpp
     void TakeHandOff();
     void PollPaste();

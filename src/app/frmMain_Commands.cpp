@@ -32,6 +32,7 @@ void frmMainForm::ConnectMenus() {
     mnuEditPasteNew.Click = [] { mnuEditPasteNew_Click(); };
     mnuEditSelectAll.Click = [] { mnuEditSelectAll_Click(); };
     mnuEditSelectNone.Click = [] { mnuEditSelectNone_Click(); };
+    mnuEditClip.Click = [this] { mnuEditClip_Click(); };
 
     mnuViewToolbar.Click = [this] { mnuViewToolbar_Click(); };
     mnuViewColorBox.Click = [this] { mnuViewColorBox_Click(); };
@@ -130,6 +131,19 @@ void frmMainForm::AfterToolChosen(int toolBefore) {
         break;
     default:
         break;
+    }
+}
+
+void frmMainForm::mnuEditClip_Click() {
+    if (mnuEditClip.Checked()) {
+        mnuEditClip.Checked(false);
+        // Intended: the window goes on hearing of the clipboard with its old procedure, which lets all pass,
+        // so that the monitor can come back at any time.
+        ClipHookOff(*this);
+    } else {
+        mnuEditClip.Checked(true);
+        ClipHookOn(*this);
+        SetClipboardViewer(*this);
     }
 }
 

@@ -29,6 +29,7 @@ void frmMainForm::MDIForm_Unload() {
     Timer2.Enabled(false);
     UnloadDialogs();
     SaveViews();
+    ClipHookOff(*this);
 }
 
 void frmMainForm::UnloadDialogs() {

@@ -115,7 +115,9 @@ void frmMainForm::StartupConfig() {
         mnuEditClip.Checked(false);
         Show();
         OpenFirstDocument();
-        OpenFirstPages();
+        cmdTools_Click(0);
+        EmptyTray();
+        cmdTools_Click(4);
     }
 }
 
@@ -134,8 +136,12 @@ void frmMainForm::Timer2_Timer() {
     tickCounter_ = AddInt16(tickCounter_, 1);
     if (tickCounter_ != kStartTick) return;
     OpenFirstDocument();
-    OpenFirstPages();
+    cmdTools_Click(0);
+    EmptyTray();
+    ClipHookOn(*this);
+    SetClipboardViewer(*this);
     Timer2.Enabled(false);
+    cmdTools_Click(4);
 }
 
 void frmMainForm::OpenFirstDocument() {
@@ -146,10 +152,9 @@ void frmMainForm::OpenFirstDocument() {
     }
 }
 
-void frmMainForm::OpenFirstPages() {
-    cmdTools_Click(0);
+void frmMainForm::EmptyTray() {
     ClipPanelHeight = 580;
-    cmdTools_Click(4);
+    NextClip = 0;
 }
 
 } // namespace pintalux

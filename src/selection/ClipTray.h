@@ -1,8 +1,57 @@
+// The clip tray: page 4 of the tool settings panel. It keeps the last six bitmaps that passed through the
+// clipboard as thumbnails; a click on one puts its bitmap back on the clipboard.
 #pragma once
-#include <string>
+
+#include "common/ControlArray.h"
+#include "selection/ModClipHook.h"
+#include "surface/window/Display.h"
+#include "surface/window/Inputs.h"
+#include "surface/window/Surface.h"
+
+#include <cstdint>
+
 namespace pintalux {
-struct ClipSlotStub { std::string Tag() const { return {}; } };
-struct ClipTray { int SelectedClip = 0; ClipSlotStub PicClip(int) { return {}; } };
-inline ClipTray StubTray;
-inline ClipTray* TheClipTray = &StubTray;
-}
+
+struct ToolSettingsPanel;
+
+struct ClipTray {
+    explicit ClipTray(ToolSettingsPanel& panel);
+
+    CheckBox ChClipLock;    ///< "TRANSFERÊNCIA": 1 locks the tray.
+    CommandButton cmdClear; ///< "LIMPAR"; enabled while a slot is filled.
+    ShapeControl ShClip;    ///< Marks the slot that was filled or clicked last.
+
+    Surface ClipStore; ///< Never shown. It counts in pixels, so that the sides of the largest fit 16 bits.
+    ControlArray<Surface> PicClip;   ///< Hidden; the bitmaps. `Tag` of a filled one is "free" or "standard".
+    ControlArray<Surface> PicClipBG; ///< The frames, seen while their slot is filled.
+    ControlArray<Display> ImgClip;   ///< The thumbnails, at most 615 by 615 twips.
+
+    std::int16_t NextClip = 0;     ///< The slot that the next capture fills.
+    std::int16_t SelectedClip = 0; ///< The slot whose tag a paste reads.
+
+    WindowProc Procedure; ///< Hears of the clipboard; without the hook it lets everything pass.
+    bool Hooked = false;  ///< For `ClipHookOn` and `ClipHookOff`.
+
+    /// Fills the next slot from the clipboard if a bitmap is there, then sets the button and the page's
+    /// height. Error 521 if the bitmap cannot be had; the slot keeps its bitmap then and stays the next one.
+    void LoadClipboard();
+    /// A click on a thumbnail or its frame: that bitmap goes to the clipboard.
+    void ImgClip_Click(int Index);
+    void PicClipBG_Click(int Index) { ImgClip_Click(Index); }
+    void ChClipLock_Click();
+    void cmdClear_Click();
+
+  private:
+    void LayOut();
+    void TakeBitmap();
+    void FitThumbnail(int slot, std::int16_t width, std::int16_t height);
+    void MarkSlot(int slot);
+    void FollowFilledSlots();
+
+    ToolSettingsPanel& panel_;
+};
+
+/// The tray of the running program; null before it is made.
+inline ClipTray* TheClipTray = nullptr;
+
+} // namespace pintalux

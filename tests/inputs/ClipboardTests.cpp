@@ -1,12 +1,17 @@
 #include "surface/system/Clipboard.h"
 
 #include "inputs/ByHand.h"
+#include "support/Pictures.h"
+#include "surface/system/Pictures.h"
 #include "surface/window/Events.h"
 
 #include <QBuffer>
 #include <QClipboard>
+#include <QFile>
 #include <QImage>
 #include <QMimeData>
+#include <QTemporaryDir>
+#include <QThread>
 
 namespace pintalux {
 
@@ -40,9 +45,23 @@ class ForeignData final : public QMimeData {
 };
 
 void PutForeign(const char* format, const QByteArray& bytes) {
-    QApplication::clipboard()->setMimeData(new ForeignData(format, bytes));
     ForeignData::asked = 0;
+    QApplication::clipboard()->setMimeData(new ForeignData(format, bytes));
 }
+
+/// Another program that offers two formats and takes its time to give neither.
+class SilentData final : public QMimeData {
+  public:
+    QStringList formats() const override { return {"image/png", "image/bmp"}; }
+    static inline int asked = 0;
+
+  protected:
+    QVariant retrieveData(const QString&, QMetaType) const override {
+        ++asked;
+        QThread::msleep(2100);
+        return {};
+    }
+};
 
 class ClipboardTest : public testing::Test {
   protected:
@@ -129,6 +148,27 @@ TEST_F(ClipboardTest, OwnerIsAskedForItsFormatsOnceAChange) {
     EXPECT_EQ(ForeignData::asked, 1);
 }
 
+TEST_F(ClipboardTest, OwnerIsNotAskedForItsFormatsAgainByTheReading) {
+    PutForeign("image/png", Encoded(QImage(2, 2, QImage::Format_RGB32), "png"));
+    Clipboard.GetData();
+    Clipboard.GetData();
+    EXPECT_EQ(ForeignData::asked, 1);
+}
+
+TEST_F(ClipboardTest, EmptyPictureIsNoBitmapAndClears) {
+    Clipboard.SetData(Four());
+    Clipboard.SetData(Picture());
+    EXPECT_EQ(changes, 2);
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_BITMAP));
+    EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable);
+}
+
+TEST_F(ClipboardTest, TextAfterAClearingRunsTheViewer) {
+    Clipboard.Clear();
+    QApplication::clipboard()->setText("olá");
+    EXPECT_EQ(changes, 2);
+}
+
 TEST_F(ClipboardTest, OffersBmpOf24BitsAndPng) {
     Clipboard.SetData(Four());
     const QMimeData* data = QApplication::clipboard()->mimeData();
@@ -163,6 +203,52 @@ TEST_F(ClipboardTest, ReadsBitmapsOfOtherProgramsUnderAllTheirNames) {
     }
 }
 
+TEST_F(ClipboardTest, OfferedBmpIsTheFileThatSavingWrites) {
+    const QTemporaryDir folder;
+    const std::string path = folder.filePath("saved.bmp").toStdString();
+    const std::pair<int, int> sizes[] = {{1, 1}, {2, 3}, {3, 2}, {4, 1}, {257, 33}, {300, 70}};
+    for (const auto& [width, height] : sizes) {
+        const Picture picture = RandomPicture(width, height, 5);
+        Clipboard.SetData(picture);
+        SavePicture(picture, path);
+        QFile file(QString::fromStdString(path));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(QApplication::clipboard()->mimeData()->data("image/bmp") == file.readAll())
+            << width << " x " << height;
+    }
+}
+
+TEST_F(ClipboardTest, WidestPictureGoesOutAndComesBackInBothFormats) {
+    const Picture widest = RandomPicture(32000, 2, 6);
+    for (const char* format : {"image/bmp", "image/png"}) {
+        Clipboard.SetData(widest);
+        const QByteArray bytes = QApplication::clipboard()->mimeData()->data(format);
+        PutForeign(format, bytes);
+        ExpectSamePixels(Clipboard.GetData(), widest);
+    }
+}
+
+TEST_F(ClipboardTest, SinglePixelGoesOutAndComesBack) {
+    Clipboard.SetData(Picture(1, 1, 0x123456));
+    const QByteArray bytes = QApplication::clipboard()->mimeData()->data("image/png");
+    PutForeign("image/png", bytes);
+    EXPECT_EQ(Clipboard.GetData(), Picture(1, 1, 0x123456));
+}
+
+TEST_F(ClipboardTest, JpegAndGifAreBitmaps) {
+    QImage grey(8, 8, QImage::Format_RGB32);
+    grey.fill(0xFF808080);
+    PutForeign("image/jpeg", Encoded(grey, "jpg"));
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP));
+    EXPECT_EQ(Clipboard.GetData().At(4, 4), 0x808080U);
+    // One black pixel in a palette of two colours.
+    const QByteArray gif =
+        QByteArray::fromHex("47494638396101000100800000000000ffffff2c00000000010001000002024401003b");
+    PutForeign("image/gif", gif);
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP));
+    EXPECT_EQ(Clipboard.GetData(), Picture(1, 1, kBlack));
+}
+
 TEST_F(ClipboardTest, TransparentPixelsShowWhite) {
     QImage image(2, 1, QImage::Format_ARGB32);
     image.setPixel(0, 0, 0x00000000);
@@ -181,6 +267,42 @@ TEST_F(ClipboardTest, BrokenAndOversizedDataIsError521) {
     bmp[19] = '\x7D';
     PutForeign("image/bmp", bmp);
     EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable);
+}
+
+TEST_F(ClipboardTest, BitmapThatCannotBeReadCountsAsNoneUntilTheNextChange) {
+    PutForeign("image/png", "no picture at all");
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP)) << "nobody has looked yet";
+    EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable);
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_BITMAP));
+    EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable);
+    PutForeign("image/png", Encoded(QImage(2, 2, QImage::Format_RGB32), "png"));
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP));
+    EXPECT_EQ(Clipboard.GetData().Width(), 2);
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP));
+}
+
+TEST_F(ClipboardTest, SilentOwnerIsWaitedForOnce) {
+    SilentData::asked = 0;
+    QApplication::clipboard()->setMimeData(new SilentData);
+    EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable);
+    EXPECT_EQ(SilentData::asked, 1) << "the second format is not tried";
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_BITMAP));
+    EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable);
+    EXPECT_EQ(SilentData::asked, 1);
+}
+
+TEST_F(ClipboardTest, DrawingThatClaimsToBeAPngIsError521) {
+    PutForeign("image/png", "<svg xmlns='http://www.w3.org/2000/svg' width='2' height='2'/>");
+    EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable);
+}
+
+TEST_F(ClipboardTest, PngThatBreaksOffIsNoCrash) {
+    const QByteArray whole = Encoded(QImage(40, 40, QImage::Format_RGB32), "png");
+    for (const qsizetype length : {qsizetype{0}, qsizetype{8}, qsizetype{33}, whole.size() / 2}) {
+        PutForeign("image/png", whole.left(length));
+        const int number = ErrorOf([] { Clipboard.GetData(); });
+        EXPECT_EQ(IsClipboardFormatAvailable(CF_BITMAP), number == 0) << length;
+    }
 }
 
 TEST_F(ClipboardTest, BrokenPngFallsBackToTheBmpBesideIt) {

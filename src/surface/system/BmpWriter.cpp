@@ -79,16 +79,25 @@ void PackRows(const Picture& picture, int top, int bottom, std::byte* out) {
     }
 }
 
+/// The file's length has 32 bits in its header.
+bool HasBmp(const Picture& picture) {
+    return !picture.Empty() && picture.Width() <= kMaxPictureSide && picture.Height() <= kMaxPictureSide;
+}
+
 } // namespace
 
 std::uint64_t BmpFileLength(int width, int height) {
     return kHeaderLength + std::uint64_t{BmpRowLength(width)} * static_cast<std::uint64_t>(height);
 }
 
+void PackBmp(const Picture& picture, std::span<std::byte> out) {
+    if (!HasBmp(picture)) throw RuntimeError(kInvalidPicture);
+    std::ranges::copy(HeaderOf(picture).Bytes(), out.begin());
+    PackRows(picture, 0, picture.Height(), &out[kHeaderLength]);
+}
+
 void WriteBmp(const Picture& picture, File& file) {
-    // The file's length has 32 bits in its header.
-    if (picture.Empty() || picture.Width() > kMaxPictureSide || picture.Height() > kMaxPictureSide)
-        throw RuntimeError(kInvalidPicture, file.Path());
+    if (!HasBmp(picture)) throw RuntimeError(kInvalidPicture, file.Path());
     const std::size_t rowLength = BmpRowLength(picture.Width());
     constexpr int kBand = Bitmap::kTileHeight;
     const int rowsAtOnce = std::max(1, static_cast<int>(kBufferLength / rowLength) / kBand) * kBand;

@@ -15,7 +15,11 @@ constexpr std::size_t BmpRowLength(int width) {
 /// says.
 void WriteBmp(const Picture& picture, File& file);
 
-/// The same to `path`, in place; a file that is made for it is the user's alone.
+/// Puts the same bytes into `out`, which is all zeros and has `BmpFileLength` of them. Errors 481 and 7 as
+/// above.
+void PackBmp(const Picture& picture, std::span<std::byte> out);
+
+/// Writes the whole BMP file to `path`, in place; a file that is made for it is the user's alone.
 void WritePrivateBmp(const Picture& picture, const std::string& path);
 
 } // namespace pintalux

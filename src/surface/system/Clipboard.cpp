@@ -2,9 +2,9 @@
 
 #include "surface/raster/RuntimeError.h"
 #include "surface/system/ClipboardData_native.h"
+#include "surface/system/ClipboardHandOver_native.h"
 #include "surface/window/Events.h"
 
-#include <optional>
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -22,8 +22,9 @@ std::function<void()> viewerHook;
 /// Watches the desktop's clipboard: tells our own writes from those of others, and remembers what was asked.
 class Watch final : public QObject {
   public:
-    explicit Watch(QObject* parent) : QObject(parent) {
+    explicit Watch(QObject* parent) : QObject(parent), readable_(ReadableFormats(Offered())) {
         connect(Toolkit(), &QClipboard::dataChanged, this, [this] { Heard(); });
+        connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { Leave(); });
     }
 
     static QClipboard* Toolkit() { return QGuiApplication::clipboard(); }
@@ -33,40 +34,65 @@ class Watch final : public QObject {
         return own_ != nullptr && Toolkit()->mimeData() == own_ ? own_ : nullptr;
     }
 
-    bool HasBitmap() {
-        if (!hasBitmap_) hasBitmap_ = Own() != nullptr || OffersBitmap(Toolkit()->mimeData());
-        return *hasBitmap_;
+    bool HasBitmap() const { return !readable_.isEmpty(); }
+
+    /// The bitmap of another program. One that cannot be read counts as none until the next change.
+    Picture Read() {
+        const QStringList formats = std::exchange(readable_, {});
+        const QMimeData* data = formats.isEmpty() ? nullptr : Toolkit()->mimeData();
+        std::optional<Picture> picture;
+        if (data != nullptr) picture = ReadBitmap(*data, formats);
+        if (!picture) throw RuntimeError(kClipboardUnavailable);
+        readable_ = formats;
+        return std::move(*picture);
     }
 
     /// Puts `data` on the clipboard (null clears it), then runs the viewer nested, once.
     void Put(PictureData* data) {
         writing_ = true;
         own_ = data;
+        readable_ = data != nullptr ? ReadableFormats(data->formats()) : QStringList();
+        cleared_ = data == nullptr;
         if (data != nullptr) {
             Toolkit()->setMimeData(data);
         } else {
             Toolkit()->clear();
         }
         writing_ = false;
-        hasBitmap_ = data != nullptr;
-        cleared_ = data == nullptr;
         const auto viewer = viewerHook; // it may switch itself off
         if (viewer) viewer();
     }
 
   private:
+    static QStringList Offered() {
+        const QMimeData* data = Toolkit()->mimeData();
+        return data != nullptr ? data->formats() : QStringList();
+    }
+
     void Heard() {
         // The desktop may report our own write or clearing a second time, later.
         if (writing_ || Own() != nullptr) return;
-        if (std::exchange(cleared_, false) && Toolkit()->mimeData()->formats().isEmpty()) return;
-        hasBitmap_.reset();
+        // Here and nowhere else another program is asked for its formats: one that keeps silent holds us up
+        // once for its change, not with every poll.
+        const QStringList offered = Offered();
+        readable_ = ReadableFormats(offered);
+        if (std::exchange(cleared_, false) && offered.isEmpty()) return;
         own_ = nullptr;
         const auto viewer = viewerHook;
         if (viewer) RunEvent(EventKind::Ordinary, viewer);
     }
 
+    /// At the end of the program.
+    void Leave() {
+        if (Own() == nullptr) return;
+        writing_ = true;
+        // What nobody took over is lost: the toolkit need not ask in vain once more.
+        if (!HandOverClipboard()) Toolkit()->clear();
+        writing_ = false;
+    }
+
     QPointer<PictureData> own_;
-    std::optional<bool> hasBitmap_;
+    QStringList readable_; ///< The formats of the bitmap on the clipboard; empty if there is none.
     bool writing_ = false;
     bool cleared_ = false;
 };
@@ -85,15 +111,13 @@ void ClipboardObject::Clear() {
 }
 
 void ClipboardObject::SetData(const Picture& picture) {
-    TheWatch().Put(new PictureData(picture));
+    TheWatch().Put(picture.Empty() ? nullptr : new PictureData(picture));
 }
 
 Picture ClipboardObject::GetData(int format) {
     if (format != CF_BITMAP) throw RuntimeError(kClipboardUnavailable);
     if (const PictureData* own = TheWatch().Own()) return own->picture;
-    std::optional<Picture> picture = ReadBitmap(Watch::Toolkit()->mimeData());
-    if (!picture) throw RuntimeError(kClipboardUnavailable);
-    return std::move(*picture);
+    return TheWatch().Read();
 }
 
 bool IsClipboardFormatAvailable(int format) {
@@ -102,7 +126,7 @@ bool IsClipboardFormatAvailable(int format) {
 
 void SetClipboardViewer(std::function<void()> viewer) {
     viewerHook = std::move(viewer);
-    TheWatch();
+    if (viewerHook) TheWatch();
 }
 
 } // namespace pintalux

@@ -1,12 +1,15 @@
 #include "surface/system/ClipboardData_native.h"
 
 #include "surface/raster/RuntimeError.h"
+#include "surface/system/BmpWriter.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/ToolkitImages_native.h"
 
 #include <QBuffer>
+#include <QElapsedTimer>
 #include <QImageReader>
 #include <QImageWriter>
+#include <span>
 
 namespace pintalux {
 
@@ -18,10 +21,18 @@ constexpr const char* kPng = "image/png";
 /// The bitmap formats we read, best first: PNG alone keeps what is transparent.
 constexpr const char* kReadable[] = {kPng, kBmp, "image/x-bmp", "image/x-MS-bmp", "image/jpeg", "image/gif"};
 
-QByteArray Encoded(const Picture& picture, const char* kind) {
+/// The bytes of our own BMP writer: the toolkit's refuses the largest pictures.
+QByteArray BmpBytes(const Picture& picture) {
+    const std::uint64_t length = BmpFileLength(picture.Width(), picture.Height());
+    QByteArray bytes(static_cast<qsizetype>(length), '\0');
+    PackBmp(picture, std::as_writable_bytes(std::span(bytes.data(), static_cast<std::size_t>(length))));
+    return bytes;
+}
+
+QByteArray PngBytes(const Picture& picture) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    QImageWriter writer(&buffer, kind);
+    QImageWriter writer(&buffer, "png");
     writer.setCompression(11); // zlib's fastest level: pasting waits for it
     return writer.write(ImageOf(picture)) ? bytes : QByteArray();
 }
@@ -30,13 +41,16 @@ bool LegalSize(QSize size) {
     return !size.isEmpty() && size.width() <= kMaxPictureSide && size.height() <= kMaxPictureSide;
 }
 
-std::optional<Picture> Decoded(QByteArray bytes) {
+std::optional<Picture> Decoded(const QByteArray& bytes) {
     constexpr qint64 kMostBytes = qint64{kMaxPictureSide} * kMaxPictureSide * 4;
     QImageReader::setAllocationLimit(static_cast<int>(kMostBytes / (1 << 20) + 1));
-    QBuffer buffer(&bytes);
+    QBuffer buffer;
+    buffer.setData(bytes);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
-    if (!LegalSize(reader.size())) return std::nullopt;
+    // Other decoders of the toolkit would run files that are no bitmaps, drawings with links among them.
+    static const QList<QByteArray> kKinds = {"png", "bmp", "jpeg", "jpg", "gif"};
+    if (!kKinds.contains(reader.format()) || !LegalSize(reader.size())) return std::nullopt;
     const QImage image = reader.read();
     if (image.isNull() || !LegalSize(image.size())) return std::nullopt;
     return PictureOfImage(image);
@@ -51,30 +65,32 @@ QStringList PictureData::formats() const {
 QVariant PictureData::retrieveData(const QString& format, QMetaType) const {
     // The toolkit calls this from the middle of its own work: what fails offers nothing.
     try {
-        if (format == kBmp) return Encoded(picture, "bmp");
-        if (format == kPng) return Encoded(picture, "png");
+        if (format == kBmp) return BmpBytes(picture);
+        if (format == kPng) return PngBytes(picture);
     } catch (const RuntimeError&) {
     } catch (const std::bad_alloc&) {
     }
     return {};
 }
 
-bool OffersBitmap(const QMimeData* data) {
-    if (data == nullptr) return false;
-    const QStringList offered = data->formats();
-    return std::any_of(std::begin(kReadable), std::end(kReadable), [&](const char* format) {
-        return offered.contains(QLatin1String(format), Qt::CaseInsensitive);
-    });
+QStringList ReadableFormats(const QStringList& offered) {
+    QStringList readable;
+    for (const char* format : kReadable)
+        for (const QString& name : offered)
+            if (name.compare(QLatin1String(format), Qt::CaseInsensitive) == 0) readable += name;
+    return readable;
 }
 
-std::optional<Picture> ReadBitmap(const QMimeData* data) {
-    if (data == nullptr) return std::nullopt;
-    const QStringList offered = data->formats();
-    for (const char* format : kReadable)
-        for (const QString& name : offered) {
-            if (name.compare(QLatin1String(format), Qt::CaseInsensitive) != 0) continue;
-            if (auto picture = Decoded(data->data(name))) return picture;
-        }
+std::optional<Picture> ReadBitmap(const QMimeData& data, const QStringList& formats) {
+    constexpr qint64 kSilence = 2000; // milliseconds
+    for (const QString& name : formats) {
+        QElapsedTimer waiting;
+        waiting.start();
+        const QByteArray bytes = data.data(name);
+        // An owner that says nothing to one question would hold us up as long for each of the others.
+        if (bytes.isEmpty() && waiting.hasExpired(kSilence)) return std::nullopt;
+        if (auto picture = Decoded(bytes)) return picture;
+    }
     return std::nullopt;
 }
 

@@ -21,11 +21,12 @@ class PictureData final : public QMimeData {
     QVariant retrieveData(const QString& format, QMetaType type) const override;
 };
 
-/// Whether one of the offered formats is a bitmap that `ReadBitmap` can take. Null offers nothing.
-bool OffersBitmap(const QMimeData* data);
+/// Those of the offered formats that `ReadBitmap` can take, best first.
+QStringList ReadableFormats(const QStringList& offered);
 
-/// The first offered bitmap that can be read; nothing if none can. Never above the legal sizes, which are
-/// checked before anything is decoded: the bytes come from outside.
-std::optional<Picture> ReadBitmap(const QMimeData* data);
+/// The bitmap of the first format that can be read; nothing if none can, or if the owner keeps silent. Never
+/// above the legal sizes, which are checked before anything is decoded: the bytes come from outside. Error 7
+/// if memory runs out.
+std::optional<Picture> ReadBitmap(const QMimeData& data, const QStringList& formats);
 
 } // namespace pintalux

@@ -37,17 +37,24 @@ QImage ImageOf(const Picture& picture) {
 }
 
 Picture PictureOfImage(const QImage& image) {
+    const bool opaque = !image.hasAlphaChannel();
+    const QImage::Format format = opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32;
     Picture picture(image.width(), image.height(), kWhite);
     std::vector<Pixel> row(static_cast<std::size_t>(image.width()));
     // Band by band, so that no second copy of the whole stands in memory.
     for (int top = 0; top < image.height(); top += Bitmap::kTileHeight) {
         const int rows = std::min(Bitmap::kTileHeight, image.height() - top);
-        const QImage band = image.copy(0, top, image.width(), rows).convertToFormat(QImage::Format_ARGB32);
+        const QImage band = image.copy(0, top, image.width(), rows).convertToFormat(format);
         if (band.isNull()) throw RuntimeError(kOutOfMemory);
         for (int y = 0; y < rows; ++y) {
             std::memcpy(row.data(), band.constScanLine(y), row.size() * sizeof(Pixel));
-            std::transform(row.begin(), row.end(), row.begin(),
-                           [](QRgb colour) { return PixelFrom(colour); });
+            if (opaque) {
+                std::transform(row.begin(), row.end(), row.begin(),
+                               [](QRgb colour) { return __builtin_bswap32(colour) >> 8; });
+            } else {
+                std::transform(row.begin(), row.end(), row.begin(),
+                               [](QRgb colour) { return PixelFrom(colour); });
+            }
             picture.WriteRow(0, top + y, row);
         }
     }

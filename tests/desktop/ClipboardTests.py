@@ -1,0 +1,262 @@
+"""The clipboard with another program at its other end: what is copied there comes into the tray, and back from it."""
+import random
+import signal
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+from desktop import PATIENCE, desktop_test, wait_for
+from pictures import Picture, expect_same, read_any, read_bmp, write_bmp
+from roads import NEW, leave, sample
+
+SIDE = 41  # pixels: a picture of this size is shown unscaled in the tray
+COLUMN = 58  # pixels from a slot to the one beside it
+PANEL = (240, 240, 240)
+ROW = 56  # pixels from a slot to the one below it
+
+
+def start_with_tray(desktop, **settings):
+    """Starts without a document; gives the process."""
+    desktop.large_window_settings(**settings)
+    process = desktop.start()
+    desktop.wait_for_window(NEW)
+    desktop.keys("Escape")
+    desktop.wait_until_gone(NEW)
+    return process
+
+
+def beside(desktop, *command):
+    """Starts a second program and leaves it running."""
+    with open(desktop.folder / "beside.log", "ab") as messages:
+        process = subprocess.Popen([str(part) for part in command], env=desktop.environment, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.PIPE, stderr=messages)
+    desktop.processes.append(process)
+    return process
+
+
+def other_client(desktop, *arguments):
+    process = beside(desktop, sys.executable, Path(__file__).with_name("other_client.py"), *arguments)
+    assert process.stdout.readline() == b"ready\n"
+    return process
+
+
+def copy_file(desktop, path, kind="image/png"):
+    """Another program puts a file on the clipboard; gives its process, which ends when the clipboard is taken from it."""
+    before = getattr(desktop, "clipboard_owner", None)
+    process = beside(desktop, "xclip", "-quiet", "-selection", "clipboard", "-t", kind, "-i", path)
+    desktop.clipboard_owner = process
+    if before is not None and before.poll() is None:
+        wait_for(lambda: before.poll() is not None, "the clipboard changes hands")
+    else:
+        wait_for(lambda: kind in owner_answer(desktop), "the other program owns the clipboard")
+    return process
+
+
+def owner_answer(desktop):
+    return desktop.tool("xclip", "-selection", "clipboard", "-t", "TARGETS", "-o", check=False)
+
+
+def picture_file(desktop, picture, kind="png"):
+    path = desktop.pictures / "copied.bmp"
+    write_bmp(path, picture)
+    if kind == "bmp":
+        return path
+    desktop.tool("convert", path, path.with_suffix("." + kind))
+    return path.with_suffix("." + kind)
+
+
+def copy(desktop, picture, kind="image/png"):
+    return copy_file(desktop, picture_file(desktop, picture, kind[-3:]), kind)
+
+
+def copy_text(desktop):
+    path = desktop.pictures / "text.txt"
+    path.write_text("sol e mar")
+    return copy_file(desktop, path, "UTF8_STRING")
+
+
+def pasted(desktop, kind="image/bmp"):
+    """What another program gets from the clipboard."""
+    data = subprocess.run(["xclip", "-selection", "clipboard", "-t", kind, "-o"], env=desktop.environment, check=True,
+                          capture_output=True, timeout=PATIENCE).stdout
+    path = desktop.pictures / ("pasted." + kind[-3:])
+    path.write_bytes(data)
+    return read_bmp(path) if kind == "image/bmp" else read_any(path)
+
+
+def stays_away(desktop, picture):
+    """True if the picture is not seen for a second."""
+    end = time.monotonic() + 1
+    while time.monotonic() < end:
+        if desktop.photograph().find(picture):
+            return False
+    return True
+
+
+def click_slot(desktop, place):
+    desktop.click(place[0] + SIDE // 2, place[1] + SIDE // 2)
+
+
+@desktop_test
+def BitmapCopiedElsewhereIsSeenInTheTrayAndGoesBack(desktop):
+    start_with_tray(desktop)
+    first, second = sample(SIDE, SIDE), sample(SIDE, SIDE, seed=50)
+    copy(desktop, first)
+    place = desktop.wait_for_picture(first)
+    copy(desktop, second, "image/bmp")
+    assert desktop.wait_for_picture(second) == (place[0] + COLUMN, place[1])
+    copy_text(desktop)
+    click_slot(desktop, place)
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts the first one on the clipboard")
+    expect_same(pasted(desktop, "image/bmp"), first)
+    expect_same(pasted(desktop, "image/png"), first)
+    assert desktop.photograph().find(first) == place, "the tray took no bitmap of its own"
+    assert desktop.photograph().find(second) == (place[0] + COLUMN, place[1])
+
+
+@desktop_test
+def SixCopiesFillTheTrayAndTheSeventhTakesTheFirstPlace(desktop):
+    start_with_tray(desktop)
+    pictures = [sample(SIDE, SIDE, seed=30 * number) for number in range(7)]
+    places = []
+    for picture in pictures[:6]:
+        copy(desktop, picture)
+        places.append(desktop.wait_for_picture(picture))
+        copy_text(desktop)
+    left, top = places[0]
+    assert places == [(left + COLUMN * column, top + ROW * row) for row in range(3) for column in range(2)]
+    copy(desktop, pictures[6])
+    assert desktop.wait_for_picture(pictures[6]) == places[0]
+    display = desktop.photograph()
+    assert display.find(pictures[0]) is None
+    assert [display.find(picture) for picture in pictures[1:6]] == places[1:6]
+
+
+@desktop_test
+def WithoutTheMonitorNothingIsTakenUntilItIsSwitchedOn(desktop):
+    start_with_tray(desktop, Clipmon=0)
+    first, second = sample(SIDE, SIDE), sample(SIDE, SIDE, seed=50)
+    copy(desktop, first)
+    assert stays_away(desktop, first)
+    desktop.menu("e", "Up", "Return")
+    copy_text(desktop)
+    copy(desktop, second)
+    place = desktop.wait_for_picture(second)
+    desktop.menu("e", "Up", "Return")
+    copy(desktop, first)
+    assert stays_away(desktop, first)
+    assert desktop.photograph().find(second) == place
+
+
+@desktop_test
+def OwnerThatDiesLeavesItsBitmapInTheTray(desktop):
+    start_with_tray(desktop)
+    picture = sample(SIDE, SIDE)
+    owner = copy(desktop, picture)
+    place = desktop.wait_for_picture(picture)
+    owner.kill()
+    owner.wait()
+    assert "image" not in owner_answer(desktop)
+    click_slot(desktop, place)
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts it on the clipboard")
+    expect_same(pasted(desktop), picture)
+
+
+@desktop_test
+def SilentOwnerDelaysOnceAndIsPassedOver(desktop):
+    process = start_with_tray(desktop)
+    other_client(desktop, "silent")
+    picture = sample(SIDE, SIDE)
+    # The next copy is heard when the wait for the silent one is over.
+    copy(desktop, picture)
+    place = desktop.wait_for_picture(picture)
+    copy(desktop, sample(SIDE, SIDE, seed=50))
+    assert desktop.wait_for_picture(sample(SIDE, SIDE, seed=50)) == (place[0] + COLUMN, place[1]), "the first slot was free"
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+
+
+@desktop_test
+def StoppedOwnerDelaysOnceAndIsPassedOver(desktop):
+    process = start_with_tray(desktop)
+    process.send_signal(signal.SIGSTOP)  # so that the owner is stopped before it is asked
+    owner = copy(desktop, sample(SIDE, SIDE, seed=50))
+    owner.send_signal(signal.SIGSTOP)
+    process.send_signal(signal.SIGCONT)
+    time.sleep(1)
+    picture = sample(SIDE, SIDE)
+    beside(desktop, "xclip", "-quiet", "-selection", "clipboard", "-t", "image/png", "-i", picture_file(desktop, picture))
+    desktop.wait_for_picture(picture)
+    owner.kill()
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+
+
+@desktop_test
+def BytesThatAreNoPictureArePassedOver(desktop):
+    start_with_tray(desktop)
+    path = desktop.pictures / "broken.png"
+    path.write_bytes(b"\x89PNG\r\n\x1a\n and nothing more")
+    copy_file(desktop, path)
+    path.write_bytes(b"")
+    copy_file(desktop, path)
+    picture = sample(SIDE, SIDE)
+    copy(desktop, picture)
+    place = desktop.wait_for_picture(picture)
+    copy(desktop, sample(SIDE, SIDE, seed=50))
+    assert desktop.wait_for_picture(sample(SIDE, SIDE, seed=50)) == (place[0] + COLUMN, place[1]), "the first slot was free"
+
+
+@desktop_test
+def WhatWasCopiedOutlivesTheProgramWhereTheDesktopKeepsIt(desktop):
+    other_client(desktop, "manager", desktop.folder / "kept.png")
+    process = start_with_tray(desktop)
+    picture = sample(SIDE, SIDE)
+    copy(desktop, picture)
+    place = desktop.wait_for_picture(picture)
+    copy_text(desktop)
+    click_slot(desktop, place)
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts it on the clipboard")
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+    expect_same(pasted(desktop, "image/png"), picture)
+
+
+@desktop_test
+def PhotographOutlivesTheProgramToo(desktop):
+    kept = desktop.folder / "kept.png"
+    other_client(desktop, "manager", kept)
+    process = start_with_tray(desktop)
+    small = sample(SIDE, SIDE)
+    copy(desktop, small)
+    left, top = desktop.wait_for_picture(small)
+    # Noise, so that no encoding brings it below what one message of the display holds.
+    noise = random.Random(5)
+    photograph = Picture(2500, 2500, [bytearray(noise.randbytes(3 * 2500)) for _ in range(2500)])
+    copy(desktop, photograph, "image/bmp")
+    middle = (left + COLUMN + SIDE // 2, top + SIDE // 2)
+    wait_for(lambda: desktop.photograph().at(*middle) != PANEL, "its thumbnail is seen")
+    copy_text(desktop)
+    desktop.click(*middle)
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts it on the clipboard")
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+    assert kept.stat().st_size > 16 << 20
+    assert read_any(kept).rows == photograph.rows
+
+
+@desktop_test
+def SilentManagerDelaysTheEndAndLosesWhatWasCopied(desktop):
+    manager = other_client(desktop, "manager", desktop.folder / "kept.png")
+    process = start_with_tray(desktop)
+    picture = sample(SIDE, SIDE)
+    copy(desktop, picture)
+    place = desktop.wait_for_picture(picture)
+    click_slot(desktop, place)
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts it on the clipboard")
+    manager.send_signal(signal.SIGSTOP)
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+    assert "image" not in owner_answer(desktop)
+    manager.kill()

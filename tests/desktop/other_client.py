@@ -1,0 +1,163 @@
+#!/usr/bin/env python3
+"""other_client.py manager <file> | silent: a second program at the clipboard, of a kind that no package brings.
+
+manager: a clipboard manager. It takes over what a program leaves at its end, as image/png, goes on offering it, and
+keeps a copy in the file.
+silent: owns the clipboard and offers two bitmap formats, but never gives either.
+
+Prints a line once it is ready.
+"""
+import ctypes
+import sys
+from ctypes import POINTER, Structure, Union, byref, c_char_p, c_int, c_long, c_ubyte, c_uint, c_ulong, c_void_p
+
+PROPERTY_NOTIFY, SELECTION_REQUEST, SELECTION_NOTIFY = 28, 30, 31
+PROPERTY_CHANGE_MASK = 1 << 22
+NEW_VALUE, REPLACE, ANY_TYPE = 0, 0, 0
+ATOM = 4
+
+
+class SelectionRequest(Structure):
+    _fields_ = [("type", c_int), ("serial", c_ulong), ("send_event", c_int), ("display", c_void_p), ("owner", c_ulong),
+                ("requestor", c_ulong), ("selection", c_ulong), ("target", c_ulong), ("property", c_ulong), ("time", c_ulong)]
+
+
+class SelectionNotify(Structure):
+    _fields_ = [("type", c_int), ("serial", c_ulong), ("send_event", c_int), ("display", c_void_p),
+                ("requestor", c_ulong), ("selection", c_ulong), ("target", c_ulong), ("property", c_ulong), ("time", c_ulong)]
+
+
+class PropertyNotify(Structure):
+    _fields_ = [("type", c_int), ("serial", c_ulong), ("send_event", c_int), ("display", c_void_p), ("window", c_ulong),
+                ("atom", c_ulong), ("time", c_ulong), ("state", c_int)]
+
+
+class Event(Union):
+    _fields_ = [("type", c_int), ("request", SelectionRequest), ("notify", SelectionNotify), ("change", PropertyNotify),
+                ("room", c_long * 24)]
+
+
+X = ctypes.CDLL("libX11.so.6")
+X.XOpenDisplay.restype = c_void_p
+X.XDefaultRootWindow.argtypes = [c_void_p]
+X.XDefaultRootWindow.restype = c_ulong
+X.XCreateSimpleWindow.argtypes = [c_void_p, c_ulong] + [c_int] * 2 + [c_uint] * 3 + [c_ulong] * 2
+X.XCreateSimpleWindow.restype = c_ulong
+X.XSelectInput.argtypes = [c_void_p, c_ulong, c_long]
+X.XInternAtom.argtypes = [c_void_p, c_char_p, c_int]
+X.XInternAtom.restype = c_ulong
+X.XSetSelectionOwner.argtypes = [c_void_p, c_ulong, c_ulong, c_ulong]
+X.XConvertSelection.argtypes = [c_void_p] + [c_ulong] * 5
+X.XNextEvent.argtypes = [c_void_p, POINTER(Event)]
+X.XSendEvent.argtypes = [c_void_p, c_ulong, c_int, c_long, POINTER(Event)]
+X.XChangeProperty.argtypes = [c_void_p, c_ulong, c_ulong, c_ulong, c_int, c_int, c_void_p, c_int]
+X.XGetWindowProperty.argtypes = [c_void_p, c_ulong, c_ulong, c_long, c_long, c_int, c_ulong, POINTER(c_ulong), POINTER(c_int),
+                                 POINTER(c_ulong), POINTER(c_ulong), POINTER(c_void_p)]
+X.XFree.argtypes = [c_void_p]
+X.XFlush.argtypes = [c_void_p]
+
+
+class Client:
+    def __init__(self):
+        self.display = X.XOpenDisplay(None)
+        self.window = X.XCreateSimpleWindow(self.display, X.XDefaultRootWindow(self.display), 0, 0, 1, 1, 0, 0, 0)
+        X.XSelectInput(self.display, self.window, PROPERTY_CHANGE_MASK)
+        self.offer = {}  # format -> bytes, or None for one that is never given
+
+    def atom(self, name):
+        return X.XInternAtom(self.display, name.encode(), 0)
+
+    def own(self, selection):
+        X.XSetSelectionOwner(self.display, self.atom(selection), self.window, 0)
+        X.XFlush(self.display)
+
+    def next_event(self):
+        event = Event()
+        X.XNextEvent(self.display, byref(event))
+        return event
+
+    def answer(self, request, kind=None, size=8, data=b""):
+        """Gives the data, items of this size in bits, or without a kind only the word that the work is done."""
+        target = request.property or request.target
+        if kind is not None:
+            X.XChangeProperty(self.display, request.requestor, target, kind, size, REPLACE, ctypes.cast(data, c_void_p),
+                              len(data))
+        self.notify(request, target)
+
+    def notify(self, request, prop):
+        event = Event()
+        event.notify = SelectionNotify(SELECTION_NOTIFY, 0, 1, self.display, request.requestor, request.selection,
+                                       request.target, prop, request.time)
+        X.XSendEvent(self.display, request.requestor, 0, 0, byref(event))
+        X.XFlush(self.display)
+
+    def serve(self, request):
+        if request.target == self.atom("TARGETS"):
+            formats = [self.atom("TARGETS")] + [self.atom(name) for name in self.offer]
+            self.answer(request, ATOM, 32, (c_ulong * len(formats))(*formats))
+            return
+        for name, data in self.offer.items():
+            if request.target == self.atom(name):
+                if data is not None:
+                    self.answer(request, request.target, 8, data)
+                return
+        self.notify(request, 0)
+
+    def take_property(self, prop):
+        """(type, bytes) of a property of our window, which is deleted."""
+        kind, size, count, rest, place = c_ulong(), c_int(), c_ulong(), c_ulong(), c_void_p()
+        X.XGetWindowProperty(self.display, self.window, prop, 0, 1 << 28, 1, ANY_TYPE, byref(kind), byref(size), byref(count),
+                             byref(rest), byref(place))
+        data = ctypes.string_at(place.value, count.value) if place.value and size.value == 8 else b""
+        if place.value:
+            X.XFree(place)
+        return kind.value, data
+
+    def fetch(self, selection, target):
+        """What the owner gives, in one piece or in many; requests by others wait meanwhile."""
+        prop = self.atom("FETCHED")
+        X.XConvertSelection(self.display, self.atom(selection), self.atom(target), prop, self.window, 0)
+        while True:
+            event = self.next_event()
+            if event.type == SELECTION_NOTIFY:
+                break
+        if event.notify.property == 0:
+            return b""
+        kind, data = self.take_property(prop)
+        if kind != self.atom("INCR"):
+            return data
+        data = b""
+        while True:
+            event = self.next_event()
+            if event.type == PROPERTY_NOTIFY and event.change.atom == prop and event.change.state == NEW_VALUE:
+                _, piece = self.take_property(prop)
+                if not piece:
+                    return data
+                data += piece
+
+
+def main():
+    client = Client()
+    if sys.argv[1] == "manager":
+        client.own("CLIPBOARD_MANAGER")
+    else:
+        client.offer = {"image/png": None, "image/bmp": None}
+        client.own("CLIPBOARD")
+    print("ready", flush=True)
+    while True:
+        event = client.next_event()
+        if event.type != SELECTION_REQUEST:
+            continue
+        request = SelectionRequest.from_buffer_copy(event.request)
+        if request.target == client.atom("SAVE_TARGETS"):
+            client.offer = {"image/png": client.fetch("CLIPBOARD", "image/png")}
+            client.own("CLIPBOARD")
+            with open(sys.argv[2], "wb") as file:
+                file.write(client.offer["image/png"])
+            client.answer(request, client.atom("NULL"))
+        else:
+            client.serve(request)
+
+
+if __name__ == "__main__":
+    main()
