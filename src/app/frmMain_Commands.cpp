@@ -7,6 +7,7 @@
 #include "document/UndoCommands.h"
 #include "document/Workspace.h"
 #include "document/Zoom.h"
+#include "imageops/ImageCommands.h"
 #include "selection/EditCommands.h"
 #include "selection/RectangleSelection.h"
 #include "settings/frmPrefs.h"
@@ -33,6 +34,15 @@ void frmMainForm::ConnectMenus() {
     mnuEditSelectAll.Click = [] { mnuEditSelectAll_Click(); };
     mnuEditSelectNone.Click = [] { mnuEditSelectNone_Click(); };
     mnuEditClip.Click = [this] { mnuEditClip_Click(); };
+
+    mnuFlipV.Click = [] { mnuFlipV_Click(); };
+    mnuFlipH.Click = [] { mnuFlipH_Click(); };
+    mnuRotate90.Click = [] { mnuRotate90_Click(); };
+    mnuRotate180.Click = [] { mnuRotate180_Click(); };
+    mnuRotate270.Click = [] { mnuRotate270_Click(); };
+    mnuFiltBrow.Click = [] { mnuFiltBrow_Click(); };
+    mnuColInc.Click = [](int Index) { mnuColInc_Click(Index); };
+    mnuColRed.Click = [](int Index) { mnuColRed_Click(Index); };
 
     mnuViewToolbar.Click = [this] { mnuViewToolbar_Click(); };
     mnuViewColorBox.Click = [this] { mnuViewColorBox_Click(); };

@@ -3,6 +3,7 @@
 #include "app/frmSplash.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
+#include "imageops/frmFiltBrow.h"
 #include "settings/frmPrefs.h"
 #include "surface/raster/NumberText.h"
 #include "surface/system/App.h"
@@ -34,6 +35,7 @@ void frmMainForm::MDIForm_Unload() {
 
 void frmMainForm::UnloadDialogs() {
     frmNew.Unload();
+    frmFiltBrow.Unload();
     frmSplash.Unload();
     frmPrefs.Unload();
 }

@@ -1,5 +1,7 @@
 #include "document/CommandBar.h"
 
+#include <algorithm>
+
 namespace pintalux {
 
 namespace {
@@ -38,11 +40,20 @@ const std::vector<ToolBar::Row> kButtons = {
 constexpr double kEdge = 2;          // pixels above and below the buttons
 constexpr double kWideEnough = 4000; // pixels: one row
 
+// The progress bar, in pixels: beside the buttons where that costs them no further row, else a thin line
+// below.
+constexpr double kProgressWidth = 120;
+constexpr double kProgressHeight = 14;
+constexpr double kLineHeight = 6;
+constexpr double kGap = 8;
+
 } // namespace
 
-CommandBar::CommandBar(Container& window) : ToolsTB(window, "ToolsTB"), TB2(ToolsTB, "TB2", kButtons) {
+CommandBar::CommandBar(Container& window)
+    : ToolsTB(window, "ToolsTB"), TB2(ToolsTB, "TB2", kButtons), Pb(ToolsTB, "Pb") {
     ToolsTB.BackColor(kButtonFaceColour);
     TB2.AccessibleName("Caixa de ferramentas");
+    Pb.AccessibleName("Progresso");
     // Like their menu items: nothing can be cut, copied or undone at the start.
     for (const int position : {5, 6, 9, 10})
         TB2.Buttons(position).Enabled(false);
@@ -53,8 +64,16 @@ CommandBar::CommandBar(Container& window) : ToolsTB(window, "ToolsTB"), TB2(Tool
 void CommandBar::Fit() {
     const double width = ToolsTB.ScaleWidth();
     const double height = TB2.HeightFor(width);
-    TB2.Move(0, kEdge, width, height);
-    ToolsTB.Height((height + 2 * kEdge) * kTwipsPerPixel);
+    const double beside = width - kProgressWidth - 2 * kGap;
+    if (beside > 0 && TB2.HeightFor(beside) == height) {
+        TB2.Move(0, kEdge, beside, height);
+        Pb.Move(beside + kGap, kEdge + (height - kProgressHeight) / 2, kProgressWidth, kProgressHeight);
+        ToolsTB.Height((height + 2 * kEdge) * kTwipsPerPixel);
+    } else {
+        TB2.Move(0, kEdge, width, height);
+        Pb.Move(kEdge, kEdge + height + kEdge, std::max(width - 2 * kEdge, 0.0), kLineHeight);
+        ToolsTB.Height((height + kLineHeight + 3 * kEdge) * kTwipsPerPixel);
+    }
 }
 
 } // namespace pintalux

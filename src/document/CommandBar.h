@@ -1,7 +1,9 @@
 // The tool bar `TB2` on its strip, which grows to as many rows as the buttons need: file and edit commands
-// (positions 1 to 10), then the tools (12 to 24).
+// (positions 1 to 10), then the tools (12 to 24). Beside or below the buttons stands the progress bar of the
+// long operations.
 #pragma once
 
+#include "surface/window/ProgressBar.h"
 #include "surface/window/Surface.h"
 #include "surface/window/ToolBar.h"
 
@@ -12,6 +14,7 @@ struct CommandBar {
 
     Surface ToolsTB;
     ToolBar TB2;
+    ProgressBar Pb;
 
   private:
     void Fit();

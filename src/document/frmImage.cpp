@@ -139,6 +139,8 @@ void FitImageWindow() {
     image.Image1.Width(image.PicMerge.Width());
     image.Image1.Height(image.PicMerge.Height());
     image.Image1.Picture(image.PicMerge.Image());
+    // Where the window need not shrink, nothing else takes back the centring of what was shown before.
+    if (image.PicBG.Top() > 0) image.PicBG.Top(0);
     if (image.WindowState() == kMaximised) return;
     const double width = image.PicBG.Width() * Screen.TwipsPerPixelX() + 120;
     const double height = image.PicBG.Height() * Screen.TwipsPerPixelY() + 520;

@@ -1,5 +1,6 @@
 // Mirrors an image. A flip twice gives the image back exactly.
 #include "imageops/ImgFiltMod.h"
+#include "imageops/Landing.h"
 #include "surface/raster/Transfer.h"
 #include "surface/window/Surface.h"
 
@@ -13,8 +14,7 @@ void FlipImage(Surface& destination, Surface& source, std::int16_t horizontal) {
     } else {
         destination.PaintPicture(source.Picture(), 0, 0, SW, SH, 0, SH, SW, -SH, SRCCOPY);
     }
-    destination.AutoSize(true);
-    destination.Picture(destination.Image());
+    LandOnDestination(destination);
 }
 
 } // namespace pintalux

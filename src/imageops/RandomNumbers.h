@@ -12,10 +12,13 @@ class RandomNumbers {
     explicit RandomNumbers(std::uint64_t seed = 0) : state_(seed) {}
     void Seed(std::uint64_t seed) { state_ = seed; }
 
-    /// The next number in the half-open range 0 to 1, in single precision: the upper 24 bits of a step.
-    float Next() {
+    /// The next number in the half-open range 0 to 1, in single precision.
+    float Next() { return static_cast<float>(NextBits()) * (1.0F / 16777216.0F); }
+
+    /// The same as a whole number of 24 bits, that is, times 2^24: the upper bits of a step.
+    std::uint32_t NextBits() {
         state_ += kStep;
-        return FloatOf(Mixed(state_));
+        return static_cast<std::uint32_t>(Mixed(state_) >> 40);
     }
 
     /// A generator that stands `count` numbers further on.
@@ -29,7 +32,6 @@ class RandomNumbers {
         z = (z ^ (z >> 27)) * 0x94D049BB133111EB;
         return z ^ (z >> 31);
     }
-    static float FloatOf(std::uint64_t bits) { return static_cast<float>(bits >> 40) * (1.0F / 16777216.0F); }
 
     std::uint64_t state_;
 };

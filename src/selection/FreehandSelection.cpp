@@ -5,6 +5,7 @@
 #include "tools/ImagePoint.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pintalux {
 
@@ -34,6 +35,7 @@ void UsePen(Surface& surface) {
 
 void FreeSelectPress(frmImage& image, double X, double Y) {
     image.FreeSelDrawing = 0;
+    image.pathOpen = true;
     image.PicMask.Width(image.PicMerge.Width());
     image.PicMask.Height(image.PicMerge.Height());
     image.Pic1BU.Picture(image.PicMerge.Image());
@@ -50,7 +52,7 @@ void FreeSelectPress(frmImage& image, double X, double Y) {
 }
 
 void FreeSelectMove(frmImage& image, double X, double Y) {
-    if (image.FreeSelDrawing == -1) return;
+    if (image.FreeSelDrawing == -1 || !image.pathOpen) return;
     const ImagePoint to = ImagePointAt(image, X, Y);
     image.FreeMinX = std::min(image.FreeMinX, to.x);
     image.FreeMinY = std::min(image.FreeMinY, to.y);
@@ -67,6 +69,8 @@ void FreeSelectRelease(frmImage& image, double /*X*/, double /*Y*/) {
         image.FreeSelDrawing = 0;
         return;
     }
+    // A drag that began with another tool has no path; the clean copy is not its own.
+    if (!std::exchange(image.pathOpen, false)) return;
     FreePasteActive = 0;
     DrawPath(image, image.sx, image.sy, image.FreeStartX, image.FreeStartY);
     image.MakeSelection();

@@ -261,8 +261,9 @@ TEST_F(CommandTest, ItemsStillToComeDoNothing) {
     NewDocument(10, 10);
     const DialogScript nothingShows;
     for (const MenuItem* item :
-         {&frmMain->mnuFlipH, &frmMain->mnuFiltBrow, &frmMain->mnuFilePrinterPrint, &frmMain->mnuFileAquire,
-          &frmMain->mnuEditPaste, &frmMain->mnuImageProperties}) {
+         {&frmMain->mnuFilePrinterPrint, &frmMain->mnuFileAquire, &frmMain->mnuFileTSelect,
+          &frmMain->mnuImageProperties, &frmMain->mnuResize, &frmMain->mnuAddBorders,
+          &frmMain->mnuBorderWiz}) {
         if (item->Click) Choose(*item);
     }
     EXPECT_EQ(ImageCount, 1);

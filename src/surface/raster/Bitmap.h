@@ -5,8 +5,9 @@
 // would make a dot on a 6000-pixel-wide image copy 24 KB a row; tiles keep a pen stroke's cost independent of
 // the image's size. Which tiles of two related bitmaps differ is known without looking at pixels.
 //
-// Threads: several may read one bitmap. Several may write disjoint boxes of one bitmap after `Detach` of the
-// whole area. Two bitmaps that share tiles count as independent.
+// Threads: several may read one bitmap. Several may write disjoint boxes of one bitmap after `Detach` or
+// `Overwrite` of the whole area, and different bands of it after `DetachTable`. Two bitmaps that share tiles
+// count as independent.
 #pragma once
 
 #include "surface/raster/Colour.h"
@@ -96,6 +97,16 @@ class Bitmap {
 
     /// Makes the tiles of a box this bitmap's own, so that threads may write disjoint rows of it.
     void Detach(const Box& box);
+
+    /// The same for a box that is written whole afterwards: what its tiles showed inside it is lost, so that
+    /// nothing is copied first. The tiles are made on all cores.
+    void Overwrite(const Box& box);
+
+    /// Makes the table of bands this bitmap's own, so that threads may write to boxes that have no band in
+    /// common; each detaches the tiles that it meets.
+    void DetachTable() {
+        if (!Empty()) OwnTable();
+    }
 
     /// This bitmap in another size: kept at the top left corner, `fill` where it grows.
     Bitmap Resized(int width, int height, Pixel fill) const;

@@ -1,0 +1,22 @@
+#include "imageops/ImgFiltMod.h"
+#include "imageops/Landing.h"
+#include "imageops/PixelTable.h"
+#include "imageops/RowLoop.h"
+#include "imageops/ShiftRun.h"
+#include "surface/window/Surface.h"
+
+namespace pintalux {
+
+void BrightnessFilter(Surface& work, Surface& live, std::int16_t& level, ProgressBar& Pb) {
+    const Box loop{0, 0, LoopEnd(work.ScaleWidth() - 1), LoopEnd(work.ScaleHeight() - 1)};
+    SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
+    const PixelTable Px = ReadPixels(work);
+    const Channels shift{level, level, level};
+    ForChannels(work, Px, loop, Mask::Honoured, Pb,
+                [&](int, int, int count, const ChannelRuns& p, ChannelRuns& computed) {
+                    ShiftRun(p, shift, count, computed);
+                });
+    Land(work, live, work);
+}
+
+} // namespace pintalux

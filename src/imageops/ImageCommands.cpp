@@ -1,0 +1,197 @@
+#include "imageops/ImageCommands.h"
+
+#include "document/frmImage.h"
+#include "document/Globals.h"
+#include "document/Workspace.h"
+#include "imageops/frmFiltBrow.h"
+#include "imageops/ImgFiltMod.h"
+#include "imageops/Scaffold.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/window/Events.h"
+#include "surface/window/ProgressBar.h"
+#include "surface/window/Screen.h"
+
+#include <algorithm>
+#include <span>
+#include <vector>
+
+namespace pintalux {
+
+namespace {
+
+constexpr std::int16_t kLeftRight = -1;
+constexpr std::int16_t kTopBottom = 0;
+
+// The copy that a flip or turn reads.
+void TakeSource(frmImage& image) {
+    image.picsource.Picture(image.PicMerge.Image());
+}
+
+// The window takes the size of the turned image, unless it is maximised.
+void FitTurnedWindow(frmImage& image) {
+    if (image.WindowState() == kMaximised) return;
+    const double width = image.PicMerge.ScaleWidth() * Screen.TwipsPerPixelX() + 120;
+    const double height = image.PicMerge.ScaleHeight() * Screen.TwipsPerPixelY() + 420;
+    image.Width(RulersOn ? image.LeftRuler.Width() + width : width);
+    image.Height(RulersOn ? image.TopRuler.Height() + height : height);
+}
+
+void Turn(double angle) {
+    frmImage& image = ActiveImage();
+    TakeSource(image);
+    RotateImage(image.picsource, image.PicMerge, angle);
+    // Intended: a turn shows the image pixel for pixel and leaves the zoom level alone, so that the whole of
+    // it is seen in its new shape; the next zoom goes on from the old level.
+    image.Image1.Height(image.PicMerge.ScaleHeight());
+    image.Image1.Width(image.PicMerge.ScaleWidth());
+    image.PicBG.Height(image.PicMerge.ScaleHeight());
+    image.PicBG.Width(image.PicMerge.ScaleWidth());
+    FitTurnedWindow(image);
+    image.Image1.Picture(image.PicMerge.Image());
+    image.Picsize();
+    image.drawrulers();
+    image.Backup();
+}
+
+void StepColour(Surface& work, Surface& live, std::int16_t mode) {
+    if (HasPixels(work)) ColourStep(work, live, mode, TheProgressBar());
+}
+
+void StepRectangle(frmImage& image, std::int16_t mode) {
+    TakePastedPlace(image);
+    const LoadedWork loaded(image, Target::Rectangle);
+    StepColour(image.SelHolder, image.PicSelect, mode);
+    DropRectangle(image, image.Selectwidth, image.Selectheight);
+    FinishOperation(image);
+}
+
+void StepWholeImage(frmImage& image, std::int16_t mode) {
+    const LoadedWork loaded(image, Target::WholeImage);
+    StepColour(image.picsource, image.PicMerge, mode);
+    FinishOperation(image);
+}
+
+// Takes the pixels of the piece over to the inside of the outline. Where the piece has no pixel the colour
+// is that of "outside", which draws as white.
+void TakeInside(Surface& outlined, const Surface& piece) {
+    const Bitmap from = piece.Image();
+    Bitmap& to = outlined.hDC().Bits();
+    std::vector<Pixel> inside(static_cast<std::size_t>(to.Width()));
+    std::vector<Pixel> stepped(inside.size(), PixelOf(kWhite));
+    const auto shared = static_cast<std::size_t>(std::min(to.Width(), from.Width()));
+    for (int y = 0; y < to.Height(); ++y) {
+        if (y < from.Height()) {
+            from.ReadRow(0, y, std::span(stepped).first(shared));
+        } else {
+            std::fill(stepped.begin(), stepped.end(), PixelOf(kWhite));
+        }
+        to.ReadRow(0, y, inside);
+        for (std::size_t x = 0; x < inside.size(); ++x)
+            inside[x] = inside[x] == PixelOf(MaskKeyColour) ? inside[x] : stepped[x];
+        to.WriteRow(0, y, inside);
+        TheProgressBar().Value(outlined.Width() * (y + 1) / to.Height());
+    }
+    outlined.hDC().Touched(to.Bounds());
+}
+
+// Intended: a colour step on a freehand piece lands what floats on the view, pixel for pixel, so that the
+// outline is exactly the one that was drawn. At another zoom than 1:1 the piece and its view differ in size,
+// and it comes out stretched.
+void StepFreehand(frmImage& image, std::int16_t mode) {
+    const LoadedWork loaded(image, Target::Freehand);
+    StepColour(image.SelHolder, image.PicSelect, mode);
+    TheProgressBar().Max(image.PicFreeSelect.Width());
+    TakeInside(image.PicFreeSelect, image.SelHolder);
+    DropFreehand(image, image.PicFreeSelect, image.PicFreeSelect.ScaleWidth(), image.SelHolder.ScaleHeight());
+    FinishOperation(image);
+}
+
+void StepActive(std::int16_t mode) {
+    frmImage& image = ActiveImage();
+    if (FreeSelActive != 0 && ChooseTarget(image) == Target::Freehand) {
+        StepFreehand(image, mode);
+    } else if (image.PicSelect.Visible()) {
+        StepRectangle(image, mode);
+    } else {
+        StepWholeImage(image, mode);
+    }
+}
+
+void Commit(frmImage& image, Target target) {
+    if (target == Target::Rectangle) DropRectangle(image, image.PicSelect.Width(), image.PicSelect.Height());
+    if (target == Target::Freehand)
+        DropFreehand(image, image.SelHolder, image.SelHolder.ScaleWidth(), image.SelHolder.ScaleHeight());
+    FinishOperation(image);
+}
+
+// What the filter browser shows, from its first entry on.
+void ShowBrowser(frmImage& image, Target target) {
+    {
+        const LoadedWork loaded(image, target);
+        frmFiltBrow->Startup(SurfacesOf(image, target).work);
+    }
+    frmFiltBrow->FiltList.ListIndex(0);
+    frmFiltBrow->ShowModal();
+}
+
+} // namespace
+
+void mnuFlipH_Click() {
+    frmImage& image = ActiveImage();
+    TakeSource(image);
+    FlipImage(image.PicMerge, image.picsource, kLeftRight);
+    FinishOperation(image);
+}
+
+void mnuFlipV_Click() {
+    frmImage& image = ActiveImage();
+    TakeSource(image);
+    FlipImage(image.PicMerge, image.picsource, kTopBottom);
+    FinishOperation(image);
+}
+
+void mnuRotate180_Click() {
+    frmImage& image = ActiveImage();
+    TakeSource(image);
+    FlipImage(image.PicMerge, image.picsource, kTopBottom);
+    TakeSource(image);
+    FlipImage(image.PicMerge, image.picsource, kLeftRight);
+    FinishOperation(image);
+}
+
+void mnuRotate90_Click() {
+    Turn(90.0);
+}
+
+void mnuRotate270_Click() {
+    Turn(270.0);
+}
+
+void mnuColInc_Click(int Index) {
+    StepActive(ToInt16(Index));
+}
+
+void mnuColRed_Click(int Index) {
+    constexpr int kFirstReduction = 3;
+    StepActive(AddInt16(Index, kFirstReduction));
+}
+
+void mnuFiltBrow_Click() {
+    frmImage& image = ActiveImage();
+    const Target target = ChooseTarget(image);
+    const MaskOnlyFreehand masked(target);
+    ShowBrowser(image, target);
+    if (FiltCancelled != 0) {
+        FiltCancelled = 0;
+        return;
+    }
+    DoEvents(); // The dialog leaves the screen before the pixels are worked on.
+    if (!image.Loaded()) return;
+    if (target == Target::Rectangle) TakePastedPlace(image);
+    const LoadedWork loaded(image, target);
+    const auto [work, live] = SurfacesOf(image, target);
+    if (HasPixels(work)) RunFilter(FiltIndex, work, live, FiltLevel, TheProgressBar());
+    Commit(image, target);
+}
+
+} // namespace pintalux

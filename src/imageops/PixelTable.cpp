@@ -1,0 +1,31 @@
+#include "imageops/PixelTable.h"
+
+#include "surface/window/Surface.h"
+
+#include <algorithm>
+
+namespace pintalux {
+
+const Pixel* PixelTable::Run(int x, int y, int count, Pixel* room) const {
+    if (pixels_.Holds(x, y)) {
+        const auto run = pixels_.Run(x, y);
+        if (run.size() >= static_cast<std::size_t>(count)) return run.data();
+    }
+    const Box there = Intersection({x, y, x + count, y + 1}, pixels_.Bounds());
+    if (there.Width() < count) std::fill_n(room, count, Pixel{0});
+    if (!there.Empty()) {
+        pixels_.ReadRow(there.left, y, {room + (there.left - x), static_cast<std::size_t>(there.Width())});
+    }
+    return room;
+}
+
+void PixelTable::Split(int x, int y, int count, ChannelRuns& out) const {
+    Room room;
+    SplitRun(Run(x, y, count, room.data()), count, out);
+}
+
+PixelTable ReadPixels(const Surface& surface) {
+    return PixelTable(surface.hDC().Bits());
+}
+
+} // namespace pintalux

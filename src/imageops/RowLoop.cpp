@@ -1,0 +1,104 @@
+#include "imageops/RowLoop.h"
+
+#include "document/Globals.h"
+#include "imageops/PixelTable.h"
+#include "surface/raster/Arithmetic.h"
+#include "surface/raster/Parallel.h"
+#include "surface/raster/StreamCopy.h"
+#include "surface/window/ProgressBar.h"
+#include "surface/window/Surface.h"
+
+#include <algorithm>
+
+namespace pintalux {
+
+namespace {
+
+constexpr int kChunkPixels = 1 << 21; // A few milliseconds of the slowest routine.
+
+/// Rows of a chunk: whole bands, so that none is begun twice.
+int ChunkRows(int width) {
+    const int bands = kChunkPixels / (width * Bitmap::kTileHeight);
+    return std::max(bands, 2) * Bitmap::kTileHeight;
+}
+
+} // namespace
+
+int LoopEnd(double last) {
+    return AddInt16(ToInt16(last), 1);
+}
+
+void SetProgressMax(ProgressBar& Pb, double max) {
+    Pb.Max(std::max(0.0, max));
+}
+
+void ForRows(Surface& surface, const Box& box, ProgressBar& Pb, Cores cores,
+             const std::function<void(int top, int bottom)>& rows) {
+    Bitmap& bits = surface.hDC().Bits();
+    const Box area = Intersection(box, bits.Bounds());
+    for (int top = area.top; top < area.bottom;) {
+        const int chunk = ChunkRows(area.Width());
+        const int bottom = std::min(area.bottom, top - top % Bitmap::kTileHeight + chunk);
+        bits.Overwrite({area.left, top, area.right, bottom});
+        const auto part = [&](int begin, int end) {
+            rows(top + begin, top + end);
+            FinishStreaming();
+        };
+        if (cores == Cores::All) {
+            SplitOverCores(bottom - top, part);
+        } else {
+            part(0, bottom - top);
+        }
+        Pb.Value(Pb.Max() * (bottom - area.top) / area.Height());
+        top = bottom;
+    }
+    surface.hDC().Touched(area);
+    Pb.Value(0);
+}
+
+void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels) {
+    while (!pixels.empty()) {
+        const auto run = bits.WritableRun(x, y);
+        const std::size_t count = std::min(run.size(), pixels.size());
+        StreamCopy(run.data(), pixels.data(), count);
+        pixels = pixels.subspan(count);
+        x += static_cast<int>(count);
+    }
+}
+
+void KeepMasked(const PixelTable& Px, int x, int y, int count, Pixel* out) {
+    PixelTable::Room room;
+    const Pixel* before = Px.Run(x, y, count, room.data());
+    for (int i = 0; i < count; ++i)
+        out[i] = before[i] == MaskKeyColour ? before[i] : out[i];
+}
+
+void ForPixels(Surface& surface, const Box& box, ProgressBar& Pb, const MakePixels& make) {
+    Bitmap& bits = surface.hDC().Bits();
+    const int right = std::min(box.right, bits.Width());
+    ForRows(surface, box, Pb, Cores::All, [&](int top, int bottom) {
+        alignas(64) PixelTable::Room out;
+        for (int y = top; y < bottom; ++y) {
+            for (int x = box.left; x < right;) {
+                const int count = std::min(static_cast<int>(bits.Run(x, y).size()), right - x);
+                make(x, y, count, out.data());
+                StreamRow(bits, x, y, {out.data(), static_cast<std::size_t>(count)});
+                x += count;
+            }
+        }
+    });
+}
+
+void ForChannels(Surface& work, const PixelTable& Px, const Box& box, Mask mask, ProgressBar& Pb,
+                 const MakeChannels& make) {
+    const bool masked = mask == Mask::Honoured && FreeSelActive == -1;
+    ForPixels(work, box, Pb, [&](int x, int y, int count, Pixel* out) {
+        ChannelRuns split, computed;
+        Px.Split(x, y, count, split);
+        make(x, y, count, split, computed);
+        ComposeRun(computed, count, out);
+        if (masked) KeepMasked(Px, x, y, count, out);
+    });
+}
+
+} // namespace pintalux

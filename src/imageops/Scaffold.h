@@ -1,0 +1,86 @@
+// What all image operations share around their pixel routine.
+//
+// The road of one: `ChooseTarget`; a `LoadedWork` takes a copy of the pixels; the dialog, if there is one;
+// the pixel routine, which lands its result on the work and the live surface; `DropRectangle` or
+// `DropFreehand` for a selection; `FinishOperation`, which shows the image and takes the one undo state.
+// Nothing is caught on the way: an error stops the program, with every document safe on a disk.
+#pragma once
+
+#include <cstdint>
+
+namespace pintalux {
+
+class frmImage;
+class ProgressBar;
+class Surface;
+
+enum class Target {
+    Rectangle,  ///< `PicSelect` floats: worked on there, the live surface is `SelHolder`.
+    Freehand,   ///< `PicFreeSelect` floats: the same two surfaces.
+    WholeImage, ///< Worked on in `picsource`; the live surface is `PicMerge`.
+};
+
+/// What floats decides, the rectangle before the freehand piece.
+Target ChooseTarget(const frmImage& image);
+
+/// The surfaces that a pixel routine gets.
+struct WorkSurfaces {
+    Surface& work;
+    Surface& live;
+};
+WorkSurfaces SurfacesOf(frmImage& image, Target target);
+
+/// False for a surface without extent, such as a selection drawn along a line: no routine can run over it.
+bool HasPixels(const Surface& surface);
+
+/// The progress bar of the main window.
+ProgressBar& TheProgressBar();
+
+/// While it lives, the work surface of a target holds a copy of the live one, in the copy's own size whatever
+/// the zoom. For a selection the document's window is not repainted meanwhile; at the end `PicSelect` has the
+/// size back that it has on the view.
+class LoadedWork {
+  public:
+    LoadedWork(frmImage& image, Target target);
+    ~LoadedWork();
+    LoadedWork(const LoadedWork&) = delete;
+    LoadedWork& operator=(const LoadedWork&) = delete;
+
+  private:
+    void ShowAgain() const;
+
+    frmImage& image_;
+    Target target_;
+    double viewWidth_, viewHeight_;
+    bool locked_ = false;
+};
+
+/// While it lives, only a freehand piece is masked: for the other targets `FreeSelActive` is 0. The flag
+/// outlives its piece, since it also says what the next paste lands; a filter on the whole image must not
+/// leave pixels out for that.
+class MaskOnlyFreehand {
+  public:
+    explicit MaskOnlyFreehand(Target target);
+    ~MaskOnlyFreehand();
+    MaskOnlyFreehand(const MaskOnlyFreehand&) = delete;
+    MaskOnlyFreehand& operator=(const MaskOnlyFreehand&) = delete;
+
+  private:
+    Target target_;
+    std::int16_t kept_;
+};
+
+/// Where a pasted piece floats that was never dragged: its place on the view becomes that of the selection.
+void TakePastedPlace(frmImage& image);
+
+/// Drops `width` by `height` pixels of `SelHolder` onto the image, where the selection is; it ends.
+void DropRectangle(frmImage& image, double width, double height);
+
+/// Drops `width` by `height` pixels of `piece` onto the clean image, where `PicFreeSelect` floats, without
+/// the pixels of `MaskKeyColour`; the selection ends.
+void DropFreehand(frmImage& image, const Surface& piece, double width, double height);
+
+/// Shows the image and records one undo state.
+void FinishOperation(frmImage& image);
+
+} // namespace pintalux

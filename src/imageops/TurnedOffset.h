@@ -1,0 +1,39 @@
+// Where a turn fetches the pixels at distances i and j from the centre.
+#pragma once
+
+#include "surface/raster/Arithmetic.h"
+
+#include <cmath>
+
+namespace pintalux {
+
+/// Right and down from the centre of the source.
+struct Offset {
+    int u = 0;
+    int v = 0;
+    bool operator==(const Offset&) const = default;
+};
+
+/// The angle, in radians, that a turn by `degrees` computes with.
+inline double RadiansOf(double degrees) {
+    return (360 - degrees) * (3.14159265358979 / 180);
+}
+
+/// The polar mapping of the distances i right and j down, 0 or more, by `angle` in radians. The radius is a
+/// whole number.
+inline Offset TurnedOffset(int i, int j, double angle) {
+    const double a = i == 0 ? 0.0 : std::atan(static_cast<double>(j) / i);
+    const double x = i;
+    const double y = j;
+    const int r = ToInt16(std::sqrt(x * x + y * y));
+    return {ToInt16(r * std::cos(a + angle)), ToInt16(r * std::sin(a + angle))};
+}
+
+/// The same for 90 degrees (`sign` 1) and 270 (-1), for i and j up to 16383. The sine and cosine of a are j
+/// and i over the unrounded radius R, and r lies less than 1/2 from R: so u is r * j / R = j + (r - R) * j /
+/// R, which rounds to j, and v likewise to i. A test holds this against the formula for every i and j.
+constexpr Offset RightAngleOffset(int i, int j, int sign) {
+    return i == 0 ? Offset{0, -sign * j} : Offset{sign * j, -sign * i};
+}
+
+} // namespace pintalux

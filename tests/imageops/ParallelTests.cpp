@@ -1,0 +1,132 @@
+// Large images: the routines work on them in chunks of rows and over the cores, which nobody may see.
+#include "document/Globals.h"
+#include "imageops/ImgFiltMod.h"
+#include "imageops/RandomNumbers.h"
+#include "support/Pictures.h"
+#include "surface/window/Form.h"
+#include "surface/window/ProgressBar.h"
+#include "surface/window/Surface.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace pintalux {
+namespace {
+
+constexpr int kWidth = 1500; // Wide enough for several chunks below each other.
+constexpr int kHeight = 4300;
+
+class PlainWindow : public Form {
+  public:
+    PlainWindow() : Form("parallel", Kind::Window) { ScaleMode(kScalePixels); }
+
+  protected:
+    void Form_Load() override {}
+};
+
+using Routine = std::function<void(Surface& work, Surface& live, ProgressBar& Pb)>;
+
+struct Case {
+    std::string name;
+    Routine run;
+    double max; ///< What `Pb.Max` is for the large image.
+    int reach;  ///< Rows above and below that a pixel depends on.
+};
+
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << c.name;
+}
+
+std::int16_t fixedLevel = 0;
+
+Routine WithLevel(void (*filter)(Surface&, Surface&, ProgressBar&, std::int16_t&), std::int16_t level) {
+    return [=](Surface& work, Surface& live, ProgressBar& Pb) {
+        fixedLevel = level;
+        filter(work, live, Pb, fixedLevel);
+        EXPECT_EQ(fixedLevel, level);
+    };
+}
+
+class LargeImage : public testing::TestWithParam<Case> {
+  protected:
+    void TearDown() override {
+        FreeSelActive = 0;
+        TheRandomNumbers.Seed(0);
+    }
+
+    /// What the routine makes of a picture, with the random numbers that stand `ahead` further on.
+    Picture Result(const Picture& picture, std::uint64_t ahead) {
+        PlainWindow window;
+        Surface work(window, "work"), live(window, "live");
+        ProgressBar Pb(window, "Pb");
+        for (Surface* surface : {&work, &live}) {
+            surface->AutoSize(true);
+            surface->Picture(picture);
+        }
+        TheRandomNumbers = RandomNumbers(0).Ahead(ahead);
+        GetParam().run(work, live, Pb);
+        EXPECT_EQ(Pb.Value(), 0);
+        if (picture.Height() == kHeight) {
+            EXPECT_EQ(Pb.Max(), GetParam().max);
+        }
+        EXPECT_TRUE(work.Image() == live.Image());
+        return live.Image();
+    }
+
+    static Picture Rows(const Picture& picture, int top, int bottom) {
+        Picture rows(picture.Width(), bottom - top, 0);
+        rows.Copy(0, 0, picture, {0, top, picture.Width(), bottom});
+        return rows;
+    }
+
+    void ExpectNoSeams() {
+        const Picture picture = RandomPicture(kWidth, kHeight, 5);
+        const Picture whole = Result(picture, 0);
+        const int reach = GetParam().reach;
+        constexpr int kRows = 150;
+        for (int top = 0; top + kRows <= kHeight; top += kRows - 2 * reach) {
+            const auto ahead = std::uint64_t{2} * (kWidth - 3) * static_cast<std::uint64_t>(top);
+            const Picture part = Result(Rows(picture, top, top + kRows), ahead);
+            const int first = top == 0 ? 0 : reach;
+            ASSERT_TRUE(ExpectSamePixels(Rows(part, first, kRows - reach),
+                                         Rows(whole, top + first, top + kRows - reach)))
+                << "from row " << top;
+        }
+    }
+};
+
+TEST_P(LargeImage, HasNoSeams) {
+    ExpectNoSeams();
+}
+
+TEST_P(LargeImage, HasNoSeamsUnderTheMask) {
+    // A scattered pixel asks for the mask elsewhere, so that its rows do not stand for themselves.
+    if (GetParam().name == "Scatter") return;
+    FreeSelActive = -1;
+    ExpectNoSeams();
+}
+
+INSTANTIATE_TEST_SUITE_P(Routines, LargeImage,
+                         testing::Values(Case{"Sharpen", WithLevel(SharpenFilter, 7), 2998, 1},
+                                         Case{"Soften", WithLevel(SoftenFilter, 10), 2989, 10},
+                                         Case{"Emboss", WithLevel(EmbossFilter, 130), 2998, 1},
+                                         Case{"Outline", WithLevel(OutlineFilter, 120), 1499, 1},
+                                         Case{"Scatter", WithLevel(ScatterFilter, 9), kHeight - 3, 12},
+                                         Case{"Grey", GreyFilter, 2998, 0},
+                                         Case{"Brightness",
+                                              [](Surface& work, Surface& live, ProgressBar& Pb) {
+                                                  std::int16_t level = -60;
+                                                  BrightnessFilter(work, live, level, Pb);
+                                              },
+                                              2998, 0},
+                                         Case{"ColourStep",
+                                              [](Surface& work, Surface& live, ProgressBar& Pb) {
+                                                  std::int16_t mode = 4;
+                                                  ColourStep(work, live, mode, Pb);
+                                              },
+                                              2998, 0}),
+                         [](const auto& tested) { return tested.param.name; });
+
+} // namespace
+} // namespace pintalux
