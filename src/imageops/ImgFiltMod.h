@@ -67,8 +67,9 @@ void ColourStep(Surface& work, Surface& live, std::int16_t& mode, ProgressBar& P
 /// -1 mirrors left to right, anything else top to bottom.
 void FlipImage(Surface& destination, Surface& source, std::int16_t horizontal);
 
-/// Turns by `angle` degrees (in practice 90 or 270) over a polar mapping with whole radii; its jaggedness is
-/// intended. `angle` holds radians afterwards. Error 6 where the longer side exceeds 32769.
+/// Turns by `angle` degrees (in practice 90 or 270) over a polar mapping with whole radii, about the pixel in
+/// the middle; where it leaves a hole, the background shows. `angle` holds radians afterwards. Error 6 where
+/// the longer side exceeds 32769.
 void RotateImage(Surface& source, Surface& destination, double& angle);
 
 } // namespace pintalux

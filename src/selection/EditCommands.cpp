@@ -29,11 +29,9 @@ void EndRectangle(frmImage& image) {
     EnableCutAndCopy(false);
 }
 
-// The image without the piece and without a trace of its path; a hole that was cut stays. Where no piece floats
-// the clean copy may be older than the image and is left alone.
+// The image without the piece and without a trace of its path; a hole that was cut stays.
 void EndFreehand(frmImage& image) {
     EnableCutAndCopy(false);
-    if (!image.PicFreeSelect.Visible()) return;
     image.PicFreeSelect.Visible(false);
     image.PicMerge.Picture(image.Pic1BU.Image());
     image.PicMerge.Refresh();
@@ -65,7 +63,6 @@ void LandRectangle(frmImage& image) {
     image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
     image.SelectImage.Picture(image.SelHolder.Image());
     image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
-    image.PicSelect.Visible(true);
 }
 
 // At 1:1 the bitmap itself is clipped; at other zooms its enlarged or reduced copy.
@@ -96,7 +93,6 @@ void LandFreehand(frmImage& image) {
     // corner, where it lies exactly over what it may have been copied from.
     if (image.VS.Visible()) image.PicFreeSelect.Top(image.VS.Value());
     if (image.HS.Visible()) image.PicFreeSelect.Left(image.HS.Value());
-    image.PicFreeSelect.Visible(true);
 }
 
 // The window takes no input meanwhile and shows that it works.
@@ -117,11 +113,37 @@ class Busy {
     Form& form_;
 };
 
+void Land(frmImage& image) {
+    const Busy busy(image);
+    PasteFloating = -1;
+    // Intended: the slot that is read is the one after the newest entry, unless one was clicked; a shape that
+    // stands already is kept by a slot without one.
+    if (TheClipTray->PicClip(TheClipTray->SelectedClip).Tag() == "free") FreeSelActive = -1;
+    if (FreeSelActive == 0) {
+        LandRectangle(image);
+    } else {
+        LandFreehand(image);
+    }
+}
+
+bool SomethingFloats(const frmImage& image) {
+    return image.PicSelect.Visible() || image.PicFreeSelect.Visible();
+}
+
+// A click in the tray may have changed the flag over the head of what floats; the clean copy of a path that
+// is long gone must not come back then.
+bool FreehandFloats(const frmImage& image) {
+    return image.PicFreeSelect.Visible() && (FreeSelActive != 0 || !image.PicSelect.Visible());
+}
+
 } // namespace
 
+// The commands may be on for another document, or after a path that enclosed nothing: what the clipboard
+// holds must not be lost to an empty piece.
 void mnuEditCopy_Click() {
     frmImage& image = ActiveImage();
-    if (FreeSelActive != 0) {
+    if (!SomethingFloats(image)) return EnableCutAndCopy(false);
+    if (FreehandFloats(image)) {
         Clipboard.SetData(image.SelHolder.Image());
         EndFreehand(image);
         return;
@@ -133,7 +155,8 @@ void mnuEditCopy_Click() {
 
 void mnuEditCut_Click() {
     frmImage& image = ActiveImage();
-    if (FreeSelActive != 0) {
+    if (!SomethingFloats(image)) return EnableCutAndCopy(false);
+    if (FreehandFloats(image)) {
         // Intended: the piece goes as it is seen, at the size of the zoom, where a copy has the image's own
         // pixels; what is cut can so be enlarged.
         Clipboard.SetData(image.PicFreeSelect.Image());
@@ -145,16 +168,9 @@ void mnuEditCut_Click() {
 
 void mnuEditPaste_Click() {
     frmImage& image = ActiveImage();
-    const Busy busy(image);
-    PasteFloating = -1;
-    // Intended: the slot that is read is the one after the newest entry, unless one was clicked; a shape that
-    // stands already is kept by a slot without one.
-    if (TheClipTray->PicClip(TheClipTray->SelectedClip).Tag() == "free") FreeSelActive = -1;
-    if (FreeSelActive == 0) {
-        LandRectangle(image);
-    } else {
-        LandFreehand(image);
-    }
+    Land(image);
+    // Shown when the window takes input again, so that the piece has its own pointer shape at once.
+    (FreeSelActive == 0 ? image.PicSelect : image.PicFreeSelect).Visible(true);
 }
 
 void mnuEditPasteNew_Click() {
@@ -170,8 +186,7 @@ void mnuEditPasteNew_Click() {
 
 void PasteFromBar() {
     frmImage& image = ActiveImage();
-    if (image.PicSelect.Visible() || image.PicFreeSelect.Visible() || image.lbltext.Visible())
-        image.NeedtoPaste();
+    if (SomethingFloats(image) || image.lbltext.Visible()) image.NeedtoPaste();
     mnuEditPaste_Click();
 }
 

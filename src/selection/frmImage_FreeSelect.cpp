@@ -83,7 +83,6 @@ void Lift(frmImage& image) {
     ShowMerge(image);
     image.PicMerge.Picture(clean);
     image.ShapeMe(MaskKeyColour, true, shown);
-    shown.Visible(true);
     image.FreeMinX = image.FreeMinY = image.FreeMaxX = image.FreeMaxY = 0;
 }
 
@@ -92,7 +91,8 @@ void Lift(frmImage& image) {
 void frmImage::MakeSelection() {
     MousePointer(kPointerHourglass);
     Enabled(false);
-    if (FreeMaxX != FreeMinX && FreeMaxY != FreeMinY) {
+    const bool encloses = FreeMaxX != FreeMinX && FreeMaxY != FreeMinY;
+    if (encloses) {
         Lift(*this);
     } else {
         // A straight line encloses nothing and leaves no trace.
@@ -101,6 +101,8 @@ void frmImage::MakeSelection() {
     }
     MousePointer(kPointerDefault);
     Enabled(true);
+    // Not before: shown in a window that takes no input, the piece would not get its own pointer shape.
+    if (encloses) PicFreeSelect.Visible(true);
 }
 
 } // namespace pintalux

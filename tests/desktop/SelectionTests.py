@@ -103,6 +103,17 @@ def with_inverted(picture, points):
     return result
 
 
+def edge_of(piece):
+    """The pixels of a piece that have one beside them which is not seen."""
+    height, width = len(piece), len(piece[0])
+
+    def seen(x, y):
+        return 0 <= x < width and 0 <= y < height and piece[y][x] is not None
+
+    return {(x, y) for y in range(height) for x in range(width)
+            if seen(x, y) and not (seen(x - 1, y) and seen(x + 1, y) and seen(x, y - 1) and seen(x, y + 1))}
+
+
 def opposite(colour):
     return tuple(255 - value for value in colour)
 
@@ -161,14 +172,15 @@ class Easel:
         if self.floating:
             width, height = self.shown_size()
             left, top = self.floating.left, self.floating.top
-            view = laid(view, stretched(self.floating.piece, width, height), left, top)
-            if not self.floating.is_shape:
-                border = {(x, y) for x, y in model.box(left, top, left + width - 1, top + height - 1)
-                          if 0 <= x < view.width and 0 <= y < view.height}
+            shown = stretched(self.floating.piece, width, height)
+            view = laid(view, shown, left, top)
+            edge = ({(left + x, top + y) for x, y in edge_of(shown)} if self.floating.is_shape
+                    else model.box(left, top, left + width - 1, top + height - 1))
+            border = {(x, y) for x, y in edge if 0 <= x < view.width and 0 <= y < view.height}
         wait_for(lambda: self.is_seen(view, border), f"{what} is seen at {self.factor}", seconds=8)
 
     def is_seen(self, view, border):
-        """A rectangle's border is dotted in the opposite colours; all else is as told."""
+        """The border of what floats is dotted in the opposite colours; all else is as told."""
         first = 3 * self.left
         rows = self.desktop.photograph().rows[self.top:self.top + view.height]
         seen = Picture(view.width, view.height, [row[first:first + 3 * view.width] for row in rows])

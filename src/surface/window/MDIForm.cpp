@@ -12,6 +12,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -58,6 +59,7 @@ void TranslateSystemMenu(QMdiSubWindow& window) {
 MDIForm::MDIForm(std::string name)
     : Form(std::move(name), Kind::Main), mdi_(std::make_unique<MDINative>(*this)) {
     mdi_->MakeWindow();
+    mdi_->ConnectKeys();
 }
 
 MDIForm::~MDIForm() {
@@ -155,7 +157,11 @@ void MDIForm::WindowListMenu(MenuItem& menu) {
 void MDINative::Activate(Form& child) {
     if (area) {
         switching = true;
-        area->setActiveSubWindow(FormNative::Of(child).SubWindow());
+        QMdiSubWindow* window = FormNative::Of(child).SubWindow();
+        area->setActiveSubWindow(window);
+        // Behind a dialog the main window only notes who has the focus: without this the document before
+        // would have it again, and the front place, as soon as the dialog has gone.
+        if (window && !area->isActiveWindow()) window->setFocus(Qt::OtherFocusReason);
         switching = false;
     }
     if (active == &child || closing) return;
@@ -193,6 +199,16 @@ void MDINative::TakeOut(Form& child) {
     if (left.empty()) return;
     if (maximised) left.back()->WindowState(kMaximised);
     RunEvent(EventKind::Ordinary, [&] { Activate(*left.back()); });
+}
+
+// Ctrl+Tab and Ctrl+F6, with Shift backwards, wherever the focus is.
+void MDINative::ConnectKeys() {
+    const auto connect = [this](QKeySequence::StandardKey key, void (QMdiArea::*step)()) {
+        auto* shortcut = new QShortcut(key, Window());
+        QObject::connect(shortcut, &QShortcut::activated, area, step);
+    };
+    connect(QKeySequence::NextChild, &QMdiArea::activateNextSubWindow);
+    connect(QKeySequence::PreviousChild, &QMdiArea::activatePreviousSubWindow);
 }
 
 QPoint MDINative::NextPlace() {

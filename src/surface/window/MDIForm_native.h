@@ -40,6 +40,7 @@ struct MDINative {
     /// Takes an unloaded document window off the screen; the one that was active before follows it.
     void TakeOut(Form& child);
     void ActivatedByToolkit(const QWidget* window);
+    void ConnectKeys();
     QPoint NextPlace();
 
     /// Gives panels and area their places; a panel whose size changed hears of it, but for the one just

@@ -4,6 +4,7 @@
 #include "surface/window/Control_native.h"
 #include "surface/window/Surface_native.h"
 
+#include <QPaintEngine>
 #include <QPainter>
 
 #include <algorithm>
@@ -164,10 +165,27 @@ void SurfaceNative::Paint(const Bitmap& bitmap, QPaintEvent& event, Colour backC
     pending = {};
     const QSize size(bitmap.Width(), bitmap.Height());
     PaintBitmap(*widget, event.region(), bitmap, size, ToQColor(backColor));
+    if (!edge.isEmpty()) PaintEdge(event.region());
     if (borderStyle == 0) return;
     QPainter painter(widget);
     painter.setPen(QColor(0x80, 0x80, 0x80));
     painter.drawRect(widget->rect().adjusted(0, 0, -1, -1));
+}
+
+// Dots in the opposite colours, as around a rectangle: a piece that lies where it came from could not be seen
+// otherwise.
+void SurfaceNative::PaintEdge(const QRegion& exposed) {
+    constexpr int kDot = 2;
+    QPainter painter(widget);
+    const bool inverts = painter.paintEngine()->hasFeature(QPaintEngine::RasterOpModes);
+    if (inverts) painter.setCompositionMode(QPainter::RasterOp_NotDestination);
+    for (const QRect& rect : edge& exposed) {
+        for (int y = rect.top(); y <= rect.bottom(); ++y)
+            for (int x = rect.left(); x <= rect.right(); ++x) {
+                const bool dark = (x + y) / kDot % 2 == 0;
+                if (dark || !inverts) painter.fillRect(x, y, 1, 1, dark ? Qt::black : Qt::white);
+            }
+    }
 }
 
 void SurfaceNative::TakePlace(Surface& surface, const QRect& place) {
@@ -183,6 +201,10 @@ void SetWindowRgn(Surface& surface, const Region& region) {
         rects.push_back(ToQRect(box));
     QRegion shown;
     shown.setRects(rects.data(), static_cast<int>(rects.size()));
+    const QRegion inner = shown & shown.translated(1, 0) & shown.translated(-1, 0) & shown.translated(0, 1) &
+                          shown.translated(0, -1);
+    SurfaceNative::Of(surface).edge = shown - inner;
+    widget->update();
     // The toolkit takes an empty mask for none; one outside the widget hides it.
     widget->setMask(shown.isEmpty() ? QRegion(-1, -1, 1, 1) : shown);
 }
