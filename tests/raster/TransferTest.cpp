@@ -257,6 +257,27 @@ TEST(StretchForScreen, MatchesTheSlowTwinAtEveryZoom) {
     }
 }
 
+TEST(StretchForScreen, LargeReductionMatchesTheSlowTwin) {
+    // Large enough to be split over the cores; the second repeats image rows, the last skips whole bands.
+    const Bitmap source = RandomPicture(2100, 700, 10);
+    const std::vector<std::pair<int, int>> sizes{{525, 310}, {700, 1500}, {1049, 233}, {350, 400}, {30, 11}};
+    for (const auto& [width, height] : sizes) {
+        SCOPED_TRACE(testing::Message() << width << " x " << height);
+        const Box visible{3, 1, width, height};
+        std::vector<std::uint32_t> out(static_cast<std::size_t>(visible.Width()) *
+                                       static_cast<std::size_t>(visible.Height()));
+        StretchForScreen(source, width, height, visible, out.data(), visible.Width());
+        std::size_t i = 0;
+        for (int y = visible.top; y < height; ++y) {
+            for (int x = visible.left; x < width; ++x) {
+                const Pixel p = source.At(SlowCell(x, 2100, width), SlowCell(y, 700, height));
+                ASSERT_EQ(out[i++], 0xFF000000 + (p % 256) * 65536 + p / 256 % 256 * 256 + p / 65536)
+                    << x << ", " << y;
+            }
+        }
+    }
+}
+
 TEST(StretchForScreen, EmptyPictureLeavesTheScreenAlone) {
     std::uint32_t pixel = 7;
     StretchForScreen(Bitmap(), 1, 1, {0, 0, 1, 1}, &pixel, 1);

@@ -2,8 +2,10 @@
 #include "surface/raster/Transfer.h"
 #include "window/WindowTest.h"
 
+#include <QBackingStore>
 #include <QImage>
 #include <QPaintEvent>
+#include <QScreen>
 #include <QWindow>
 
 namespace pintalux {
@@ -14,11 +16,45 @@ class PaintedArea : public QObject {
   public:
     explicit PaintedArea(QWidget* widget) : QObject(widget) { widget->installEventFilter(this); }
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+        if (event->type() != QEvent::Paint) return false;
+        for (const QRect& rect : static_cast<QPaintEvent*>(event)->region()) {
+            region += rect;
+            pixels += rect.width() * rect.height();
+        }
         return false;
     }
     QRegion region;
+    int pixels = 0; ///< Those painted twice count twice.
 };
+
+/// What stands on the screen, with nothing painted for the occasion; in logical pixels.
+QImage OnScreen() {
+    const QWidget* window = FindWidget("plain");
+    QImage shot;
+    if (QGuiApplication::platformName() == "offscreen") {
+        // No screen at all: the memory behind the window is what one would show.
+        const auto* memory = static_cast<const QImage*>(window->backingStore()->paintDevice());
+        shot = memory->copy(QRect(QPoint(0, 0), window->size() * window->devicePixelRatio()));
+    } else {
+        shot = window->screen()->grabWindow(window->winId()).toImage();
+    }
+    return shot.scaled(window->size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
+}
+
+QRgb Screened(Pixel pixel) {
+    return qRgb(static_cast<int>(pixel & 0xFF), static_cast<int>(pixel >> 8 & 0xFF),
+                static_cast<int>(pixel >> 16));
+}
+
+/// No two neighbours alike, and all three channels in use.
+Picture Patterned(int width, int height) {
+    Picture picture(width, height, 0);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            picture.Set(x, y, static_cast<Pixel>(x * 0x1F3 + y * 0x10B57) & 0xFFFFFF);
+    }
+    return picture;
+}
 
 class DisplayTest : public testing::Test {
   protected:
@@ -95,6 +131,122 @@ TEST_F(DisplayTest, MagnifiedDifferenceIsPaintedWhole) {
             const Pixel expected = picture.At(StretchedCell(x, 60, 599), StretchedCell(y, 50, 499));
             const QRgb actual = shown.pixel(x, y);
             ASSERT_EQ(static_cast<Pixel>(qRed(actual)) | static_cast<Pixel>(qGreen(actual)) << 8, expected);
+        }
+    }
+}
+
+TEST_F(DisplayTest, ScreenShowsEachPixelOfTheStretchedPicture) {
+    panel.Move(4 * 15, 3 * 15, 600 * 15, 500 * 15); // where a slip of the widget's place would show
+    display.Move(-7, -9, 600, 480);
+    for (const int width : {2400, 1201, 600, 150}) {
+        SCOPED_TRACE(width);
+        const int height = width * 4 / 5;
+        const Picture picture = Patterned(width, height);
+        display.Picture(picture);
+        Show();
+        display.Refresh();
+        const QImage shown = OnScreen();
+        for (int y = 0; y < 480 - 9; ++y) {
+            for (int x = 0; x < 600 - 7; ++x) {
+                const Pixel expected =
+                    picture.At(StretchedCell(x + 7, width, 600), StretchedCell(y + 9, height, 480));
+                ASSERT_EQ(shown.pixel(x + 4, y + 3), Screened(expected)) << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST_F(DisplayTest, RepaintLeavesAloneWhatLiesOverTheDisplay) {
+    Surface over(panel, "over");
+    over.BackColor(0x00FFFF);
+    over.Move(100, 50, 200, 100);
+    over.BringToFront();
+    line.DrawMode(kDrawInvert);
+    line.X1(0);
+    line.Y1(200);
+    line.X2(400);
+    line.Y2(200);
+    line.Visible(true);
+    line.BringToFront();
+    display.Picture(Picture(600, 500, 0));
+    Show();
+    display.Picture(Picture(600, 500, 0xFFFFFF));
+    display.Refresh();
+    const QImage shown = OnScreen();
+    QImage expected(600, 500, QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    for (int y = 50; y < 150; ++y) {
+        for (int x = 100; x < 300; ++x)
+            expected.setPixel(x, y, Screened(0x00FFFF));
+    }
+    int dots = 0;
+    for (int y = 0; y < 500; ++y) {
+        for (int x = 0; x < 600; ++x) {
+            if (y == 200 && x <= 400) {
+                dots += shown.pixel(x, y) == 0xFF000000u;
+            } else {
+                ASSERT_EQ(shown.pixel(x, y), expected.pixel(x, y)) << x << ", " << y;
+            }
+        }
+    }
+    EXPECT_NEAR(dots, 200, 10);
+}
+
+TEST_F(DisplayTest, RepaintKeepsToTheShapeOfItsWindow) {
+    // A ragged cut of more rectangles than are painted one by one.
+    Surface piece(panel, "piece");
+    piece.Move(0, 0, 600, 300);
+    piece.BringToFront();
+    display.Picture(Picture(600, 500, 0x0000FF));
+    for (const int teeth : {20, 140}) {
+        SCOPED_TRACE(teeth);
+        Region ragged = CreateRectRgn(0, 0, 600, 1);
+        for (int tooth = 0; tooth < teeth; ++tooth) {
+            Region row = CreateRectRgn(0, 2 * tooth, 100 + tooth, 2 * tooth + 1);
+            CombineRgn(ragged, ragged, row, RGN_OR);
+        }
+        SetWindowRgn(piece, ragged);
+        Show();
+        piece.BackColor(0xFF0000 + static_cast<Colour>(teeth));
+        piece.Control::Refresh();
+        const QImage shown = OnScreen();
+        for (int y = 0; y < 2 * teeth; ++y) {
+            const int end = y == 0 ? 600 : y % 2 == 0 ? 100 + y / 2 : 0;
+            for (int x = 0; x < 600; x += 3) {
+                const Pixel pixel = x < end ? 0xFF0000 + static_cast<Pixel>(teeth) : 0x0000FF;
+                ASSERT_EQ(shown.pixel(x, y), Screened(pixel)) << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST_F(DisplayTest, ScrollingPaintsNoMoreThanTheViewport) {
+    panel.Visible(false);
+    Surface frame(form, "frame");
+    frame.Move(0, 0, 200 * 15, 150 * 15);
+    Surface back(frame, "back");
+    back.Move(0, 0, 1000, 800);
+    Display view(back, "view");
+    view.Move(0, 0, 1000, 800);
+    LineControl preview(back, "preview");
+    preview.BringToFront();
+    const Picture picture = Patterned(1000, 800);
+    view.Picture(picture);
+    Show();
+    PaintedArea painted(FindWidget("view"));
+    PaintedArea below(FindWidget("back"));
+    for (const int step : {3, 10, 50}) {
+        SCOPED_TRACE(step);
+        painted.pixels = 0;
+        back.Top(-step);
+        back.Left(-2 * step);
+        frame.Control::Refresh();
+        EXPECT_LE(painted.pixels, 200 * 150);
+        EXPECT_EQ(below.pixels, 0); // the view covers it
+        const QImage shown = OnScreen();
+        for (int y = 0; y < 150; ++y) {
+            for (int x = 0; x < 200; ++x)
+                ASSERT_EQ(shown.pixel(x, y), Screened(picture.At(x + 2 * step, y + step))) << x << ", " << y;
         }
     }
 }

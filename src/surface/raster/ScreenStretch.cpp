@@ -10,7 +10,7 @@ namespace pintalux {
 namespace {
 
 constexpr int kCacheLinePixels = 16;
-constexpr std::size_t kTilesAhead = 2;
+constexpr int kRunsAhead = 2;
 /// Below so many screen pixels a second core costs more than it brings.
 constexpr std::int64_t kWorthSplitting = 100'000;
 
@@ -57,31 +57,52 @@ class ScreenStretch {
 
     /// Only the pixels shown are read: for reductions.
     void Reduce() {
-        const std::vector<TileColumns> parts = ColumnsByTile(columns_);
+        parts_ = ColumnsByTile(columns_);
+        inTile_.reserve(columns_.source.size());
+        for (const int column : columns_.source)
+            inTile_.push_back(static_cast<std::uint8_t>(column % Bitmap::kTileWidth));
         const std::int64_t pixels = std::int64_t{rows_.Size()} * columns_.Size();
-        if (pixels < kWorthSplitting) return ReduceRows(parts, 0, rows_.Size());
-        SplitOverCores(rows_.Size(), [&](int begin, int end) { ReduceRows(parts, begin, end); });
+        if (pixels < kWorthSplitting) return ReduceRows(0, rows_.Size());
+        SplitOverCores(rows_.Size(), [this](int begin, int end) { ReduceRows(begin, end); });
     }
 
   private:
-    void ReduceRows(const std::vector<TileColumns>& parts, int begin, int end) {
-        for (int i = begin; i < end; ++i) {
+    void ReduceRows(int begin, int end) const {
+        while (begin < end) {
+            const int band = SourceRow(begin) / Bitmap::kTileHeight;
+            int next = begin + 1;
+            while (next < end && SourceRow(next) / Bitmap::kTileHeight == band)
+                ++next;
+            ReduceBand(begin, next);
+            begin = next;
+        }
+    }
+
+    // Tile after tile, all rows of a tile: its memory lies together, while a row of the image is spread over
+    // as many places as it has tiles.
+    void ReduceBand(int begin, int end) const {
+        const int rows = end - begin;
+        const int runs = rows * static_cast<int>(parts_.size());
+        for (int run = 0; run < runs; ++run) {
+            const TileColumns& part = parts_[static_cast<std::size_t>(run / rows)];
+            const int i = begin + run % rows;
+            const int later = std::min(run + kRunsAhead, runs - 1);
+            const TileColumns& laterPart = parts_[static_cast<std::size_t>(later / rows)];
+            // A tile's rows are too short for the processor to see a pattern in them: what comes next is
+            // asked for here. (The compiler would drop a function that does nothing else.)
+            const Pixel* ahead = source_.Run(laterPart.tile, SourceRow(begin + later % rows)).data();
+            const int last = InTile(laterPart.end - 1);
+            for (int column = InTile(laterPart.begin); column <= last; column += kCacheLinePixels)
+                __builtin_prefetch(ahead + column);
             if (i > begin && RepeatsRow(i)) {
-                RepeatRow(i);
-                continue;
-            }
-            for (std::size_t part = 0; part < parts.size(); ++part) {
-                const std::size_t ahead = part + kTilesAhead;
-                if (ahead < parts.size()) {
-                    FetchAhead(parts[ahead], SourceRow(i));
-                } else if (i + 1 < rows_.Size()) {
-                    FetchAhead(parts[ahead % parts.size()], SourceRow(i + 1));
-                }
-                ReducePart(parts[part], i);
+                RepeatPart(part, i);
+            } else {
+                ReducePart(part, i);
             }
         }
     }
 
+    int InTile(int i) const { return inTile_[static_cast<std::size_t>(i)]; }
     int SourceRow(int i) const { return rows_.source[static_cast<std::size_t>(i)]; }
     bool RepeatsRow(int i) const { return i > 0 && SourceRow(i) == SourceRow(i - 1); }
     std::span<std::uint32_t> Row(int i) const {
@@ -89,27 +110,20 @@ class ScreenStretch {
     }
     void RepeatRow(int i) const { std::memcpy(Row(i).data(), Row(i - 1).data(), Row(i).size_bytes()); }
 
-    // Asks for memory that comes next: a tile's rows are too short for the processor to see a pattern in
-    // them.
-    void FetchAhead(const TileColumns& part, int sourceRow) const {
-        const Pixel* pixels = source_.Run(part.tile, sourceRow).data();
-        const int last = columns_.source[static_cast<std::size_t>(part.end - 1)] - part.tile;
-        int column = columns_.source[static_cast<std::size_t>(part.begin)] - part.tile;
-        for (; column <= last; column += kCacheLinePixels)
-            __builtin_prefetch(pixels + column);
-    }
-
     // Gathers first and converts afterwards: the second step is done several pixels at a time.
     void ReducePart(const TileColumns& part, int row) const {
         const Pixel* pixels = source_.Run(part.tile, SourceRow(row)).data();
-        const int* columns = columns_.source.data() + part.begin;
+        const std::uint8_t* columns = inTile_.data() + part.begin;
         std::uint32_t* out = Row(row).data() + part.begin;
         const int count = part.end - part.begin;
-        const int tile = part.tile;
         for (int i = 0; i < count; ++i)
-            out[i] = pixels[columns[i] - tile];
+            out[i] = pixels[columns[i]];
         for (int i = 0; i < count; ++i)
             out[i] = OnScreen(out[i]);
+    }
+
+    void RepeatPart(const TileColumns& part, int row) const {
+        std::copy_n(Row(row - 1).data() + part.begin, part.end - part.begin, Row(row).data() + part.begin);
     }
 
     void Spread(const std::vector<std::uint32_t>& row, int first, std::span<std::uint32_t> out) const {
@@ -132,6 +146,9 @@ class ScreenStretch {
     const Bitmap& source_;
     AxisMap columns_;
     AxisMap rows_;
+    std::vector<TileColumns> parts_;   // Of a reduction: the columns by tile,
+    std::vector<std::uint8_t> inTile_; // and where in its tile each lies.
+    static_assert(Bitmap::kTileWidth <= 256);
     std::uint32_t* out_;
     std::ptrdiff_t stride_;
 };

@@ -20,6 +20,7 @@ class ScrollWidget final : public QScrollBar {
     explicit ScrollWidget(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent) {
         setFocusPolicy(Qt::StrongFocus);
         setContextMenuPolicy(Qt::DefaultContextMenu);
+        setAutoFillBackground(true); // Opaque: a repaint of the view below does not reach the bar.
     }
     QSize minimumSizeHint() const override { return {1, 1}; }
 
