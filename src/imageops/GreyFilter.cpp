@@ -1,3 +1,4 @@
+#include "document/Globals.h"
 #include "imageops/GreyLevel.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
@@ -10,10 +11,11 @@ namespace pintalux {
 
 namespace {
 
+/// The level, 0 to 255, in all three channels.
 PINTALUX_VECTOR_CLONES
-void GreyRun(const Channel* red, const Channel* green, const Channel* blue, Channel* out, int count) {
+void ComposeGreys(const Channel* levels, int count, Pixel* out) {
     for (int i = 0; i < count; ++i)
-        out[i] = GreyLevel({red[i], green[i], blue[i]});
+        out[i] = static_cast<Pixel>(levels[i]) * 0x010101;
 }
 
 } // namespace
@@ -22,12 +24,15 @@ void GreyFilter(Surface& work, Surface& live, ProgressBar& Pb) {
     const Box loop{0, 0, LoopEnd(work.ScaleWidth() - 1), LoopEnd(work.ScaleHeight() - 1)};
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);
-    ForChannels(work, Px, loop, Mask::Honoured, Pb,
-                [](int, int, int count, const ChannelRuns& p, ChannelRuns& computed) {
-                    GreyRun(p.red.data(), p.green.data(), p.blue.data(), computed.red.data(), count);
-                    computed.green = computed.red;
-                    computed.blue = computed.red;
-                });
+    const bool masked = FreeSelActive == -1;
+    ForPixels(work, loop, Pb, [&](int x, int y, int count, Pixel* out) {
+        ChannelRuns p;
+        ChannelRuns::Values levels;
+        Px.Split(x, y, count, p);
+        GreyRun(p.red.data(), p.green.data(), p.blue.data(), levels.data(), count);
+        ComposeGreys(levels.data(), count, out);
+        if (masked) KeepMasked(Px, x, y, count, out);
+    });
     Land(work, live, work);
 }
 

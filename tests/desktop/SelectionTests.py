@@ -700,8 +700,7 @@ def PieceGoesFromOneDocumentToAnother(desktop):
 def OpenedDocumentStandsBeforeTheOneThatHadTheHand(desktop):
     easel = Easel(desktop, distinct())
     easel.lift_rectangle((20, 30), (66, 74))
-    easel.carry(60, 20)
-    easel.merge_by_press(2, 3)
+    easel.select_none()
     second = distinct(200, 150, seed=60)
     write_bmp(desktop.pictures / "second.bmp", second)
     desktop.keys("ctrl+o")

@@ -171,5 +171,34 @@ TEST(GreyLevel, DISABLED_RoundsLikeTheSumOfDoublesForEveryColour) {
     ExpectGreysAgree(1);
 }
 
+/// The whole numbers with their doubtful halves against the doubles, for every colour apart from `step` - 1
+/// of `step` greens.
+void ExpectRunsAgree(int step) {
+    std::vector<Channel> red(257), green(257), blue(257), out(257);
+    int wrong = 0;
+    for (int r = 0; r <= 255; ++r) {
+        for (int g = 0; g <= 255; g += step) {
+            for (std::size_t b = 0; b <= 256; ++b) {
+                red[b] = static_cast<Channel>(r);
+                green[b] = static_cast<Channel>(g);
+                blue[b] = static_cast<Channel>(b);
+            }
+            GreyRun(red.data(), green.data(), blue.data(), out.data(), 257);
+            for (std::size_t b = 0; b <= 256; ++b)
+                wrong +=
+                    std::min<int>(out[b], 255) != std::min<int>(GreyLevel({red[b], green[b], blue[b]}), 255);
+        }
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
+TEST(GreyRun, EqualsTheLevelsOneByOne) {
+    ExpectRunsAgree(3);
+}
+
+TEST(GreyRun, DISABLED_EqualsTheLevelsOfEveryColour) {
+    ExpectRunsAgree(1);
+}
+
 } // namespace
 } // namespace pintalux
