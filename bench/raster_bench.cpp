@@ -7,8 +7,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstring>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace pintalux {
@@ -18,16 +20,6 @@ namespace {
 constexpr int kWidth = 6000;
 constexpr int kHeight = 4000;
 
-Bitmap Speckled(int everyNth) {
-    std::mt19937 random(1);
-    Bitmap bits(kWidth, kHeight, kWhite);
-    for (int i = 0; i < kWidth * kHeight / everyNth; ++i) {
-        bits.Set(static_cast<int>(random() % kWidth), static_cast<int>(random() % kHeight), 0);
-    }
-    bits.Set(0, 0, kWhite);
-    return bits;
-}
-
 // Corridors one pixel wide between walls one pixel thick, joined at their ends in turn.
 Bitmap Serpentine(int width, int height, bool upright) {
     Bitmap bits(width, height, kWhite);
@@ -36,6 +28,85 @@ Bitmap Serpentine(int width, int height, bool upright) {
         const int open = lane % 4 == 1 ? (upright ? height : width) - 1 : 0;
         bits.Fill(upright ? Box{lane, 0, lane + 1, height} : Box{0, lane, width, lane + 1}, 0);
         upright ? bits.Set(lane, open, kWhite) : bits.Set(open, lane, kWhite);
+    }
+    return bits;
+}
+
+// Pixels by a rule of their place; the first one is always white.
+template <class IsWhite>
+Bitmap Ruled(IsWhite isWhite) {
+    Bitmap bits(kWidth, kHeight, 0);
+    for (int y = 0; y < kHeight; ++y) {
+        for (int x = 0; x < kWidth; ++x) {
+            if (isWhite(x, y)) bits.Set(x, y, kWhite);
+        }
+    }
+    bits.Set(0, 0, kWhite);
+    return bits;
+}
+
+// Diagonal corridors of two pixels a step. Joined in turn they are one long way; with a common edge each
+// stands alone on it.
+Bitmap Stairs(bool joinedInTurn) {
+    Bitmap bits = Ruled([](int x, int y) { return (x - y + kHeight) % 4 < 2; });
+    if (!joinedInTurn) {
+        bits.Fill({0, 0, kWidth, 1}, kWhite);
+        bits.Fill({0, 0, 1, kHeight}, kWhite);
+        return bits;
+    }
+    const auto join = [&](int x, int y, int odd) {
+        const int stair = x - y + kHeight;
+        if (stair / 4 % 2 == odd && stair % 4 >= 2) bits.Set(x, y, kWhite);
+    };
+    for (int x = 0; x < kWidth; ++x) {
+        join(x, 0, 0);
+        join(x, kHeight - 1, 1);
+    }
+    for (int y = 1; y < kHeight; ++y) {
+        join(0, y, 0);
+        join(kWidth - 1, y, 1);
+    }
+    return bits;
+}
+
+// One corridor that winds inwards.
+Bitmap Spiral() {
+    Bitmap bits(kWidth, kHeight, 0);
+    for (int ring = 0; 2 * ring < kHeight; ring += 2) {
+        const int right = kWidth - ring;
+        const int bottom = kHeight - ring;
+        bits.Fill({std::max(ring - 2, 0), ring, right, ring + 1}, kWhite);
+        bits.Fill({right - 1, ring, right, bottom}, kWhite);
+        bits.Fill({ring, bottom - 1, right, bottom}, kWhite);
+        bits.Fill({ring, ring + 2, ring + 1, bottom}, kWhite);
+    }
+    return bits;
+}
+
+// Corridors one pixel wide that turn at random and branch, without a circle.
+Bitmap Maze() {
+    constexpr int kAcross = kWidth / 2;
+    constexpr int kDown = kHeight / 2;
+    std::mt19937 random(3);
+    Bitmap bits(kWidth, kHeight, 0);
+    std::vector<int> way{0};
+    bits.Set(0, 0, kWhite);
+    while (!way.empty()) {
+        const int x = way.back() % kAcross;
+        const int y = way.back() / kAcross;
+        std::vector<std::pair<int, int>> steps;
+        for (const auto& [dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) {
+            const bool inside = x + dx >= 0 && x + dx < kAcross && y + dy >= 0 && y + dy < kDown;
+            if (inside && bits.At(2 * (x + dx), 2 * (y + dy)) == 0) steps.emplace_back(dx, dy);
+        }
+        if (steps.empty()) {
+            way.pop_back();
+            continue;
+        }
+        const auto [dx, dy] = steps[random() % steps.size()];
+        bits.Set(2 * x + dx, 2 * y + dy, kWhite);
+        bits.Set(2 * (x + dx), 2 * (y + dy), kWhite);
+        way.push_back((y + dy) * kAcross + x + dx);
     }
     return bits;
 }
@@ -57,13 +128,26 @@ void Flood(benchmark::State& state, const Bitmap& start) {
     }
     state.SetItemsProcessed(state.iterations() * filled);
     state.counters["pixels"] = static_cast<double>(filled);
+    using benchmark::Counter;
+    state.counters["s_per_pixel"] =
+        Counter(static_cast<double>(filled), Counter::kIsIterationInvariantRate | Counter::kInvert);
 }
 
 void FloodBlank(benchmark::State& state) {
     Flood(state, Bitmap(kWidth, kHeight, kWhite));
 }
+void FloodOwnBlank(benchmark::State& state) {
+    Bitmap bits(kWidth, kHeight, kWhite);
+    bits.Detach(bits.Bounds());
+    Flood(state, bits);
+}
+// range(0) of a thousand pixels are specks. From 407 on the area falls into islands.
 void FloodSpecks(benchmark::State& state) {
-    Flood(state, Speckled(static_cast<int>(state.range(0))));
+    std::mt19937 random(1);
+    const auto perMille = static_cast<unsigned>(state.range(0));
+    Bitmap bits = Ruled([&](int, int) { return random() % 1000 >= perMille; });
+    bits.Fill({0, 0, kWidth, 1}, kWhite); // A way around the specks near the start.
+    Flood(state, bits);
 }
 void FloodFlatSerpentine(benchmark::State& state) {
     Flood(state, Serpentine(kWidth, kHeight, false));
@@ -71,10 +155,52 @@ void FloodFlatSerpentine(benchmark::State& state) {
 void FloodUprightSerpentine(benchmark::State& state) {
     Flood(state, Serpentine(kWidth, kHeight, true));
 }
+void FloodStairs(benchmark::State& state) {
+    Flood(state, Stairs(false));
+}
+void FloodStairSerpentine(benchmark::State& state) {
+    Flood(state, Stairs(true));
+}
+void FloodSpiral(benchmark::State& state) {
+    Flood(state, Spiral());
+}
+void FloodUprightComb(benchmark::State& state) {
+    Flood(state, Ruled([](int x, int y) { return x % 2 == 0 || y == 0; }));
+}
+void FloodFlatComb(benchmark::State& state) {
+    Flood(state, Ruled([](int x, int y) { return y % 2 == 0 || x == 0; }));
+}
+// Blocks of 2 by 2 on the white fields of a chessboard, joined by single pixels: slantwise all, sideways a
+// few.
+void FloodChequers(benchmark::State& state) {
+    Flood(state, Ruled([](int x, int y) {
+              return (x / 2 + y / 2) % 2 == 0 || (y % 2 == 0 && (x % 2 == 0 || x % 32 == 1));
+          }));
+}
+void FloodMaze(benchmark::State& state) {
+    Flood(state, Maze());
+}
 BENCHMARK(FloodBlank)->Unit(benchmark::kMillisecond);
-BENCHMARK(FloodSpecks)->Arg(1000)->Arg(100)->Arg(20)->Arg(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodOwnBlank)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodSpecks)
+    ->Arg(1)
+    ->Arg(10)
+    ->Arg(50)
+    ->Arg(200)
+    ->Arg(300)
+    ->Arg(350)
+    ->Arg(380)
+    ->Arg(400)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(FloodFlatSerpentine)->Unit(benchmark::kMillisecond);
 BENCHMARK(FloodUprightSerpentine)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodStairs)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodStairSerpentine)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodSpiral)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodUprightComb)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodFlatComb)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodChequers)->Unit(benchmark::kMillisecond);
+BENCHMARK(FloodMaze)->Unit(benchmark::kMillisecond);
 
 Bitmap Noise(int width, int height) {
     std::mt19937 random(2);

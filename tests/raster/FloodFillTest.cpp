@@ -29,13 +29,14 @@ struct Pot {
 };
 
 // The slow twin: one pixel after the other from a list.
-Box SlowFill(Bitmap& bits, int x, int y, Pixel area, Pixel fill) {
+Box SlowFill(Bitmap& bits, int x, int y, Pixel colour, int kind, Pixel fill) {
     Box reached{x, y, x + 1, y + 1};
     std::vector<std::pair<int, int>> open{{x, y}};
     while (!open.empty()) {
         const auto [px, py] = open.back();
         open.pop_back();
-        if (!bits.Holds(px, py) || bits.At(px, py) != area) continue;
+        if (!bits.Holds(px, py) || bits.At(px, py) == fill) continue;
+        if ((bits.At(px, py) == colour) != (kind == FLOODFILLSURFACE)) continue;
         bits.Set(px, py, fill);
         reached = {std::min(reached.left, px), std::min(reached.top, py), std::max(reached.right, px + 1),
                    std::max(reached.bottom, py + 1)};
@@ -56,15 +57,18 @@ Bitmap Speckled(int width, int height, unsigned seed, unsigned percent) {
     return bits;
 }
 
-void ExpectLikeTheSlowTwin(const Bitmap& start, int x, int y) {
+void ExpectLikeTheSlowTwin(const Bitmap& start, int x, int y, Pixel colour, int kind) {
     Pot pot(start);
     Bitmap expected = start;
-    const auto area = start.At(x, y);
-    const Box reached = SlowFill(expected, x, y, area, 0x0000FF);
-    EXPECT_TRUE(pot.Fill(x, y, static_cast<Colour>(area)));
+    const Box reached = SlowFill(expected, x, y, colour, kind, 0x0000FF);
+    EXPECT_TRUE(ExtFloodFill(pot.hdc, x, y, static_cast<Colour>(colour), kind));
     ExpectSamePixels(pot.bits, expected);
     EXPECT_EQ(pot.touched, reached);
     EXPECT_EQ(pot.touches, 1);
+}
+
+void ExpectLikeTheSlowTwin(const Bitmap& start, int x, int y) {
+    ExpectLikeTheSlowTwin(start, x, y, start.At(x, y), FLOODFILLSURFACE);
 }
 
 // Corridors one pixel wide, joined at their ends in turn.
@@ -96,6 +100,94 @@ Bitmap Maze(int width, int height, unsigned seed) {
 }
 
 } // namespace
+
+TEST(ExtFloodFill, MatchesTheSlowTwinAroundTileBorders) {
+    constexpr int kWide = Bitmap::kTileWidth;
+    constexpr int kHigh = Bitmap::kTileHeight;
+    unsigned seed = 1;
+    for (const int width : {1, 31, 32, 33, kWide - 1, kWide, kWide + 1, 2 * kWide, 2 * kWide + 33}) {
+        for (const int height : {1, kHigh - 1, kHigh, kHigh + 1, 3 * kHigh + 5}) {
+            SCOPED_TRACE(testing::Message() << width << " x " << height << ", seed " << seed);
+            std::mt19937 random(seed);
+            // Strips along either way and squares: lanes of both kinds, and tiles of one colour.
+            constexpr Pixel kColours[]{kWhite, kWhite, 0x00FF00, 0};
+            Bitmap start(width, height, kWhite);
+            const auto any = [&](int count) {
+                return static_cast<int>(random() % static_cast<unsigned>(count));
+            };
+            for (int i = 0; i < width * height / 12; ++i) {
+                const int x = any(width);
+                const int y = any(height);
+                const bool upright = any(width) < x;
+                const int length = any(9);
+                start.Fill(upright ? Box{x, y, x + 1, y + length} : Box{x, y, x + length, y + 1},
+                           kColours[any(4)]);
+            }
+            const int x = any(width);
+            const int y = any(height);
+            start.Set(x, y, kWhite);
+            ExpectLikeTheSlowTwin(start, x, y, kWhite, FLOODFILLSURFACE);
+            ExpectLikeTheSlowTwin(start, x, y, 0, FLOODFILLBORDER);
+            ExpectLikeTheSlowTwin(start, x, y, 0x00FF00, FLOODFILLBORDER);
+            ++seed;
+        }
+    }
+}
+
+TEST(ExtFloodFill, MatchesTheSlowTwinWhereLanesOfBothKindsMeet) {
+    // Flat corridors and upright ones by turns, tile by tile, open to each other at their ends.
+    Bitmap start(4 * Bitmap::kTileWidth + 7, 4 * Bitmap::kTileHeight + 3, kWhite);
+    for (int y = 0; y < start.Height(); ++y) {
+        for (int x = 0; x < start.Width(); ++x) {
+            const bool upright = (x / Bitmap::kTileWidth + y / Bitmap::kTileHeight) % 2 == 0;
+            if ((upright ? x : y) % 2 == 1) start.Set(x, y, 0);
+        }
+    }
+    ExpectLikeTheSlowTwin(start, 0, 0);
+    ExpectLikeTheSlowTwin(start, start.Width() - 1, 0);
+    ExpectLikeTheSlowTwin(start, 0, start.Height() - 1);
+    ExpectLikeTheSlowTwin(start, 1, 0); // In a wall.
+}
+
+TEST(ExtFloodFill, MatchesTheSlowTwinOnStairs) {
+    for (const bool falling : {false, true}) {
+        Bitmap start(600, 130, 0);
+        for (int y = 0; y < 130; ++y) {
+            for (int x = 0; x < 600; ++x) {
+                if ((falling ? x - y + 130 : x + y) % 4 < 2) start.Set(x, y, kWhite);
+            }
+        }
+        ExpectLikeTheSlowTwin(start, 300, falling ? 64 : 65);
+        start.Fill({0, 0, 600, 1}, kWhite); // All hang together at the top.
+        ExpectLikeTheSlowTwin(start, 0, 0);
+    }
+}
+
+TEST(ExtFloodFill, MatchesTheSlowTwinWhereThePictureIsWrittenByAllCores) {
+    ExpectLikeTheSlowTwin(Speckled(1500, 500, 1, 2), 750, 250);
+    ExpectLikeTheSlowTwin(Serpentine(1500, 500, true), 0, 0);
+}
+
+TEST(ExtFloodFill, AHugeBlankImageIsSharedNotWritten) {
+    Pot pot(Bitmap(32000, 32000, kWhite));
+    const Bitmap before = pot.bits;
+    EXPECT_TRUE(pot.Fill(31999, 0));
+    EXPECT_EQ(pot.touched, (Box{0, 0, 32000, 32000}));
+    EXPECT_EQ(pot.bits, Bitmap(32000, 32000, 0x0000FF));
+    EXPECT_EQ(pot.bits.Run(0, 0).data(), pot.bits.Run(31744, 31968).data());
+    EXPECT_EQ(before.At(16000, 16000), static_cast<Pixel>(kWhite));
+}
+
+TEST(ExtFloodFill, LeavesTilesItOnlyComesByShared) {
+    // Beside the filled tile the next one begins with a wall.
+    Bitmap start(2 * Bitmap::kTileWidth, 4, kWhite);
+    start.Fill({Bitmap::kTileWidth, 0, Bitmap::kTileWidth + 1, 4}, 0);
+    start.Set(3, 3, 0);
+    Pot pot(start);
+    EXPECT_TRUE(pot.Fill(0, 0));
+    const std::vector<Box> expected{{0, 0, Bitmap::kTileWidth, 4}};
+    EXPECT_EQ(Bitmap::Difference(start, pot.bits), expected);
+}
 
 TEST(ExtFloodFill, MatchesTheSlowTwinInMazes) {
     for (unsigned seed = 1; seed <= 25; ++seed) {
@@ -201,11 +293,13 @@ TEST(ExtFloodFill, AWholeBlankImageIsSharedNotWritten) {
 }
 
 TEST(ExtFloodFill, WritesOnlyTheTilesItFills) {
-    Bitmap start(1024, 128, kWhite);
-    start.Fill({300, 40, 310, 50}, 0x00FF00);
+    constexpr int kWide = Bitmap::kTileWidth;
+    constexpr int kHigh = Bitmap::kTileHeight;
+    Bitmap start(4 * kWide, 4 * kHigh, kWhite);
+    start.Fill({kWide + 10, kHigh + 2, kWide + 20, kHigh + 6}, 0x00FF00);
     Pot pot(start);
-    EXPECT_TRUE(pot.Fill(305, 45, 0x00FF00));
-    const std::vector<Box> expected{{256, 32, 512, 64}};
+    EXPECT_TRUE(pot.Fill(kWide + 15, kHigh + 3, 0x00FF00));
+    const std::vector<Box> expected{{kWide, kHigh, 2 * kWide, 2 * kHigh}};
     EXPECT_EQ(Bitmap::Difference(start, pot.bits), expected);
 }
 

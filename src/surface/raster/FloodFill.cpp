@@ -2,10 +2,12 @@
 
 #include "surface/raster/Figure.h"
 #include "surface/raster/FloodTile.h"
+#include "surface/raster/Parallel.h"
 #include "surface/raster/RuntimeError.h"
 
 #include <algorithm>
-#include <deque>
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -14,108 +16,203 @@ namespace pintalux {
 namespace {
 
 // A fill goes from tile to tile: each tile fills what it can reach by itself and hands on what it filled at
-// its edges. Pixels are written at the end only, so that a fill that fails has changed nothing.
+// its edges. Pixels are written at the end only. A tile waits at most once, and in it each word at most once,
+// with all pixels entered meanwhile: what waits can't outgrow the picture, and every step fills a pixel.
 class Flood {
   public:
     Flood(Bitmap& bits, FloodArea area)
-        : bits_(bits), area_(area), across_((bits.Width() - 1) / Bitmap::kTileWidth + 1),
-          down_((bits.Height() - 1) / Bitmap::kTileHeight + 1),
-          tiles_(static_cast<std::size_t>(across_) * static_cast<std::size_t>(down_)) {}
+        : bits_(bits), area_(area), across_(Pieces(bits.Width(), Bitmap::kTileWidth)),
+          down_(Pieces(bits.Height(), Bitmap::kTileHeight)), tiles_(across_ * down_) {}
 
     void From(int x, int y) {
-        const Place start{x / Bitmap::kTileWidth, y / Bitmap::kTileHeight};
-        Enter(start, [&](FloodTile& tile) {
-            tile.SeedColumn(x % Bitmap::kTileWidth, FloodTile::RowMask{1} << (y % Bitmap::kTileHeight));
-        });
+        const auto column = static_cast<std::size_t>(x);
+        const auto row = static_cast<std::size_t>(y);
+        Enter(row / kRows * across_ + column / kColumns,
+              [&](FloodTile& tile) { tile.EnterColumn(column % kColumns, Word{1} << (row % kRows)); });
         while (!waiting_.empty()) {
-            const Place place = waiting_.front();
-            waiting_.pop_front();
-            GoOn(place, TileAt(place)->Spread());
+            const std::size_t tile = waiting_.back();
+            waiting_.pop_back();
+            FloodTile* const masks = tiles_[tile].masks.get();
+            masks ? Leave(tile, masks->Spread()) : LeaveWhole(tile);
         }
     }
 
     /// Writes what was filled and gives the box around it.
     Box Write(Pixel fill) {
-        Box written;
-        for (int row = 0; row < down_; ++row)
-            written = Union(written, WriteBand(row, fill));
-        return written;
+        Box all = ShareWholeTiles(fill);
+        std::vector<std::size_t> bands;
+        std::size_t mixed = 0;
+        for (std::size_t tile = 0; tile < tiles_.size(); ++tile) {
+            if (!tiles_[tile].entered) continue;
+            // From the first one on the table over the bands is the bitmap's own: each band can be detached
+            // and written without touching another.
+            if (mixed++ == 0) bits_.Detach(BoxOf(tile));
+            if (bands.empty() || bands.back() != tile / across_) bands.push_back(tile / across_);
+        }
+        std::vector<Box> written(bands.size());
+        std::atomic<std::size_t> next{0};
+        const auto writeBands = [&](int, int) {
+            // Band by band, so that nobody waits long for a core that others keep busy.
+            for (std::size_t i = next++; i < bands.size(); i = next++)
+                written[i] = WriteBand(bands[i], fill);
+        };
+        SplitOverCores(mixed < kTilesWorthCores ? 1 : CoreCount(), writeBands);
+        for (const Box& box : written)
+            all = Union(all, box);
+        return all;
     }
 
   private:
-    struct Place {
-        int column;
-        int row;
+    using Word = FloodMask::Word;
+    static constexpr std::size_t kRows = FloodMask::kRows;
+    static constexpr std::size_t kColumns = FloodMask::kColumns;
+    // Fewer tiles are written before another thread has woken up.
+    static constexpr std::size_t kTilesWorthCores = 64;
+
+    // A tile is looked at when the fill comes by. Only one that the area covers in part needs masks; what is
+    // filled of it may still be nothing, if the fill comes by where the area is not.
+    enum class State : unsigned char { Unseen, Whole, Mixed, Closed };
+    struct Entry {
+        std::unique_ptr<FloodTile> masks;
+        State state = State::Unseen;
+        bool entered = false;
     };
 
-    std::unique_ptr<FloodTile>& TileAt(Place place) {
-        return tiles_[static_cast<std::size_t>(place.row) * static_cast<std::size_t>(across_) +
-                      static_cast<std::size_t>(place.column)];
+    static std::size_t Pieces(int extent, int pieceExtent) {
+        return static_cast<std::size_t>((extent - 1) / pieceExtent + 1);
     }
 
-    // Seeds a tile, which then waits for its turn. Beyond the bitmap there is none.
-    template <class Seed>
-    void Enter(Place place, Seed seed) {
-        if (place.column < 0 || place.row < 0 || place.column >= across_ || place.row >= down_) return;
-        std::unique_ptr<FloodTile>& tile = TileAt(place);
-        if (!tile) tile = std::make_unique<FloodTile>(bits_, BoxOf(place), area_);
-        const bool waits = tile->Seeded();
-        seed(*tile);
-        if (!waits && tile->Seeded()) waiting_.push_back(place);
-    }
-
-    void GoOn(Place from, const FloodTile::Edges& edges) {
-        constexpr int kLastRow = FloodTile::kRows - 1;
-        constexpr int kLastColumn = Bitmap::kTileWidth - 1;
-        if (edges.top != FloodTile::Row{}) {
-            Enter({from.column, from.row - 1}, [&](FloodTile& tile) { tile.Seed(kLastRow, edges.top); });
-        }
-        if (edges.bottom != FloodTile::Row{}) {
-            Enter({from.column, from.row + 1}, [&](FloodTile& tile) { tile.Seed(0, edges.bottom); });
-        }
-        if (edges.left != 0) {
-            Enter({from.column - 1, from.row},
-                  [&](FloodTile& tile) { tile.SeedColumn(kLastColumn, edges.left); });
-        }
-        if (edges.right != 0) {
-            Enter({from.column + 1, from.row}, [&](FloodTile& tile) { tile.SeedColumn(0, edges.right); });
-        }
-    }
-
-    Box BoxOf(Place place) const {
-        const int left = place.column * Bitmap::kTileWidth;
-        const int top = place.row * Bitmap::kTileHeight;
+    Box BoxOf(std::size_t tile) const {
+        const int left = static_cast<int>(tile % across_) * Bitmap::kTileWidth;
+        const int top = static_cast<int>(tile / across_) * Bitmap::kTileHeight;
         return {left, top, left + std::min(bits_.Width() - left, Bitmap::kTileWidth),
                 top + std::min(bits_.Height() - top, Bitmap::kTileHeight)};
     }
 
-    Box WriteBand(int row, Pixel fill) {
-        Box written;
-        Box whole; // Tiles that are filled all over are shared, not written: neighbours in one go.
-        for (int column = 0; column < across_; ++column) {
-            const FloodTile* tile = TileAt({column, row}).get();
-            const Box filled = tile ? tile->Filled() : Box{};
-            written = Union(written, filled);
-            if (filled.Empty()) continue;
-            if (!tile->FilledWhole()) {
-                tile->Write(bits_, fill);
-            } else if (!whole.Empty() && whole.right == filled.left) {
-                whole.right = filled.right;
+    // Looks at a tile that the fill comes by for the first time.
+    void See(std::size_t tile) {
+        const Box box = BoxOf(tile);
+        const Pixel* const pixels = bits_.Run(box.left, box.top).data();
+        Entry& entry = tiles_[tile];
+        if (pixels != blank_) {
+            const FloodMask mask(bits_, box, area_);
+            if (mask.HoldsNone()) {
+                entry.state = State::Closed;
+                return;
+            }
+            if (!mask.HoldsAllOf(box)) {
+                entry.masks = std::make_unique<FloodTile>(mask);
+                entry.state = State::Mixed;
+                return;
+            }
+            if (box.Width() == Bitmap::kTileWidth && box.Height() == Bitmap::kTileHeight) blank_ = pixels;
+        }
+        entry.state = State::Whole;
+        waiting_.push_back(tile);
+    }
+
+    FloodTile* MixedTile(std::size_t tile) {
+        Entry& entry = tiles_[tile];
+        if (entry.state == State::Unseen) See(tile);
+        return entry.masks.get();
+    }
+
+    // Seeds a tile, which then waits for its turn.
+    template <class Seed>
+    void Enter(std::size_t tile, Seed seed) {
+        FloodTile* const masks = MixedTile(tile);
+        if (!masks) return;
+        const bool waited = masks->Waits();
+        seed(*masks);
+        if (waited || !masks->Waits()) return;
+        tiles_[tile].entered = true;
+        waiting_.push_back(tile);
+    }
+
+    // Goes on from a tile's edges; beyond the bitmap there is nothing.
+    void Leave(std::size_t tile, const FloodTile::Edges& edges) {
+        constexpr FloodTile::Row kNone{};
+        if (edges.top != kNone && tile >= across_)
+            Enter(tile - across_, [&](FloodTile& above) { above.EnterRow(kRows - 1, edges.top); });
+        if (edges.bottom != kNone && tile + across_ < tiles_.size())
+            Enter(tile + across_, [&](FloodTile& below) { below.EnterRow(0, edges.bottom); });
+        if (edges.left != 0 && tile % across_ > 0)
+            Enter(tile - 1, [&](FloodTile& left) { left.EnterColumn(kColumns - 1, edges.left); });
+        if (edges.right != 0 && tile % across_ + 1 < across_)
+            Enter(tile + 1, [&](FloodTile& right) { right.EnterColumn(0, edges.right); });
+    }
+
+    void LeaveWhole(std::size_t tile) {
+        FloodTile::Edges edges;
+        edges.top.fill(FloodMask::kAllBits);
+        edges.bottom.fill(FloodMask::kAllBits);
+        edges.left = edges.right = FloodMask::kAllBits >> (FloodMask::kWordBits - kRows);
+        Leave(tile, edges);
+    }
+
+    // Tiles that are filled all over are shared, not written: neighbours in one go, bands alike in one go.
+    Box ShareWholeTiles(Pixel fill) {
+        Box all;
+        std::vector<Box> open; // Boxes that end with the band before.
+        for (std::size_t band = 0; band < down_; ++band) {
+            std::vector<Box> boxes = WholeTilesOf(band);
+            for (const Box& box : open) {
+                const auto below = std::find_if(boxes.begin(), boxes.end(), [&](const Box& other) {
+                    return other.left == box.left && other.right == box.right;
+                });
+                if (below != boxes.end()) {
+                    below->top = box.top;
+                } else {
+                    bits_.Fill(box, fill);
+                }
+                all = Union(all, box);
+            }
+            open = std::move(boxes);
+        }
+        for (const Box& box : open) {
+            bits_.Fill(box, fill);
+            all = Union(all, box);
+        }
+        return all;
+    }
+
+    std::vector<Box> WholeTilesOf(std::size_t band) const {
+        std::vector<Box> boxes;
+        for (std::size_t tile = band * across_; tile < (band + 1) * across_; ++tile) {
+            if (tiles_[tile].state != State::Whole) continue;
+            const Box box = BoxOf(tile);
+            if (!boxes.empty() && boxes.back().right == box.left) {
+                boxes.back().right = box.right;
             } else {
-                bits_.Fill(whole, fill);
-                whole = filled;
+                boxes.push_back(box);
             }
         }
-        bits_.Fill(whole, fill);
+        return boxes;
+    }
+
+    Box WriteBand(std::size_t band, Pixel fill) {
+        Box written;
+        for (std::size_t tile = band * across_; tile < (band + 1) * across_; ++tile) {
+            if (!tiles_[tile].entered) continue;
+            const FloodMask filled = tiles_[tile].masks->Filled();
+            const Box box = BoxOf(tile);
+            if (Union(written, box) != written) {
+                const Box around = filled.Around();
+                written = Union(written, {box.left + around.left, box.top + around.top,
+                                          box.left + around.right, box.top + around.bottom});
+            }
+            filled.Write(bits_, box, fill);
+        }
         return written;
     }
 
     Bitmap& bits_;
     FloodArea area_;
-    int across_;
-    int down_;
-    std::vector<std::unique_ptr<FloodTile>> tiles_;
-    std::deque<Place> waiting_;
+    std::size_t across_;
+    std::size_t down_;
+    std::vector<Entry> tiles_;
+    std::vector<std::size_t> waiting_; ///< The tiles where something waits, each once.
+    const Pixel* blank_ = nullptr;     ///< Pixels of a tile that the area covers; other places may share it.
 };
 
 } // namespace

@@ -2,38 +2,25 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace pintalux {
 
 namespace {
 
 using Word = FloodTile::Word;
+constexpr std::size_t kWordBits = FloodMask::kWordBits;
+constexpr std::size_t kRows = FloodMask::kRows;
+constexpr std::size_t kColumns = FloodMask::kColumns;
+constexpr std::size_t kRowWords = FloodMask::kRowWords;
+constexpr std::size_t kLast = kWordBits - 1;
 
-constexpr Word kLastBit = Word{1} << (FloodTile::kWordBits - 1);
+Word AllBitsIf(bool condition) {
+    return Word{0} - static_cast<Word>(condition);
+}
 
-// Four bits as masks of four pixels.
-constexpr auto kFourMasks = [] {
-    std::array<std::array<Pixel, 4>, 16> masks{};
-    for (std::size_t bits = 0; bits < masks.size(); ++bits) {
-        for (std::size_t i = 0; i < 4; ++i)
-            masks[bits][i] = bits >> i & 1 ? 0xFFFFFFFF : 0;
-    }
-    return masks;
-}();
-
-// Writes the pixels whose bit is set, without a branch for each: specks would make it guess wrong all the
-// time.
-void BlendWord(std::span<Pixel, 64> pixels, Word bits, Pixel fill) {
-    if (bits == ~Word{0}) {
-        std::fill(pixels.begin(), pixels.end(), fill);
-        return;
-    }
-    for (std::size_t i = 0; i < pixels.size(); i += 4) {
-        const auto& mask = kFourMasks[bits >> i & 15];
-        for (std::size_t k = 0; k < 4; ++k) {
-            pixels[i + k] = (pixels[i + k] & ~mask[k]) | (fill & mask[k]);
-        }
-    }
+std::size_t LowestBit(Word bits) {
+    return static_cast<std::size_t>(std::countr_zero(bits));
 }
 
 // The open bits that hang together with the seeds towards the higher bits: adding a seed to a run of ones
@@ -45,203 +32,130 @@ Word SpreadUp(Word seeds, Word open) {
 // The same towards the lower bits, in doubling steps.
 Word SpreadDown(Word filled, Word open) {
     if (((open & ~filled) << 1 & filled) == 0) return filled;
-    for (int step = 1; step < FloodTile::kWordBits; step *= 2) {
+    for (std::size_t step = 1; step < kWordBits; step *= 2) {
         filled |= open & (filled >> step);
         open &= open >> step;
     }
     return filled;
 }
 
-bool IsOneBit(Word word) {
-    return word != 0 && (word & (word - 1)) == 0;
-}
-
-constexpr FloodTile::RowMask RowBit(int row) {
-    return FloodTile::RowMask{1} << row;
-}
-
 } // namespace
 
-FloodTile::FloodTile(const Bitmap& bits, const Box& box, FloodArea area) : box_(box) {
-    for (int y = box.top; y < box.bottom; ++y) {
-        auto run = bits.Run(box.left, y);
-        for (Word& word : area_[static_cast<std::size_t>(y - box.top)]) {
-            const std::size_t count = std::min<std::size_t>(run.size(), kWordBits);
-            word = MatchWord(run.data(), count, area);
-            run = run.subspan(count);
+FloodTile::FloodTile(const FloodMask& area) : upright_(area.StandsUpright()) {
+    if (upright_) {
+        area_ = area.ByColumns();
+    } else {
+        std::copy(area.Rows().begin(), area.Rows().end(), area_.begin());
+    }
+    std::copy(area_.begin(), area_.end(), open_.begin() + kMargin);
+}
+
+FloodMask FloodTile::Filled() const {
+    const auto filled = [&](auto& words) {
+        for (std::size_t word = 0; word < words.size(); ++word)
+            words[word] = area_[word] & ~open_[kMargin + word];
+    };
+    if (upright_) {
+        FloodMask::Columns columns;
+        filled(columns);
+        return FloodMask::OfColumns(columns);
+    }
+    FloodMask::Words rows;
+    filled(rows);
+    return FloodMask(rows);
+}
+
+// Lets the fill enter a word, which then waits for its turn. Without branches: whether it can enter is
+// anybody's guess.
+inline void FloodTile::Seed(std::size_t word, Word pixels) {
+    const Word entered = pixels & open_[kMargin + word];
+    const Word before = seeds_[kMargin + word];
+    waiting_[waits_] = static_cast<std::uint16_t>(word);
+    waits_ += static_cast<std::size_t>((before == 0) & (entered != 0));
+    seeds_[kMargin + word] = before | entered;
+}
+
+void FloodTile::EnterRow(std::size_t row, const Row& pixels) {
+    for (std::size_t word = 0; word < kRowWords; ++word) {
+        if (!upright_) {
+            Seed(row * kRowWords + word, pixels[word]);
+            continue;
         }
+        for (Word rest = pixels[word]; rest != 0; rest &= rest - 1)
+            Seed(word * kWordBits + LowestBit(rest), Word{1} << row);
     }
-    open_ = area_;
 }
 
-// One bit for each pixel of the area.
-Word FloodTile::MatchWord(const Pixel* pixels, std::size_t count, FloodArea area) {
-    // Compared into bytes first, which vectorises, and the bytes then gathered eight at a time.
-    std::array<std::uint8_t, kWordBits> held{};
-    for (std::size_t i = 0; i < count; ++i)
-        held[i] = area.Holds(pixels[i]);
-    Word word = 0;
-    for (std::size_t i = 0; i < held.size(); i += 8) {
-        Word bytes = 0;
-        for (std::size_t k = 0; k < 8; ++k)
-            bytes |= Word{held[i + k]} << (8 * k);
-        word |= (bytes * 0x0102040810204080 >> 56) << i;
+void FloodTile::EnterColumn(std::size_t column, Word pixels) {
+    if (upright_) {
+        Seed(column, pixels);
+        return;
     }
-    return word;
-}
-
-void FloodTile::Seed(int row, const Row& pixels) {
-    const auto at = static_cast<std::size_t>(row);
-    Word any = 0;
-    for (std::size_t word = 0; word < kWords; ++word) {
-        const Word entered = pixels[word] & open_[at][word];
-        seeds_[at][word] |= entered;
-        any |= entered;
-    }
-    if (any != 0) seeded_ |= RowBit(row);
-}
-
-void FloodTile::SeedColumn(int column, RowMask rows) {
-    const auto word = static_cast<std::size_t>(column / kWordBits);
-    Row pixels{};
-    pixels[word] = Word{1} << (column % kWordBits);
-    for (; rows != 0; rows &= rows - 1)
-        Seed(std::countr_zero(rows), pixels);
+    const Word bit = Word{1} << (column % kWordBits);
+    for (; pixels != 0; pixels &= pixels - 1)
+        Seed(LowestBit(pixels) * kRowWords + column / kWordBits, bit);
 }
 
 FloodTile::Edges FloodTile::Spread() {
     Edges edges;
-    bool downwards = true;
-    for (int row = 0; seeded_ != 0;) {
-        row = NextRow(row, downwards);
-        if (!FollowCorridor(row)) SpreadRow(row, edges);
-    }
+    upright_ ? SpreadAlongColumns(edges) : SpreadAlongRows(edges);
     return edges;
 }
 
-// The next row with seeds in the direction of the sweep; at its end the sweep turns round.
-int FloodTile::NextRow(int row, bool& downwards) const {
-    const RowMask below = seeded_ & ~(RowBit(row) - 1);
-    const RowMask above = seeded_ & (RowBit(row) | (RowBit(row) - 1));
-    if (downwards ? below == 0 : above == 0) downwards = !downwards;
-    return downwards ? std::countr_zero(below) : kRows - 1 - std::countl_zero(above);
-}
-
-// Goes along an upright corridor one pixel wide without looking at whole rows. False if `row` has none, or
-// where it ends at the tile's edge or the word's.
-bool FloodTile::FollowCorridor(int& row) {
-    const auto start = static_cast<std::size_t>(row);
-    std::size_t word = 0;
-    while (word < kWords && seeds_[start][word] == 0)
-        ++word;
-    for (std::size_t other = word + 1; other < kWords; ++other) {
-        if (seeds_[start][other] != 0) return false;
-    }
-    const Word bit = word < kWords ? seeds_[start][word] : 0;
-    if (!IsOneBit(bit) || bit == 1 || bit == kLastBit) return false;
-    const Word beside = bit << 1 | bit >> 1;
-    const auto openAt = [&](int at) -> Word& { return open_[static_cast<std::size_t>(at)][word]; };
-
-    bool went = false;
-    while (row > 0 && row < kRows - 1 && (openAt(row) & bit) != 0 && (openAt(row) & beside) == 0) {
-        const bool above = (openAt(row - 1) & bit) != 0;
-        const bool below = (openAt(row + 1) & bit) != 0;
-        if (above && below) break;
-        seeds_[static_cast<std::size_t>(row)][word] = 0;
-        seeded_ &= ~RowBit(row);
-        openAt(row) &= ~bit;
-        went = true;
-        if (!above && !below) return true;
-        row += below ? 1 : -1;
-        const bool metOthers = (seeded_ & RowBit(row)) != 0;
-        seeds_[static_cast<std::size_t>(row)][word] |= bit;
-        seeded_ |= RowBit(row);
-        if (metOthers) return true;
-    }
-    return went;
-}
-
-// Fills a row from its seeds and takes the filled pixels out of what is open.
-FloodTile::Row FloodTile::TakeRow(std::size_t row) {
-    Row filled{};
-    Word carry = 0;
-    for (std::size_t word = 0; word < kWords; ++word) {
-        const Word open = open_[row][word];
-        const Word seeds = (seeds_[row][word] | carry) & open;
-        filled[word] = seeds == 0 ? 0 : SpreadDown(SpreadUp(seeds, open), open);
-        carry = filled[word] >> (kWordBits - 1);
-        seeds_[row][word] = 0;
-    }
-    for (std::size_t word = kWords - 1; word > 0; --word) {
-        // Back over the border to the word before, where the run may begin.
-        const Word entered =
-            (filled[word] & 1) != 0 ? kLastBit & open_[row][word - 1] & ~filled[word - 1] : 0;
-        if (entered != 0) filled[word - 1] |= SpreadDown(entered, open_[row][word - 1]);
-    }
-    for (std::size_t word = 0; word < kWords; ++word)
-        open_[row][word] &= ~filled[word];
+// Fills what hangs together with the seeds inside a word, and gives it.
+inline Word FloodTile::Fill(std::size_t word, Word seeds) {
+    Word& open = open_[kMargin + word];
+    const Word filled = SpreadDown(SpreadUp(seeds, open), open);
+    open &= ~filled;
     return filled;
 }
 
-void FloodTile::SpreadRow(int row, Edges& edges) {
-    seeded_ &= ~RowBit(row);
-    const Row filled = TakeRow(static_cast<std::size_t>(row));
-    if (row > 0) Seed(row - 1, filled);
-    if (row < kRows - 1) Seed(row + 1, filled);
-    for (std::size_t word = 0; word < kWords; ++word) {
-        if (row == 0) edges.top[word] |= filled[word];
-        if (row == kRows - 1) edges.bottom[word] |= filled[word];
+void FloodTile::SpreadAlongColumns(Edges& edges) {
+    while (waits_ > 0) {
+        const std::size_t column = waiting_[--waits_];
+        const Word filled = Fill(column, std::exchange(seeds_[kMargin + column], 0));
+        edges.left |= filled & AllBitsIf(column == 0);
+        edges.right |= filled & AllBitsIf(column == kColumns - 1);
+        edges.top[column / kWordBits] |= (filled & 1) << (column % kWordBits);
+        edges.bottom[column / kWordBits] |= (filled >> (kRows - 1)) << (column % kWordBits);
+        Seed(column - 1, filled);
+        Seed(column + 1, filled);
     }
-    if ((filled.front() & 1) != 0) edges.left |= RowBit(row);
-    if ((filled.back() & kLastBit) != 0) edges.right |= RowBit(row);
 }
 
-Box FloodTile::Filled() const {
-    Row columns{};
-    RowMask rows = 0;
-    for (int row = 0; row < kRows; ++row) {
-        Word any = 0;
-        for (std::size_t word = 0; word < kWords; ++word) {
-            const Word filled = FilledWord(static_cast<std::size_t>(row), word);
-            columns[word] |= filled;
-            any |= filled;
-        }
-        if (any != 0) rows |= RowBit(row);
-    }
-    if (rows == 0) return {};
-    Box box{box_.right, box_.top + std::countr_zero(rows), box_.left,
-            box_.top + kRows - std::countl_zero(rows)};
-    for (std::size_t word = 0; word < kWords; ++word) {
-        if (columns[word] == 0) continue;
-        const int left = box_.left + static_cast<int>(word) * kWordBits;
-        box.left = std::min(box.left, left + std::countr_zero(columns[word]));
-        box.right = std::max(box.right, left + kWordBits - std::countl_zero(columns[word]));
-    }
-    return box;
-}
+void FloodTile::SpreadAlongRows(Edges& edges) {
+    while (waits_ > 0) {
+        std::size_t at = waiting_[--waits_];
+        Word seeds = std::exchange(seeds_[kMargin + at], 0);
+        while (seeds != 0) {
+            const std::size_t row = at / kRowWords;
+            const std::size_t word = at % kRowWords;
+            const Word filled = Fill(at, seeds);
+            const Word outLeft = filled & AllBitsIf(word == 0) & 1;
+            const Word outRight = filled >> kLast & AllBitsIf(word == kRowWords - 1);
+            edges.top[word] |= filled & AllBitsIf(row == 0);
+            edges.bottom[word] |= filled & AllBitsIf(row == kRows - 1);
+            edges.left |= outLeft << row;
+            edges.right |= outRight << row;
 
-bool FloodTile::FilledWhole() const {
-    int filled = 0;
-    for (std::size_t row = 0; row < area_.size(); ++row) {
-        for (std::size_t word = 0; word < kWords; ++word)
-            filled += std::popcount(FilledWord(row, word));
-    }
-    return filled == box_.Width() * box_.Height();
-}
-
-void FloodTile::Write(Bitmap& bits, Pixel fill) const {
-    for (int y = box_.top; y < box_.bottom; ++y) {
-        const auto run = bits.WritableRun(box_.left, y);
-        for (std::size_t word = 0; word * kWordBits < run.size(); ++word) {
-            const Word filled = FilledWord(static_cast<std::size_t>(y - box_.top), word);
-            if (filled == 0) continue;
-            const auto pixels = run.subspan(word * kWordBits);
-            if (pixels.size() >= kWordBits) {
-                BlendWord(pixels.first<kWordBits>(), filled, fill);
-                continue;
-            }
-            for (std::size_t i = 0; i < pixels.size(); ++i)
-                pixels[i] = filled >> i & 1 ? fill : pixels[i];
+            // One word beside comes next, without the way over the list of those that wait: along a corridor
+            // there is but one.
+            seeds = 0;
+            const std::size_t here = at;
+            const auto enter = [&](std::size_t beside, Word pixels) {
+                const Word entered = pixels & open_[kMargin + beside];
+                if (entered == 0) return;
+                if (seeds != 0 || seeds_[kMargin + beside] != 0) {
+                    Seed(beside, entered);
+                } else {
+                    seeds = entered;
+                    at = beside;
+                }
+            };
+            enter(here - kRowWords, filled);
+            enter(here + kRowWords, filled);
+            enter(here - 1, ((filled & 1) ^ outLeft) << kLast);
+            enter(here + 1, (filled >> kLast) ^ outRight);
         }
     }
 }

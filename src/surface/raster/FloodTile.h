@@ -1,71 +1,62 @@
-// The part of a flood fill that lies in one tile of the bitmap: one bit a pixel, 64 pixels at a step.
+// The part of a flood fill that lies in one tile of the bitmap: one bit a pixel, a word of them at a step.
 #pragma once
 
-#include "surface/raster/Bitmap.h"
+#include "surface/raster/FloodMask.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace pintalux {
 
-/// The pixels that belong to an area: those of a colour, or all others.
-struct FloodArea {
-    Pixel colour;
-    bool ofTheColour;
-
-    bool Holds(Pixel pixel) const { return (pixel == colour) == ofTheColour; }
-};
-
+/// The pixels lie in lanes: the tile's rows, several words each; or, where the area stands upright, its
+/// columns, one word each. So a corridor one pixel wide is taken by words in either direction.
 class FloodTile {
   public:
-    using Word = std::uint64_t;
-    using RowMask = std::uint32_t; ///< A bit for each row of the tile.
-    static constexpr int kWordBits = 64;
-    static constexpr std::size_t kWords = Bitmap::kTileWidth / kWordBits;
-    static constexpr int kRows = Bitmap::kTileHeight;
-    using Row = std::array<Word, kWords>; ///< A bit for each pixel of a row.
+    using Word = FloodMask::Word;
+    using Row = std::array<Word, FloodMask::kRowWords>;
 
-    /// The tile that covers `box` of the bitmap.
-    FloodTile(const Bitmap& bits, const Box& box, FloodArea area);
+    explicit FloodTile(const FloodMask& area);
 
-    /// Lets the fill enter a row at the given pixels; those that it may not enter are left out.
-    void Seed(int row, const Row& pixels);
-    /// Lets the fill enter one column in the given rows.
-    void SeedColumn(int column, RowMask rows);
-    /// True if there is something to do since the last `Spread`.
-    bool Seeded() const { return seeded_ != 0; }
+    /// Lets the fill enter at the given pixels of a row; those that it may not enter are left out.
+    void EnterRow(std::size_t row, const Row& pixels);
+    /// Lets the fill enter at the given pixels of a column.
+    void EnterColumn(std::size_t column, Word pixels);
+    /// True if the fill has entered and not spread since.
+    bool Waits() const { return waits_ > 0; }
 
     /// Pixels filled at the tile's edges, through which the fill goes on in its neighbours.
     struct Edges {
         Row top{};
         Row bottom{};
-        RowMask left = 0;
-        RowMask right = 0;
+        Word left = 0;
+        Word right = 0;
     };
-    /// Fills everything inside the tile that hangs together with the seeds.
+    /// Fills everything inside the tile that hangs together with where the fill has entered.
     Edges Spread();
 
-    /// The box of the bitmap around what was filled; empty if nothing was.
-    Box Filled() const;
-    /// True if every pixel was filled.
-    bool FilledWhole() const;
-    /// Writes the filled pixels.
-    void Write(Bitmap& bits, Pixel fill) const;
+    /// What was filled.
+    FloodMask Filled() const;
 
   private:
-    static Word MatchWord(const Pixel* pixels, std::size_t count, FloodArea area);
+    void Seed(std::size_t word, Word pixels);
+    Word Fill(std::size_t word, Word seeds);
+    void SpreadAlongRows(Edges& edges);
+    void SpreadAlongColumns(Edges& edges);
 
-    Word FilledWord(std::size_t row, std::size_t word) const { return area_[row][word] & ~open_[row][word]; }
-    int NextRow(int row, bool& downwards) const;
-    bool FollowCorridor(int& row);
-    void SpreadRow(int row, Edges& edges);
-    Row TakeRow(std::size_t row);
+    /// As many words as the longer of the two layouts has, and closed ones around them, so that the lanes at
+    /// the tile's edges need no case of their own.
+    static constexpr std::size_t kMargin = FloodMask::kRowWords;
+    static_assert(FloodMask::kWords <= FloodMask::kColumns && FloodMask::kColumns < 0xFFFF);
+    using Words = std::array<Word, FloodMask::kColumns + 2 * kMargin>;
 
-    Box box_;
-    std::array<Row, kRows> area_{}; ///< What belonged to the area before the fill.
-    std::array<Row, kRows> open_{}; ///< What of it is not filled yet.
-    std::array<Row, kRows> seeds_{};
-    RowMask seeded_ = 0; ///< The rows that have seeds.
+    bool upright_;
+    FloodMask::Columns area_{}; ///< What belonged to the area before the fill.
+    Words open_{};              ///< What of it is not filled yet.
+    Words seeds_{};             ///< What of that the fill has entered.
+    /// The words that have seeds, each once, and one place to write on in vain.
+    std::array<std::uint16_t, FloodMask::kColumns + 1> waiting_;
+    std::size_t waits_ = 0;
 };
 
 } // namespace pintalux
