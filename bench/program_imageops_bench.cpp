@@ -7,6 +7,7 @@
 #include "imageops/ImageCommands.h"
 
 #include <chrono>
+#include <fstream>
 
 namespace pintalux {
 namespace {
@@ -15,11 +16,29 @@ double Milliseconds(std::chrono::steady_clock::duration time) {
     return std::chrono::duration<double, std::milli>(time).count();
 }
 
+/// A line of the process's memory figures, in bytes.
+double MemoryFigure(const std::string& name) {
+    std::ifstream figures("/proc/self/status");
+    for (std::string word; figures >> word;) {
+        double kilobytes = 0;
+        if (word == name + ":" && figures >> kilobytes) return kilobytes * 1024;
+    }
+    return 0;
+}
+
+/// Memory now; the peak is counted from here.
+double StartPeak() {
+    std::ofstream("/proc/self/clear_refs") << 5;
+    return MemoryFigure("VmRSS");
+}
+
 void WholeCommand(benchmark::State& state, void (*command)()) {
     const Document document(kLargeWidth, kLargeHeight, kViewWidth, kViewHeight);
     double click = 0;
     double whole = 0;
+    double peak = 0;
     for (auto _ : state) {
+        const double before = StartPeak();
         const auto start = std::chrono::steady_clock::now();
         command();
         const auto clicked = std::chrono::steady_clock::now();
@@ -27,9 +46,11 @@ void WholeCommand(benchmark::State& state, void (*command)()) {
         const auto recorded = std::chrono::steady_clock::now();
         click += Milliseconds(clicked - start);
         whole += Milliseconds(recorded - start);
+        peak = std::max(peak, MemoryFigure("VmHWM") - before);
         state.SetIterationTime(Milliseconds(clicked - start) / 1000);
     }
     state.counters["recorded_ms"] = whole / static_cast<double>(state.iterations());
+    state.counters["peak_bytes"] = peak / (double{kLargeWidth} * kLargeHeight);
     state.counters["file_share"] = (whole - click) / whole;
 }
 

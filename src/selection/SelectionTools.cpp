@@ -11,35 +11,52 @@ namespace pintalux {
 
 namespace {
 
-void ConnectRectangle(frmImage& image) {
-    image.PicSelect.MouseDown =
-        image.SelectImage.MouseDown = [&image](int, int, double, double) { PicSelect_MouseDown(image); };
-    image.PicSelect.MouseUp =
-        image.SelectImage.MouseUp = [&image](int, int, double, double) { PicSelect_MouseUp(image); };
-    image.SelectImage.MouseMove = [&image](int, int, double X, double Y) {
-        MoveOverPiece(image, image.SelectImage, image.PicSelect, X, Y, 1.0 / kTwipsPerPixel);
-    };
-    image.Timer1.Tick = [&image] { FollowPointer(image, image.PicSelect); };
+void SelectImage_MouseDown(frmImage& image) {
+    PicSelect_MouseDown(image);
 }
 
-void ConnectFreehand(frmImage& image) {
+void SelectImage_MouseUp(frmImage& image) {
+    PicSelect_MouseUp(image);
+}
+
+void SelectImage_MouseMove(frmImage& image, double X, double Y) {
+    MoveOverPiece(image, image.SelectImage, image.PicSelect, X, Y, 1.0 / kTwipsPerPixel);
+}
+
+void PicFreeSelect_MouseMove(frmImage& image, double X, double Y) {
     Surface& piece = image.PicFreeSelect;
-    piece.MouseDown = [&image](int, int, double, double) { PicFreeSelect_MouseDown(image); };
-    piece.MouseUp = [&image](int, int, double, double) { PicFreeSelect_MouseUp(image); };
-    piece.MouseMove = [&image, &piece](int, int, double X, double Y) {
-        MoveOverPiece(image, piece, piece, X, Y, piece.PixelWidth() / piece.ScaleWidth());
-    };
-    image.TimerFS.Tick = [&image, &piece] { FollowPointer(image, piece); };
+    MoveOverPiece(image, piece, piece, X, Y, piece.PixelWidth() / piece.ScaleWidth());
+}
+
+// Over the empty viewport.
+void PicFrame_MouseMove(frmImage& image, double X, double Y) {
+    MoveRulerMarks(image, X - image.PicBG.Left(), Y - image.PicBG.Top());
+}
+
+/// An event of a document that needs the document alone.
+PointerEvent On(frmImage& image, void (*handler)(frmImage&)) {
+    return [&image, handler](int, int, double, double) { handler(image); };
+}
+
+/// One that also needs the place.
+PointerEvent At(frmImage& image, void (*handler)(frmImage&, double, double)) {
+    return [&image, handler](int, int, double X, double Y) { handler(image, X, Y); };
 }
 
 } // namespace
 
 void ConnectSelection(frmImage& image) {
-    ConnectRectangle(image);
-    ConnectFreehand(image);
-    image.PicFrame.MouseMove = [&image](int, int, double X, double Y) {
-        MoveRulerMarks(image, X - image.PicBG.Left(), Y - image.PicBG.Top());
-    };
+    image.PicSelect.MouseDown = On(image, PicSelect_MouseDown);
+    image.PicSelect.MouseUp = On(image, PicSelect_MouseUp);
+    image.SelectImage.MouseDown = On(image, SelectImage_MouseDown);
+    image.SelectImage.MouseUp = On(image, SelectImage_MouseUp);
+    image.SelectImage.MouseMove = At(image, SelectImage_MouseMove);
+    image.Timer1.Tick = [&image] { FollowPointer(image, image.PicSelect); };
+    image.PicFreeSelect.MouseDown = On(image, PicFreeSelect_MouseDown);
+    image.PicFreeSelect.MouseUp = On(image, PicFreeSelect_MouseUp);
+    image.PicFreeSelect.MouseMove = At(image, PicFreeSelect_MouseMove);
+    image.TimerFS.Tick = [&image] { FollowPointer(image, image.PicFreeSelect); };
+    image.PicFrame.MouseMove = At(image, PicFrame_MouseMove);
 }
 
 void InstallSelectionTools() {

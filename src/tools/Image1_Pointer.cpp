@@ -58,9 +58,14 @@ void LeftPress(frmImage& image, double X, double Y) {
     Run(StepsOf(CurrentTool).press, image, X, Y);
 }
 
+// The pictures of the tools that point with their tip.
+const Icon EyePic{":/icons/cursor-eye.svg", 16, 16};
+const Icon FillPic{":/icons/cursor-fill.svg", 16, 15};
+const Icon MagPic{":/icons/cursor-mag.svg", 12, 12};
+
 void SetPointerShape(Display& image1) {
-    const auto custom = [&image1](const char* picture, int hotX, int hotY) {
-        image1.MouseIcon({picture, hotX, hotY});
+    const auto custom = [&image1](const Icon& picture) {
+        image1.MouseIcon(picture);
         image1.MousePointer(kPointerCustom);
     };
     switch (CurrentTool) {
@@ -68,13 +73,13 @@ void SetPointerShape(Display& image1) {
         image1.MousePointer(kPointerCross);
         break;
     case kColorPickTool:
-        custom(":/icons/cursor-eye.svg", 16, 16);
+        custom(EyePic);
         break;
     case kFloodTool:
-        custom(":/icons/cursor-fill.svg", 16, 15);
+        custom(FillPic);
         break;
     case kMagTool:
-        custom(":/icons/cursor-mag.svg", 12, 12);
+        custom(MagPic);
         break;
     default:
         image1.MousePointer(kPointerDefault);
