@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""run.py [--program path] [test...]: runs the built program on a desktop of its own, a test after the other.
+"""run.py [--program path] [test...]: runs the built program, each test on a desktop of its own, two at a time.
 
 Prints `ok name` or `FAILED name` for each; of a failed one also why, and the file with the last sight of its display.
 """
 import argparse
+import concurrent.futures
 import importlib
 import os
 import signal
@@ -28,25 +29,26 @@ def built_program():
     sys.exit("The program is not built: scripts/build.sh release pintalux64")
 
 
-def run(test, program):
-    """True if the test passed."""
+def run(name, program):
+    """Whether the test passed, and what is to be said of it."""
+    test = next(each for each in tests if each.__name__ == name)
     start = time.monotonic()
+    said = []
     try:
         with Desktop(program) as desktop:
             try:
                 test(desktop)
             except Exception:
-                picture = ROOT / "build" / "failed" / f"{test.__name__}.png"
-                print(traceback.format_exc().rstrip())
+                picture = ROOT / "build" / "failed" / f"{name}.png"
+                said.append(traceback.format_exc().rstrip())
                 desktop.keep_photograph(picture)
-                print(f"the display: {picture.relative_to(ROOT)}")
-                print(desktop.messages().rstrip())
+                said.append(f"the display: {picture.relative_to(ROOT)}")
+                said.append(desktop.messages().rstrip())
                 raise
     except Exception as failure:
-        print(f"FAILED {test.__name__}: {failure}", flush=True)
-        return False
-    print(f"ok {test.__name__} ({time.monotonic() - start:.1f} s)", flush=True)
-    return True
+        said.append(f"FAILED {name}: {failure}")
+        return False, "\n".join(said)
+    return True, f"ok {name} ({time.monotonic() - start:.1f} s)"
 
 
 def main():
@@ -59,9 +61,15 @@ def main():
     for file in sorted(HERE.glob("*Tests.py")):
         importlib.import_module(file.stem)
     program = options.program or built_program()
-    chosen = [test for test in tests if not options.names or test.__name__ in options.names]
-    results = [run(test, program) for test in chosen]
-    return 0 if results and all(results) else 1
+    chosen = [test.__name__ for test in tests if not options.names or test.__name__ in options.names]
+    passed = []
+    # Most of a test is waiting; a desktop of its own keeps each from the other's windows and clipboard.
+    with concurrent.futures.ProcessPoolExecutor(max_workers=2) as hands:
+        for result in concurrent.futures.as_completed([hands.submit(run, name, program) for name in chosen]):
+            ok, text = result.result()
+            print(text, flush=True)
+            passed.append(ok)
+    return 0 if passed and all(passed) else 1
 
 
 if __name__ == "__main__":

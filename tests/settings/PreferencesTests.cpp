@@ -143,8 +143,9 @@ TEST_F(PreferencesTest, NumbersThatNoControlTakesCountAsTheDefaults) {
 
 TEST_F(PreferencesTest, GarbageInTheStoreGivesTheDefaults) {
     std::filesystem::create_directories(Folder("settings") + "/Pintalux64");
-    PutBytes(Folder("settings") + "/Pintalux64/settings.ini",
-             std::string("\0\xFF[[[=\n=\x01", 9) + std::string(5000, 'x'));
+    std::string garbage("\0\xFF[[[=\n=\x01", 9);
+    garbage.append(5000, 'x');
+    PutBytes(Folder("settings") + "/Pintalux64/settings.ini", garbage);
     EXPECT_EQ(frmPrefs->Combo1.Text(), "5");
     EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
 }
