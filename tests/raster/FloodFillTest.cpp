@@ -163,7 +163,7 @@ TEST(ExtFloodFill, MatchesTheSlowTwinOnStairs) {
     }
 }
 
-TEST(ExtFloodFill, MatchesTheSlowTwinWhereThePictureIsWrittenByAllCores) {
+TEST(ExtFloodFill, MatchesTheSlowTwinInPicturesOfManyTiles) {
     ExpectLikeTheSlowTwin(Speckled(1500, 500, 1, 2), 750, 250);
     ExpectLikeTheSlowTwin(Serpentine(1500, 500, true), 0, 0);
 }
@@ -176,6 +176,29 @@ TEST(ExtFloodFill, AHugeBlankImageIsSharedNotWritten) {
     EXPECT_EQ(pot.bits, Bitmap(32000, 32000, 0x0000FF));
     EXPECT_EQ(pot.bits.Run(0, 0).data(), pot.bits.Run(31744, 31968).data());
     EXPECT_EQ(before.At(16000, 16000), static_cast<Pixel>(kWhite));
+}
+
+TEST(ExtFloodFill, DoesNotGoRoundFromOneEndOfTheTilesToTheOther) {
+    // Bands of whole tiles, white all over or with a speck each, and a wall between two of them.
+    for (const bool specks : {false, true}) {
+        Bitmap start(2 * Bitmap::kTileWidth, 5 * Bitmap::kTileHeight, kWhite);
+        for (int y = 0; specks && y < start.Height(); y += Bitmap::kTileHeight) {
+            start.Set(9, y + 3, 0);
+            start.Set(Bitmap::kTileWidth + 9, y + 3, 0);
+        }
+        const int wall = 2 * Bitmap::kTileHeight;
+        start.Fill({0, wall, start.Width(), wall + Bitmap::kTileHeight}, 0);
+        ExpectLikeTheSlowTwin(start, 1, 1);
+        ExpectLikeTheSlowTwin(start, 1, start.Height() - 1);
+    }
+    // The same where the wall is a line at the border of two bands.
+    Bitmap start(2 * Bitmap::kTileWidth, 2 * Bitmap::kTileHeight, kWhite);
+    start.Fill({0, Bitmap::kTileHeight, start.Width(), Bitmap::kTileHeight + 1}, 0);
+    start.Set(0, Bitmap::kTileHeight, kWhite);
+    start.Fill({1, 5, 2, Bitmap::kTileHeight}, 0);
+    start.Fill({0, 5, 2, 6}, 0);
+    ExpectLikeTheSlowTwin(start, start.Width() - 1, 1);
+    ExpectLikeTheSlowTwin(start, start.Width() - 1, Bitmap::kTileHeight + 1);
 }
 
 TEST(ExtFloodFill, LeavesTilesItOnlyComesByShared) {

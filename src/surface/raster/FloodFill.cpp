@@ -2,11 +2,9 @@
 
 #include "surface/raster/Figure.h"
 #include "surface/raster/FloodTile.h"
-#include "surface/raster/Parallel.h"
 #include "surface/raster/RuntimeError.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -39,35 +37,25 @@ class Flood {
 
     /// Writes what was filled and gives the box around it.
     Box Write(Pixel fill) {
-        Box all = ShareWholeTiles(fill);
-        std::vector<std::size_t> bands;
-        std::size_t mixed = 0;
+        Box written = ShareWholeTiles(fill);
         for (std::size_t tile = 0; tile < tiles_.size(); ++tile) {
             if (!tiles_[tile].entered) continue;
-            // From the first one on the table over the bands is the bitmap's own: each band can be detached
-            // and written without touching another.
-            if (mixed++ == 0) bits_.Detach(BoxOf(tile));
-            if (bands.empty() || bands.back() != tile / across_) bands.push_back(tile / across_);
+            const FloodMask filled = tiles_[tile].masks->Filled();
+            const Box box = BoxOf(tile);
+            if (Union(written, box) != written) {
+                const Box around = filled.Around();
+                written = Union(written, {box.left + around.left, box.top + around.top,
+                                          box.left + around.right, box.top + around.bottom});
+            }
+            filled.Write(bits_, box, fill);
         }
-        std::vector<Box> written(bands.size());
-        std::atomic<std::size_t> next{0};
-        const auto writeBands = [&](int, int) {
-            // Band by band, so that nobody waits long for a core that others keep busy.
-            for (std::size_t i = next++; i < bands.size(); i = next++)
-                written[i] = WriteBand(bands[i], fill);
-        };
-        SplitOverCores(mixed < kTilesWorthCores ? 1 : CoreCount(), writeBands);
-        for (const Box& box : written)
-            all = Union(all, box);
-        return all;
+        return written;
     }
 
   private:
     using Word = FloodMask::Word;
     static constexpr std::size_t kRows = FloodMask::kRows;
     static constexpr std::size_t kColumns = FloodMask::kColumns;
-    // Fewer tiles are written before another thread has woken up.
-    static constexpr std::size_t kTilesWorthCores = 64;
 
     // A tile is looked at when the fill comes by. Only one that the area covers in part needs masks; what is
     // filled of it may still be nothing, if the fill comes by where the area is not.
@@ -131,10 +119,9 @@ class Flood {
 
     // Goes on from a tile's edges; beyond the bitmap there is nothing.
     void Leave(std::size_t tile, const FloodTile::Edges& edges) {
-        constexpr FloodTile::Row kNone{};
-        if (edges.top != kNone && tile >= across_)
+        if (edges.anyTop != 0 && tile >= across_)
             Enter(tile - across_, [&](FloodTile& above) { above.EnterRow(kRows - 1, edges.top); });
-        if (edges.bottom != kNone && tile + across_ < tiles_.size())
+        if (edges.anyBottom != 0 && tile + across_ < tiles_.size())
             Enter(tile + across_, [&](FloodTile& below) { below.EnterRow(0, edges.bottom); });
         if (edges.left != 0 && tile % across_ > 0)
             Enter(tile - 1, [&](FloodTile& left) { left.EnterColumn(kColumns - 1, edges.left); });
@@ -146,6 +133,7 @@ class Flood {
         FloodTile::Edges edges;
         edges.top.fill(FloodMask::kAllBits);
         edges.bottom.fill(FloodMask::kAllBits);
+        edges.anyTop = edges.anyBottom = FloodMask::kAllBits;
         edges.left = edges.right = FloodMask::kAllBits >> (FloodMask::kWordBits - kRows);
         Leave(tile, edges);
     }
@@ -188,22 +176,6 @@ class Flood {
             }
         }
         return boxes;
-    }
-
-    Box WriteBand(std::size_t band, Pixel fill) {
-        Box written;
-        for (std::size_t tile = band * across_; tile < (band + 1) * across_; ++tile) {
-            if (!tiles_[tile].entered) continue;
-            const FloodMask filled = tiles_[tile].masks->Filled();
-            const Box box = BoxOf(tile);
-            if (Union(written, box) != written) {
-                const Box around = filled.Around();
-                written = Union(written, {box.left + around.left, box.top + around.top,
-                                          box.left + around.right, box.top + around.bottom});
-            }
-            filled.Write(bits_, box, fill);
-        }
-        return written;
     }
 
     Bitmap& bits_;

@@ -15,6 +15,9 @@ constexpr std::size_t kColumns = FloodMask::kColumns;
 constexpr std::size_t kRowWords = FloodMask::kRowWords;
 constexpr std::size_t kLast = kWordBits - 1;
 
+// So many words wait where the area is wide and full of holes, not along corridors.
+constexpr std::size_t kCrowd = 8;
+
 Word AllBitsIf(bool condition) {
     return Word{0} - static_cast<Word>(condition);
 }
@@ -70,8 +73,8 @@ FloodMask FloodTile::Filled() const {
 inline void FloodTile::Seed(std::size_t word, Word pixels) {
     const Word entered = pixels & open_[kMargin + word];
     const Word before = seeds_[kMargin + word];
-    waiting_[waits_] = static_cast<std::uint16_t>(word);
-    waits_ += static_cast<std::size_t>((before == 0) & (entered != 0));
+    waiting_[end_ % kRing] = static_cast<std::uint16_t>(word);
+    end_ += static_cast<std::size_t>((before == 0) & (entered != 0));
     seeds_[kMargin + word] = before | entered;
 }
 
@@ -111,21 +114,27 @@ inline Word FloodTile::Fill(std::size_t word, Word seeds) {
 }
 
 void FloodTile::SpreadAlongColumns(Edges& edges) {
-    while (waits_ > 0) {
-        const std::size_t column = waiting_[--waits_];
+    while (Waits()) {
+        const std::size_t column = Newest();
         const Word filled = Fill(column, std::exchange(seeds_[kMargin + column], 0));
         edges.left |= filled & AllBitsIf(column == 0);
         edges.right |= filled & AllBitsIf(column == kColumns - 1);
-        edges.top[column / kWordBits] |= (filled & 1) << (column % kWordBits);
-        edges.bottom[column / kWordBits] |= (filled >> (kRows - 1)) << (column % kWordBits);
+        const Word top = filled & 1;
+        const Word bottom = filled >> (kRows - 1);
+        edges.top[column / kWordBits] |= top << (column % kWordBits);
+        edges.bottom[column / kWordBits] |= bottom << (column % kWordBits);
+        edges.anyTop |= top;
+        edges.anyBottom |= bottom;
         Seed(column - 1, filled);
         Seed(column + 1, filled);
     }
 }
 
 void FloodTile::SpreadAlongRows(Edges& edges) {
-    while (waits_ > 0) {
-        std::size_t at = waiting_[--waits_];
+    while (Waits()) {
+        // In a crowd the oldest comes first: by then it has been entered from all sides.
+        const bool crowded = end_ - first_ >= kCrowd;
+        std::size_t at = crowded ? Oldest() : Newest();
         Word seeds = std::exchange(seeds_[kMargin + at], 0);
         while (seeds != 0) {
             const std::size_t row = at / kRowWords;
@@ -133,15 +142,28 @@ void FloodTile::SpreadAlongRows(Edges& edges) {
             const Word filled = Fill(at, seeds);
             const Word outLeft = filled & AllBitsIf(word == 0) & 1;
             const Word outRight = filled >> kLast & AllBitsIf(word == kRowWords - 1);
-            edges.top[word] |= filled & AllBitsIf(row == 0);
-            edges.bottom[word] |= filled & AllBitsIf(row == kRows - 1);
+            const Word outTop = filled & AllBitsIf(row == 0);
+            const Word outBottom = filled & AllBitsIf(row == kRows - 1);
+            edges.top[word] |= outTop;
+            edges.bottom[word] |= outBottom;
+            edges.anyTop |= outTop;
+            edges.anyBottom |= outBottom;
             edges.left |= outLeft << row;
             edges.right |= outRight << row;
 
-            // One word beside comes next, without the way over the list of those that wait: along a corridor
-            // there is but one.
-            seeds = 0;
             const std::size_t here = at;
+            const Word toLeft = ((filled & 1) ^ outLeft) << kLast;
+            const Word toRight = (filled >> kLast) ^ outRight;
+            seeds = 0;
+            if (crowded) {
+                Seed(here - kRowWords, filled);
+                Seed(here + kRowWords, filled);
+                Seed(here - 1, toLeft);
+                Seed(here + 1, toRight);
+                continue;
+            }
+            // Else one word beside comes next, without the way through the ring: along a corridor there is
+            // but one.
             const auto enter = [&](std::size_t beside, Word pixels) {
                 const Word entered = pixels & open_[kMargin + beside];
                 if (entered == 0) return;
@@ -154,8 +176,8 @@ void FloodTile::SpreadAlongRows(Edges& edges) {
             };
             enter(here - kRowWords, filled);
             enter(here + kRowWords, filled);
-            enter(here - 1, ((filled & 1) ^ outLeft) << kLast);
-            enter(here + 1, (filled >> kLast) ^ outRight);
+            enter(here - 1, toLeft);
+            enter(here + 1, toRight);
         }
     }
 }

@@ -4,6 +4,7 @@
 #include "surface/raster/FloodMask.h"
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -23,12 +24,14 @@ class FloodTile {
     /// Lets the fill enter at the given pixels of a column.
     void EnterColumn(std::size_t column, Word pixels);
     /// True if the fill has entered and not spread since.
-    bool Waits() const { return waits_ > 0; }
+    bool Waits() const { return first_ != end_; }
 
     /// Pixels filled at the tile's edges, through which the fill goes on in its neighbours.
     struct Edges {
         Row top{};
         Row bottom{};
+        Word anyTop = 0; ///< Not 0 if any of the top row was filled.
+        Word anyBottom = 0;
         Word left = 0;
         Word right = 0;
     };
@@ -40,6 +43,8 @@ class FloodTile {
 
   private:
     void Seed(std::size_t word, Word pixels);
+    std::size_t Oldest() { return waiting_[first_++ % kRing]; }
+    std::size_t Newest() { return waiting_[--end_ % kRing]; }
     Word Fill(std::size_t word, Word seeds);
     void SpreadAlongRows(Edges& edges);
     void SpreadAlongColumns(Edges& edges);
@@ -54,9 +59,11 @@ class FloodTile {
     FloodMask::Columns area_{}; ///< What belonged to the area before the fill.
     Words open_{};              ///< What of it is not filled yet.
     Words seeds_{};             ///< What of that the fill has entered.
-    /// The words that have seeds, each once, and one place to write on in vain.
-    std::array<std::uint16_t, FloodMask::kColumns + 1> waiting_;
-    std::size_t waits_ = 0;
+    /// The words that have seeds, each once: a ring with room for one more, to write on in vain.
+    static constexpr std::size_t kRing = std::bit_ceil(FloodMask::kColumns + 1);
+    std::array<std::uint16_t, kRing> waiting_;
+    std::size_t first_ = 0; ///< The one that waits longest; only the rest of a division by `kRing` counts.
+    std::size_t end_ = 0;   ///< After the one that came last.
 };
 
 } // namespace pintalux
