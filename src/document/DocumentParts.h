@@ -85,8 +85,8 @@ struct SelectionState {
     std::int16_t selecting = 0;      ///< -1 between press and release.
     double SelectLeft = 0, SelectTop = 0, Selectwidth = 0, Selectheight = 0; ///< Image pixels.
     std::int16_t SelectpicX = 0, SelectpicY = 0; ///< Grab offset of a dragged piece.
-    std::int16_t FreeSelDrawing = 0; ///< -1: the path of the running drag is over.
-    bool pathOpen = false;           ///< A press of the freehand tool began a path that no release has ended.
+    std::int16_t FreeSelDrawing = 0;             ///< -1: the path of the running drag is over.
+    bool pathOpen = false; ///< A press of the freehand tool began a path that no release has ended.
     std::int16_t FreeStartX = 0, FreeStartY = 0; ///< First point of the path, image pixels.
     std::int16_t FreeMinX = 0, FreeMinY = 0, FreeMaxX = 0, FreeMaxY = 0; ///< Box around the path.
 };
