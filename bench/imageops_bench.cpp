@@ -2,8 +2,8 @@
 // cores in the same run. `taskset -c 0` in front gives the figures of one core.
 //
 // Counters: `wall` and `cpu` are the multiples of elapsed and of processor time, best against best; on a busy
-// machine only `cpu` means something. `kept` 1: freed memory is there again for the result, as in a session
-// with several images; 0: the system hands out fresh memory and clears it page by page.
+// machine only `cpu` means something. `kept` 1: freed memory is there again for the result, as in the course
+// of work with several images; 0: the system hands out fresh memory and clears it page by page.
 #include "document/Globals.h"
 #include "imageops/ImgFiltMod.h"
 #include "surface/raster/Parallel.h"
