@@ -1,6 +1,7 @@
 // Controls of one kind that differ by an index.
 #pragma once
 
+#include "surface/raster/NumberText.h"
 #include "surface/raster/RuntimeError.h"
 
 #include <memory>
@@ -13,6 +14,13 @@ namespace pintalux {
 template <class C>
 class ControlArray {
   public:
+    ControlArray() = default;
+    /// `count` controls in one container, named by the array's name and their index.
+    template <class Parent>
+    ControlArray(Parent& parent, const std::string& name, int count) {
+        for (int i = 0; i < count; ++i)
+            Add(parent, name + NumberText(i));
+    }
     /// Makes the next control of the array and gives it.
     template <class... Arguments>
     C& Add(Arguments&&... arguments) {

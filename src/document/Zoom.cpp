@@ -4,6 +4,7 @@
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "document/MainMenu.h"
+#include "document/Selection.h"
 #include "document/Workspace.h"
 #include "surface/raster/Arithmetic.h"
 
@@ -54,11 +55,7 @@ void ZoomByMenu(int level) {
         TheWorkspace.bar->TB2.Buttons(2).Value(1);
     }
     // A freehand selection is dropped by zooming; a rectangular one survives.
-    if (image.PicFreeSelect.Visible()) {
-        image.PicMerge.Picture(image.Pic1BU.Image());
-        image.Image1.Picture(image.PicMerge.Image());
-        image.PicFreeSelect.Visible(false);
-    }
+    if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
     const bool hadVS = image.VS.Visible();
     const bool hadHS = image.HS.Visible();
     if (hadVS) ScrollRatioV = (image.VS.Max() + 1.0) / (image.VS.Value() + 1.0);

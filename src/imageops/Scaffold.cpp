@@ -3,10 +3,9 @@
 #include "document/CommandBar.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
-#include "document/MainMenu.h"
+#include "document/Selection.h"
 #include "document/Workspace.h"
 #include "surface/raster/Arithmetic.h"
-#include "surface/raster/Transfer.h"
 
 namespace pintalux {
 
@@ -63,10 +62,7 @@ MaskOnlyFreehand::~MaskOnlyFreehand() {
 
 void TakePastedPlace(frmImage& image) {
     if (PasteFloating == 0) return;
-    image.SelectLeft = image.PicSelect.Left() / image.factor;
-    image.SelectTop = image.PicSelect.Top() / image.factor;
-    image.Selectwidth = image.PicSelect.Width() / image.factor;
-    image.Selectheight = image.PicSelect.Height() / image.factor;
+    TakeMembers(image, image.PicSelect);
 }
 
 namespace {
@@ -74,10 +70,7 @@ namespace {
 // Nothing floats any more: nothing can be cut or copied, and the next grab lifts from the image.
 void EndSelection() {
     PasteFloating = 0;
-    for (const int position : {5, 6})
-        TheWorkspace.bar->TB2.Buttons(position).Enabled(false);
-    TheWorkspace.menu->mnuEditCut.Enabled(false);
-    TheWorkspace.menu->mnuEditCopy.Enabled(false);
+    EnableCutAndCopy(false);
 }
 
 } // namespace
@@ -86,10 +79,8 @@ void EndSelection() {
 // saved is the same picture.
 void DropRectangle(frmImage& image, double width, double height) {
     image.SelectShape.Visible(false);
-    StretchBlt(image.PicMerge.hDC(),
-               {ToInt32(image.SelectLeft), ToInt32(image.SelectTop), ToInt32(image.Selectwidth),
-                ToInt32(image.Selectheight)},
-               image.SelHolder.hDC(), {0, 0, ToInt32(width), ToInt32(height)}, SRCCOPY);
+    StretchBlt(image.PicMerge.hDC(), SelectionExtent(image), image.SelHolder.hDC(),
+               {0, 0, ToInt32(width), ToInt32(height)}, SRCCOPY);
     image.PicSelect.Visible(false);
     EndSelection();
 }
@@ -109,7 +100,7 @@ void DropFreehand(frmImage& image, const Surface& piece, double width, double he
 }
 
 void FinishOperation(frmImage& image) {
-    image.Image1.Picture(image.PicMerge.Image());
+    ShowMerge(image);
     image.Backup();
 }
 

@@ -23,20 +23,6 @@ constexpr double kRows[] = {720, 1560, 2400};
 
 constexpr std::int16_t kEmptyHeight = 580;
 
-ControlArray<Surface> MakeStores(Surface& parent) {
-    ControlArray<Surface> stores;
-    for (int i = 0; i < kSlots; ++i)
-        stores.Add(parent, "PicClip" + NumberText(i));
-    return stores;
-}
-
-ControlArray<Surface> MakeFrames(Surface& page) {
-    ControlArray<Surface> frames;
-    for (int i = 0; i < kSlots; ++i)
-        frames.Add(page, "PicClipBG" + NumberText(i));
-    return frames;
-}
-
 ControlArray<Display> MakeThumbnails(const ControlArray<Surface>& frames) {
     ControlArray<Display> thumbnails;
     for (int i = 0; i < kSlots; ++i)
@@ -49,8 +35,9 @@ ControlArray<Display> MakeThumbnails(const ControlArray<Surface>& frames) {
 ClipTray::ClipTray(ToolSettingsPanel& panel)
     : ChClipLock(panel.PicTools(kTrayPage), "ChClipLock", "TRANSFERÊNCIA"),
       cmdClear(panel.PicTools(kTrayPage), "cmdClear", "LIMPAR"), ShClip(panel.PicTools(kTrayPage), "ShClip"),
-      ClipStore(panel.PicTools(kTrayPage), "ClipStore"), PicClip(MakeStores(ClipStore)),
-      PicClipBG(MakeFrames(panel.PicTools(kTrayPage))), ImgClip(MakeThumbnails(PicClipBG)), panel_(panel) {
+      ClipStore(panel.PicTools(kTrayPage), "ClipStore"), PicClip(ClipStore, "PicClip", kSlots),
+      PicClipBG(panel.PicTools(kTrayPage), "PicClipBG", kSlots), ImgClip(MakeThumbnails(PicClipBG)),
+      panel_(panel) {
     Procedure = [](ClipTray&, std::uint32_t, std::intptr_t, std::intptr_t) { return std::intptr_t{0}; };
     LayOut();
     ChClipLock.Click = [this] { ChClipLock_Click(); };

@@ -29,13 +29,10 @@ void EndRectangle(frmImage& image) {
     EnableCutAndCopy(false);
 }
 
-// The image without the piece and without a trace of its path; a hole that was cut stays.
 void EndFreehand(frmImage& image) {
-    EnableCutAndCopy(false);
-    image.PicFreeSelect.Visible(false);
-    image.PicMerge.Picture(image.Pic1BU.Image());
+    PutCleanCopyBack(image);
     image.PicMerge.Refresh();
-    ShowMerge(image);
+    EnableCutAndCopy(false);
 }
 
 void CutRectangle(frmImage& image) {
@@ -44,11 +41,7 @@ void CutRectangle(frmImage& image) {
     image.PicSelect.Width(image.Selectwidth * image.factor);
     image.PicSelect.Height(image.Selectheight * image.factor);
     HoldRectangle(image);
-    // Blank, it fills the hole; all of it, since at a reducing zoom it has fewer pixels than the hole.
-    const Extent blank{0, 0, image.PicSelect.PixelWidth(), image.PicSelect.PixelHeight()};
-    StretchBlt(image.PicMerge.hDC(), SelectionExtent(image), image.PicSelect.hDC(), blank, SRCCOPY);
-    image.PicMerge.Refresh();
-    ShowMerge(image);
+    StampBlank(image);
     EndRectangle(image);
 }
 

@@ -1,8 +1,5 @@
 #include "selection/Floating.h"
 
-#include "document/CommandBar.h"
-#include "document/MainMenu.h"
-#include "document/Workspace.h"
 #include "surface/raster/Arithmetic.h"
 #include "surface/window/Screen.h"
 #include "tools/Image1_Pointer.h"
@@ -19,23 +16,11 @@ CursorPosition SnappedCursor(const frmImage& image) {
 
 } // namespace
 
-Extent SelectionExtent(const frmImage& image) {
-    return {ToInt32(image.SelectLeft), ToInt32(image.SelectTop), ToInt32(image.Selectwidth),
-            ToInt32(image.Selectheight)};
-}
-
-void TakePieceMembers(frmImage& image) {
-    image.SelectLeft = image.PicSelect.Left() / image.factor;
-    image.SelectTop = image.PicSelect.Top() / image.factor;
-    image.Selectwidth = image.PicSelect.Width() / image.factor;
-    image.Selectheight = image.PicSelect.Height() / image.factor;
-}
-
-void EnableCutAndCopy(bool value) {
-    TheWorkspace.bar->TB2.Buttons(5).Enabled(value);
-    TheWorkspace.bar->TB2.Buttons(6).Enabled(value);
-    TheWorkspace.menu->mnuEditCut.Enabled(value);
-    TheWorkspace.menu->mnuEditCopy.Enabled(value);
+void StampBlank(frmImage& image) {
+    const Extent blank{0, 0, image.PicSelect.PixelWidth(), image.PicSelect.PixelHeight()};
+    StretchBlt(image.PicMerge.hDC(), SelectionExtent(image), image.PicSelect.hDC(), blank, SRCCOPY);
+    image.PicMerge.Refresh();
+    ShowMerge(image);
 }
 
 void StartDrag(frmImage& image, Surface& piece, Timer& timer) {

@@ -1,8 +1,7 @@
-// What the two kinds of floating pieces share: the grid they snap to, and the commands that depend on them.
+// What the floating pieces share: the grid they snap to, the hole they leave, their drag.
 #pragma once
 
-#include "document/frmImage.h"
-#include "surface/raster/Transfer.h"
+#include "document/Selection.h"
 
 #include <cmath>
 
@@ -13,19 +12,9 @@ inline double Snapped(const frmImage& image, double v) {
     return std::floor(v / image.factor) * image.factor;
 }
 
-/// Shows the document's image on its display.
-inline void ShowMerge(frmImage& image) {
-    image.Image1.Picture(image.PicMerge.Image());
-}
-
-/// The selection's rectangle in whole image pixels, half to even. Error 6 beyond 32 bits.
-Extent SelectionExtent(const frmImage& image);
-
-/// The selection's members from where the rectangular piece lies.
-void TakePieceMembers(frmImage& image);
-
-/// Cut and Copy, in the menu and on the tool bar.
-void EnableCutAndCopy(bool value);
+/// Stamps the blank `PicSelect` on the selected rectangle of the image. The whole of it is stretched there:
+/// at a reducing zoom it has fewer pixels than the hole.
+void StampBlank(frmImage& image);
 
 /// Starts a drag of a floating surface: reads the pointer, keeps the grab offset and starts the timer that
 /// follows the pointer.

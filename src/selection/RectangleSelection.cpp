@@ -12,21 +12,6 @@ namespace pintalux {
 
 namespace {
 
-// Takes a freehand piece away: the image is again what its clean copy holds.
-void DropFreehand(frmImage& image) {
-    if (!image.PicFreeSelect.Visible()) return;
-    image.PicFreeSelect.Visible(false);
-    image.PicMerge.Picture(image.Pic1BU.Image());
-    ShowMerge(image);
-}
-
-void TakeBandMembers(frmImage& image) {
-    image.SelectLeft = image.SelectShape.Left() / image.factor;
-    image.SelectTop = image.SelectShape.Top() / image.factor;
-    image.Selectwidth = image.SelectShape.Width() / image.factor;
-    image.Selectheight = image.SelectShape.Height() / image.factor;
-}
-
 void ShowPiece(frmImage& image) {
     const double width = image.PicSelect.Width();
     const double height = image.PicSelect.Height();
@@ -42,16 +27,11 @@ void PlacePiece(frmImage& image) {
                          image.SelectShape.Height());
 }
 
-// The blank piece is stamped on the place that it was lifted from. The whole of it is stretched there: at a
-// reducing zoom it has fewer pixels than the hole.
 void StampHole(frmImage& image) {
     image.SelHolder.Height(image.Selectheight);
     image.SelHolder.Width(image.Selectwidth);
     image.PicSelect.Picture(LoadPicture());
-    const Extent blank{0, 0, ToInt32(image.PicSelect.Width()), ToInt32(image.PicSelect.Height())};
-    StretchBlt(image.PicMerge.hDC(), SelectionExtent(image), image.PicSelect.hDC(), blank, SRCCOPY);
-    image.PicMerge.Refresh();
-    ShowMerge(image);
+    StampBlank(image);
 }
 
 } // namespace
@@ -87,8 +67,8 @@ void SelectRelease(frmImage& image, double X, double Y) {
     if (!moved) return;
     FreeSelActive = 0;
     FreePasteActive = 0;
-    ResumeNext([&] { PlacePiece(image); }, [&] { TakeBandMembers(image); }, [&] { SelectionBlit(image); },
-               [&] { ShowPiece(image); });
+    ResumeNext([&] { PlacePiece(image); }, [&] { TakeMembers(image, image.SelectShape); },
+               [&] { SelectionBlit(image); }, [&] { ShowPiece(image); });
     image.selecting = 0;
 }
 
@@ -113,12 +93,12 @@ void PicSelect_MouseDown(frmImage& image) {
 void PicSelect_MouseUp(frmImage& image) {
     image.Timer1.Enabled(false);
     image.PicSelect.ScaleMode(kScalePixels);
-    TakePieceMembers(image);
+    TakeMembers(image, image.PicSelect);
 }
 
 void mnuEditSelectAll_Click() {
     frmImage& image = ActiveImage();
-    DropFreehand(image);
+    if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
     FreeSelActive = 0;
     FreePasteActive = 0;
     const double width = image.PicMerge.ScaleWidth();
@@ -137,7 +117,7 @@ void mnuEditSelectAll_Click() {
 void mnuEditSelectNone_Click() {
     frmImage& image = ActiveImage();
     image.PicSelect.Visible(false);
-    DropFreehand(image);
+    if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
     image.selecting = -1;
     EnableCutAndCopy(false);
     TheWorkspace.menu->mnuEditSelectNone.Enabled(false);

@@ -14,7 +14,7 @@ namespace {
 // Intended: a rectangle covers all of its place, also where it holds the mask colour; only a freehand piece
 // has pixels to see through.
 void LandRectangle(frmImage& image) {
-    TakePieceMembers(image);
+    TakeMembers(image, image.PicSelect);
     image.PicSelect.Visible(false);
     image.SelectShape.Visible(false);
     const Extent place = SelectionExtent(image);

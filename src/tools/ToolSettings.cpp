@@ -47,13 +47,6 @@ void SetUpSlider(Slider& slider, const char* name, int ticks, int largeChange) {
     slider.LargeChange(largeChange);
 }
 
-ControlArray<Surface> MakePageArray(Surface& panel) {
-    ControlArray<Surface> pages;
-    for (int i = 0; i < kPages; ++i)
-        pages.Add(panel, "PicTools" + NumberText(i));
-    return pages;
-}
-
 ControlArray<CommandButton> MakePageButtons(const ControlArray<Surface>& pages) {
     ControlArray<CommandButton> buttons;
     for (int i = 0; i < kPages; ++i)
@@ -65,7 +58,7 @@ ControlArray<CommandButton> MakePageButtons(const ControlArray<Surface>& pages) 
 
 ToolSettingsPanel::ToolSettingsPanel(Container& window)
     : ToolSettings(window, "ToolSettings"), Picture2(ToolSettings, "Picture2"),
-      Command1(Picture2, "Command1", ""), PicTools(MakePageArray(ToolSettings)),
+      Command1(Picture2, "Command1", ""), PicTools(ToolSettings, "PicTools", kPages),
       cmdTools(MakePageButtons(PicTools)), Toolbar1(PicTools(0), "Toolbar1", kBrushes),
       Label1(PicTools(0), "Label1", "LARGURA"), Slider1(PicTools(0), "Slider1", 1, 50),
       Label2(PicTools(0), "Label2", "GROSSURA"), Slider2(PicTools(0), "Slider2", 1, 50),
