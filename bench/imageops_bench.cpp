@@ -4,9 +4,9 @@
 // Counters: `wall` and `cpu` are the multiples of elapsed and of processor time, best against best; on a busy
 // machine only `cpu` means something. `kept` 1: freed memory is there again for the result, as in the course
 // of work with several images; 0: the system hands out fresh memory and clears it page by page.
+#include "base/Parallel.h"
 #include "document/Globals.h"
 #include "imageops/ImgFiltMod.h"
-#include "surface/raster/Parallel.h"
 #include "surface/raster/Transfer.h"
 #include "surface/system/App.h"
 #include "surface/window/Form.h"

@@ -1,7 +1,7 @@
 // What happens when an error that nobody caught reaches the top: nothing that the user made may be lost.
 #pragma once
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <functional>
 #include <string>

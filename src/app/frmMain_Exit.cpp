@@ -1,11 +1,11 @@
 // The end of the program: dialogs go in a fixed order, then the window's place and views are stored.
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
+#include "base/NumberText.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "imageops/frmFiltBrow.h"
 #include "settings/frmPrefs.h"
-#include "surface/raster/NumberText.h"
 #include "surface/system/App.h"
 #include "surface/system/Settings.h"
 

@@ -1,12 +1,12 @@
 // The 30 ms poll: a file handed over by a second instance, then the state of every command. It touches no
 // surface and asks no other program.
 #include "app/frmMain.h"
-#include "common/FileNames.h"
 #include "document/FileCommands.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "document/ImageMenus.h"
 #include "document/Workspace.h"
+#include "files/FileNames.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/FileLayer.h"
 

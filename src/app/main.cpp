@@ -1,7 +1,7 @@
 // Pintalux 64, a paint and image-retouching program.
 #include "app/frmMain.h"
 #include "app/StopMessage.h"
-#include "common/FileNames.h"
+#include "files/FileNames.h"
 #include "surface/system/App.h"
 #include "surface/window/Events.h"
 

@@ -1,9 +1,9 @@
 #include "colour/ColourPanel.h"
 
-#include "common/FileNames.h"
-#include "common/SpinnerPair.h"
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/NumberText.h"
+#include "base/Arithmetic.h"
+#include "base/NumberText.h"
+#include "files/FileNames.h"
+#include "surface/window/SpinnerPair.h"
 
 namespace pintalux {
 

@@ -1,6 +1,6 @@
 #include "colour/ModHSL.h"
 
-#include "surface/raster/Arithmetic.h"
+#include "base/Arithmetic.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "devices/Twain.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <dlfcn.h>
 

@@ -1,7 +1,7 @@
 #include "document/MainMenu.h"
 
-#include "surface/raster/NumberText.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/NumberText.h"
+#include "base/RuntimeError.h"
 #include "surface/window/MDIForm.h"
 
 #include <functional>

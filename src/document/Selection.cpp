@@ -1,9 +1,9 @@
 #include "document/Selection.h"
 
+#include "base/Arithmetic.h"
 #include "document/CommandBar.h"
 #include "document/MainMenu.h"
 #include "document/Workspace.h"
-#include "surface/raster/Arithmetic.h"
 
 namespace pintalux {
 

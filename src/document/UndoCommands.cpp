@@ -1,9 +1,9 @@
 #include "document/UndoCommands.h"
 
+#include "base/RuntimeError.h"
 #include "document/frmImage.h"
 #include "document/States.h"
 #include "document/Workspace.h"
-#include "surface/raster/RuntimeError.h"
 
 #include <string>
 

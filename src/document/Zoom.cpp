@@ -1,12 +1,12 @@
 #include "document/Zoom.h"
 
+#include "base/Arithmetic.h"
 #include "document/CommandBar.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "document/MainMenu.h"
 #include "document/Selection.h"
 #include "document/Workspace.h"
-#include "surface/raster/Arithmetic.h"
 
 #include <cmath>
 

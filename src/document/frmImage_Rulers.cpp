@@ -1,9 +1,9 @@
 // Rulers of a document window: scales in image pixels along the top and the left edge, which follow zoom and
 // scroll.
+#include "base/Arithmetic.h"
+#include "base/NumberText.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/NumberText.h"
 #include "surface/system/Pictures.h"
 #include "surface/window/Screen.h"
 

@@ -1,5 +1,6 @@
 // Undo and redo of a document: every finished change is a state of its own, a whole BMP file.
-#include "common/TempFiles.h"
+#include "base/Arithmetic.h"
+#include "base/NumberText.h"
 #include "document/CommandBar.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
@@ -7,9 +8,8 @@
 #include "document/MainMenu.h"
 #include "document/States.h"
 #include "document/Workspace.h"
+#include "files/TempFiles.h"
 #include "settings/frmPrefs.h"
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/NumberText.h"
 #include "surface/system/Pictures.h"
 
 namespace pintalux {

@@ -1,7 +1,7 @@
 // The layout of a document window: scroll bars, centring, scrolling. All measures are pixels of `PicFrame`.
+#include "base/Arithmetic.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
-#include "surface/raster/Arithmetic.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,12 +1,12 @@
 #include "document/frmNew.h"
 
+#include "base/Arithmetic.h"
+#include "base/NumberText.h"
 #include "colour/ColourPanel.h"
-#include "common/SpinnerPair.h"
 #include "document/Globals.h"
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/NumberText.h"
 #include "surface/system/MsgBox.h"
 #include "surface/window/Layout.h"
+#include "surface/window/SpinnerPair.h"
 
 namespace pintalux {
 

@@ -1,12 +1,12 @@
 #include "imageops/ImageCommands.h"
 
+#include "base/Arithmetic.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "document/Workspace.h"
 #include "imageops/frmFiltBrow.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Scaffold.h"
-#include "surface/raster/Arithmetic.h"
 #include "surface/window/Events.h"
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Screen.h"

@@ -1,6 +1,6 @@
+#include "base/Arithmetic.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/RowLoop.h"
-#include "surface/raster/Arithmetic.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>

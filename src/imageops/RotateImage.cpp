@@ -1,9 +1,9 @@
 // Turns an image about a pixel in its middle, quadrant by quadrant.
+#include "base/Arithmetic.h"
+#include "base/Parallel.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
 #include "imageops/TurnedOffset.h"
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/Parallel.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>

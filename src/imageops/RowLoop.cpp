@@ -1,9 +1,9 @@
 #include "imageops/RowLoop.h"
 
+#include "base/Arithmetic.h"
+#include "base/Parallel.h"
 #include "document/Globals.h"
 #include "imageops/PixelTable.h"
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/Parallel.h"
 #include "surface/raster/StreamCopy.h"
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Surface.h"

@@ -1,11 +1,11 @@
 #include "imageops/Scaffold.h"
 
+#include "base/Arithmetic.h"
 #include "document/CommandBar.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "document/Selection.h"
 #include "document/Workspace.h"
-#include "surface/raster/Arithmetic.h"
 
 namespace pintalux {
 

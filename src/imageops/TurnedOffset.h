@@ -1,7 +1,7 @@
 // Where a turn fetches the pixels at distances i and j from the centre.
 #pragma once
 
-#include "surface/raster/Arithmetic.h"
+#include "base/Arithmetic.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
 #include "selection/ClipTray.h"
 
+#include "base/Arithmetic.h"
+#include "base/NumberText.h"
 #include "document/Globals.h"
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/NumberText.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/MsgBox.h"
 #include "tools/ToolSettings.h"

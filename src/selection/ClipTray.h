@@ -2,8 +2,8 @@
 // clipboard as thumbnails; a click on one puts its bitmap back on the clipboard.
 #pragma once
 
-#include "common/ControlArray.h"
 #include "selection/ModClipHook.h"
+#include "surface/window/ControlArray.h"
 #include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
 #include "surface/window/Surface.h"

@@ -1,10 +1,10 @@
 #include "selection/EditCommands.h"
 
+#include "base/Arithmetic.h"
 #include "document/Globals.h"
 #include "document/Workspace.h"
 #include "selection/ClipTray.h"
 #include "selection/Floating.h"
-#include "surface/raster/Arithmetic.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/Pictures.h"
 #include "surface/window/MDIForm.h"

@@ -1,6 +1,6 @@
 #include "selection/Floating.h"
 
-#include "surface/raster/Arithmetic.h"
+#include "base/Arithmetic.h"
 #include "surface/window/Screen.h"
 #include "tools/Image1_Pointer.h"
 

@@ -1,7 +1,7 @@
 #include "selection/ModClipHook.h"
 
+#include "base/RuntimeError.h"
 #include "selection/ClipTray.h"
-#include "surface/raster/RuntimeError.h"
 #include "surface/system/Clipboard.h"
 
 namespace pintalux {

@@ -1,10 +1,10 @@
 #include "selection/RectangleSelection.h"
 
+#include "base/Arithmetic.h"
 #include "document/Globals.h"
 #include "document/MainMenu.h"
 #include "document/Workspace.h"
 #include "selection/Floating.h"
-#include "surface/raster/Arithmetic.h"
 #include "surface/system/Pictures.h"
 #include "tools/ToolSettings.h"
 

@@ -1,9 +1,9 @@
 // What floats becomes part of the image: by a command, or by a press on the image. The two orders differ in
 // small ways, which the undo history shows.
+#include "base/Arithmetic.h"
 #include "document/Globals.h"
 #include "selection/Floating.h"
 #include "selection/Merge.h"
-#include "surface/raster/Arithmetic.h"
 #include "surface/system/Pictures.h"
 #include "tools/Image1_Pointer.h"
 

@@ -1,8 +1,8 @@
 #include "settings/RecentFiles.h"
 
-#include "common/FileNames.h"
-#include "surface/raster/NumberText.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/NumberText.h"
+#include "base/RuntimeError.h"
+#include "files/FileNames.h"
 #include "surface/system/App.h"
 #include "surface/system/MsgBox.h"
 #include "surface/system/Settings.h"

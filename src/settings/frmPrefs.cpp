@@ -1,9 +1,9 @@
 #include "settings/frmPrefs.h"
 
+#include "base/Arithmetic.h"
+#include "base/NumberText.h"
+#include "base/RuntimeError.h"
 #include "settings/RecentFiles.h"
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/NumberText.h"
-#include "surface/raster/RuntimeError.h"
 #include "surface/system/App.h"
 #include "surface/system/Settings.h"
 #include "surface/window/Layout.h"

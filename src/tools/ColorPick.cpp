@@ -1,7 +1,7 @@
 // The eye-dropper: previews the colour under its tip, and takes it at the release.
+#include "base/Arithmetic.h"
 #include "colour/ColourPanel.h"
 #include "document/frmImage.h"
-#include "surface/raster/Arithmetic.h"
 #include "surface/raster/Drawing.h"
 #include "tools/PaintingTools.h"
 

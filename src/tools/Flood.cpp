@@ -1,7 +1,7 @@
 // Flood fill: one press fills the connected area of one colour.
+#include "base/Arithmetic.h"
 #include "colour/ColourPanel.h"
 #include "document/frmImage.h"
-#include "surface/raster/Arithmetic.h"
 #include "surface/raster/FloodFill.h"
 #include "tools/PaintingTools.h"
 

@@ -1,8 +1,8 @@
 // From view pixels to image pixels.
 #pragma once
 
+#include "base/Arithmetic.h"
 #include "document/frmImage.h"
-#include "surface/raster/Arithmetic.h"
 
 #include <cstdint>
 

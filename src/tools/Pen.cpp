@@ -1,6 +1,6 @@
 // The pen: one of five tips; lines between the points of the pointer are the only smoothing.
+#include "base/Arithmetic.h"
 #include "document/frmImage.h"
-#include "surface/raster/Arithmetic.h"
 #include "tools/ImagePoint.h"
 #include "tools/PaintingTools.h"
 #include "tools/ToolSettings.h"

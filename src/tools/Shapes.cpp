@@ -1,6 +1,6 @@
 // Squares, rectangles, circles and ellipses, outlined or filled.
+#include "base/Arithmetic.h"
 #include "document/frmImage.h"
-#include "surface/raster/Arithmetic.h"
 #include "surface/raster/Drawing.h"
 #include "tools/ImagePoint.h"
 #include "tools/PaintingTools.h"

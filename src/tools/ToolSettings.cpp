@@ -1,7 +1,7 @@
 #include "tools/ToolSettings.h"
 
+#include "base/NumberText.h"
 #include "document/Globals.h"
-#include "surface/raster/NumberText.h"
 #include "tools/ToolNumbers.h"
 
 namespace pintalux {

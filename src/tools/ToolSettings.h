@@ -2,7 +2,7 @@
 // directly, never copies of their values.
 #pragma once
 
-#include "common/ControlArray.h"
+#include "surface/window/ControlArray.h"
 #include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
 #include "surface/window/Surface.h"

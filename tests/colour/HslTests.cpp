@@ -1,7 +1,7 @@
 // Hue, saturation and luminance.
+#include "base/RuntimeError.h"
 #include "colour/HslModel.h"
 #include "colour/ModHSL.h"
-#include "surface/raster/RuntimeError.h"
 
 #include <gtest/gtest.h>
 

@@ -3,10 +3,10 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 
-#include "common/CommonDialog1.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "settings/frmPrefs.h"
+#include "surface/system/CommonDialog.h"
 #include "surface/system/Pictures.h"
 
 #include <filesystem>

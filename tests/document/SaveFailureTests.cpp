@@ -4,7 +4,7 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 
-#include "common/CommonDialog1.h"
+#include "surface/system/CommonDialog.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"
 

@@ -3,9 +3,9 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 
-#include "common/CommonDialog1.h"
 #include "document/FileCommands.h"
 #include "settings/frmPrefs.h"
+#include "surface/system/CommonDialog.h"
 #include "surface/system/Pictures.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // The models of the routines that read their surfaces directly, without the table of split channels.
+#include "base/Arithmetic.h"
 #include "imageops/FilterModels.h"
-#include "surface/raster/Arithmetic.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "imageops/FilterModels.h"
 
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/Arithmetic.h"
+#include "base/RuntimeError.h"
 
 #include <cmath>
 #include <cstdlib>

@@ -2,11 +2,11 @@
 // run of a routine beside its model.
 #pragma once
 
+#include "base/RuntimeError.h"
 #include "document/Globals.h"
 #include "imageops/FilterModels.h"
 #include "imageops/ImgFiltMod.h"
 #include "support/Pictures.h"
-#include "surface/raster/RuntimeError.h"
 #include "surface/window/Form.h"
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Surface.h"

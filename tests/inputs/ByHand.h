@@ -1,7 +1,7 @@
 // What these tests share: a window to put controls into, and the hand that presses keys and buttons.
 #pragma once
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 
 #include <gtest/gtest.h>

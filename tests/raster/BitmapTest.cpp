@@ -1,7 +1,7 @@
 #include "surface/raster/Bitmap.h"
 
+#include "base/RuntimeError.h"
 #include "support/Pictures.h"
-#include "surface/raster/RuntimeError.h"
 
 #include <sys/resource.h>
 

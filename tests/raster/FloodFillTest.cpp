@@ -1,7 +1,7 @@
 #include "surface/raster/FloodFill.h"
 
+#include "base/RuntimeError.h"
 #include "support/Pictures.h"
-#include "surface/raster/RuntimeError.h"
 
 namespace pintalux {
 

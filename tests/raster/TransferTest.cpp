@@ -1,8 +1,8 @@
 // Copies, stretched and mirrored, and the picture on the screen.
 #include "surface/raster/Transfer.h"
 
+#include "base/RuntimeError.h"
 #include "support/Pictures.h"
-#include "surface/raster/RuntimeError.h"
 
 #include <optional>
 

@@ -1,10 +1,10 @@
 #include "support/Program.h"
 
-#include "common/FileNames.h"
 #include "devices/Twain.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "document/Workspace.h"
+#include "files/FileNames.h"
 #include "settings/frmPrefs.h"
 #include "surface/system/App.h"
 #include "surface/system/Pictures.h"

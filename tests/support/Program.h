@@ -3,8 +3,8 @@
 #pragma once
 
 #include "app/frmMain.h"
+#include "base/RuntimeError.h"
 #include "document/frmImage.h"
-#include "surface/raster/RuntimeError.h"
 
 #include <filesystem>
 #include <functional>

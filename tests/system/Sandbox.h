@@ -2,8 +2,8 @@
 // pictures.
 #pragma once
 
+#include "base/RuntimeError.h"
 #include "surface/raster/Bitmap.h"
-#include "surface/raster/RuntimeError.h"
 #include "surface/system/FileLayer.h"
 
 #include <filesystem>

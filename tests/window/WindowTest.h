@@ -1,7 +1,7 @@
 // What the tests of window objects share.
 #pragma once
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Events.h"
 #include "surface/window/Form.h"
 #include "surface/window/MDIForm.h"

@@ -1,7 +1,7 @@
 #include "surface/raster/Bitmap.h"
 
-#include "surface/raster/Parallel.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/Parallel.h"
+#include "base/RuntimeError.h"
 
 #include <algorithm>
 #include <cstring>

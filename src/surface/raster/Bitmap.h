@@ -10,8 +10,8 @@
 // count as independent.
 #pragma once
 
+#include "base/Shared.h"
 #include "surface/raster/Colour.h"
-#include "surface/raster/Shared.h"
 #include "surface/raster/TileMemory.h"
 
 #include <cstddef>

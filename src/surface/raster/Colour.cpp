@@ -1,6 +1,6 @@
 #include "surface/raster/Colour.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <algorithm>
 

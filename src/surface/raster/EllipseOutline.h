@@ -1,8 +1,8 @@
 // The outline of an ellipse as a walk from its widest row to its tips.
 #pragma once
 
+#include "base/WideInteger.h"
 #include "surface/raster/Figure.h"
-#include "surface/raster/WideInteger.h"
 
 #include <cstdint>
 

@@ -1,8 +1,8 @@
 #include "surface/raster/FloodFill.h"
 
+#include "base/RuntimeError.h"
 #include "surface/raster/Figure.h"
 #include "surface/raster/FloodTile.h"
-#include "surface/raster/RuntimeError.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,5 +1,5 @@
+#include "base/Parallel.h"
 #include "surface/raster/AxisMap.h"
-#include "surface/raster/Parallel.h"
 #include "surface/raster/Transfer.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "surface/raster/ThinLine.h"
 
-#include "surface/raster/WideInteger.h"
+#include "base/WideInteger.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #include "surface/raster/Transfer.h"
 
+#include "base/Parallel.h"
+#include "base/RuntimeError.h"
 #include "surface/raster/AxisMap.h"
-#include "surface/raster/Parallel.h"
-#include "surface/raster/RuntimeError.h"
 #include "surface/raster/StreamCopy.h"
 
 #include <algorithm>

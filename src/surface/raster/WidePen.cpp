@@ -1,7 +1,7 @@
 #include "surface/raster/WidePen.h"
 
+#include "base/WideInteger.h"
 #include "surface/raster/EllipseOutline.h"
-#include "surface/raster/WideInteger.h"
 
 #include <algorithm>
 #include <array>

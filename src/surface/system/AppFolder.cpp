@@ -1,6 +1,6 @@
 #include "surface/system/App.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <array>
 #include <cerrno>

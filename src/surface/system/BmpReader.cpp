@@ -1,6 +1,6 @@
 #include "surface/system/BmpReader.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/OverWhite.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/BmpHeader.h"
 #include "surface/system/Pictures.h"
 

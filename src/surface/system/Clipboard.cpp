@@ -1,6 +1,6 @@
 #include "surface/system/Clipboard.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/ClipboardData_native.h"
 #include "surface/system/ClipboardHandOver_native.h"
 #include "surface/window/Events.h"

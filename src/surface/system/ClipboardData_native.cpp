@@ -1,6 +1,6 @@
 #include "surface/system/ClipboardData_native.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/BmpWriter.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/ToolkitImages_native.h"

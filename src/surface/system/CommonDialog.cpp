@@ -1,6 +1,6 @@
 #include "surface/system/CommonDialog.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <algorithm>
 #include <QApplication>

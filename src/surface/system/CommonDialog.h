@@ -33,6 +33,9 @@ class CommonDialog {
     std::string proposed_;
 };
 
+/// The one common dialog that all commands share; it keeps its last file name between uses.
+inline CommonDialog CommonDialog1;
+
 inline constexpr int kDialogCancelled = 32755;
 
 } // namespace pintalux

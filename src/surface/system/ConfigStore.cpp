@@ -1,6 +1,6 @@
 #include "surface/system/ConfigStore.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/IniText.h"
 

@@ -1,6 +1,6 @@
 #include "surface/system/FileLayer.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <atomic>
 #include <cerrno>

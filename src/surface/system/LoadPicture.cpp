@@ -1,4 +1,4 @@
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/BmpReader.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/ToolkitImages_native.h"

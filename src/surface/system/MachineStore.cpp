@@ -1,4 +1,4 @@
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/ConfigStore.h"
 #include "surface/system/Settings.h"
 

@@ -1,6 +1,6 @@
 #include "surface/system/Printer.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/ToolkitImages_native.h"
 #include "surface/window/Control.h"
 

@@ -1,6 +1,6 @@
 #include "surface/system/Settings.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/ConfigStore.h"
 
 namespace pintalux {

@@ -1,6 +1,6 @@
 #include "surface/system/StateFiles.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/system/BmpWriter.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"

@@ -1,5 +1,5 @@
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/Arithmetic.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 
 namespace pintalux {

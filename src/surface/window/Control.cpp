@@ -1,7 +1,7 @@
 #include "surface/window/Control.h"
 
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/Arithmetic.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Cursors_native.h"
 

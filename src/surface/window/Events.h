@@ -1,7 +1,7 @@
 // Where events enter the program, and what becomes of an error that nobody caught.
 #pragma once
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <functional>
 

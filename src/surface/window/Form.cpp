@@ -1,6 +1,6 @@
 #include "surface/window/Form.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events_native.h"
 #include "surface/window/Form_native.h"

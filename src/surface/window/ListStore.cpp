@@ -1,6 +1,6 @@
 #include "surface/window/ListStore.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 namespace pintalux {
 

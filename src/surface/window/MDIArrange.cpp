@@ -1,5 +1,5 @@
 // Arranging the document windows.
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Form_native.h"
 #include "surface/window/MDIForm_native.h"

@@ -1,7 +1,7 @@
 #include "surface/window/MDIForm.h"
 
+#include "base/RuntimeError.h"
 #include "surface/raster/Colour.h"
-#include "surface/raster/RuntimeError.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
 #include "surface/window/Form_native.h"

@@ -1,6 +1,6 @@
 #include "surface/window/Options.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Inputs_native.h"
 
 #include <QCheckBox>

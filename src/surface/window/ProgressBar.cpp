@@ -1,7 +1,7 @@
 #include "surface/window/ProgressBar.h"
 
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/Arithmetic.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Inputs_native.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Display.h"
 #include "surface/window/Overlay_native.h"

@@ -1,6 +1,6 @@
 #include "surface/window/Surface.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Surface_native.h"
 

@@ -1,5 +1,5 @@
 // Drawing on surfaces: coordinates become whole pixels here, half to even, and the raster layer draws.
-#include "surface/raster/Arithmetic.h"
+#include "base/Arithmetic.h"
 #include "surface/raster/Drawing.h"
 #include "surface/raster/Transfer.h"
 #include "surface/window/Surface.h"

@@ -1,6 +1,6 @@
 // Printing on a surface. Glyphs are the one thing whose pixels come from the toolkit.
-#include "surface/raster/Arithmetic.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/Arithmetic.h"
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Fonts_native.h"
 #include "surface/window/Surface.h"

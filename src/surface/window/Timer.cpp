@@ -1,6 +1,6 @@
 #include "surface/window/Timer.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <QTimer>
 

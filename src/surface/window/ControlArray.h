@@ -1,8 +1,8 @@
 // Controls of one kind that differ by an index.
 #pragma once
 
-#include "surface/raster/NumberText.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/NumberText.h"
+#include "base/RuntimeError.h"
 
 #include <memory>
 #include <string>

@@ -1,8 +1,8 @@
-#include "surface/raster/Arithmetic.h"
+#include "base/Arithmetic.h"
 
+#include "base/NumberText.h"
+#include "base/RuntimeError.h"
 #include "surface/raster/Colour.h"
-#include "surface/raster/NumberText.h"
-#include "surface/raster/RuntimeError.h"
 
 #include <gtest/gtest.h>
 

@@ -19,4 +19,10 @@ std::string NumberText(double value);
 /// `text` without blanks at both ends.
 std::string Trim(std::string_view text);
 
+/// Only the letters A to Z, a to z and the digits of the text: of a formatted number its bare digits.
+std::string KeepAlnum(std::string_view text);
+
+/// `text` with A to Z in lower case.
+std::string LowerCase(std::string text);
+
 } // namespace pintalux

@@ -1,6 +1,6 @@
-#include "surface/raster/Arithmetic.h"
+#include "base/Arithmetic.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <cmath>
 #include <limits>

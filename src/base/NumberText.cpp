@@ -1,5 +1,6 @@
-#include "surface/raster/NumberText.h"
+#include "base/NumberText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -76,6 +77,21 @@ std::string Trim(std::string_view text) {
     while (last > first && IsBlank(text[last - 1]))
         --last;
     return std::string(text.substr(first, last - first));
+}
+
+std::string KeepAlnum(std::string_view text) {
+    std::string kept;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(kept), [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    });
+    return kept;
+}
+
+std::string LowerCase(std::string text) {
+    for (char& c : text) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    }
+    return text;
 }
 
 } // namespace pintalux

@@ -1,4 +1,4 @@
-#include "common/FileNames.h"
+#include "files/FileNames.h"
 
 #include "support/DialogScript.h"
 #include "support/Documents.h"

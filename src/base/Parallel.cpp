@@ -1,4 +1,4 @@
-#include "surface/raster/Parallel.h"
+#include "base/Parallel.h"
 
 #include <algorithm>
 #include <condition_variable>

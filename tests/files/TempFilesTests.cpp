@@ -1,4 +1,4 @@
-#include "common/TempFiles.h"
+#include "files/TempFiles.h"
 
 #include "support/Documents.h"
 #include "support/Program.h"

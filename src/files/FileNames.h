@@ -23,12 +23,6 @@ std::string DirectoryOf(const std::string& path);
 /// first that `FileExists` does not find.
 std::string UniqueFileName(const std::string& path);
 
-/// Only the letters A to Z, a to z and the digits of the text.
-std::string KeepAlnum(const std::string& text);
-
-/// `text` with A to Z in lower case.
-std::string LowerCase(std::string text);
-
 /// True when the file's date can be read. Errors 53, 68 and 76 mean false. Any other shows its number and
 /// text in a box titled "Erro" and ends the program at once.
 bool FileExists(const std::string& path);

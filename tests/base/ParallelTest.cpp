@@ -1,6 +1,6 @@
-#include "surface/raster/Parallel.h"
+#include "base/Parallel.h"
 
-#include "surface/raster/RuntimeError.h"
+#include "base/RuntimeError.h"
 
 #include <gtest/gtest.h>
 

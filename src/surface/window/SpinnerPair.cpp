@@ -1,7 +1,6 @@
-#include "common/SpinnerPair.h"
+#include "surface/window/SpinnerPair.h"
 
-#include "common/FileNames.h"
-#include "surface/raster/NumberText.h"
+#include "base/NumberText.h"
 
 namespace pintalux {
 

@@ -1,4 +1,4 @@
-#include "common/TempFiles.h"
+#include "files/TempFiles.h"
 
 #include "surface/system/TempNames.h"
 

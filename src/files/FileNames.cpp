@@ -1,11 +1,10 @@
-#include "common/FileNames.h"
+#include "files/FileNames.h"
 
-#include "surface/raster/NumberText.h"
-#include "surface/raster/RuntimeError.h"
+#include "base/NumberText.h"
+#include "base/RuntimeError.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -16,10 +15,6 @@ std::function<void()> EndProgram = [] { std::exit(1); };
 namespace {
 
 constexpr char kSeparator = '/';
-
-bool IsAsciiAlnum(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
 
 } // namespace
 
@@ -53,19 +48,6 @@ std::string UniqueFileName(const std::string& path) {
         std::string candidate = base + NumberText(number) + extension;
         if (!FileExists(candidate)) return candidate;
     }
-}
-
-std::string KeepAlnum(const std::string& text) {
-    std::string kept;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(kept), IsAsciiAlnum);
-    return kept;
-}
-
-std::string LowerCase(std::string text) {
-    for (char& c : text) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    }
-    return text;
 }
 
 bool FileExists(const std::string& path) {
