@@ -99,11 +99,14 @@ void frmImage::CheckChanged() {
     BoxAnswer answer = BoxAnswer::No;
     ResumeNext([&] { current = ToInt32(Val(ListBUorder.List(ListBUorder.ListIndex()))); });
     if (current == 0) return;
+    // The user sees what the question is about, and the save works on the active document: another one may
+    // have opened while the question stood.
+    ResumeNext([&] { Show(); });
     ResumeNext([&] {
         answer = MsgBox("Pretende Salvar as alterações para " + Caption() + " ?", BoxButtons::YesNoCancel,
                         BoxIcon::Question, kMessageTitle);
     });
-    if (answer == BoxAnswer::Yes) ResumeNext([] { MySaveAs(); });
+    if (answer == BoxAnswer::Yes) ResumeNext([&] { Show(); }, [] { MySaveAs(); });
     if (answer == BoxAnswer::No) CloseCancelled = false;
     if (answer == BoxAnswer::Cancel) CloseCancelled = true;
 }

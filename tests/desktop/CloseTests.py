@@ -45,6 +45,28 @@ def YesAtTheQuestionSavesAndEnds(desktop):
 
 
 @desktop_test
+def YesSavesEachDocumentThatIsAskedAbout(desktop):
+    paths = [desktop.pictures / "first.bmp", desktop.pictures / "second.bmp"]
+    pictures = [sample(), sample(100, 80, seed=77)]
+    strokes = [[(40, 30), (90, 30)], [(20, 50), (70, 50)]]
+    for path, picture in zip(paths, pictures):
+        write_bmp(path, picture)
+    process, left, top = start_with_picture(desktop, paths[0], pictures[0])
+    paint_and_wait(desktop, left, top, strokes[0])
+    assert desktop.wait_for_end(desktop.start(paths[1])) == 0
+    left, top = desktop.wait_for_picture(pictures[1])
+    wait_for(lambda: len(desktop.state_files()) == 3, "the second document has its first state")
+    paint_and_wait(desktop, left, top, strokes[1])
+    leave(desktop)
+    for path, picture, stroke in zip(paths, pictures, strokes):
+        desktop.wait_for_window(QUESTION)
+        desktop.keys("s")
+        wait_for(lambda: is_whole_bmp(path) and read_bmp(path).at(*stroke[0]) == BLACK, f"{path.name} is saved")
+        expect_same(read_bmp(path), with_stroke(picture, stroke))
+    assert desktop.wait_for_end(process) == 0
+
+
+@desktop_test
 def AfterASaveNothingIsAsked(desktop):
     path = desktop.pictures / "picture.bmp"
     write_bmp(path, sample())

@@ -76,6 +76,39 @@ TEST_F(CloseTest, YesSavesFirst) {
     ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(10, 10, kBlack));
 }
 
+TEST_F(CloseTest, YesSavesTheDocumentThatIsAskedAbout) {
+    frmImage& first = OpenPicture("a.bmp", Solid(12, 10, kWhite));
+    frmImage& second = OpenPicture("b.bmp", Solid(9, 14, kWhite));
+    Edit(first, 0x0000FF);
+    Edit(second, 0x00FF00);
+    ASSERT_EQ(frmMain->ActiveForm(), &second);
+    std::vector<std::string> activeWhenAsked;
+    const auto yes = [&](QWidget& dialog) {
+        activeWhenAsked.push_back(frmMain->ActiveForm()->Caption());
+        PressButton(dialog, "Sim");
+    };
+    const DialogScript script({yes, yes});
+    EXPECT_TRUE(frmMain.Unload());
+    EXPECT_EQ(activeWhenAsked, (std::vector<std::string>{"a.bmp", "b.bmp"}));
+    ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(12, 10, 0x0000FF));
+    ExpectSamePixels(LoadPicture(File("b.bmp")), Solid(9, 14, 0x00FF00));
+}
+
+TEST_F(CloseTest, ADocumentThatOpensWhileTheQuestionStandsIsNotTheOneSaved) {
+    frmImage& image = OpenPicture("a.bmp", Solid(12, 10, kWhite));
+    Edit(image, 0x0000FF);
+    SavePicture(Solid(9, 14, kBlack), File("b.bmp"));
+    const DialogScript script({[&](QWidget& dialog) {
+        PutBytes(HandOffFile(), File("b.bmp") + "\n");
+        EXPECT_TRUE(WaitFor([] { return frmMain->ActiveForm()->Caption() == "b.bmp"; }));
+        PressButton(dialog, "Sim");
+    }});
+    EXPECT_TRUE(image.Unload());
+    ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(12, 10, 0x0000FF));
+    ExpectSamePixels(LoadPicture(File("b.bmp")), Solid(9, 14, kBlack));
+    EXPECT_EQ(frmMain->ActiveForm()->Caption(), "b.bmp");
+}
+
 TEST_F(CloseTest, ASaveCancelledAfterYesClosesUnsaved) {
     frmImage& image = NewDocument(10, 10);
     Edit(image, kBlack);
