@@ -5,16 +5,10 @@
 #include "base/RuntimeError.h"
 #include "document/frmImage.h"
 #include "document/Workspace.h"
-#include "files/FileNames.h"
-#include "files/TempFiles.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Scaffold.h"
-#include "surface/raster/Transfer.h"
-#include "surface/system/FileLayer.h"
-#include "surface/system/Pictures.h"
 #include "surface/window/Layout.h"
 #include "surface/window/ProgressBar.h"
-#include "surface/window/Screen.h"
 
 #include <algorithm>
 #include <array>
@@ -25,7 +19,6 @@ AutoForm<frmFiltBrowForm> frmFiltBrow;
 
 namespace {
 
-constexpr double kFrameSide = 3900;  // twips of the sample's frame
 constexpr double kLevelHeight = 900; // twips kept for the level
 constexpr double kListWidth = 2700;  // twips
 constexpr int kPixelate = 9;         // the entry that the list does not have
@@ -74,25 +67,21 @@ void RunFilter(int index, Surface& work, Surface& live, std::int16_t level, Prog
 }
 
 frmFiltBrowForm::frmFiltBrowForm()
-    : Form("frmFiltBrow", Kind::Dialog), lblFilter(*this, "lblFilter", "Filtro"),
+    : Form("frmFiltBrow", Kind::Dialog), SampleParts(static_cast<Form&>(*this)),
+      lblFilter(*this, "lblFilter", "Filtro"),
       FiltList(*this, "FiltList",
                {"Nitidez", "Contraste", "Difuso", "Escala de cinza", "Inverter", "Auto Brilho", "Recortar",
                 "Converter em Pixeis", "Relevo"}),
       LevelArea(*this, "LevelArea"), lblFiltLevel(LevelArea, "lblFiltLevel"),
-      Slider1(LevelArea, "Slider1", 1, 10), lblSample(*this, "lblSample", "Amostra"),
-      SampleArea(*this, "SampleArea"), ShBG(SampleArea, "ShBG"), imgSample(SampleArea, "imgSample"),
-      Command1(*this, "Command1", "Ver Amostra"), cmdApply(*this, "cmdApply", "Actualizar"),
-      cmdCancel(*this, "cmdCancel", "Cancelar"), picsource(*this, "picsource"), PicDest(*this, "PicDest") {
+      Slider1(LevelArea, "Slider1", 1, 10), Command1(*this, "Command1", "Ver Amostra"),
+      cmdApply(*this, "cmdApply", "Actualizar"), cmdCancel(*this, "cmdCancel", "Cancelar") {
     Caption("Filtros de Imagem");
-    picsource.Visible(false);
-    PicDest.Visible(false);
     Command1.Enabled(false);
     cmdApply.Enabled(false);
     cmdApply.Default(true);
     cmdCancel.Cancel(true);
     Command1.ToolTipText("Experimenta o filtro na amostra");
     cmdApply.ToolTipText("Aplica o filtro à imagem ou à selecção");
-    imgSample.AccessibleName("Amostra");
     FiltList.Click = [this] { FiltList_Click(); };
     Slider1.Change = Slider1.Scroll = [this] { TellLevel(); };
     Command1.Click = [this] { Command1_Click(); };
@@ -103,14 +92,8 @@ frmFiltBrowForm::frmFiltBrowForm()
 
 void frmFiltBrowForm::LayOut() {
     LevelArea.BackColor(kButtonFaceColour);
-    SampleArea.BackColor(kWorkspaceColour);
     FiltList.Width(kListWidth);
     LevelArea.Height(kLevelHeight);
-    SampleArea.ScaleMode(kScaleTwips);
-    SampleArea.Width(kFrameSide);
-    SampleArea.Height(kFrameSide);
-    ShBG.Move(0, 0, kFrameSide, kFrameSide);
-    ShBG.BorderColor(0x808080);
     LayOutGrid(LevelArea, {{&lblFiltLevel, 0, 0, 1, 1, Place::Left}, {&Slider1, 1, 0}}, 4, 0);
     // The row that stretches makes the list tall enough for all its texts.
     LayOutGrid(*this, {{&lblFilter, 0, 0},
@@ -124,65 +107,6 @@ void frmFiltBrowForm::LayOut() {
                        {nullptr, 4, 2}});
     LabelFor(lblFilter, FiltList);
     LabelFor(lblFiltLevel, Slider1);
-}
-
-namespace {
-
-struct SampleSize {
-    double width, height;
-};
-
-// Twips. The image's sides are whole 32-bit numbers: at 16 bits no image above 2184 pixels would have a
-// sample.
-// Intended: a tall image gets its sample's width from the frame, not from the image, so that it fills the
-// frame's height and always fits; its sample looks narrower than the image.
-SampleSize SizeFor(std::int32_t Wt, std::int32_t Ht, double Sw, double Sh) {
-    const double innerWidth = Sw - 30;
-    const double innerHeight = Sh - 30;
-    const double byWidth = Wt / innerWidth;
-    const double byHeight = Ht / innerHeight;
-    if (Wt <= Sw - 120 && Ht <= Sh - 120) {
-        const double scale = Wt <= Ht ? byHeight : byWidth;
-        return {Wt / scale, Ht / scale};
-    }
-    if (Wt > Ht) return {innerWidth, (Ht - 30) / byWidth};
-    if (Wt < Ht) return {innerWidth / byHeight, innerHeight};
-    return {innerWidth, innerHeight};
-}
-
-} // namespace
-
-void frmFiltBrowForm::Startup(Surface& source) {
-    if (HasPixels(source)) {
-        const SampleSize size =
-            SizeFor(ToInt32(source.ScaleWidth() * Screen.TwipsPerPixelX()),
-                    ToInt32(source.ScaleHeight() * Screen.TwipsPerPixelY()), ShBG.Width(), ShBG.Height());
-        SizeSample(size.width, size.height);
-        picsource.PaintPicture(source.Picture(), 0, 0, picsource.ScaleWidth(), picsource.ScaleHeight(), 0, 0,
-                               source.ScaleWidth(), source.ScaleHeight(), SRCCOPY);
-        if (MakeTempFileName("", "BI", 0, SampleFile)) SavePicture(picsource.Image(), SampleFile);
-    }
-    picsource.Picture(LoadPicture(SampleFile));
-    PicDest.Picture(LoadPicture(SampleFile));
-    imgSample.Picture(PicDest.Image());
-    PlaceSample();
-}
-
-// A side that would come out below a pixel, or below nothing, is one pixel: the narrowest image has a sample.
-void frmFiltBrowForm::SizeSample(double width, double height) {
-    const auto atLeastAPixel = [](double twips) { return std::max<double>(twips, kTwipsPerPixel); };
-    for (Control* sized : {static_cast<Control*>(&picsource), static_cast<Control*>(&PicDest),
-                           static_cast<Control*>(&imgSample)}) {
-        sized->Width(atLeastAPixel(width));
-        sized->Height(atLeastAPixel(height));
-    }
-}
-
-void frmFiltBrowForm::PlaceSample() {
-    imgSample.Left(ShBG.Left() + 15);
-    const double room = ShBG.Width() - imgSample.Width() - 2;
-    if (room > 0) imgSample.Left(room / 2 + ShBG.Left());
-    imgSample.Top(ShBG.Top() + ShBG.Height() / 2 - imgSample.Height() / 2);
 }
 
 void frmFiltBrowForm::FiltList_Click() {
@@ -202,8 +126,7 @@ void frmFiltBrowForm::FiltList_Click() {
         Slider1.LargeChange(filter.tickSpacing);
     }
     TellLevel();
-    imgSample.Picture(PicDest.Image());
-    picsource.Picture(LoadPicture(SampleFile));
+    ShowUntouched();
     FiltIndex = ToInt16(i);
 }
 
@@ -226,18 +149,10 @@ std::int16_t frmFiltBrowForm::SampleLevel(int index) const {
 // Intended: a preview takes the level as it is, so that the number on the slider means the same as on the
 // image; on a reduced sample filters that look at neighbours therefore appear stronger.
 void frmFiltBrowForm::Command1_Click() {
-    LockWindowUpdate(hWnd());
-    TheProgressBar().Visible(false);
     const int i = FiltList.ListIndex();
-    if (i >= 0 && HasPixels(picsource)) {
-        RunFilter(i, picsource, PicDest, SampleLevel(i), TheProgressBar());
-        imgSample.Picture(PicDest.Image());
-        picsource.Picture(LoadPicture(SampleFile));
-        PicDest.Picture(LoadPicture(SampleFile));
-        FiltIndex = ToInt16(i);
-    }
-    LockWindowUpdate(nullptr);
-    TheProgressBar().Visible(true);
+    if (i < 0) return;
+    Preview([&] { RunFilter(i, picsource, PicDest, SampleLevel(i), TheProgressBar()); });
+    FiltIndex = ToInt16(i);
 }
 
 void frmFiltBrowForm::cmdApply_Click() {
@@ -252,7 +167,7 @@ void frmFiltBrowForm::cmdCancel_Click() {
 }
 
 void frmFiltBrowForm::Form_QueryUnload(bool&) {
-    if (FileExists(SampleFile)) DeleteFile(SampleFile);
+    DeleteSample();
 }
 
 void frmFiltBrowForm::Form_Unload() {

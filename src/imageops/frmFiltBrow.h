@@ -2,12 +2,12 @@
 // the choice in `FiltIndex` and `FiltLevel`; any other way out sets `FiltCancelled`.
 #pragma once
 
+#include "imageops/Sample.h"
 #include "surface/window/Display.h"
 #include "surface/window/Form.h"
 #include "surface/window/Inputs.h"
 
 #include <cstdint>
-#include <string>
 
 namespace pintalux {
 
@@ -20,7 +20,7 @@ inline std::int16_t FiltCancelled = 0; ///< -1: the dialog was left without a ch
 /// Runs the filter of an index, 0 to 9, with the level as the slider gives it. Error 9 outside.
 void RunFilter(int index, Surface& work, Surface& live, std::int16_t level, ProgressBar& Pb);
 
-class frmFiltBrowForm : public Form {
+class frmFiltBrowForm : public Form, public SampleParts {
   public:
     frmFiltBrowForm();
 
@@ -29,16 +29,7 @@ class frmFiltBrowForm : public Form {
     Surface LevelArea; ///< Keeps the room of the level while it is hidden.
     Label lblFiltLevel;
     Slider Slider1;
-    Label lblSample;    ///< Heads the sample.
-    Surface SampleArea; ///< In twips, as all measures of the sample are.
-    ShapeControl ShBG;
-    Display imgSample;
     CommandButton Command1, cmdApply, cmdCancel;
-    Surface picsource, PicDest; ///< The sample's work and result surface, never visible.
-
-    /// Prepares the sample from the work surface of the command. Costs what the sample has pixels, not the
-    /// image. Where no temporary file can be made the sample stays blank.
-    void Startup(Surface& source);
 
     void FiltList_Click();
     void Command1_Click();
@@ -51,13 +42,10 @@ class frmFiltBrowForm : public Form {
 
   private:
     void LayOut();
-    void SizeSample(double width, double height);
-    void PlaceSample();
     void ShowLevel(bool shown);
     void TellLevel();
     std::int16_t SampleLevel(int index) const;
 
-    std::string SampleFile;       ///< The unfiltered sample, as long as the dialog is open.
     std::int16_t FiltApplied = 0; ///< -1 once "Actualizar" was pressed.
 };
 
