@@ -7,9 +7,7 @@
 #include "imageops/frmFiltBrow.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Scaffold.h"
-#include "surface/window/Events.h"
 #include "surface/window/ProgressBar.h"
-#include "surface/window/Screen.h"
 
 #include <algorithm>
 #include <span>
@@ -27,15 +25,6 @@ void TakeSource(frmImage& image) {
     image.picsource.Picture(image.PicMerge.Image());
 }
 
-// The window takes the size of the turned image, unless it is maximised.
-void FitTurnedWindow(frmImage& image) {
-    if (image.WindowState() == kMaximised) return;
-    const double width = image.PicMerge.ScaleWidth() * Screen.TwipsPerPixelX() + 120;
-    const double height = image.PicMerge.ScaleHeight() * Screen.TwipsPerPixelY() + 420;
-    image.Width(RulersOn ? image.LeftRuler.Width() + width : width);
-    image.Height(RulersOn ? image.TopRuler.Height() + height : height);
-}
-
 void Turn(double angle) {
     frmImage& image = ActiveImage();
     TakeSource(image);
@@ -46,7 +35,7 @@ void Turn(double angle) {
     image.Image1.Width(image.PicMerge.ScaleWidth());
     image.PicBG.Height(image.PicMerge.ScaleHeight());
     image.PicBG.Width(image.PicMerge.ScaleWidth());
-    FitTurnedWindow(image);
+    FitWindow(image);
     image.Image1.Picture(image.PicMerge.Image());
     image.Picsize();
     image.drawrulers();
@@ -117,23 +106,6 @@ void StepActive(std::int16_t mode) {
     }
 }
 
-void Commit(frmImage& image, Target target) {
-    if (target == Target::Rectangle) DropRectangle(image, image.PicSelect.Width(), image.PicSelect.Height());
-    if (target == Target::Freehand)
-        DropFreehand(image, image.SelHolder, image.SelHolder.ScaleWidth(), image.SelHolder.ScaleHeight());
-    FinishOperation(image);
-}
-
-// What the filter browser shows, from its first entry on.
-void ShowBrowser(frmImage& image, Target target) {
-    {
-        const LoadedWork loaded(image, target);
-        frmFiltBrow->Startup(SurfacesOf(image, target).work);
-    }
-    frmFiltBrow->FiltList.ListIndex(0);
-    frmFiltBrow->ShowModal();
-}
-
 } // namespace
 
 void mnuFlipH_Click() {
@@ -180,18 +152,16 @@ void mnuFiltBrow_Click() {
     frmImage& image = ActiveImage();
     const Target target = ChooseTarget(image);
     const MaskOnlyFreehand masked(target);
-    ShowBrowser(image, target);
+    PrepareSample(image, target, *frmFiltBrow);
+    frmFiltBrow->FiltList.ListIndex(0);
+    frmFiltBrow->ShowModal();
     if (FiltCancelled != 0) {
         FiltCancelled = 0;
         return;
     }
-    DoEvents(); // The dialog leaves the screen before the pixels are worked on.
-    if (!image.Loaded()) return;
-    if (target == Target::Rectangle) TakePastedPlace(image);
-    const LoadedWork loaded(image, target);
-    const auto [work, live] = SurfacesOf(image, target);
-    if (HasPixels(work)) RunFilter(FiltIndex, work, live, FiltLevel, TheProgressBar());
-    Commit(image, target);
+    RunOperation(image, target, [](Surface& work, Surface& live) {
+        RunFilter(FiltIndex, work, live, FiltLevel, TheProgressBar());
+    });
 }
 
 } // namespace pintalux

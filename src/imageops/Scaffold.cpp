@@ -6,6 +6,9 @@
 #include "document/Globals.h"
 #include "document/Selection.h"
 #include "document/Workspace.h"
+#include "imageops/Sample.h"
+#include "surface/window/Events.h"
+#include "surface/window/Screen.h"
 
 namespace pintalux {
 
@@ -99,9 +102,40 @@ void DropFreehand(frmImage& image, const Surface& piece, double width, double he
     EndSelection();
 }
 
+void PrepareSample(frmImage& image, Target target, SampleParts& sample) {
+    const LoadedWork loaded(image, target);
+    sample.Startup(SurfacesOf(image, target).work);
+}
+
+void RunOperation(frmImage& image, Target target,
+                  const std::function<void(Surface& work, Surface& live)>& routine) {
+    DoEvents(); // The dialog leaves the screen before the pixels are worked on.
+    if (!image.Loaded()) return;
+    if (target == Target::Rectangle) TakePastedPlace(image);
+    const LoadedWork loaded(image, target);
+    const auto [work, live] = SurfacesOf(image, target);
+    if (HasPixels(work)) routine(work, live);
+    Commit(image, target);
+}
+
+void Commit(frmImage& image, Target target) {
+    if (target == Target::Rectangle) DropRectangle(image, image.PicSelect.Width(), image.PicSelect.Height());
+    if (target == Target::Freehand)
+        DropFreehand(image, image.SelHolder, image.SelHolder.ScaleWidth(), image.SelHolder.ScaleHeight());
+    FinishOperation(image);
+}
+
 void FinishOperation(frmImage& image) {
     ShowMerge(image);
     image.Backup();
+}
+
+void FitWindow(frmImage& image) {
+    if (image.WindowState() == kMaximised) return;
+    const double width = image.PicMerge.ScaleWidth() * Screen.TwipsPerPixelX() + 120;
+    const double height = image.PicMerge.ScaleHeight() * Screen.TwipsPerPixelY() + 420;
+    image.Width(RulersOn ? image.LeftRuler.Width() + width : width);
+    image.Height(RulersOn ? image.TopRuler.Height() + height : height);
 }
 
 } // namespace pintalux

@@ -7,12 +7,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 namespace pintalux {
 
 class frmImage;
 class ProgressBar;
 class Surface;
+struct SampleParts;
 
 enum class Target {
     Rectangle,  ///< `PicSelect` floats: worked on there, the live surface is `SelHolder`.
@@ -80,7 +82,22 @@ void DropRectangle(frmImage& image, double width, double height);
 /// the pixels of `MaskKeyColour`; the selection ends.
 void DropFreehand(frmImage& image, const Surface& piece, double width, double height);
 
+/// Gives the pixels of the target to a dialog's sample, before the dialog is shown.
+void PrepareSample(frmImage& image, Target target, SampleParts& sample);
+
+/// What follows an accepted dialog: its area is repainted, `routine` runs over the surfaces of the target, if
+/// they have pixels, and its result is committed. Nothing happens to a document that was closed meanwhile.
+void RunOperation(frmImage& image, Target target,
+                  const std::function<void(Surface& work, Surface& live)>& routine);
+
+/// Drops the result of a selection onto the image, shows it and records one undo state.
+void Commit(frmImage& image, Target target);
+
 /// Shows the image and records one undo state.
 void FinishOperation(frmImage& image);
+
+/// The document's window takes the size of the image, with the rulers' if they are on, unless it is
+/// maximised.
+void FitWindow(frmImage& image);
 
 } // namespace pintalux
