@@ -56,6 +56,28 @@ void ForRows(Surface& surface, const Box& box, ProgressBar& Pb, Cores cores,
     Pb.Value(0);
 }
 
+void ForRowsInPlace(Surface& surface, const Box& box, ProgressBar& Pb,
+                    const std::function<void(int top, int bottom)>& rows) {
+    Bitmap& bits = surface.hDC().Bits();
+    const Box area = Intersection(box, bits.Bounds());
+    if (area.Empty()) return;
+    bits.DetachTable();
+    const int firstBand = area.top / Bitmap::kTileHeight;
+    const int endBand = (area.bottom + Bitmap::kTileHeight - 1) / Bitmap::kTileHeight;
+    const int chunk = ChunkRows(area.Width()) / Bitmap::kTileHeight;
+    const double half = Pb.Max() / 2;
+    for (int band = firstBand; band < endBand; band += chunk) {
+        const int end = std::min(band + chunk, endBand);
+        SplitOverCores(end - band, [&](int first, int last) {
+            rows(std::max(area.top, (band + first) * Bitmap::kTileHeight),
+                 std::min(area.bottom, (band + last) * Bitmap::kTileHeight));
+        });
+        Pb.Value(half + half * (end - firstBand) / (endBand - firstBand));
+    }
+    surface.hDC().Touched(area);
+    Pb.Value(0);
+}
+
 void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels) {
     while (!pixels.empty()) {
         const auto run = bits.WritableRun(x, y);

@@ -32,6 +32,12 @@ enum class Cores { All, One };
 void ForRows(Surface& surface, const Box& box, ProgressBar& Pb, Cores cores,
              const std::function<void(int top, int bottom)>& rows);
 
+/// The same in place: what is not written stays as it was, and memory is taken for the tiles that are written
+/// only. A part holds whole bands of rows. Each writes its own rows, by `WritableRun` or `WriteRow`, and may
+/// read them; other rows it may not touch. As nothing is read beforehand, `Pb` starts in the middle.
+void ForRowsInPlace(Surface& surface, const Box& box, ProgressBar& Pb,
+                    const std::function<void(int top, int bottom)>& rows);
+
 /// Writes the pixels of row y from x on, past the caches.
 void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels);
 
