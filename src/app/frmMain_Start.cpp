@@ -3,7 +3,7 @@
 #include "app/frmSplash.h"
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
-#include "devices/Twain.h"
+#include "devices/modTwain.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "files/FileNames.h"

@@ -4,7 +4,7 @@
 #include "support/Program.h"
 
 #include "app/frmSplash.h"
-#include "devices/Twain.h"
+#include "devices/sane/SaneCalls.h"
 #include "document/FileCommands.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
@@ -199,7 +199,7 @@ TEST_F(StartTest, TheFileComesWithoutMonitorToo) {
 }
 
 TEST_F(StartTest, AMissingScannerLibraryIsToldAndTheStartGoesOn) {
-    OpenScannerLibrary = [] { return false; };
+    OpenScannerLibrary = []() -> void* { return nullptr; };
     std::string icon;
     const DialogScript script({[&](QWidget& dialog) {
         icon = IconOf(dialog);
@@ -214,7 +214,7 @@ TEST_F(StartTest, AMissingScannerLibraryIsToldAndTheStartGoesOn) {
 }
 
 TEST_F(StartTest, AnyOtherErrorIsToldAndEndsTheLoad) {
-    OpenScannerLibrary = []() -> bool { throw RuntimeError(kDeviceError); };
+    OpenScannerLibrary = []() -> void* { throw RuntimeError(kDeviceError); };
     std::string icon;
     const DialogScript script({[&](QWidget& dialog) {
         icon = IconOf(dialog);

@@ -1,6 +1,6 @@
 #include "support/Program.h"
 
-#include "devices/Twain.h"
+#include "devices/sane/SaneCalls.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "document/Workspace.h"
@@ -97,7 +97,7 @@ void ProgramTest::SetUp() {
     setenv("TMPDIR", (root_ / "temporary").c_str(), 1);
     App.PathForTests((root_ / "program").string());
     App.CommandForTests("");
-    OpenScannerLibrary = [] { return true; }; // whether or not this machine has it
+    OpenScannerLibrary = []() -> void* { return &OpenScannerLibrary; }; // whether or not this machine has it
     ResetGlobals();
     OnUntrappedError = [this](const RuntimeError& error) { untrapped.push_back(error); };
 }

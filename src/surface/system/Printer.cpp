@@ -12,11 +12,27 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
 namespace pintalux {
 
 namespace {
 
 constexpr double kTwipsPerInch = 1440;
+
+/// The upper left part of a picture.
+Picture Part(const Picture& picture, int columns, int rows) {
+    if (columns == picture.Width() && rows == picture.Height()) return picture;
+    Picture part(columns, rows, 0);
+    std::vector<Pixel> row(static_cast<std::size_t>(columns));
+    for (int y = 0; y < rows; ++y) {
+        picture.ReadRow(0, y, row);
+        part.WriteRow(0, y, row);
+    }
+    return part;
+}
 
 } // namespace
 
@@ -65,12 +81,36 @@ double PrinterObject::ScaleHeight() const {
     return native_->Ready().pageRect(QPrinter::DevicePixel).height() / PixelsPerUnit();
 }
 
+namespace {
+
+/// The pixels of `length` that reach the page, from place `at` of `room`, all on one axis: those beyond its
+/// end are never made, so that a photograph of 24 million pixels costs what a page holds.
+int PixelsOnPage(double at, double scaledLength, int length, double room) {
+    if (scaledLength <= 0 || at + scaledLength <= room) return length;
+    const double share = (room - at) / scaledLength * length;
+    return std::clamp(static_cast<int>(std::ceil(share)), 0, length);
+}
+
+} // namespace
+
 void PrinterObject::PaintPicture(const Picture& picture, double x, double y, double width, double height) {
     QPrinter& device = native_->Ready();
     if (!native_->painter.isActive() && !native_->painter.begin(&device))
         throw RuntimeError(kDeviceUnavailable);
     const double scale = PixelsPerUnit();
-    native_->painter.drawImage(QRectF(x * scale, y * scale, width * scale, height * scale), ImageOf(picture));
+    const QRectF page = device.pageRect(QPrinter::DevicePixel);
+    const int columns = PixelsOnPage(x * scale, width * scale, picture.Width(), page.width());
+    const int rows = PixelsOnPage(y * scale, height * scale, picture.Height(), page.height());
+    if (columns == 0 || rows == 0) return;
+    const QRectF place(x * scale, y * scale, width * scale * columns / picture.Width(),
+                       height * scale * rows / picture.Height());
+    native_->painter.setClipRect(QRectF(0, 0, page.width(), page.height()));
+    native_->painter.drawImage(place, ImageOf(Part(picture, columns, rows)));
+}
+
+void PrinterObject::PaintPicture(const Picture& picture, double x, double y) {
+    const double unitsPerPixel = scaleMode_ == kScaleTwips ? kTwipsPerPixel : 1;
+    PaintPicture(picture, x, y, picture.Width() * unitsPerPixel, picture.Height() * unitsPerPixel);
 }
 
 void PrinterObject::EndDoc() {

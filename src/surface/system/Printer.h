@@ -21,6 +21,13 @@ class PrinterObject {
     /// Starts the document at the first call. Place and size are in the unit of the scale; what passes the
     /// page's edge is cut off. Error 68 without a printer.
     void PaintPicture(const Picture& picture, double x, double y, double width, double height);
+    /// At the picture's natural size: a pixel is 15 twips.
+    void PaintPicture(const Picture& picture, double x, double y);
+    /// Where the next print goes; the program's own note, nothing moves it.
+    double CurrentX() const { return currentX_; }
+    void CurrentX(double value) { currentX_ = value; }
+    double CurrentY() const { return currentY_; }
+    void CurrentY(double value) { currentY_ = value; }
     void EndDoc(); ///< Sends the document off, if one was started; error 57 if that fails.
     /// The desktop's printer dialog; false on cancel.
     bool ShowSetup();
@@ -32,6 +39,7 @@ class PrinterObject {
     struct Native;
     std::unique_ptr<Native> native_;
     int scaleMode_ = 1;
+    double currentX_ = 0, currentY_ = 0;
 };
 PrinterObject& Printer();
 

@@ -1,0 +1,142 @@
+#include "devices/modTwain.h"
+
+#include "base/RuntimeError.h"
+#include "devices/frmScan.h"
+#include "devices/frmScanSource.h"
+#include "devices/frmScanWait.h"
+#include "devices/sane/SaneCalls.h"
+#include "surface/system/FileLayer.h"
+#include "surface/system/MsgBox.h"
+#include "surface/system/Pictures.h"
+
+#include <optional>
+#include <span>
+
+namespace pintalux {
+
+namespace {
+
+// For the run: the device, and what the last page was scanned with. The area counts from the corner of the
+// glass.
+struct LastScan {
+    std::string device;
+    ScanSettings settings;
+};
+
+LastScan& Last() {
+    static LastScan last;
+    return last;
+}
+
+constexpr int kDone = 0;
+constexpr int kNothingScanned = 1;
+
+void Tell(const std::string& text) {
+    MsgBox(text, BoxButtons::Ok, BoxIcon::Exclamation, kMessageTitle);
+}
+
+/// Runs work on a thread aside that makes a `Result`; nothing if the user gave up. Raises the work's error.
+template <class Result, class Work>
+std::optional<Result> Aside(const std::string& what, Work work) {
+    const auto result = std::make_shared<std::optional<Result>>();
+    const auto job = std::make_shared<ScanJob>();
+    job->work = [result, work](ScanProgress& progress) { result->emplace(work(progress)); };
+    if (!WaitForJob(job, what)) return {};
+    return std::move(*result);
+}
+
+std::optional<std::vector<ScannerDevice>> LookForDevices() {
+    auto found = Aside<std::vector<ScannerDevice>>("A procurar digitalizadores...",
+                                                   [](ScanProgress&) { return FindScanners(); });
+    if (found && found->empty())
+        Tell("Não foi encontrado nenhum digitalizador. Verifique se está ligado e tente de novo.");
+    return found;
+}
+
+bool ChooseDevice(const std::vector<ScannerDevice>& devices) {
+    frmScanSource->Offer(devices, Last().device);
+    frmScanSource->ShowModal();
+    const std::string choice = frmScanSource->Choice();
+    frmScanSource.Unload();
+    if (choice.empty()) return false;
+    Last().device = choice;
+    return true;
+}
+
+bool HaveDevice() {
+    if (!Last().device.empty()) return true;
+    const std::optional<std::vector<ScannerDevice>> found = LookForDevices();
+    if (!found || found->empty()) return false;
+    if (found->size() > 1) return ChooseDevice(*found);
+    Last().device = found->front().name;
+    return true;
+}
+
+std::optional<ScanSettings> AskForSettings(const ScanChoices& choices) {
+    frmScan->Offer(choices, Last().settings);
+    frmScan->ShowModal();
+    const std::optional<ScanSettings> choice = frmScan->Choice();
+    frmScan.Unload();
+    return choice;
+}
+
+Picture PictureOf(const ScanPage& page) {
+    Picture picture(page.width, page.Height(), 0);
+    const auto width = static_cast<std::size_t>(page.width);
+    for (int y = 0; y < page.Height(); ++y)
+        picture.WriteRow(0, y, std::span(page.pixels).subspan(width * static_cast<std::size_t>(y), width));
+    return picture;
+}
+
+int Acquire(const std::string& fileName) {
+    if (!HaveDevice()) return kNothingScanned;
+    const auto scanner = std::make_shared<std::optional<Scanner>>();
+    const std::string device = Last().device;
+    const auto choices = Aside<ScanChoices>("A ligar ao digitalizador...", [scanner, device](ScanProgress&) {
+        return scanner->emplace(device).Choices();
+    });
+    if (!choices) return kNothingScanned;
+    const std::optional<ScanSettings> settings = AskForSettings(*choices);
+    if (!settings) return kNothingScanned;
+    Last().settings = *settings;
+    ScanSettings wanted = *settings;
+    wanted.area.left += choices->glass.left;
+    wanted.area.right += choices->glass.left;
+    wanted.area.top += choices->glass.top;
+    wanted.area.bottom += choices->glass.top;
+    const auto saved = Aside<bool>("A digitalizar...", [scanner, wanted, fileName](ScanProgress& progress) {
+        const ScanPage page = (*scanner)->Scan(wanted, progress);
+        if (progress.cancelled || page.Height() == 0) return false;
+        SavePictureAside(PictureOf(page), fileName);
+        // Whoever gave up meanwhile finds no file of his.
+        if (progress.cancelled) DeleteFile(fileName);
+        return true;
+    });
+    return saved.value_or(false) ? kDone : kNothingScanned;
+}
+
+} // namespace
+
+int TWAIN_IsAvailable() {
+    if (OpenScannerLibrary() == nullptr) throw RuntimeError(kFileNotFound, "libsane.so.1");
+    return 1;
+}
+
+int TWAIN_SelectImageSource(Control*) try {
+    const std::optional<std::vector<ScannerDevice>> found = LookForDevices();
+    return found && !found->empty() && ChooseDevice(*found) ? 1 : 0;
+} catch (const RuntimeError& error) {
+    Tell(error.Text());
+    return 0;
+}
+
+// A device that failed is forgotten, so that the next scan looks again for what is connected.
+int TWAIN_AcquireToFilename(Control*, const std::string& fileName) try {
+    return Acquire(fileName);
+} catch (const RuntimeError& error) {
+    if (error.Number() == kDeviceError || error.Number() == kDeviceUnavailable) Last().device.clear();
+    Tell(error.Text());
+    return kNothingScanned;
+}
+
+} // namespace pintalux
