@@ -6,6 +6,7 @@
 #include "surface/system/App.h"
 #include "surface/system/Clipboard.h"
 #include "tools/Image1_Pointer.h"
+#include "tools/PaintingTools.h"
 
 namespace pintalux {
 
@@ -20,7 +21,8 @@ constexpr int kStartInterval = 20; // milliseconds
 } // namespace
 
 frmMainForm::frmMainForm()
-    : MDIForm("frmMain"), CommandBar(static_cast<Container&>(*this)),
+    : MDIForm("frmMain"), ToolTable({PaintingTools, SelectionTools}),
+      CommandBar(static_cast<Container&>(*this), ToolTable::Buttons()),
       ToolSettingsPanel(static_cast<Container&>(*this)), ClipTray(static_cast<ToolSettingsPanel&>(*this)),
       ColourPanel(static_cast<Container&>(*this)), Timer1(kPollInterval), Timer2(kStartInterval) {
     MDIForm::Caption("Pintalux 64");
@@ -32,8 +34,7 @@ frmMainForm::frmMainForm()
     TheToolSettings = this;
     TheClipTray = this;
     TheColourPanel = this;
-    InstallPaintingTools();
-    InstallSelectionTools();
+    ConnectFloatingSteps();
     MainMenu::AddTo(*this);
     AlignPanel(ToolsTB, Align::Top);
     AlignPanel(ToolSettings, Align::Left);

@@ -9,6 +9,7 @@
 #include "surface/window/MDIForm.h"
 #include "surface/window/Timer.h"
 #include "tools/ToolSettings.h"
+#include "tools/ToolTable.h"
 
 #include <cstdint>
 #include <string>
@@ -17,6 +18,7 @@ namespace pintalux {
 
 class frmMainForm : public MDIForm,
                     public MainMenu,          // menus
+                    public ToolTable,         // the tools of all subsystems
                     public CommandBar,        // tool bar TB2
                     public ToolSettingsPanel, // pages of tool settings
                     public ClipTray,          // the tray on page 4

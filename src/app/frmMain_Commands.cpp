@@ -1,6 +1,7 @@
 // What menu items and buttons do. Items whose function is still to come stand in the menu and follow the
 // enable rules.
 #include "app/frmMain.h"
+#include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
@@ -11,9 +12,23 @@
 #include "selection/EditCommands.h"
 #include "selection/RectangleSelection.h"
 #include "settings/frmPrefs.h"
-#include "tools/ToolNumbers.h"
 
 namespace pintalux {
+
+namespace {
+
+struct BarCommand {
+    const char* key;
+    void (*run)();
+};
+
+constexpr BarCommand kBarCommands[] = {
+    {"New", mnuFileNew_Click},   {"Open", mnuFileOpen_Click}, {"Save", mnuFileSave_Click},
+    {"Cut", mnuEditCut_Click},   {"Copy", mnuEditCopy_Click}, {"Paste", PasteFromBar},
+    {"Undo", mnuEditUndo_Click}, {"Redo", mnuEditRedo_Click},
+};
+
+} // namespace
 
 void frmMainForm::ConnectMenus() {
     mnuFileNew.Click = [] { mnuFileNew_Click(); };
@@ -77,71 +92,28 @@ void frmMainForm::ChooseToolButton(int tool) {
 }
 
 void frmMainForm::TB2_ButtonClick(ToolButton& button) {
-    constexpr int kLastCommand = 11;
-    const std::string& key = button.Key();
+    for (const BarCommand& command : kBarCommands) {
+        if (button.Key() == command.key) ResumeNext(command.run);
+    }
+    if (button.Index() < kFirstTool) return;
     const int toolBefore = CurrentTool;
-    ResumeNext(
-        [&] {
-            if (key == "New") mnuFileNew_Click();
-        },
-        [&] {
-            if (key == "Open") mnuFileOpen_Click();
-        },
-        [&] {
-            if (key == "Save") mnuFileSave_Click();
-        },
-        [&] {
-            if (key == "Cut") mnuEditCut_Click();
-        },
-        [&] {
-            if (key == "Copy") mnuEditCopy_Click();
-        },
-        [&] {
-            if (key == "Paste") PasteFromBar();
-        },
-        [&] {
-            if (key == "Undo") mnuEditUndo_Click();
-        },
-        [&] {
-            if (key == "Redo") mnuEditRedo_Click();
-        });
-    if (button.Index() <= kLastCommand) return;
     CurrentTool = static_cast<std::int16_t>(button.Index());
     AfterToolChosen(toolBefore);
 }
 
 void frmMainForm::AfterToolChosen(int toolBefore) {
     constexpr double kOpenPage = 301; // twips
-    const auto openPage = [this](int page) {
-        if (PicTools(page).Height() < kOpenPage) cmdTools_Click(page);
-    };
-    switch (CurrentTool) {
-    case kPolyLineTool:
-        ResumeNext([] { ActiveImage().curpoly = -1; });
-        break;
-    case kSelectTool:
-        ResumeNext([&] { openPage(2); }, [] { ActiveImage().PicFreeSelect.Visible(false); },
-                   [] { ActiveImage().Image1.Picture(ActiveImage().PicMerge.Image()); });
-        break;
-    case kFreeSelectTool:
-        ResumeNext([&] { openPage(2); });
-        break;
-    case kPenTool:
-        ResumeNext([&] { openPage(0); });
-        break;
-    case kShapesTool:
-        ResumeNext([&] { openPage(1); });
-        break;
-    case kColorWandTool:
-        ResumeNext([&] { openPage(3); });
-        break;
-    case kTextTool:
-        // The text dialog puts the tool before back.
-        ChooseToolButton(toolBefore);
-        break;
-    default:
-        break;
-    }
+    const Tool& tool = TheTools->Row(CurrentTool);
+    ResumeNext(
+        [&] {
+            if (tool.page != kNoPage && PicTools(tool.page).Height() < kOpenPage) cmdTools_Click(tool.page);
+        },
+        [&] {
+            if (tool.chosen != nullptr) tool.chosen();
+        },
+        [&] {
+            if (tool.returnsToToolBefore) ChooseToolButton(toolBefore);
+        });
 }
 
 void frmMainForm::mnuEditClip_Click() {

@@ -1,6 +1,7 @@
 // The 30 ms poll: a file handed over by a second instance, then the state of every command. It touches no
 // surface and asks no other program.
 #include "app/frmMain.h"
+#include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
@@ -31,7 +32,7 @@ void frmMainForm::TakeHandOff() {
 
 void frmMainForm::PollPaste() {
     const bool bitmap = IsClipboardFormatAvailable(CF_BITMAP);
-    TB2.Buttons(7).Enabled(bitmap);
+    TB2.Buttons(kPasteButton).Enabled(bitmap);
     mnuEditPasteNew.Enabled(bitmap);
     mnuEditPaste.Enabled(bitmap && ImageCount > 0);
 }
@@ -41,14 +42,14 @@ void frmMainForm::PollDocument() {
         ImgMenuEnable(false);
         mnuEditSelectNone.Enabled(false);
         mnuEditSelectAll.Enabled(false);
-        TB2.Buttons(3).Enabled(false);
+        TB2.Buttons(kSaveButton).Enabled(false);
         return;
     }
     ImgMenuEnable(true);
     const frmImage& image = ActiveImage();
     if (image.PicFreeSelect.Visible() || image.PicSelect.Visible()) mnuEditSelectNone.Enabled(true);
     mnuEditSelectAll.Enabled(true);
-    TB2.Buttons(3).Enabled(true);
+    TB2.Buttons(kSaveButton).Enabled(true);
     PollUndo();
 }
 
@@ -60,8 +61,8 @@ void frmMainForm::PollUndo() {
     }
     mnuEditUndo.Enabled(false);
     mnuEditRedo.Enabled(false);
-    TB2.Buttons(9).Enabled(false);
-    TB2.Buttons(10).Enabled(false);
+    TB2.Buttons(kUndoButton).Enabled(false);
+    TB2.Buttons(kRedoButton).Enabled(false);
 }
 
 } // namespace pintalux

@@ -4,6 +4,7 @@
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
 #include "devices/modTwain.h"
+#include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "files/FileNames.h"
@@ -11,7 +12,6 @@
 #include "surface/system/App.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
-#include "tools/ToolNumbers.h"
 
 #include <span>
 

@@ -1,16 +1,16 @@
 #include "document/CommandBar.h"
 
+#include "document/BarPositions.h"
+
 #include <algorithm>
 
 namespace pintalux {
 
 namespace {
 
-constexpr ButtonStyle kTool = ButtonStyle::ButtonGroup;
-
 // Intended: the first button keeps the words of the pointer tool as its tool tip; its caption says what it
 // does.
-const std::vector<ToolBar::Row> kButtons = {
+const std::vector<ToolBar::Row> kCommands = {
     {"New", "Apontador - não faz selecção.", ":/icons/new.svg", ButtonStyle::Default, "Nova imagem"},
     {"Open", "Abrir imagem", ":/icons/open.svg"},
     {"Save", "Salvar imagem", ":/icons/save.svg"},
@@ -22,20 +22,13 @@ const std::vector<ToolBar::Row> kButtons = {
     {"Undo", "Desfazer", ":/icons/undo.svg"},
     {"Redo", "Refazer", ":/icons/redo.svg"},
     {nullptr, nullptr, nullptr, ButtonStyle::Separator},
-    {"Pointer", "Apontador", ":/icons/pointer.svg", kTool},
-    {"Select", "Selecionar uma região na imagem", ":/icons/select.svg", kTool},
-    {"FreeSelect", "Ferramenta livre de selecção", ":/icons/freeselect.svg", kTool},
-    {"Pen", "Desenha uma linha", ":/icons/pen.svg", kTool},
-    {"Eraser", "Apaga a selecção da imagem", ":/icons/eraser.svg", kTool},
-    {"Flood", "Enche a parte seleccionada.", ":/icons/flood.svg", kTool},
-    {"Line", "Desenha uma linha.", ":/icons/line.svg", kTool},
-    {"PolyLine", "Desenha um poligno", ":/icons/polyline.svg", kTool},
-    {"Shapes", "Desenha uma textura seleccionada", ":/icons/shapes.svg", kTool},
-    {"ColorWand", "Alterar cores", ":/icons/colorwand.svg", kTool},
-    {"ColorPick", nullptr, ":/icons/colorpick.svg", kTool, "Escolher cor"},
-    {"Mag", nullptr, ":/icons/mag.svg", kTool, "Lupa"},
-    {"Text", "Inserir texto", ":/icons/text.svg", kTool},
 };
+
+std::vector<ToolBar::Row> CommandsAnd(const std::vector<ToolBar::Row>& tools) {
+    std::vector<ToolBar::Row> rows = kCommands;
+    rows.insert(rows.end(), tools.begin(), tools.end());
+    return rows;
+}
 
 constexpr double kEdge = 2;          // pixels above and below the buttons
 constexpr double kWideEnough = 4000; // pixels: one row
@@ -49,13 +42,13 @@ constexpr double kGap = 8;
 
 } // namespace
 
-CommandBar::CommandBar(Container& window)
-    : ToolsTB(window, "ToolsTB"), TB2(ToolsTB, "TB2", kButtons), Pb(ToolsTB, "Pb") {
+CommandBar::CommandBar(Container& window, const std::vector<ToolBar::Row>& tools)
+    : ToolsTB(window, "ToolsTB"), TB2(ToolsTB, "TB2", CommandsAnd(tools)), Pb(ToolsTB, "Pb") {
     ToolsTB.BackColor(kButtonFaceColour);
     TB2.AccessibleName("Caixa de ferramentas");
     Pb.AccessibleName("Progresso");
     // Like their menu items: nothing can be cut, copied or undone at the start.
-    for (const int position : {5, 6, 9, 10})
+    for (const int position : {kCutButton, kCopyButton, kUndoButton, kRedoButton})
         TB2.Buttons(position).Enabled(false);
     ToolsTB.Resize = [this] { Fit(); };
     ToolsTB.Height((TB2.HeightFor(kWideEnough) + 2 * kEdge) * kTwipsPerPixel);

@@ -1,5 +1,5 @@
-// The tool bar `TB2` on its strip, which grows to as many rows as the buttons need: file and edit commands
-// (positions 1 to 10), then the tools (12 to 24). Beside or below the buttons stands the progress bar of the
+// The tool bar `TB2` on its strip, which grows to as many rows as the buttons need: file and edit commands,
+// then the tools. Beside or below the buttons stands the progress bar of the
 // long operations.
 #pragma once
 
@@ -7,10 +7,13 @@
 #include "surface/window/Surface.h"
 #include "surface/window/ToolBar.h"
 
+#include <vector>
+
 namespace pintalux {
 
 struct CommandBar {
-    explicit CommandBar(Container& window);
+    /// `tools` are the buttons behind the commands.
+    CommandBar(Container& window, const std::vector<ToolBar::Row>& tools);
 
     Surface ToolsTB;
     ToolBar TB2;

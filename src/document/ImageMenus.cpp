@@ -1,5 +1,6 @@
 #include "document/ImageMenus.h"
 
+#include "document/BarPositions.h"
 #include "document/CommandBar.h"
 #include "document/MainMenu.h"
 #include "document/Workspace.h"
@@ -46,7 +47,7 @@ void ImgMenuEnable(bool value) {
                  &M::mnuFileSave,
                  &M::mnuFileSaveAs},
                 value);
-    EnableButtons({22, 23, 24}, value);
+    EnableButtons({kColorPickTool, kMagTool, kTextTool}, value);
 }
 
 void EnableImageMenus() {
@@ -67,7 +68,7 @@ void DisableImageMenus(bool& all) {
         EnableItems({&M::mnuBorderWiz, &M::mnuAddBorders, &M::mnuResize, &M::mnuEditUndo, &M::mnuEditRedo,
                      &M::mnuWindowCascade, &M::mnuWindowTileHorizontal, &M::mnuWindowTileVertical},
                     false);
-        EnableButtons({3, 9, 10}, false);
+        EnableButtons({kSaveButton, kUndoButton, kRedoButton}, false);
     }
     all = false;
 }

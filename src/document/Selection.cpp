@@ -1,6 +1,7 @@
 #include "document/Selection.h"
 
 #include "base/Arithmetic.h"
+#include "document/BarPositions.h"
 #include "document/CommandBar.h"
 #include "document/MainMenu.h"
 #include "document/Workspace.h"
@@ -20,8 +21,8 @@ Extent SelectionExtent(const frmImage& image) {
 }
 
 void EnableCutAndCopy(bool value) {
-    TheWorkspace.bar->TB2.Buttons(5).Enabled(value);
-    TheWorkspace.bar->TB2.Buttons(6).Enabled(value);
+    TheWorkspace.bar->TB2.Buttons(kCutButton).Enabled(value);
+    TheWorkspace.bar->TB2.Buttons(kCopyButton).Enabled(value);
     TheWorkspace.menu->mnuEditCut.Enabled(value);
     TheWorkspace.menu->mnuEditCopy.Enabled(value);
 }

@@ -1,6 +1,7 @@
 // Undo and redo of a document: every finished change is a state of its own, a whole BMP file.
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
+#include "document/BarPositions.h"
 #include "document/CommandBar.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
@@ -18,12 +19,12 @@ namespace {
 
 void EnableUndo(bool value) {
     TheWorkspace.menu->mnuEditUndo.Enabled(value);
-    TheWorkspace.bar->TB2.Buttons(9).Enabled(value);
+    TheWorkspace.bar->TB2.Buttons(kUndoButton).Enabled(value);
 }
 
 void EnableRedo(bool value) {
     TheWorkspace.menu->mnuEditRedo.Enabled(value);
-    TheWorkspace.bar->TB2.Buttons(10).Enabled(value);
+    TheWorkspace.bar->TB2.Buttons(kRedoButton).Enabled(value);
 }
 
 int StateIndex(const ListStore& order, int position) {

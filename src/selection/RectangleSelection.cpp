@@ -36,6 +36,10 @@ void StampHole(frmImage& image) {
 
 } // namespace
 
+void SelectChosen() {
+    ResumeNext([] { ActiveImage().PicFreeSelect.Visible(false); }, [] { ShowMerge(ActiveImage()); });
+}
+
 void SelectPress(frmImage& image, double X, double Y) {
     image.selecting = -1;
     const double x = Snapped(image, X);

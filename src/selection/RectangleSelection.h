@@ -5,7 +5,8 @@ namespace pintalux {
 
 class frmImage;
 
-// The steps of tool 13; X and Y are view pixels.
+// Tool 13: its choice, its steps; X and Y are view pixels.
+void SelectChosen();
 void SelectPress(frmImage& image, double X, double Y);
 void SelectMove(frmImage& image, double X, double Y);
 void SelectRelease(frmImage& image, double X, double Y);

@@ -1,11 +1,11 @@
 #include "selection/SelectionTools.h"
 
+#include "document/BarPositions.h"
 #include "selection/Floating.h"
 #include "selection/FreehandSelection.h"
 #include "selection/Merge.h"
 #include "selection/RectangleSelection.h"
 #include "tools/Image1_Pointer.h"
-#include "tools/ToolNumbers.h"
 
 namespace pintalux {
 
@@ -59,11 +59,40 @@ void ConnectSelection(frmImage& image) {
     image.PicFrame.MouseMove = At(image, PicFrame_MouseMove);
 }
 
-void InstallSelectionTools() {
-    StepsOf(kSelectTool) = {SelectPress, SelectMove, SelectRelease};
-    StepsOf(kFreeSelectTool) = {FreeSelectPress, FreeSelectMove, FreeSelectRelease};
+void ConnectFloatingSteps() {
     TheFloatingSteps.mergeRectangle = MergeRectangleByPress;
     TheFloatingSteps.mergeFreehand = MergeFreehandByPress;
 }
+
+constexpr Tool kTools[] = {
+    {
+        .number = kSelectTool,
+        .key = "Select",
+        .toolTip = "Selecionar uma região na imagem",
+        .icon = ":/icons/select.svg",
+        .page = kSelectionPage,
+        .chosen = SelectChosen,
+        .press = SelectPress,
+        .drag = SelectMove,
+        .release = SelectRelease,
+        .pointer = {kPointerCross},
+        .scrollsAtEdges = true,
+        .atRelease = AtRelease::Nothing,
+    },
+    {
+        .number = kFreeSelectTool,
+        .key = "FreeSelect",
+        .toolTip = "Ferramenta livre de selecção",
+        .icon = ":/icons/freeselect.svg",
+        .page = kSelectionPage,
+        .press = FreeSelectPress,
+        .drag = FreeSelectMove,
+        .release = FreeSelectRelease,
+        .scrollsAtEdges = true,
+        .atRelease = AtRelease::Nothing,
+    },
+};
+
+const std::span<const Tool> SelectionTools = kTools;
 
 } // namespace pintalux

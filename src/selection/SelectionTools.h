@@ -1,9 +1,15 @@
 // Rectangular and freehand selections: their tools, the floating piece, its merge.
 #pragma once
 
+#include "tools/ToolTable.h"
+
+#include <span>
+
 namespace pintalux {
 
-/// Puts the steps of tools 13 and 14 into the table, and what a press does to a piece that floats.
-void InstallSelectionTools();
+extern const std::span<const Tool> SelectionTools;
+
+/// Says what a press does to a piece that floats.
+void ConnectFloatingSteps();
 
 } // namespace pintalux

@@ -69,8 +69,8 @@ void frmImage::NeedtoPaste() {
         Backup();
         FreeSelDrawing = -1;
         PasteFloating = 0;
-    } else if (lbltext.Visible() && TheFloatingSteps.commitText) {
-        TheFloatingSteps.commitText(*this);
+    } else if (lbltext.Visible() && TheFloatingSteps.commitTextByCommand) {
+        TheFloatingSteps.commitTextByCommand(*this);
     }
     ShowMerge(*this);
     Image1.Refresh();

@@ -1,16 +1,13 @@
 #include "tools/Image1_Pointer.h"
 
-#include "base/Arithmetic.h"
 #include "base/NumberText.h"
-#include "base/RuntimeError.h"
 #include "colour/ColourPanel.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "surface/window/Screen.h"
 #include "tools/AutoScroll.h"
-#include "tools/PaintingTools.h"
-#include "tools/ToolNumbers.h"
 #include "tools/ToolSettings.h"
+#include "tools/ToolTable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,49 +38,30 @@ void Run(const std::function<void(frmImage&)>& step, frmImage& image) {
     if (step) step(image);
 }
 
-void Run(const std::function<void(frmImage&, double, double)>& step, frmImage& image, double X, double Y) {
-    if (step) step(image, X, Y);
+void Run(StrokeStep step, frmImage& image, double X, double Y) {
+    if (step != nullptr) step(image, X, Y);
 }
 
-void LeftPress(frmImage& image, double X, double Y) {
+// True: the press is used up. A rectangle goes and the press paints all the same.
+bool MergeWhatFloats(frmImage& image) {
     if (image.lbltext.Visible()) {
-        Run(TheFloatingSteps.commitText, image);
-        return;
+        Run(TheFloatingSteps.commitTextByPress, image);
+        return true;
     }
     if (image.PicSelect.Visible()) Run(TheFloatingSteps.mergeRectangle, image);
-    if (image.PicFreeSelect.Visible()) {
-        Run(TheFloatingSteps.mergeFreehand, image);
-        return;
-    }
-    Run(StepsOf(CurrentTool).press, image, X, Y);
+    if (!image.PicFreeSelect.Visible()) return false;
+    Run(TheFloatingSteps.mergeFreehand, image);
+    return true;
 }
 
-// The pictures of the tools that point with their tip.
-const Icon EyePic{":/icons/cursor-eye.svg", 16, 16};
-const Icon FillPic{":/icons/cursor-fill.svg", 16, 15};
-const Icon MagPic{":/icons/cursor-mag.svg", 12, 12};
+void LeftPress(frmImage& image, const Tool& tool, double X, double Y) {
+    if (!tool.leavesWhatFloats && MergeWhatFloats(image)) return;
+    Run(tool.press, image, X, Y);
+}
 
-void SetPointerShape(Display& image1) {
-    const auto custom = [&image1](const Icon& picture) {
-        image1.MouseIcon(picture);
-        image1.MousePointer(kPointerCustom);
-    };
-    switch (CurrentTool) {
-    case kSelectTool:
-        image1.MousePointer(kPointerCross);
-        break;
-    case kColorPickTool:
-        custom(EyePic);
-        break;
-    case kFloodTool:
-        custom(FillPic);
-        break;
-    case kMagTool:
-        custom(MagPic);
-        break;
-    default:
-        image1.MousePointer(kPointerDefault);
-    }
+void SetPointerShape(Display& image1, const PointerLook& look) {
+    if (look.shape == kPointerCustom) image1.MouseIcon({look.picture, look.hotX, look.hotY});
+    image1.MousePointer(look.shape);
 }
 
 } // namespace
@@ -102,55 +80,48 @@ void MoveRulerMarks(frmImage& image, double X, double Y) {
     image.lbly.Caption(NumberText(std::floor(Y / image.factor)));
 }
 
-ToolSteps& StepsOf(int tool) {
-    static std::array<ToolSteps, kLastTool + 1> table;
-    if (tool < 0 || tool > kLastTool) throw RuntimeError(kSubscriptOutOfRange);
-    return table[static_cast<std::size_t>(tool)];
-}
-
 void Image1_MouseDown(frmImage& image, int Button, double X, double Y) {
+    const Tool& tool = TheTools->Row(CurrentTool);
     X = X / Screen.TwipsPerPixelX();
     Y = Y / Screen.TwipsPerPixelY();
     TakeColours(image);
-    if (Button == kLeftButton && CurrentTool != kMagTool) {
-        LeftPress(image, X, Y);
-    } else if (CurrentTool == kMagTool && Button == kLeftButton) {
-        Magnify(image, X, Y, true);
-    } else if (CurrentTool == kMagTool && Button == kRightButton) {
-        Magnify(image, X, Y, false);
+    if (Button == kLeftButton) {
+        LeftPress(image, tool, X, Y);
+    } else if (Button == kRightButton && tool.rightPress != nullptr) {
+        tool.rightPress(image, X, Y);
     } else {
         ShowImage(image);
     }
 }
 
 void Image1_MouseMove(frmImage& image, int Button, double X, double Y) {
+    const Tool& tool = TheTools->Row(CurrentTool);
     X = std::floor(X / Screen.TwipsPerPixelX());
     Y = std::floor(Y / Screen.TwipsPerPixelY());
     MoveRulerMarks(image, X, Y);
-    SetPointerShape(image.Image1);
-    if (CurrentTool == kColorPickTool) {
-        PickColour(image, X, Y);
+    SetPointerShape(image.Image1, tool.pointer);
+    if (tool.hover != nullptr) {
+        tool.hover(image, X, Y);
         return;
     }
     if ((Button & kLeftButton) == 0) return;
-    if (CurrentTool == kSelectTool || CurrentTool == kFreeSelectTool) AutoScroll(image, X, Y);
-    Run(StepsOf(CurrentTool).drag, image, X, Y);
-    if (CurrentTool == kFloodTool) return;
-    ShowImage(image);
+    if (tool.scrollsAtEdges) AutoScroll(image, X, Y);
+    Run(tool.drag, image, X, Y);
+    if (tool.showsDrag) ShowImage(image);
 }
 
 void Image1_MouseUp(frmImage& image, int Button, double X, double Y) {
+    const Tool& tool = TheTools->Row(CurrentTool);
     X = std::floor(X / Screen.TwipsPerPixelX());
     Y = std::floor(Y / Screen.TwipsPerPixelY());
     if (Button == kLeftButton) {
-        Run(StepsOf(CurrentTool).release, image, X, Y);
-        if (CurrentTool == kSelectTool || CurrentTool == kFreeSelectTool || CurrentTool == kColorPickTool)
-            return;
+        Run(tool.release, image, X, Y);
+        if (tool.atRelease == AtRelease::Nothing) return;
         image.PicMerge.DrawWidth(TheToolSettings->Slider2.Value());
     }
     ShowImage(image);
     // Intended: any button's release takes an undo state, so that a click marks a point to come back to.
-    if (CurrentTool != kMagTool) image.Backup();
+    if (tool.atRelease != AtRelease::Show) image.Backup();
 }
 
 void ConnectTools(frmImage& image) {
@@ -163,16 +134,6 @@ void ConnectTools(frmImage& image) {
     image.Image1.MouseUp = [&image](int Button, int, double X, double Y) {
         Image1_MouseUp(image, Button, X, Y);
     };
-}
-
-void InstallPaintingTools() {
-    StepsOf(kPenTool) = {PenPress, PenMove, {}};
-    StepsOf(kEraserTool) = {EraserPress, EraserMove, {}};
-    StepsOf(kFloodTool) = {FloodPress, {}, {}};
-    StepsOf(kLineTool) = {LinePress, LineMove, LineRelease};
-    StepsOf(kPolyLineTool) = {PolyLinePress, LineMove, PolyLineRelease};
-    StepsOf(kShapesTool) = {ShapesPress, ShapesMove, ShapesRelease};
-    StepsOf(kColorPickTool) = {{}, {}, PickRelease};
 }
 
 } // namespace pintalux

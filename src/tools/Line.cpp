@@ -1,5 +1,6 @@
 // Lines and polylines: a preview over the view while dragging, one line on the image at the release.
 #include "document/frmImage.h"
+#include "document/Workspace.h"
 #include "tools/ImagePoint.h"
 #include "tools/PaintingTools.h"
 
@@ -32,6 +33,10 @@ void LineRelease(frmImage& image, double X, double Y) {
     image.Line1.Visible(false);
     const FigureEnd end = FigureEndAt(image, X, Y);
     image.PicMerge.Line(image.sx, image.sy, end.x, end.y, image.curdrawcolor);
+}
+
+void PolyLineChosen() {
+    ActiveImage().curpoly = -1;
 }
 
 void PolyLinePress(frmImage& image, double X, double Y) {

@@ -6,6 +6,8 @@
 
 namespace pintalux {
 
+namespace {
+
 void Magnify(frmImage& image, double X, double Y, bool in) {
     ScrollRatioV = (image.Image1.Height() + 1) / (Y + 1);
     ScrollRatioH = (image.Image1.Width() + 1) / (X + 1);
@@ -14,6 +16,16 @@ void Magnify(frmImage& image, double X, double Y, bool in) {
     image.Picsize();
     if (image.VS.Visible()) image.VS.Value(image.VS.Max() / ScrollRatioV);
     if (image.HS.Visible()) image.HS.Value(image.HS.Max() / ScrollRatioH);
+}
+
+} // namespace
+
+void MagnifierPress(frmImage& image, double X, double Y) {
+    Magnify(image, X, Y, true);
+}
+
+void MagnifierRightPress(frmImage& image, double X, double Y) {
+    Magnify(image, X, Y, false);
 }
 
 } // namespace pintalux

@@ -1,13 +1,17 @@
-// The press, drag and release steps of the painting tools. X and Y are view pixels; drawing goes to
-// `PicMerge` in image pixels. Error 6 where a point leaves the 16-bit range.
+// The painting tools: their rows, and the press, drag and release steps that stand in them. X and Y are view
+// pixels; drawing goes to `PicMerge` in image pixels. Error 6 where a point leaves the 16-bit range.
 #pragma once
 
 #include "surface/raster/Colour.h"
+#include "tools/ToolTable.h"
+
+#include <span>
 
 namespace pintalux {
 
-class frmImage;
 class Surface;
+
+extern const std::span<const Tool> PaintingTools;
 
 // Pen.cpp
 void PenPress(frmImage& image, double X, double Y);
@@ -19,6 +23,7 @@ void EraserMove(frmImage& image, double X, double Y);
 void LinePress(frmImage& image, double X, double Y);
 void LineMove(frmImage& image, double X, double Y);
 void LineRelease(frmImage& image, double X, double Y);
+void PolyLineChosen();
 void PolyLinePress(frmImage& image, double X, double Y);
 void PolyLineRelease(frmImage& image, double X, double Y);
 // Shapes.cpp
@@ -35,6 +40,7 @@ void FloodMaskOutside(Surface& surface, Colour colour, int style, int x, int y);
 void PickColour(frmImage& image, double X, double Y);
 void PickRelease(frmImage& image, double X, double Y);
 // Magnifier.cpp
-void Magnify(frmImage& image, double X, double Y, bool in);
+void MagnifierPress(frmImage& image, double X, double Y);
+void MagnifierRightPress(frmImage& image, double X, double Y);
 
 } // namespace pintalux

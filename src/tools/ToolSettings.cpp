@@ -2,7 +2,7 @@
 
 #include "base/NumberText.h"
 #include "document/Globals.h"
-#include "tools/ToolNumbers.h"
+#include "tools/ToolTable.h"
 
 namespace pintalux {
 
@@ -166,7 +166,7 @@ void ToolSettingsPanel::LayOutWand() {
 
 double ToolSettingsPanel::FullHeight(int page) const {
     constexpr double kHeights[] = {1845, 1980, 900, 2205};
-    return page == 4 ? ClipPanelHeight : kHeights[page];
+    return page == kClipPage ? ClipPanelHeight : kHeights[page];
 }
 
 void ToolSettingsPanel::cmdTools_Click(int Index) {
@@ -174,12 +174,8 @@ void ToolSettingsPanel::cmdTools_Click(int Index) {
         PicTools(Index).Height(kClosedPageHeight);
     } else {
         PicTools(Index).Height(FullHeight(Index));
-        if (ChooseTool) {
-            if (Index == 0) ChooseTool(kPenTool);
-            if (Index == 1) ChooseTool(kShapesTool);
-            if (Index == 2) ChooseTool(CurrentTool == kFreeSelectTool ? kFreeSelectTool : kSelectTool);
-            if (Index == 3) ChooseTool(kColorWandTool);
-        }
+        const int tool = TheTools->ToolOfPage(Index, CurrentTool);
+        if (tool != 0 && ChooseTool) ChooseTool(tool);
     }
     StackPages();
     if (BottomOfPages() > ToolSettings.Height()) CloseOthers(Index);

@@ -3,9 +3,9 @@
 #include "support/Documents.h"
 #include "support/Program.h"
 
+#include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
-#include "tools/ToolNumbers.h"
 
 #include <QAction>
 #include <QMenu>

@@ -5,12 +5,12 @@
 
 #include "app/frmSplash.h"
 #include "devices/sane/SaneCalls.h"
+#include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "settings/frmPrefs.h"
 #include "surface/system/Pictures.h"
-#include "tools/ToolNumbers.h"
 
 #include <QAbstractButton>
 #include <QWidget>

@@ -1,10 +1,10 @@
 // A zoom by the menu: what floats, where the bars stand, what happens beyond the largest view.
+#include "document/BarPositions.h"
 #include "document/Globals.h"
 #include "document/Zoom.h"
 #include "support/Documents.h"
 #include "support/Pictures.h"
 #include "support/Program.h"
-#include "tools/ToolNumbers.h"
 
 #include <cmath>
 

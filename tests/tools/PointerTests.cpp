@@ -5,15 +5,13 @@
 namespace pintalux {
 namespace {
 
-const char* const kToolKeys[] = {"Pointer", "Select",   "FreeSelect", "Pen",       "Eraser",    "Flood",
-                                 "Line",    "PolyLine", "Shapes",     "ColorWand", "ColorPick", "Mag"};
-
 class PointerTest : public ToolTest {
   protected:
     void SetUp() override {
         ToolTest::SetUp();
         steps_ = TheFloatingSteps;
-        TheFloatingSteps = {[this](frmImage& image) { Ran("text", image); },
+        TheFloatingSteps = {[this](frmImage& image) { Ran("text by press", image); },
+                            [this](frmImage& image) { Ran("text by command", image); },
                             [this](frmImage& image) { Ran("rectangle", image); },
                             [this](frmImage& image) { Ran("freehand", image); }};
     }
@@ -98,10 +96,12 @@ TEST_F(PointerTest, TwoButtonsInALineDrawItOnce) {
 
 TEST_F(PointerTest, ShapeOfThePointerForEveryTool) {
     frmImage& image = NewDocument(40, 40);
-    for (const char* key : kToolKeys) {
-        Choose(key);
+    for (int number = kFirstTool; number <= kLastTool; ++number) {
+        if (number == kTextTool) continue; // Never the current tool.
+        const std::string name = TheTools->Row(number).key;
+        const char* key = name.c_str();
+        Choose(name);
         MoveTo(image, 5, 5, 0);
-        const std::string name = key;
         const bool custom = name == "ColorPick" || name == "Flood" || name == "Mag";
         const int expected = name == "Select" ? kPointerCross : custom ? kPointerCustom : kPointerDefault;
         EXPECT_EQ(image.Image1.MousePointer(), expected) << key;
@@ -117,9 +117,17 @@ TEST_F(PointerTest, FloatingTextIsCommittedAndThePressPaintsNothing) {
     image.lbltext.Visible(true);
     image.PicSelect.Visible(true);
     Press(image, 5, 5);
-    EXPECT_EQ(ran, std::vector<std::string>{"text"});
+    EXPECT_EQ(ran, std::vector<std::string>{"text by press"});
     ExpectImage(image, DrawingModel(40, 40, 0xFFFFFF));
     Release(image, 5, 5);
+}
+
+TEST_F(PointerTest, FloatingTextIsCommittedByACommandInItsOwnWay) {
+    frmImage& image = NewDocument(40, 40);
+    image.lbltext.Visible(true);
+    image.NeedtoPaste();
+    EXPECT_EQ(ran, std::vector<std::string>{"text by command"});
+    EXPECT_FALSE(image.lbltext.Visible());
 }
 
 TEST_F(PointerTest, FloatingRectangleIsMergedAndThePressPaints) {

@@ -1,6 +1,7 @@
 // The hand with a tool: the fixture of the tool tests.
 #pragma once
 
+#include "document/BarPositions.h"
 #include "document/Globals.h"
 #include "document/Zoom.h"
 #include "settings/frmPrefs.h"
@@ -8,7 +9,6 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 #include "tools/DrawingModel.h"
-#include "tools/ToolNumbers.h"
 
 #include <cmath>
 #include <string>
