@@ -144,7 +144,7 @@ void Measure(benchmark::State& state, const Picture& picture, const std::functio
     Bench& bench = *theBench;
     if (state.range(0) != 0 && !bench.kept) bench.kept.emplace();
     if (state.range(0) == 0) bench.kept.reset();
-    FreeSelActive = 0;
+    FreeSelActive = false;
     Best copy, best;
     for (auto _ : state) {
         bench.work.Picture(picture);

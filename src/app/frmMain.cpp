@@ -11,7 +11,7 @@
 namespace pintalux {
 
 AutoForm<frmMainForm> frmMain;
-bool frmMainForm::Closing = false;
+Flag frmMainForm::Closing;
 
 namespace {
 

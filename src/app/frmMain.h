@@ -36,7 +36,7 @@ class frmMainForm : public MDIForm,
     /// ends.
     bool HandedOver() const { return handedOver_; }
     /// Set when the main window goes for good.
-    static bool Closing;
+    static Flag Closing;
 
     void StartupConfig();
     void Timer1_Timer();

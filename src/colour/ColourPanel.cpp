@@ -58,27 +58,27 @@ std::string HexReadout(Colour c) {
 }
 
 void ColourPanel::ShowReadout(Colour c) {
-    if (ColorDisplayHex != 0) lblColor.Caption(HexReadout(c));
-    if (ColorDisplayRgb != 0) lblColor.Caption(RgbReadout(c));
-    if (ColorDisplayCor != 0) lblColor.Caption(CorReadout(c));
+    if (ColorDisplayHex) lblColor.Caption(HexReadout(c));
+    if (ColorDisplayRgb) lblColor.Caption(RgbReadout(c));
+    if (ColorDisplayCor) lblColor.Caption(CorReadout(c));
 }
 
 void ColourPanel::lblColor_Click() {
     const std::string shown = lblColor.Caption().substr(0, 3);
-    const auto choose = [this](int hex, int rgb, int cor) {
-        ColorDisplayHex = ToInt16(hex);
-        ColorDisplayRgb = ToInt16(rgb);
-        ColorDisplayCor = ToInt16(cor);
+    const auto choose = [this](Flag hex, Flag rgb, Flag cor) {
+        ColorDisplayHex = hex;
+        ColorDisplayRgb = rgb;
+        ColorDisplayCor = cor;
         ShowReadout(TheColor.BackColor());
     };
     // Intended: the decimal notation is the last stop until the next start, so that a readout in use does not
     // change under a stray click.
     if (shown == "HEX") {
-        choose(0, -1, 0);
+        choose(false, true, false);
     } else if (shown == "RGB") {
-        choose(0, 0, -1);
+        choose(false, false, true);
     } else if (shown == "LON") {
-        choose(-1, 0, 0);
+        choose(true, false, false);
     }
 }
 
@@ -118,16 +118,16 @@ void ColourPanel::SetHslSide(Colour c) {
 }
 
 void ColourPanel::txtRGB(Colour c) {
-    ColorUpdating = -1;
+    ColorUpdating = true;
     SetRgbSide(c);
     SetHslSide(c);
-    ColorUpdating = 0;
+    ColorUpdating = false;
 }
 
 void ColourPanel::txtRGB2(Colour c) {
-    ColorUpdating = -1;
+    ColorUpdating = true;
     SetRgbSide(c);
-    ColorUpdating = 0;
+    ColorUpdating = false;
 }
 
 void ColourPanel::UpdateColScrolls() {
@@ -136,15 +136,15 @@ void ColourPanel::UpdateColScrolls() {
     TheColor.BackColor(Picture6.BackColor());
     LblCurCol.ForeColor(ContrastColor(TheColor.BackColor()));
     ShowReadout(TheColor.BackColor());
-    if (ColorUpdating != 0) return;
-    ColorUpdating = -1;
+    if (ColorUpdating) return;
+    ColorUpdating = true;
     SetHslSide(Picture6.BackColor());
-    ColorUpdating = 0;
+    ColorUpdating = false;
 }
 
 void ColourPanel::UpdateHSLscrolls() {
     PanelHsl = {ToInt16(Val(txtHue.Text())), ToInt16(Val(txtSat.Text())), ToInt16(Val(txtLum.Text()))};
-    if (ColorUpdating != 0) return;
+    if (ColorUpdating) return;
     TheColor.BackColor(Picture6.BackColor());
     LblCurCol.ForeColor(ContrastColor(TheColor.BackColor()));
     LblCurCol.Refresh();

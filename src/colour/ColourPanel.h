@@ -7,6 +7,7 @@
 // other.
 #pragma once
 
+#include "base/Flag.h"
 #include "colour/ModHSL.h"
 #include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
@@ -43,11 +44,11 @@ struct ColourPanel {
     TextBox txtLum;
     ScrollBar VSlum;
 
-    std::int16_t ColorUpdating = 0; ///< -1 while the panel moves its own scroll bars.
-    std::int16_t TypedValue = 0;    ///< The number last typed into one of the six boxes.
-    HslValue PanelHsl;              ///< What the three HSL boxes show.
-    /// Which of the three notations the readout uses; one is -1, the others 0.
-    std::int16_t ColorDisplayHex = 0, ColorDisplayRgb = -1, ColorDisplayCor = 0;
+    Flag ColorUpdating;          ///< While the panel moves its own scroll bars.
+    std::int16_t TypedValue = 0; ///< The number last typed into one of the six boxes.
+    HslValue PanelHsl;           ///< What the three HSL boxes show.
+    /// Which of the three notations the readout uses; one is set.
+    Flag ColorDisplayHex, ColorDisplayRgb = true, ColorDisplayCor;
 
     /// Makes a colour the current one and brings caption, spinners and readout up to date.
     void SetCurrentColour(Colour c);

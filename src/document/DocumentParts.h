@@ -2,6 +2,7 @@
 // lists, the view, the state of a stroke and of a selection.
 #pragma once
 
+#include "base/Flag.h"
 #include "surface/window/Display.h"
 #include "surface/window/Form.h"
 #include "surface/window/Inputs.h"
@@ -71,7 +72,7 @@ struct DocumentView {
 
 /// What a stroke keeps between press, moves and release.
 struct StrokeState {
-    std::int16_t curpoly = 0; ///< -1: the next press starts a new chain of lines.
+    Flag curpoly; ///< The next press starts a new chain of lines.
     std::int16_t sx = 0,
                  sy = 0; ///< Anchor or last point, image pixels (view pixels for the rectangle selection).
     Colour curtranscolor = 0; ///< The image's background when the stroke began.
@@ -82,11 +83,11 @@ struct StrokeState {
 /// What a selection keeps.
 struct SelectionState {
     std::int32_t SelX = 0, SelY = 0; ///< View pixels where the rectangle began.
-    std::int16_t selecting = 0;      ///< -1 between press and release.
+    Flag selecting;                  ///< Set between press and release.
     double SelectLeft = 0, SelectTop = 0, Selectwidth = 0, Selectheight = 0; ///< Image pixels.
     std::int16_t SelectpicX = 0, SelectpicY = 0; ///< Grab offset of a dragged piece.
-    std::int16_t FreeSelDrawing = 0;             ///< -1: the path of the running drag is over.
-    bool pathOpen = false; ///< A press of the freehand tool began a path that no release has ended.
+    Flag FreeSelDrawing;                         ///< The path of the running drag is over.
+    Flag pathOpen; ///< A press of the freehand tool began a path that no release has ended.
     std::int16_t FreeStartX = 0, FreeStartY = 0; ///< First point of the path, image pixels.
     std::int16_t FreeMinX = 0, FreeMinY = 0, FreeMaxX = 0, FreeMaxY = 0; ///< Box around the path.
 };

@@ -100,7 +100,7 @@ void mnuFileSave_Click() {
         std::string bmp = "bmp";
         SavePictureAside(image.PicMerge.Image(), UniqueFileName(ReplaceExtension(image.AFCurfile, bmp)));
     }
-    image.alreadysaved = -1;
+    image.alreadysaved = true;
 }
 
 void mnuFileSaveAs_Click() try {
@@ -123,7 +123,7 @@ void mnuFileSaveAs_Click() try {
     image.AFCurfile = path;
     image.Caption(FileNameOf(path));
     RememberFile(path);
-    image.alreadysaved = -1;
+    image.alreadysaved = true;
 } catch (...) {
     // An error ends the command; the document stays as it was.
 }

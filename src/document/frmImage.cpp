@@ -76,8 +76,8 @@ void frmImage::Form_Load() {
 
 void frmImage::Form_QueryUnload(bool& Cancel) {
     if (frmPrefs->Check4.Value() != 0) return;
-    if (alreadysaved != 0) {
-        alreadysaved = 0;
+    if (alreadysaved) {
+        alreadysaved = false;
         return;
     }
     CheckChanged();

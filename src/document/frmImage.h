@@ -25,8 +25,8 @@ class frmImage : public Form,
   public:
     frmImage();
 
-    std::string AFCurfile;         ///< Path of the document's file; empty if it was never saved or loaded.
-    std::int16_t alreadysaved = 0; ///< -1 from a successful save until the next recorded state.
+    std::string AFCurfile; ///< Path of the document's file; empty if it was never saved or loaded.
+    Flag alreadysaved;     ///< Set from a successful save until the next recorded state.
 
     // Layout (frmImage_Zoom.cpp, frmImage_Rulers.cpp)
     /// Lays out the scroll bars and centres the image; after any change of image size or zoom. Error 6 where
@@ -78,7 +78,7 @@ class frmImage : public Form,
     void HideRulers();
     void TrimHistory();
 
-    std::int16_t rulersShown = 0; ///< The value of `RulersOn` that this window has acted on.
+    Flag rulersShown; ///< The value of `RulersOn` that this window has acted on.
 };
 
 /// Makes a new document window, numbers it, shows it. It is the active one afterwards.

@@ -62,7 +62,7 @@ void DrawScale(int pixels, double factor, const ScalePen& pen) {
 } // namespace
 
 void frmImage::Timer2_Timer() {
-    const std::int16_t wanted = RulersOn ? -1 : 0;
+    const Flag wanted = RulersOn;
     if (wanted == rulersShown) return;
     if (RulersOn) {
         ShowRulers();

@@ -57,7 +57,7 @@ void frmImage::Backup() {
     ShowUndoState(ListBUorder);
     if (ListBUorder.ListIndex() >= 1) EnableImageMenus();
     if (Val(Setting("Undoredo", "1")) == 0) TrimHistory();
-    alreadysaved = 0;
+    alreadysaved = false;
 }
 
 void frmImage::TrimHistory() {

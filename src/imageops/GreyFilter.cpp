@@ -1,4 +1,3 @@
-#include "document/Globals.h"
 #include "imageops/GreyLevel.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
@@ -24,7 +23,7 @@ void GreyFilter(Surface& work, Surface& live, ProgressBar& Pb) {
     const Box loop{0, 0, LoopEnd(work.ScaleWidth() - 1), LoopEnd(work.ScaleHeight() - 1)};
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);
-    const bool masked = FreeSelActive == -1;
+    const bool masked = MaskIsUp();
     ForPixels(work, loop, Pb, [&](int x, int y, int count, Pixel* out) {
         ChannelRuns p;
         ChannelRuns::Values levels;

@@ -97,7 +97,7 @@ void StepFreehand(frmImage& image, std::int16_t mode) {
 
 void StepActive(std::int16_t mode) {
     frmImage& image = ActiveImage();
-    if (FreeSelActive != 0 && ChooseTarget(image) == Target::Freehand) {
+    if (FreeSelActive && ChooseTarget(image) == Target::Freehand) {
         StepFreehand(image, mode);
     } else if (image.PicSelect.Visible()) {
         StepRectangle(image, mode);
@@ -155,8 +155,8 @@ void mnuFiltBrow_Click() {
     PrepareSample(image, target, *frmFiltBrow);
     frmFiltBrow->FiltList.ListIndex(0);
     frmFiltBrow->ShowModal();
-    if (FiltCancelled != 0) {
-        FiltCancelled = 0;
+    if (FiltCancelled) {
+        FiltCancelled = false;
         return;
     }
     RunOperation(image, target, [](Surface& work, Surface& live) {

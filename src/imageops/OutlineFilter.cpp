@@ -1,4 +1,3 @@
-#include "document/Globals.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
 #include "imageops/PixelTable.h"
@@ -40,7 +39,7 @@ void OutlineFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& 
     SetProgressMax(Pb, work.ScaleWidth() - 1);
     work.Picture({});
     // Intended: a freehand selection gets no outlines and ends as a blank rectangle.
-    if (FreeSelActive != -1) {
+    if (!MaskIsUp()) {
         const PixelTable read = ReadPixels(live);
         const int limit = LimitOf(level);
         const Pixel blank = PixelOf(work.BackColor());

@@ -111,9 +111,13 @@ void ForPixels(Surface& surface, const Box& box, ProgressBar& Pb, const MakePixe
     });
 }
 
+bool MaskIsUp() {
+    return FreeSelActive;
+}
+
 void ForChannels(Surface& work, const PixelTable& Px, const Box& box, Mask mask, ProgressBar& Pb,
                  const MakeChannels& make) {
-    const bool masked = mask == Mask::Honoured && FreeSelActive == -1;
+    const bool masked = mask == Mask::Honoured && MaskIsUp();
     ForPixels(work, box, Pb, [&](int x, int y, int count, Pixel* out) {
         ChannelRuns split, computed;
         Px.Split(x, y, count, split);

@@ -52,7 +52,11 @@ void ForPixels(Surface& surface, const Box& box, ProgressBar& Pb, const MakePixe
 using MakeChannels =
     std::function<void(int x, int y, int count, const ChannelRuns& Px, ChannelRuns& computed)>;
 
-/// Whether the pixels that hold `MaskKeyColour` stay as they are while `FreeSelActive` is -1.
+/// Whether the pixels that hold `MaskKeyColour` stay as they are: while `FreeSelActive` is set. A routine
+/// reads it once, before its loop.
+bool MaskIsUp();
+
+/// Whether a routine heeds the mask.
 enum class Mask { Honoured, Ignored };
 
 /// The same from the table of the surface. What comes out above 255 is cut.

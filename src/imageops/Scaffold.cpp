@@ -56,7 +56,7 @@ void LoadedWork::ShowAgain() const {
 }
 
 MaskOnlyFreehand::MaskOnlyFreehand(Target target) : target_(target), kept_(FreeSelActive) {
-    if (target_ != Target::Freehand) FreeSelActive = 0;
+    if (target_ != Target::Freehand) FreeSelActive = false;
 }
 
 MaskOnlyFreehand::~MaskOnlyFreehand() {
@@ -64,7 +64,7 @@ MaskOnlyFreehand::~MaskOnlyFreehand() {
 }
 
 void TakePastedPlace(frmImage& image) {
-    if (PasteFloating == 0) return;
+    if (!PasteFloating) return;
     TakeMembers(image, image.PicSelect);
 }
 
@@ -72,7 +72,7 @@ namespace {
 
 // Nothing floats any more: nothing can be cut or copied, and the next grab lifts from the image.
 void EndSelection() {
-    PasteFloating = 0;
+    PasteFloating = false;
     EnableCutAndCopy(false);
 }
 
@@ -98,7 +98,7 @@ void DropFreehand(frmImage& image, const Surface& piece, double width, double he
     image.PicMerge.Picture(image.Pic1BU.Image());
     image.PicFreeSelect.Visible(false);
     TheProgressBar().Value(0);
-    FreeSelActive = 0;
+    FreeSelActive = false;
     EndSelection();
 }
 

@@ -6,7 +6,8 @@
 // Nothing is caught on the way: an error stops the program, with every document safe on a disk.
 #pragma once
 
-#include <cstdint>
+#include "base/Flag.h"
+
 #include <functional>
 
 namespace pintalux {
@@ -69,7 +70,7 @@ class MaskOnlyFreehand {
 
   private:
     Target target_;
-    std::int16_t kept_;
+    Flag kept_;
 };
 
 /// Where a pasted piece floats that was never dragged: its place on the view becomes that of the selection.

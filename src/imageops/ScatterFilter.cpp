@@ -117,7 +117,7 @@ void ScatterFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& 
     if (!loop.Empty()) {
         const PixelTable Px = ReadPixels(work);
         Bitmap& bits = work.hDC().Bits();
-        const bool masked = FreeSelActive == -1;
+        const bool masked = MaskIsUp();
         const auto columns = static_cast<std::size_t>(loop.Width());
         const RandomNumbers start = TheRandomNumbers;
         TheRandomNumbers = start.Ahead(2 * columns * static_cast<std::size_t>(loop.Height()));

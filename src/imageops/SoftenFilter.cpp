@@ -1,4 +1,3 @@
-#include "document/Globals.h"
 #include "imageops/ChannelRuns.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
@@ -121,6 +120,7 @@ void SoftenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& l
     const Box loop{1, 1, LoopEnd(work.ScaleWidth() - level), LoopEnd(work.ScaleHeight() - level)};
     SetProgressMax(Pb, work.ScaleWidth() - 1 + work.ScaleWidth() - level);
     const PixelTable Px = ReadPixels(work);
+    const bool masked = MaskIsUp();
     Bitmap& bits = work.hDC().Bits();
     ForRows(work, loop, Pb, Cores::All, [&](int top, int bottom) {
         Strip strip(Px, level);
@@ -132,7 +132,7 @@ void SoftenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& l
             for (int y = top; y < bottom; ++y) {
                 strip.Soften(x, y, count, computed);
                 ComposeRun(computed, count, out.data());
-                if (FreeSelActive == -1) KeepMasked(Px, x, y, count, out.data());
+                if (masked) KeepMasked(Px, x, y, count, out.data());
                 StreamRow(bits, x, y, {out.data(), static_cast<std::size_t>(count)});
             }
             x += count;

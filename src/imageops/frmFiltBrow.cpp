@@ -157,12 +157,12 @@ void frmFiltBrowForm::Command1_Click() {
 
 void frmFiltBrowForm::cmdApply_Click() {
     FiltLevel = ToInt16(Slider1.Value());
-    FiltApplied = -1;
+    FiltApplied = true;
     Unload();
 }
 
 void frmFiltBrowForm::cmdCancel_Click() {
-    FiltCancelled = -1;
+    FiltCancelled = true;
     Unload();
 }
 
@@ -171,7 +171,7 @@ void frmFiltBrowForm::Form_QueryUnload(bool&) {
 }
 
 void frmFiltBrowForm::Form_Unload() {
-    if (FiltApplied == 0) FiltCancelled = -1;
+    if (!FiltApplied) FiltCancelled = true;
 }
 
 } // namespace pintalux

@@ -2,6 +2,7 @@
 // the choice in `FiltIndex` and `FiltLevel`; any other way out sets `FiltCancelled`.
 #pragma once
 
+#include "base/Flag.h"
 #include "imageops/Sample.h"
 #include "surface/window/Display.h"
 #include "surface/window/Form.h"
@@ -13,9 +14,9 @@ namespace pintalux {
 
 class ProgressBar;
 
-inline std::int16_t FiltIndex = 0;     ///< The filter chosen last, 0 to 9.
-inline std::int16_t FiltLevel = 0;     ///< Its level as the slider gave it.
-inline std::int16_t FiltCancelled = 0; ///< -1: the dialog was left without a choice.
+inline std::int16_t FiltIndex = 0; ///< The filter chosen last, 0 to 9.
+inline std::int16_t FiltLevel = 0; ///< Its level as the slider gave it.
+inline Flag FiltCancelled;         ///< The dialog was left without a choice.
 
 /// Runs the filter of an index, 0 to 9, with the level as the slider gives it. Error 9 outside.
 void RunFilter(int index, Surface& work, Surface& live, std::int16_t level, ProgressBar& Pb);
@@ -46,7 +47,7 @@ class frmFiltBrowForm : public Form, public SampleParts {
     void TellLevel();
     std::int16_t SampleLevel(int index) const;
 
-    std::int16_t FiltApplied = 0; ///< -1 once "Actualizar" was pressed.
+    Flag FiltApplied; ///< Set once "Actualizar" was pressed.
 };
 
 extern AutoForm<frmFiltBrowForm> frmFiltBrow;

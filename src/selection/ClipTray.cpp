@@ -85,7 +85,7 @@ void ClipTray::LoadClipboard() {
 void ClipTray::TakeBitmap() {
     Surface& stored = PicClip(NextClip);
     stored.Picture(Clipboard.GetData(CF_BITMAP));
-    stored.Tag(FreeSelActive != 0 ? "free" : "standard");
+    stored.Tag(FreeSelActive ? "free" : "standard");
     PicClipBG(NextClip).Visible(true);
     FitThumbnail(NextClip, ToInt16(stored.Width()), ToInt16(stored.Height()));
     ImgClip(NextClip).Picture(stored.Image());
@@ -136,16 +136,16 @@ void ClipTray::ImgClip_Click(int Index) {
     SelectedClip = static_cast<std::int16_t>(Index);
     MarkSlot(Index);
     // The tray hears of its own write nested in it.
-    ClipCaptureOff = -1;
+    ClipCaptureOff = true;
     Clipboard.Clear();
     Clipboard.SetData(PicClip(Index).Image());
-    FreeSelActive = PicClip(Index).Tag() == "free" ? -1 : 0;
+    FreeSelActive = PicClip(Index).Tag() == "free";
     ShClip.Visible(true);
-    if (ChClipLock.Value() == 0) ClipCaptureOff = 0;
+    if (ChClipLock.Value() == 0) ClipCaptureOff = false;
 }
 
 void ClipTray::ChClipLock_Click() {
-    ClipCaptureOff = ChClipLock.Value() == 1 ? -1 : 0;
+    ClipCaptureOff = ChClipLock.Value() == 1;
 }
 
 void ClipTray::cmdClear_Click() {

@@ -30,7 +30,7 @@ struct ClipTray {
     std::int16_t SelectedClip = 0; ///< The slot whose tag a paste reads.
 
     WindowProc Procedure; ///< Hears of the clipboard; without the hook it lets everything pass.
-    bool Hooked = false;  ///< For `ClipHookOn` and `ClipHookOff`.
+    Flag Hooked;          ///< For `ClipHookOn` and `ClipHookOff`.
 
     /// Fills the next slot from the clipboard if a bitmap is there, then sets the button and the page's
     /// height. Error 521 if the bitmap cannot be had; the slot keeps its bitmap then and stays the next one.

@@ -76,7 +76,7 @@ void FillFreehand(frmImage& image, const Picture& bitmap) {
 // Intended: the outline is found again by its mask colour, so that a shape survives the clipboard, which
 // knows rectangles only.
 void LandFreehand(frmImage& image) {
-    FreePasteActive = -1;
+    FreePasteActive = true;
     FillFreehand(image, Clipboard.GetData(CF_BITMAP));
     image.Pic1BU.Picture(image.PicMerge.Image());
     image.ShapeMe(MaskKeyColour, true, image.PicFreeSelect);
@@ -108,11 +108,11 @@ class Busy {
 
 void Land(frmImage& image) {
     const Busy busy(image);
-    PasteFloating = -1;
+    PasteFloating = true;
     // Intended: the slot that is read is the one after the newest entry, unless one was clicked; a shape that
     // stands already is kept by a slot without one.
-    if (TheClipTray->PicClip(TheClipTray->SelectedClip).Tag() == "free") FreeSelActive = -1;
-    if (FreeSelActive == 0) {
+    if (TheClipTray->PicClip(TheClipTray->SelectedClip).Tag() == "free") FreeSelActive = true;
+    if (!FreeSelActive) {
         LandRectangle(image);
     } else {
         LandFreehand(image);
@@ -126,7 +126,7 @@ bool SomethingFloats(const frmImage& image) {
 // A click in the tray may have changed the flag over the head of what floats; the clean copy of a path that
 // is long gone must not come back then.
 bool FreehandFloats(const frmImage& image) {
-    return image.PicFreeSelect.Visible() && (FreeSelActive != 0 || !image.PicSelect.Visible());
+    return image.PicFreeSelect.Visible() && (FreeSelActive || !image.PicSelect.Visible());
 }
 
 } // namespace
@@ -163,7 +163,7 @@ void mnuEditPaste_Click() {
     frmImage& image = ActiveImage();
     Land(image);
     // Shown when the window takes input again, so that the piece has its own pointer shape at once.
-    (FreeSelActive == 0 ? image.PicSelect : image.PicFreeSelect).Visible(true);
+    (!FreeSelActive ? image.PicSelect : image.PicFreeSelect).Visible(true);
 }
 
 void mnuEditPasteNew_Click() {

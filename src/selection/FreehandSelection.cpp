@@ -34,7 +34,7 @@ void UsePen(Surface& surface) {
 } // namespace
 
 void FreeSelectPress(frmImage& image, double X, double Y) {
-    image.FreeSelDrawing = 0;
+    image.FreeSelDrawing = false;
     image.pathOpen = true;
     image.PicMask.Width(image.PicMerge.Width());
     image.PicMask.Height(image.PicMerge.Height());
@@ -52,7 +52,7 @@ void FreeSelectPress(frmImage& image, double X, double Y) {
 }
 
 void FreeSelectMove(frmImage& image, double X, double Y) {
-    if (image.FreeSelDrawing == -1 || !image.pathOpen) return;
+    if (image.FreeSelDrawing || !image.pathOpen) return;
     const ImagePoint to = ImagePointAt(image, X, Y);
     image.FreeMinX = std::min(image.FreeMinX, to.x);
     image.FreeMinY = std::min(image.FreeMinY, to.y);
@@ -65,24 +65,24 @@ void FreeSelectMove(frmImage& image, double X, double Y) {
 
 void FreeSelectRelease(frmImage& image, double /*X*/, double /*Y*/) {
     // A merge stopped the path of this drag; the next press starts a new one.
-    if (image.FreeSelDrawing == -1) {
-        image.FreeSelDrawing = 0;
+    if (image.FreeSelDrawing) {
+        image.FreeSelDrawing = false;
         return;
     }
     // A drag that began with another tool has no path; the clean copy is not its own.
     if (!std::exchange(image.pathOpen, false)) return;
-    FreePasteActive = 0;
+    FreePasteActive = false;
     DrawPath(image, image.sx, image.sy, image.FreeStartX, image.FreeStartY);
     image.MakeSelection();
     UsePen(image.PicMerge);
     EnableCutAndCopy(true);
-    FreeSelActive = -1;
-    image.FreeSelDrawing = 0;
+    FreeSelActive = true;
+    image.FreeSelDrawing = false;
 }
 
 void PicFreeSelect_MouseDown(frmImage& image) {
     // The hole shows as soon as the piece is taken.
-    if (FreePasteActive == 0) {
+    if (!FreePasteActive) {
         image.PicMerge.Picture(image.Pic1BU.Image());
         ShowMerge(image);
     }

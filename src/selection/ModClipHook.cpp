@@ -27,7 +27,7 @@ std::intptr_t ClipWindowProc(ClipTray& window, std::uint32_t message, std::intpt
     // clipboard must never stop this one.
     ResumeNext(
         [&] {
-            if (ClipCaptureOff == 0) window.LoadClipboard();
+            if (!ClipCaptureOff) window.LoadClipboard();
         },
         [&] {
             // Intended: while the tray is locked the mark goes at each new bitmap, so that nobody takes the

@@ -1,6 +1,8 @@
 // The clipboard monitor: a procedure put before that of the main window, which hears of the clipboard.
 #pragma once
 
+#include "base/Flag.h"
+
 #include <cstdint>
 #include <functional>
 
@@ -14,8 +16,8 @@ using WindowProc = std::function<std::intptr_t(ClipTray& window, std::uint32_t m
 
 inline constexpr std::uint32_t WM_DRAWCLIPBOARD = 0x308; ///< The clipboard holds something new.
 
-inline std::int16_t ClipCaptureOff = 0; ///< -1 stops captures.
-inline WindowProc OldWindowProc;        ///< What the hook replaced; empty before the first hook.
+inline Flag ClipCaptureOff;      ///< Stops captures.
+inline WindowProc OldWindowProc; ///< What the hook replaced; empty before the first hook.
 
 /// Puts `ClipWindowProc` in the place of the window's procedure. A window that has it already keeps it.
 void ClipHookOn(ClipTray& window);

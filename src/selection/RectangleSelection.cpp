@@ -41,7 +41,7 @@ void SelectChosen() {
 }
 
 void SelectPress(frmImage& image, double X, double Y) {
-    image.selecting = -1;
+    image.selecting = true;
     const double x = Snapped(image, X);
     const double y = Snapped(image, Y);
     image.sx = ToInt16(x);
@@ -69,11 +69,11 @@ void SelectRelease(frmImage& image, double X, double Y) {
         moved = ToInt32(Snapped(image, X)) != image.SelX || ToInt32(Snapped(image, Y)) != image.SelY;
     });
     if (!moved) return;
-    FreeSelActive = 0;
-    FreePasteActive = 0;
+    FreeSelActive = false;
+    FreePasteActive = false;
     ResumeNext([&] { PlacePiece(image); }, [&] { TakeMembers(image, image.SelectShape); },
                [&] { SelectionBlit(image); }, [&] { ShowPiece(image); });
-    image.selecting = 0;
+    image.selecting = false;
 }
 
 void SelectionBlit(frmImage& image) {
@@ -89,7 +89,7 @@ void SelectionBlit(frmImage& image) {
 // Intended: in cut mode every grab of a piece that came out of the image stamps the background at the place
 // where the piece lies, the second one too, so that a piece can be used to wipe what lies below it.
 void PicSelect_MouseDown(frmImage& image) {
-    if (PasteFloating == 0 && TheToolSettings->Option4.Value()) StampHole(image);
+    if (!PasteFloating && TheToolSettings->Option4.Value()) StampHole(image);
     image.PicSelect.ScaleMode(kScalePoints);
     StartDrag(image, image.PicSelect, image.Timer1);
 }
@@ -103,8 +103,8 @@ void PicSelect_MouseUp(frmImage& image) {
 void mnuEditSelectAll_Click() {
     frmImage& image = ActiveImage();
     if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
-    FreeSelActive = 0;
-    FreePasteActive = 0;
+    FreeSelActive = false;
+    FreePasteActive = false;
     const double width = image.PicMerge.ScaleWidth();
     const double height = image.PicMerge.ScaleHeight();
     image.SelectShape.Move(0, 0, width * image.factor, height * image.factor);
@@ -115,14 +115,14 @@ void mnuEditSelectAll_Click() {
     image.Selectheight = height;
     SelectionBlit(image);
     ShowPiece(image);
-    image.selecting = -1;
+    image.selecting = true;
 }
 
 void mnuEditSelectNone_Click() {
     frmImage& image = ActiveImage();
     image.PicSelect.Visible(false);
     if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
-    image.selecting = -1;
+    image.selecting = true;
     EnableCutAndCopy(false);
     TheWorkspace.menu->mnuEditSelectNone.Enabled(false);
 }

@@ -37,22 +37,22 @@ void LandFreehand(frmImage& image) {
     ShowMerge(image);
     image.PicFreeSelect.Visible(false);
     image.PicFreeSelect.Picture(LoadPicture());
-    FreeSelActive = 0;
+    FreeSelActive = false;
 }
 
 } // namespace
 
 void MergeRectangleByPress(frmImage& image) {
     LandRectangle(image);
-    image.selecting = 0;
-    PasteFloating = 0;
+    image.selecting = false;
+    PasteFloating = false;
     image.Backup();
 }
 
 void MergeFreehandByPress(frmImage& image) {
     LandFreehand(image);
-    image.FreeSelDrawing = -1;
-    PasteFloating = 0;
+    image.FreeSelDrawing = true;
+    PasteFloating = false;
     image.Backup();
 }
 
@@ -62,13 +62,13 @@ void frmImage::NeedtoPaste() {
     if (PicSelect.Visible()) {
         LandRectangle(*this);
         Backup();
-        selecting = 0;
-        PasteFloating = 0;
+        selecting = false;
+        PasteFloating = false;
     } else if (PicFreeSelect.Visible()) {
         LandFreehand(*this);
         Backup();
-        FreeSelDrawing = -1;
-        PasteFloating = 0;
+        FreeSelDrawing = true;
+        PasteFloating = false;
     } else if (lbltext.Visible() && TheFloatingSteps.commitTextByCommand) {
         TheFloatingSteps.commitTextByCommand(*this);
     }

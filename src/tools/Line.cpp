@@ -36,13 +36,13 @@ void LineRelease(frmImage& image, double X, double Y) {
 }
 
 void PolyLineChosen() {
-    ActiveImage().curpoly = -1;
+    ActiveImage().curpoly = true;
 }
 
 void PolyLinePress(frmImage& image, double X, double Y) {
-    if (image.curpoly != 0) {
+    if (image.curpoly) {
         TakeAnchor(image, X, Y);
-        image.curpoly = 0;
+        image.curpoly = false;
     }
     ShowPreview(image, image.sx * image.factor, image.sy * image.factor, X, Y);
 }

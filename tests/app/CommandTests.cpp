@@ -192,9 +192,9 @@ TEST_F(CommandTest, ACommandButtonLeavesTheTool) {
 
 TEST_F(CommandTest, ThePolylineButtonBeginsANewChain) {
     frmImage& image = NewDocument(10, 10);
-    image.curpoly = 0;
+    image.curpoly = false;
     Press(kPolyLineTool);
-    EXPECT_EQ(image.curpoly, -1);
+    EXPECT_TRUE(image.curpoly);
 }
 
 TEST_F(CommandTest, ToolButtonsWorkWithoutADocument) {

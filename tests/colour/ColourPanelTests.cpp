@@ -61,7 +61,7 @@ TEST_F(ColourPanelTest, NewColourSetsEverySpinnerTheCaptionAndTheReadout) {
     EXPECT_EQ(frmMain->Picture6.BackColor(), RGB(255, 128, 0));
     EXPECT_EQ(frmMain->LblCurCol.ForeColor(), kWhite);
     EXPECT_EQ(frmMain->lblColor.Caption(), "RGB: 255, 128, 0");
-    EXPECT_EQ(frmMain->ColorUpdating, 0);
+    EXPECT_FALSE(frmMain->ColorUpdating);
 }
 
 TEST_F(ColourPanelTest, SameRgbThroughTxtRGBFiresNothing) {
@@ -95,7 +95,7 @@ TEST_F(ColourPanelTest, HslBarMovesColourAndRgbSideAndStaysAsSet) {
     EXPECT_EQ(frmMain->Picture6.BackColor(), RGB(0, 255, 1));
     EXPECT_EQ(Bars(), (Numbers{0, 255, 1, 80, 240, 120}));
     EXPECT_EQ(frmMain->PanelHsl, (HslValue{80, 240, 120}));
-    EXPECT_EQ(frmMain->ColorUpdating, 0);
+    EXPECT_FALSE(frmMain->ColorUpdating);
 }
 
 // 140, 120, 2 gives 1, 3, 3, whose own values are others.
@@ -124,11 +124,11 @@ TEST_F(ColourPanelTest, HueOfAGreyThatDriftsMovesItByOne) {
 // While the program moves the bars itself, an HSL bar only notes its numbers.
 TEST_F(ColourPanelTest, HslBarDuringAnUpdateOnlyNotesTheNumbers) {
     frmMain->SetCurrentColour(RGB(255, 128, 0));
-    frmMain->ColorUpdating = -1;
+    frmMain->ColorUpdating = true;
     frmMain->VSlum.Value(240 - 60);
     EXPECT_EQ(frmMain->PanelHsl, (HslValue{20, 240, 60}));
     EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(255, 128, 0));
-    frmMain->ColorUpdating = 0;
+    frmMain->ColorUpdating = false;
 }
 
 TEST_F(ColourPanelTest, SwatchesSetWhiteAndBlack) {

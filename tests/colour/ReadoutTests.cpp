@@ -41,8 +41,8 @@ class ReadoutTest : public ProgramTest {
 TEST_F(ReadoutTest, ClickGoesFromRgbToTheDecimalNumberAndStaysThere) {
     ClickWidget(WidgetFor(frmMain->lblColor));
     EXPECT_EQ(frmMain->lblColor.Caption(), "COR: 12632256");
-    EXPECT_EQ(frmMain->ColorDisplayCor, -1);
-    EXPECT_EQ(frmMain->ColorDisplayRgb, 0);
+    EXPECT_TRUE(frmMain->ColorDisplayCor);
+    EXPECT_FALSE(frmMain->ColorDisplayRgb);
     ClickWidget(WidgetFor(frmMain->lblColor));
     EXPECT_EQ(frmMain->lblColor.Caption(), "COR: 12632256");
     frmMain->SetCurrentColour(RGB(1, 0, 0));
@@ -50,13 +50,13 @@ TEST_F(ReadoutTest, ClickGoesFromRgbToTheDecimalNumberAndStaysThere) {
 }
 
 TEST_F(ReadoutTest, ClickGoesFromHexToRgb) {
-    frmMain->ColorDisplayHex = -1;
-    frmMain->ColorDisplayRgb = 0;
+    frmMain->ColorDisplayHex = true;
+    frmMain->ColorDisplayRgb = false;
     frmMain->ShowReadout(frmMain->TheColor.BackColor());
     EXPECT_EQ(frmMain->lblColor.Caption(), "HEX:#C0C0C0");
     ClickWidget(WidgetFor(frmMain->lblColor));
     EXPECT_EQ(frmMain->lblColor.Caption(), "RGB: 192, 192, 192");
-    EXPECT_EQ(frmMain->ColorDisplayHex, 0);
+    EXPECT_FALSE(frmMain->ColorDisplayHex);
 }
 
 // A click shows the current colour again, whatever the pointer previewed before.

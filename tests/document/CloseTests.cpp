@@ -123,7 +123,7 @@ TEST_F(CloseTest, AfterASaveNothingIsAskedAndTheMarkGoes) {
     frmImage& image = OpenPicture("a.bmp", Solid(10, 10, kWhite));
     Edit(image, kBlack);
     Choose(frmMain->mnuFileSave);
-    ASSERT_EQ(image.alreadysaved, -1);
+    ASSERT_TRUE(image.alreadysaved);
     // Another document stops the exit; this one was asked before and has lost its mark.
     frmImage& other = NewDocument(10, 10);
     Edit(other, kBlack);
@@ -131,7 +131,7 @@ TEST_F(CloseTest, AfterASaveNothingIsAskedAndTheMarkGoes) {
         const DialogScript script({PressesButton("Cancelar")});
         EXPECT_FALSE(frmMain.Unload());
     }
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
     const DialogScript script({PressesButton("Não")});
     EXPECT_TRUE(image.Unload());
 }

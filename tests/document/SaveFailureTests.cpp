@@ -62,7 +62,7 @@ TEST_F(SaveFailureTest, AFullDiskLeavesTheOldFileAndTheErrorReachesTheTop) {
         ExpectUntrapped(61);
         EXPECT_TRUE(BytesOf(File("a.bmp")) == before) << "operation " << n;
         EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.bmp"})) << "operation " << n;
-        EXPECT_EQ(image.alreadysaved, 0);
+        EXPECT_FALSE(image.alreadysaved);
     }
     Choose(frmMain->mnuFileSave);
     ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(40, 30, kBlack));
@@ -77,7 +77,7 @@ TEST_F(SaveFailureTest, TheSaveButtonKeepsTheErrorToItself) {
     FailFileOperation(3, ENOSPC);
     frmMain->TB2_ButtonClick(frmMain->TB2.Buttons("Save"));
     EXPECT_TRUE(BytesOf(File("a.bmp")) == before);
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
 }
 
 TEST_F(SaveFailureTest, SaveAsOverAFileEndsSilentlyAndLeavesIt) {
@@ -97,7 +97,7 @@ TEST_F(SaveFailureTest, SaveAsOverAFileEndsSilentlyAndLeavesIt) {
         FailFileOperation(0, 0);
         EXPECT_TRUE(BytesOf(File("a.bmp")) == before) << "operation " << n;
         EXPECT_EQ(image.AFCurfile, "other.bmp");
-        EXPECT_EQ(image.alreadysaved, 0);
+        EXPECT_FALSE(image.alreadysaved);
         EXPECT_EQ(image.Caption(), "a.bmp");
     }
 }
@@ -107,7 +107,7 @@ TEST_F(SaveFailureTest, SaveAsIntoAFolderThatIsGoneChangesNothing) {
     const DialogScript script({ChoosesFile(Folder("pictures") + "/gone/a.bmp")});
     Choose(frmMain->mnuFileSaveAs);
     EXPECT_EQ(image.AFCurfile, "");
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
     EXPECT_TRUE(NamesIn(Folder("pictures")).empty());
 }
 
@@ -123,7 +123,7 @@ TEST_F(SaveFailureTest, AFullDiskBesideTheProgramLeavesTheOldJpeg) {
     Choose(frmMain->mnuFileSave);
     ExpectUntrapped(75);
     EXPECT_TRUE(BytesOf(File("a.jpg")) == before);
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
 }
 
 } // namespace pintalux

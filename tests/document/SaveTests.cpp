@@ -48,10 +48,10 @@ using Names = std::vector<std::string>;
 TEST_F(SaveTest, ABmpIsWrittenOverItsFile) {
     frmImage& image = OpenPicture("a.bmp", Solid(20, 10, kWhite));
     Edit(image, 0x123456);
-    ASSERT_EQ(image.alreadysaved, 0);
+    ASSERT_FALSE(image.alreadysaved);
     Save();
     ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(20, 10, 0x123456));
-    EXPECT_EQ(image.alreadysaved, -1);
+    EXPECT_TRUE(image.alreadysaved);
     EXPECT_EQ(image.AFCurfile, File("a.bmp"));
     EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.bmp"}));
 }
@@ -75,7 +75,7 @@ TEST_F(SaveTest, AJpegIsWrittenAsJpegAndItsTemporaryBmpGoes) {
     Save();
     EXPECT_TRUE(BytesOf(File("a.jpg")).starts_with("\xFF\xD8"));
     EXPECT_EQ(LoadPicture(File("a.jpg")).At(8, 8), 0U);
-    EXPECT_EQ(Image().alreadysaved, -1);
+    EXPECT_TRUE(Image().alreadysaved);
     EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.jpg"}));
     EXPECT_FALSE(std::filesystem::exists(Folder("program") + "/klTmpJpg.bmp"));
 }
@@ -100,7 +100,7 @@ TEST_F(SaveTest, AnyOtherKindGoesToANumberedBmpBesideIt) {
         EXPECT_TRUE(BytesOf(File(name)) == before) << name;
         EXPECT_EQ(Image().AFCurfile, File(name));
         EXPECT_EQ(Image().Caption(), name);
-        EXPECT_EQ(Image().alreadysaved, -1);
+        EXPECT_TRUE(Image().alreadysaved);
     }
     EXPECT_EQ(NamesIn(Folder("pictures")),
               (Names{"a.bmp", "a.jpeg", "a1.bmp", "b.bmp", "b.gif", "b1.bmp", "c.bif", "c.bmp", "c1.bmp"}));
@@ -123,7 +123,7 @@ TEST_F(SaveTest, ADocumentWhoseFileWasDeletedAsksForItsName) {
     Save();
     EXPECT_EQ(script.Count(), 1U);
     EXPECT_TRUE(NamesIn(Folder("pictures")).empty());
-    EXPECT_EQ(Image().alreadysaved, 0);
+    EXPECT_FALSE(Image().alreadysaved);
 }
 
 TEST_F(SaveTest, SaveAsGivesTheDocumentItsNewFile) {
@@ -133,7 +133,7 @@ TEST_F(SaveTest, SaveAsGivesTheDocumentItsNewFile) {
     EXPECT_EQ(CommonDialog1.Filter, "Bitmap (*.bmp)|*.bmp|Jpeg (*.jpg)|*.jpg");
     EXPECT_EQ(image.AFCurfile, File("minha praia.bmp"));
     EXPECT_EQ(image.Caption(), "minha praia.bmp");
-    EXPECT_EQ(image.alreadysaved, -1);
+    EXPECT_TRUE(image.alreadysaved);
     EXPECT_EQ(frmMain->mnuFileMRU(0).Caption(), "minha praia.bmp");
     ExpectSamePixels(LoadPicture(File("minha praia.bmp")), Solid(12, 8, 0x00FF00));
 }
@@ -161,7 +161,7 @@ TEST_F(SaveTest, ANameWithoutAPointIsRefusedSilently) {
     EXPECT_TRUE(NamesIn(Folder("pictures")).empty());
     EXPECT_EQ(image.AFCurfile, "");
     EXPECT_EQ(image.Caption(), "Imagem 1");
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
 }
 
 TEST_F(SaveTest, ACancelledSaveAsChangesNothing) {
@@ -171,7 +171,7 @@ TEST_F(SaveTest, ACancelledSaveAsChangesNothing) {
     const DialogScript script({PressesEscape()});
     Choose(frmMain->mnuFileSaveAs);
     EXPECT_TRUE(BytesOf(File("a.bmp")) == before);
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
 }
 
 TEST_F(SaveTest, TheQualityIsReadAtEachSave) {
@@ -205,7 +205,7 @@ TEST_F(SaveTest, AFailureOfTheJpegWriterIsNotNoticed) {
     Save();
     EXPECT_TRUE(std::filesystem::is_directory(File("a.jpg")));
     EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.jpg"}));
-    EXPECT_EQ(image.alreadysaved, -1);
+    EXPECT_TRUE(image.alreadysaved);
 }
 
 TEST_F(SaveTest, AFileWithoutExtensionEndsTheSaveWithError5) {
@@ -215,14 +215,14 @@ TEST_F(SaveTest, AFileWithoutExtensionEndsTheSaveWithError5) {
     ASSERT_EQ(untrapped.size(), 1U);
     EXPECT_EQ(untrapped[0].Number(), 5);
     untrapped.clear();
-    EXPECT_EQ(Image().alreadysaved, 0);
+    EXPECT_FALSE(Image().alreadysaved);
 }
 
 TEST_F(SaveTest, TheSaveButtonDoesTheSame) {
     frmImage& image = OpenPicture("a.bmp", Solid(20, 10, kWhite));
     Edit(image, kBlack);
     frmMain->TB2_ButtonClick(frmMain->TB2.Buttons("Save"));
-    EXPECT_EQ(image.alreadysaved, -1);
+    EXPECT_TRUE(image.alreadysaved);
     ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(20, 10, kBlack));
 }
 

@@ -91,17 +91,17 @@ TEST_F(UndoLimitTest, ANumberOfStepsThatNoListHasCountsAsTheDefault) {
     frmImage& image = NewDocument(4, 4);
     EditTimes(image, 7);
     EXPECT_EQ(image.ListBUorder.ListCount(), 6);
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
 }
 
 TEST_F(UndoLimitTest, WithoutATemporaryFolderNothingIsRecordedAndNothingSaid) {
     frmImage& image = NewDocument(4, 4);
-    image.alreadysaved = -1;
+    image.alreadysaved = true;
     setenv("TMPDIR", (Folder("temporary") + "/gone").c_str(), 1);
     Edit(image, kBlack);
     EXPECT_EQ(image.ListBackup.ListCount(), 1);
     EXPECT_EQ(EntriesOf(image.ListBUorder), (Names{"0"}));
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
     EXPECT_FALSE(frmMain->mnuEditUndo.Enabled());
     setenv("TMPDIR", Folder("temporary").c_str(), 1);
     Edit(image, kBlack);

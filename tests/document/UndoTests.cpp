@@ -133,14 +133,14 @@ TEST_F(UndoTest, AtAnotherZoomTheFrameKeepsItsSize) {
 TEST_F(UndoTest, UndoAndRedoRecordNothingAndKeepTheSavedMark) {
     frmImage& image = OpenPicture("a.bmp", Solid(10, 10, kA));
     Edit(image, kB);
-    image.alreadysaved = -1;
+    image.alreadysaved = true;
     Undo(image);
-    EXPECT_EQ(image.alreadysaved, -1);
+    EXPECT_TRUE(image.alreadysaved);
     Redo(image);
-    EXPECT_EQ(image.alreadysaved, -1);
+    EXPECT_TRUE(image.alreadysaved);
     EXPECT_EQ(image.ListBackup.ListCount(), 2);
     Edit(image, kC);
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
 }
 
 TEST_F(UndoTest, ANeverSavedDocumentAtItsFirstStateOffersNoImageCommands) {

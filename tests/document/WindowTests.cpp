@@ -30,7 +30,7 @@ TEST_F(DocumentWindowTest, NewWindowHas300By300PixelsInside) {
     EXPECT_EQ(image.factorlevel, 15);
     EXPECT_EQ(image.factor, 1.0);
     EXPECT_EQ(image.AFCurfile, "");
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
     EXPECT_EQ(image.ListBackup.ListCount(), 0);
 }
 
@@ -172,7 +172,7 @@ TEST_F(DocumentWindowTest, AStrokeByHandIsOneState) {
     EXPECT_EQ(image.ListBUorder.ListCount(), 2);
     EXPECT_EQ(image.PicMerge.Point(25, 20), 0x0000FF);
     ExpectSamePixels(image.Image1.Picture(), ImageOf(image));
-    EXPECT_EQ(image.alreadysaved, 0);
+    EXPECT_FALSE(image.alreadysaved);
 }
 
 TEST_F(DocumentWindowTest, WithoutADocumentThereIsNoActiveOne) {

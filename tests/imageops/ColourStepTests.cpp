@@ -66,9 +66,9 @@ TEST_F(ColourStepTest, GreenWrapsFrom255ToZero) {
 
 TEST_F(ColourStepTest, MaskIsNotHonoured) {
     // The split of the mask colour is 160, 149, 137.
-    FreeSelActive = -1;
+    FreeSelActive = true;
     EXPECT_EQ(Stepped(MaskKeyColour, 0), RGB(180, 149, 137));
-    FreeSelActive = 0;
+    FreeSelActive = false;
     EXPECT_EQ(Stepped(MaskKeyColour, 0), RGB(180, 149, 137));
 }
 

@@ -33,7 +33,8 @@ class FilterBrowserTest : public ProgramTest {
   protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        FiltIndex = FiltLevel = FiltCancelled = 0;
+        FiltIndex = FiltLevel = 0;
+        FiltCancelled = false;
         Start();
     }
     // The filter browser from the menu, with this done in it. Leaves by "Cancelar" if the act did not.
@@ -191,7 +192,7 @@ TEST_F(FilterBrowserTest, EveryOtherWayOutChangesNothing) {
         }});
         Choose(frmMain->mnuFiltBrow);
         EXPECT_FALSE(frmFiltBrow.Loaded());
-        EXPECT_EQ(FiltCancelled, 0);
+        EXPECT_FALSE(FiltCancelled);
         ExpectSamePixels(ImageOf(image), Solid(12, 12, kFlat));
         ExpectSamePixels(image.Image1.Picture(), Solid(12, 12, kFlat));
         EXPECT_EQ(StateCount(image), 1);

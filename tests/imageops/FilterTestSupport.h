@@ -143,10 +143,10 @@ class FilterTest : public testing::Test {
         form.ScaleMode(kScalePixels);
         work.AutoSize(true);
         live.AutoSize(true);
-        FreeSelActive = 0;
+        FreeSelActive = false;
     }
     ~FilterTest() override {
-        FreeSelActive = 0;
+        FreeSelActive = false;
         TheRandomNumbers.Seed(0);
     }
 
@@ -170,7 +170,7 @@ class FilterTest : public testing::Test {
 
     /// Runs routine and model over the surfaces as they stand and compares all that is left of them.
     void ExpectAsModel(const FilterCase& filter, std::int16_t level) {
-        FilterModel expected(ModelOf(work), ModelOf(live), FreeSelActive == -1);
+        FilterModel expected(ModelOf(work), ModelOf(live), FreeSelActive);
         const int expectedError = ErrorRaisedBy([&] { filter.model(expected, level); });
         std::int16_t passed = level;
         ASSERT_EQ(ErrorRaisedBy([&] { filter.routine(work, live, Pb, passed); }), expectedError);
@@ -189,7 +189,7 @@ class FilterTest : public testing::Test {
         unsigned seed = 1;
         for (const PictureSize size : kAwkwardSizes) {
             for (const std::int16_t level : filter.levels) {
-                for (const std::int16_t freehand : {std::int16_t{0}, std::int16_t{-1}}) {
+                for (const bool freehand : {false, true}) {
                     SCOPED_TRACE(std::to_string(size.width) + " x " + std::to_string(size.height) +
                                  ", level " + std::to_string(level) + ", FreeSelActive " +
                                  std::to_string(freehand) + ", seed " + std::to_string(seed));

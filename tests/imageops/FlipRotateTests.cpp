@@ -90,7 +90,7 @@ TEST_F(FlipRotateTest, Flip_BothWaysIsTheHalfTurn) {
 }
 
 TEST_F(FlipRotateTest, Flip_TakesTheMaskColourAlong) {
-    FreeSelActive = -1;
+    FreeSelActive = true;
     ExpectSamePixels(Flipped(PictureOf({"k.."}), kHorizontal), PictureOf({"..k"}));
 }
 

@@ -63,7 +63,7 @@ inline void FloatFreehand(frmImage& image, int x, int y, const std::vector<std::
                    {0, 0, image.PicFreeSelect.PixelWidth(), image.PicFreeSelect.PixelHeight()},
                    image.SelHolder.hDC(), {0, 0, width, height}, MaskKeyColour);
     image.PicFreeSelect.Visible(true);
-    FreeSelActive = -1;
+    FreeSelActive = true;
     EnableCutAndCopy();
 }
 

@@ -251,7 +251,7 @@ TEST_F(ImageCommandTest, AStepOnAFreehandPieceKeepsItsOutside) {
     ExpectSamePixels(ImageOf(image), expected);
     ExpectSamePixels(image.Image1.Picture(), expected);
     EXPECT_TRUE(SelectionEnded(image));
-    EXPECT_EQ(FreeSelActive, 0);
+    EXPECT_FALSE(FreeSelActive);
     EXPECT_EQ(StateCount(image), 2);
     EXPECT_EQ(frmMain->Pb.Value(), 0);
     EXPECT_EQ(frmMain->Pb.Max(), 4);
@@ -275,7 +275,7 @@ TEST_F(ImageCommandTest, AFreehandStepAtAZoomTakesThePieceOneToOne) {
 TEST_F(ImageCommandTest, AFlagWithoutAPieceNeverTakesTheFreehandRoad) {
     frmImage& image = NewDocument(8, 8, 0x143264);
     image.Pic1BU.Picture(Solid(8, 8, kBlack));
-    FreeSelActive = -1;
+    FreeSelActive = true;
     Choose(frmMain->mnuColInc(0));
     ExpectSamePixels(ImageOf(image), Solid(8, 8, 0x143278));
     FloatRectangle(image, 2, 2, 3, 3);
@@ -289,10 +289,10 @@ TEST_F(ImageCommandTest, APastedPieceLandsWhereItFloats) {
     image.SelHolder.Picture(Solid(4, 3, 0x143264));
     image.PicSelect.Move(0, 0, 4, 3);
     image.PicSelect.Visible(true);
-    PasteFloating = -1;
+    PasteFloating = true;
     Choose(frmMain->mnuColInc(0));
     ExpectSamePixels(ImageOf(image), With(Solid(20, 20, kWhite), 0, 0, Solid(4, 3, 0x143278)));
-    EXPECT_EQ(PasteFloating, 0);
+    EXPECT_FALSE(PasteFloating);
 }
 
 TEST_F(ImageCommandTest, WithoutATemporaryFolderTheImageChangesAllTheSame) {

@@ -51,7 +51,7 @@ Routine WithLevel(void (*filter)(Surface&, Surface&, ProgressBar&, std::int16_t&
 class LargeImage : public testing::TestWithParam<Case> {
   protected:
     void TearDown() override {
-        FreeSelActive = 0;
+        FreeSelActive = false;
         TheRandomNumbers.Seed(0);
     }
 
@@ -103,7 +103,7 @@ TEST_P(LargeImage, HasNoSeams) {
 TEST_P(LargeImage, HasNoSeamsUnderTheMask) {
     // A scattered pixel asks for the mask elsewhere, so that its rows do not stand for themselves.
     if (GetParam().name == "Scatter") return;
-    FreeSelActive = -1;
+    FreeSelActive = true;
     ExpectNoSeams();
 }
 

@@ -158,7 +158,7 @@ TEST_F(ScatterTest, TheSequenceGoesOnOverTheCalls) {
 }
 
 TEST_F(ScatterTest, EachPixelDrawsTwoNumbersMaskedOrNot) {
-    for (const std::int16_t freehand : {std::int16_t{0}, std::int16_t{-1}}) {
+    for (const bool freehand : {false, true}) {
         FreeSelActive = freehand;
         TheRandomNumbers.Seed(3);
         ResultOf(Scatter, Flat(12, 9, MaskKeyColour), 1);
@@ -168,7 +168,7 @@ TEST_F(ScatterTest, EachPixelDrawsTwoNumbersMaskedOrNot) {
 }
 
 TEST_F(ScatterTest, MaskIsAskedWithColumnAndRowExchanged) {
-    FreeSelActive = -1;
+    FreeSelActive = true;
     // A white picture with the mask colour at column 9, row 3: it protects the white pixel at column 3,
     // row 9.
     Bitmap picture = Flat(10, 14, kWhite);
@@ -248,7 +248,7 @@ TEST_F(OutlineTest, ReadsTheLiveSurface) {
 }
 
 TEST_F(OutlineTest, FreehandSelectionEndsBlank) {
-    FreeSelActive = -1;
+    FreeSelActive = true;
     ExpectSamePixels(ResultOf(Outline, StrewnPicture(30, 20, 3), 50), Flat(30, 20, kWhite));
 }
 
@@ -343,7 +343,7 @@ TEST_F(PixelateTest, BoxesGoOverTheEdgeOfTheWorkSurface) {
 }
 
 TEST_F(PixelateTest, MaskIsNotHonoured) {
-    FreeSelActive = -1;
+    FreeSelActive = true;
     Bitmap picture = Flat(7, 7, MaskKeyColour);
     picture.Set(1, 1, NamedPixel('r'));
     EXPECT_EQ(PixelAt(Pixelated(picture, 5), 3, 3), RGB(255, 0, 0));

@@ -18,7 +18,7 @@ class SelectionOperationTest : public ProgramTest {
   protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        FiltCancelled = 0;
+        FiltCancelled = false;
         Start();
     }
     static void InBrowser(const std::function<void()>& act) {
@@ -107,7 +107,7 @@ TEST_P(ZoomedSelectionTest, TheFloatingPieceKeepsItsSizeBehindTheDialogAndAfterA
     EXPECT_TRUE(frmMain->mnuEditCut.Enabled());
     ExpectSamePixels(ImageOf(image), before);
     EXPECT_EQ(StateCount(image), 1);
-    EXPECT_EQ(FiltCancelled, 0);
+    EXPECT_FALSE(FiltCancelled);
 }
 
 INSTANTIATE_TEST_SUITE_P(Zooms, ZoomedSelectionTest,
@@ -193,9 +193,9 @@ TEST_F(SelectionOperationTest, OutlinesOfARectangleAreBlackOnWhite) {
 TEST_F(SelectionOperationTest, AGrabAfterAnOperationLiftsFromTheImageAgain) {
     frmImage& image = NewDocument(20, 20, kDark);
     FloatRectangle(image, 3, 3, 4, 4);
-    PasteFloating = -1;
+    PasteFloating = true;
     Apply(kGrey);
-    EXPECT_EQ(PasteFloating, 0);
+    EXPECT_FALSE(PasteFloating);
 }
 
 TEST_F(SelectionOperationTest, APastedPieceIsFilteredWhereItFloats) {
@@ -204,7 +204,7 @@ TEST_F(SelectionOperationTest, APastedPieceIsFilteredWhereItFloats) {
     image.SelHolder.Picture(Solid(4, 4, 0x404040));
     image.PicSelect.Move(6, 10, 8, 8);
     image.PicSelect.Visible(true);
-    PasteFloating = -1;
+    PasteFloating = true;
     Apply(kBrighten, 32);
     ExpectSamePixels(ImageOf(image), With(Solid(20, 20, kDark), 3, 5, Solid(4, 4, 0x606060)));
 }
@@ -221,8 +221,8 @@ TEST_F(SelectionOperationTest, AFilterOnAFreehandPieceKeepsItsOutside) {
     ExpectSamePixels(ImageOf(image), expected); // the path of the drag is gone, too
     ExpectSamePixels(image.Image1.Picture(), expected);
     EXPECT_TRUE(SelectionEnded(image));
-    EXPECT_EQ(FreeSelActive, 0);
-    EXPECT_EQ(PasteFloating, 0);
+    EXPECT_FALSE(FreeSelActive);
+    EXPECT_FALSE(PasteFloating);
     EXPECT_EQ(StateCount(image), 2);
     EXPECT_EQ(frmMain->Pb.Value(), 0);
 }
@@ -283,7 +283,7 @@ TEST_F(SelectionOperationTest, ACancelLeavesAFreehandPieceFloating) {
     const Picture before = ImageOf(image);
     Cancel();
     EXPECT_TRUE(image.PicFreeSelect.Visible());
-    EXPECT_EQ(FreeSelActive, -1);
+    EXPECT_TRUE(FreeSelActive);
     EXPECT_TRUE(frmMain->mnuEditCopy.Enabled());
     ExpectSamePixels(ImageOf(image), before);
     EXPECT_EQ(StateCount(image), 1);
@@ -293,7 +293,7 @@ TEST_F(SelectionOperationTest, ACancelLeavesAFreehandPieceFloating) {
 
 TEST_F(SelectionOperationTest, WithNothingFloatingNoPixelIsLeftOut) {
     frmImage& image = NewDocument(9, 9, MaskKeyColour);
-    FreeSelActive = -1;
+    FreeSelActive = true;
     InBrowser([] {
         frmFiltBrow->FiltList.ListIndex(kGrey);
         ClickWidget(WidgetFor(frmFiltBrow->Command1));
@@ -302,14 +302,14 @@ TEST_F(SelectionOperationTest, WithNothingFloatingNoPixelIsLeftOut) {
         ClickWidget(WidgetFor(frmFiltBrow->cmdApply));
     });
     ExpectSamePixels(ImageOf(image), Solid(9, 9, 0x979797));
-    EXPECT_EQ(FreeSelActive, -1);
+    EXPECT_TRUE(FreeSelActive);
     EXPECT_EQ(StateCount(image), 2);
 }
 
 TEST_F(SelectionOperationTest, ARectangleIsNotMaskedByAnOldFlag) {
     frmImage& image = NewDocument(9, 9, MaskKeyColour);
     FloatRectangle(image, 2, 2, 4, 4);
-    FreeSelActive = -1;
+    FreeSelActive = true;
     Apply(kGrey);
     ExpectSamePixels(ImageOf(image), With(Solid(9, 9, MaskKeyColour), 2, 2, Solid(4, 4, 0x979797)));
 }

@@ -23,7 +23,7 @@ TEST_P(ToneModel, LiveSurfacesOfAnotherSize) {
 TEST_P(ToneModel, MaskColourStaysWhileAFreehandSelectionFloats) {
     Bitmap picture = StrewnPicture(20, 20, 5);
     picture.Fill({5, 5, 9, 9}, Pixel{0x8894A0});
-    FreeSelActive = -1;
+    FreeSelActive = true;
     const Bitmap masked = ResultOf(GetParam().routine, picture, GetParam().levels.back());
     for (int y = 0; y < 20; ++y) {
         for (int x = 0; x < 20; ++x) {

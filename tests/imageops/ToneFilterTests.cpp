@@ -95,7 +95,7 @@ TEST_F(ToneTest, Invert_TurnsAllBits) {
 }
 
 TEST_F(ToneTest, Invert_TurnsTheMaskColourToo) {
-    FreeSelActive = -1;
+    FreeSelActive = true;
     EXPECT_EQ(PixelAt(ResultOf(Invert, Flat(2, 2, MaskKeyColour)), 1, 1), 0x776B5F);
 }
 

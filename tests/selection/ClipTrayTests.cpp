@@ -25,13 +25,13 @@ class ClipTrayTest : public ProgramTest {
   protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        ClipCaptureOff = 0;
+        ClipCaptureOff = false;
         Clipboard.Clear();
         SetSetting("ShowSplash", "0");
     }
     void TearDown() override {
         ProgramTest::TearDown();
-        ClipCaptureOff = 0;
+        ClipCaptureOff = false;
         Clipboard.Clear();
     }
 
@@ -207,20 +207,20 @@ TEST_F(ClipTrayTest, LockedTrayTakesNoBitmapAndHidesTheMarkAtEach) {
     Copy();
     const Picture kept = frmMain->PicClip(0).Image();
     ClickWidget(WidgetFor(frmMain->ChClipLock));
-    EXPECT_EQ(ClipCaptureOff, -1);
+    EXPECT_TRUE(ClipCaptureOff);
     EXPECT_TRUE(frmMain->ShClip.Visible()) << "locking alone hides nothing";
     Copy();
     EXPECT_EQ(Filled(), 1);
     EXPECT_EQ(frmMain->NextClip, 1);
     EXPECT_FALSE(frmMain->ShClip.Visible());
     ClickWidget(WidgetFor(frmMain->ImgClip(0)));
-    EXPECT_EQ(ClipCaptureOff, -1);
+    EXPECT_TRUE(ClipCaptureOff);
     EXPECT_TRUE(frmMain->ShClip.Visible());
     ExpectSamePixels(Clipboard.GetData(), kept);
     Copy();
     EXPECT_FALSE(frmMain->ShClip.Visible());
     ClickWidget(WidgetFor(frmMain->ChClipLock));
-    EXPECT_EQ(ClipCaptureOff, 0);
+    EXPECT_FALSE(ClipCaptureOff);
     Copy();
     EXPECT_EQ(Filled(), 2);
 }
@@ -235,7 +235,7 @@ TEST_F(ClipTrayTest, AfterACaptureTheSlotBehindItIsSelected) {
 
 TEST_F(ClipTrayTest, OnAFreshTrayASelectedSlotHasNoTag) {
     StartMonitor();
-    FreeSelActive = -1;
+    FreeSelActive = true;
     Copy();
     EXPECT_EQ(frmMain->PicClip(0).Tag(), "free");
     EXPECT_EQ(TheClipTray->PicClip(TheClipTray->SelectedClip).Tag(), "");
@@ -243,15 +243,15 @@ TEST_F(ClipTrayTest, OnAFreshTrayASelectedSlotHasNoTag) {
 
 TEST_F(ClipTrayTest, ClickOnAFreehandPieceSwitchesFreehandOnAndAnotherOff) {
     StartMonitor();
-    FreeSelActive = -1;
+    FreeSelActive = true;
     Copy();
-    FreeSelActive = 0;
+    FreeSelActive = false;
     Copy();
     frmMain->ImgClip_Click(0);
-    EXPECT_EQ(FreeSelActive, -1);
+    EXPECT_TRUE(FreeSelActive);
     EXPECT_EQ(frmMain->SelectedClip, 0);
     frmMain->ImgClip_Click(1);
-    EXPECT_EQ(FreeSelActive, 0);
+    EXPECT_FALSE(FreeSelActive);
     EXPECT_EQ(frmMain->SelectedClip, 1);
 }
 
@@ -266,7 +266,7 @@ TEST_F(ClipTrayTest, ClickPutsTheBitmapOnTheClipboardAndIsNotCaptured) {
     EXPECT_EQ(Filled(), 3);
     EXPECT_EQ(frmMain->NextClip, 3);
     EXPECT_EQ(frmMain->SelectedClip, 0);
-    EXPECT_EQ(ClipCaptureOff, 0);
+    EXPECT_FALSE(ClipCaptureOff);
     ExpectMarkAt(0);
     Copy();
     EXPECT_EQ(Filled(), 4);
@@ -288,7 +288,7 @@ TEST_F(ClipTrayTest, ClickClearsTheClipboardFirstAndIsHeardTwice) {
     std::vector<bool> heard; // whether a bitmap was there
     SetClipboardViewer([&heard] {
         heard.push_back(IsClipboardFormatAvailable(CF_BITMAP));
-        EXPECT_EQ(ClipCaptureOff, -1);
+        EXPECT_TRUE(ClipCaptureOff);
     });
     frmMain->ImgClip_Click(0);
     EXPECT_EQ(heard, (std::vector<bool>{false, true}));
@@ -333,7 +333,7 @@ TEST_F(ClipTrayTest, ClearEmptiesTrayAndClipboard) {
 TEST_F(ClipTrayTest, ClearKeepsTagsTheSelectedSlotAndTheHeightOfThePage) {
     StartMonitor();
     OpenPage();
-    FreeSelActive = -1;
+    FreeSelActive = true;
     Copies(3);
     ASSERT_EQ(PageHeight(), 2400);
     const DialogScript script({PressesButton("Sim")});
@@ -396,7 +396,7 @@ TEST_F(ClipTrayTest, FailingCaptureStillHidesTheMarkOfALockedTray) {
     StartMonitor();
     Copy();
     frmMain->ChClipLock.Value(1);
-    ClipCaptureOff = 0;
+    ClipCaptureOff = false;
     CopyElsewhere("image/png", "no picture at all");
     EXPECT_EQ(Filled(), 1);
     EXPECT_FALSE(frmMain->ShClip.Visible());

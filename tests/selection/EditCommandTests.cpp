@@ -73,7 +73,7 @@ TEST_F(EditTest, AFreehandCopyTakesThePieceAndPutsTheImageBack) {
     ExpectSamePixels(Clipboard.GetData(), piece);
     EXPECT_FALSE(image.PicFreeSelect.Visible());
     EXPECT_FALSE(CutAndCopyEnabled());
-    EXPECT_EQ(FreeSelActive, -1);
+    EXPECT_TRUE(FreeSelActive);
     ExpectSamePixels(ImageOf(image), Before());
     ExpectSamePixels(image.Image1.Picture(), Before());
 }
@@ -88,7 +88,7 @@ TEST_F(EditTest, AFreehandCutTakesThePieceAsItIsSeen) {
     ASSERT_EQ(clip.Width(), 42);
     EXPECT_EQ(clip.At(5, 7), Before().At(12, 23));
     EXPECT_FALSE(image.PicFreeSelect.Visible());
-    EXPECT_EQ(FreeSelActive, -1);
+    EXPECT_TRUE(FreeSelActive);
     ExpectSamePixels(ImageOf(image), WithBox(Before(), 10, 20, 21, 21, 0xFFFFFF));
     ExpectSamePixels(image.Image1.Picture(), WithBox(Before(), 10, 20, 21, 21, 0xFFFFFF));
     EXPECT_EQ(States(image), 1);
@@ -121,7 +121,7 @@ TEST_F(EditTest, PasteAtTwoToOneFloatsAtTwiceTheSize) {
     EXPECT_EQ(image.PicSelect.Left(), 0);
     EXPECT_EQ(image.PicSelect.Top(), 0);
     EXPECT_TRUE(image.PicSelect.Visible());
-    EXPECT_EQ(PasteFloating, -1);
+    EXPECT_TRUE(PasteFloating);
     EXPECT_TRUE(image.Enabled());
     EXPECT_EQ(image.MousePointer(), kPointerDefault);
     ExpectSamePixels(ImageOf(image), Before());
@@ -129,7 +129,7 @@ TEST_F(EditTest, PasteAtTwoToOneFloatsAtTwiceTheSize) {
     Choose("Pointer");
     Press(image, 390, 290);
     ExpectSamePixels(ImageOf(image), WithPiece(Before(), clip, 10, 5));
-    EXPECT_EQ(PasteFloating, 0);
+    EXPECT_FALSE(PasteFloating);
 }
 
 TEST_F(EditTest, AFreehandPasteLandsTheShapeAtTheVisibleCorner) {
@@ -141,9 +141,9 @@ TEST_F(EditTest, AFreehandPasteLandsTheShapeAtTheVisibleCorner) {
     ASSERT_TRUE(image.HS.Visible());
     image.HS.Value(33);
     image.VS.Value(21);
-    FreeSelActive = -1;
+    FreeSelActive = true;
     mnuEditPaste_Click();
-    EXPECT_EQ(FreePasteActive, -1);
+    EXPECT_TRUE(FreePasteActive);
     EXPECT_TRUE(image.PicFreeSelect.Visible());
     EXPECT_FALSE(image.PicSelect.Visible());
     EXPECT_EQ(image.PicFreeSelect.Left(), 33);
@@ -154,7 +154,7 @@ TEST_F(EditTest, AFreehandPasteLandsTheShapeAtTheVisibleCorner) {
     ExpectSamePixels(ImageOf(image), Before());
     Press(image, 100, 100);
     ExpectSamePixels(ImageOf(image), WithPiece(Before(), clip, 38, 27, kKey));
-    EXPECT_EQ(FreeSelActive, 0);
+    EXPECT_FALSE(FreeSelActive);
 }
 
 TEST_F(EditTest, ARectangularPasteLandsAtTheImagesCornerAlsoScrolled) {
@@ -171,7 +171,7 @@ TEST_F(EditTest, AFreehandPasteAtAnotherZoomIsStretched) {
     ZoomToLevel(17);
     const Bitmap clip = RandomPicture(20, 10, 4, 0x7FFFFF);
     Clipboard.SetData(clip);
-    FreeSelActive = -1;
+    FreeSelActive = true;
     mnuEditPaste_Click();
     EXPECT_EQ(image.PicFreeSelect.Width(), 60);
     EXPECT_EQ(image.PicFreeSelect.Height(), 30);

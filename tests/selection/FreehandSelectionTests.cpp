@@ -103,8 +103,8 @@ TEST_F(FreehandTest, ThePieceIsWhatThePathEnclosesThePathIncluded) {
     ExpectSamePixels(image.SelHolder.Image(), model.Piece(Before()));
     ExpectSamePixels(image.PicFreeSelect.Image(), model.Piece(Before()));
     ExpectSamePixels(image.Pic1BU.Image(), model.WithHole(Before(), 0xFFFFFF));
-    EXPECT_EQ(FreeSelActive, -1);
-    EXPECT_EQ(image.FreeSelDrawing, 0);
+    EXPECT_TRUE(FreeSelActive);
+    EXPECT_FALSE(image.FreeSelDrawing);
     EXPECT_TRUE(CutAndCopyEnabled());
     EXPECT_EQ(image.FreeMaxX, 0);
     EXPECT_EQ(image.FreeMinY, 0);
@@ -147,8 +147,8 @@ TEST_F(FreehandTest, APressMergesThePieceWhereItLies) {
         CarryFreehand(image, static_cast<int>(12 * image.factor), static_cast<int>(8 * image.factor));
         Press(image, 1, 1);
         EXPECT_FALSE(image.PicFreeSelect.Visible());
-        EXPECT_EQ(FreeSelActive, 0);
-        EXPECT_EQ(image.FreeSelDrawing, -1);
+        EXPECT_FALSE(FreeSelActive);
+        EXPECT_TRUE(image.FreeSelDrawing);
         ExpectSamePixels(ImageOf(image), WithPiece(drawn.WithHole(Before(), 0xFFFFFF), drawn.Piece(Before()),
                                                    drawn.Left() + 12, drawn.Top() + 8, kKey));
         EXPECT_EQ(States(image), 2) << level;
@@ -191,7 +191,7 @@ TEST_F(FreehandTest, TheDragThatMergedDrawsNothingAndTheNextPressStartsANewOutli
     Drag(image, {{80, 70}, {90, 75}, {85, 80}});
     ExpectSamePixels(ImageOf(image), Before());
     EXPECT_FALSE(image.PicFreeSelect.Visible());
-    EXPECT_EQ(image.FreeSelDrawing, 0);
+    EXPECT_FALSE(image.FreeSelDrawing);
     const std::vector<std::pair<int, int>> next{{80, 60}, {95, 70}, {85, 80}};
     Outline(image, next);
     ExpectSamePixels(image.SelHolder.Image(), OutlineModel(120, 90, next).Piece(Before()));
@@ -303,7 +303,7 @@ TEST_F(FreehandTest, SelectAllPutsThePieceBackFirst) {
     mnuEditSelectAll_Click();
     EXPECT_FALSE(image.PicFreeSelect.Visible());
     EXPECT_TRUE(image.PicSelect.Visible());
-    EXPECT_EQ(FreeSelActive, 0);
+    EXPECT_FALSE(FreeSelActive);
     ExpectSamePixels(image.SelHolder.Image(), Before());
 }
 

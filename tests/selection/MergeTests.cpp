@@ -19,11 +19,11 @@ TEST_F(MergeTest, ARectangleTakesTwoStates) {
     CopyMode();
     SelectRectangle(image, 5, 5, 25, 20);
     CarryRectangle(image, 10, 4);
-    PasteFloating = -1;
+    PasteFloating = true;
     image.NeedtoPaste();
     EXPECT_EQ(States(image), 3);
-    EXPECT_EQ(PasteFloating, 0);
-    EXPECT_EQ(image.selecting, 0);
+    EXPECT_FALSE(PasteFloating);
+    EXPECT_FALSE(image.selecting);
     EXPECT_FALSE(CutAndCopyEnabled());
     EXPECT_EQ(image.SelectLeft, 15);
     const Bitmap expected = WithPiece(Before(), Part(Before(), 5, 5, 20, 15), 15, 9);
@@ -36,12 +36,12 @@ TEST_F(MergeTest, AFreehandPieceTakesTwoStatesAndEndsTheFreehandSelection) {
     CutMode();
     SelectPath(image, {{5.5, 5.5}, {25.5, 5.5}, {25.5, 20.5}, {5.5, 20.5}});
     CarryFreehand(image, 10, 4);
-    PasteFloating = -1;
+    PasteFloating = true;
     image.NeedtoPaste();
     EXPECT_EQ(States(image), 3);
-    EXPECT_EQ(PasteFloating, 0);
-    EXPECT_EQ(FreeSelActive, 0);
-    EXPECT_EQ(image.FreeSelDrawing, -1);
+    EXPECT_FALSE(PasteFloating);
+    EXPECT_FALSE(FreeSelActive);
+    EXPECT_TRUE(image.FreeSelDrawing);
     ExpectSamePixels(ImageOf(image), WithPiece(WithBox(Before(), 5, 5, 21, 16, 0xFFFFFF),
                                                Part(Before(), 5, 5, 21, 16), 15, 9));
 }

@@ -16,7 +16,7 @@ TEST_F(RectangleTest, AClickWithoutMovementSelectsNothingAtAnyZoom) {
         Release(image, 4.4, 3.4);
         EXPECT_FALSE(image.PicSelect.Visible()) << level;
         EXPECT_FALSE(CutAndCopyEnabled()) << level;
-        EXPECT_EQ(image.selecting, -1) << level;
+        EXPECT_TRUE(image.selecting) << level;
     }
     EXPECT_EQ(States(image), 1);
 }
@@ -62,7 +62,7 @@ TEST_F(RectangleTest, TheReleaseLiftsThePieceAndRecordsNoState) {
     EXPECT_EQ(image.SelectTop, 20);
     EXPECT_EQ(image.Selectwidth, 40);
     EXPECT_EQ(image.Selectheight, 25);
-    EXPECT_EQ(image.selecting, 0);
+    EXPECT_FALSE(image.selecting);
     EXPECT_TRUE(CutAndCopyEnabled());
     ExpectSamePixels(image.SelHolder.Image(), Part(Before(), 10, 20, 40, 25));
     ExpectSamePixels(image.SelectImage.Picture(), Part(Before(), 10, 20, 40, 25));
@@ -135,7 +135,7 @@ TEST_F(RectangleTest, APastedPieceStampsNothing) {
     frmImage& image = OpenRandom(120, 90);
     CutMode();
     SelectRectangle(image, 10, 20, 50, 45);
-    PasteFloating = -1;
+    PasteFloating = true;
     CarryRectangle(image, 30, 5);
     ExpectSamePixels(ImageOf(image), Before());
 }
@@ -161,8 +161,8 @@ TEST_F(RectangleTest, APressMergesThePieceOpaquelyAndTakesOneState) {
     Press(image, 2, 2);
     EXPECT_FALSE(image.PicSelect.Visible());
     EXPECT_FALSE(CutAndCopyEnabled());
-    EXPECT_EQ(image.selecting, 0);
-    EXPECT_EQ(PasteFloating, 0);
+    EXPECT_FALSE(image.selecting);
+    EXPECT_FALSE(PasteFloating);
     EXPECT_EQ(States(image), 2);
     Release(image, 2, 2);
     EXPECT_EQ(States(image), 3);
@@ -234,14 +234,14 @@ TEST_F(RectangleTest, SelectAllTakesTheWholeImageAtEveryZoom) {
     frmImage& image = OpenRandom(101, 77);
     for (const int level : {15, 17, 13, 2}) {
         ZoomToLevel(level);
-        FreeSelActive = -1;
+        FreeSelActive = true;
         mnuEditSelectAll_Click();
         EXPECT_EQ(image.SelectLeft, 0);
         EXPECT_EQ(image.Selectwidth, 101) << level;
         EXPECT_EQ(image.Selectheight, 77) << level;
-        EXPECT_EQ(image.selecting, -1);
-        EXPECT_EQ(FreeSelActive, 0);
-        EXPECT_EQ(FreePasteActive, 0);
+        EXPECT_TRUE(image.selecting);
+        EXPECT_FALSE(FreeSelActive);
+        EXPECT_FALSE(FreePasteActive);
         EXPECT_TRUE(image.PicSelect.Visible());
         EXPECT_TRUE(CutAndCopyEnabled());
         ExpectSamePixels(image.SelHolder.Image(), Before());
@@ -260,7 +260,7 @@ TEST_F(RectangleTest, SelectNoneDiscardsThePieceAndKeepsTheHole) {
     EXPECT_FALSE(image.PicSelect.Visible());
     EXPECT_FALSE(CutAndCopyEnabled());
     EXPECT_FALSE(frmMain->mnuEditSelectNone.Enabled());
-    EXPECT_EQ(image.selecting, -1);
+    EXPECT_TRUE(image.selecting);
     EXPECT_EQ(States(image), 1);
     ExpectSamePixels(ImageOf(image), WithBox(Before(), 10, 20, 40, 25, 0xFFFFFF));
 }

@@ -17,7 +17,7 @@ namespace pintalux {
 class SelectionTest : public ToolTest {
   protected:
     void TearDown() override {
-        FreeSelActive = FreePasteActive = PasteFloating = 0;
+        FreeSelActive = FreePasteActive = PasteFloating = false;
         ToolTest::TearDown();
     }
 

@@ -35,7 +35,7 @@ void ResetGlobals() {
     NewCancelled = CloseCancelled = false;
     RulersOn = false;
     CurrentTool = 0;
-    FreeSelActive = FreePasteActive = PasteFloating = 0;
+    FreeSelActive = FreePasteActive = PasteFloating = false;
 }
 
 Qt::MouseButton ToolkitButton(int button) {

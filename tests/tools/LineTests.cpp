@@ -73,7 +73,7 @@ TEST_F(LineTest, EndsAreFlooredAtEveryZoom) {
 TEST_F(LineTest, PolylineContinuesFromTheLastEnd) {
     Choose("PolyLine");
     frmImage& image = NewDocument(40, 40);
-    image.curpoly = -1;
+    image.curpoly = true;
     Drag(image, {{5, 5}, {20, 8}});
     // Wherever the next press happens, the segment starts where the last one ended.
     Press(image, 1, 38);
@@ -95,10 +95,10 @@ TEST_F(LineTest, ChoosingThePolylineStartsANewChainInTheActiveWindowOnly) {
     frmImage& first = NewDocument(40, 40);
     frmImage& second = NewDocument(40, 40);
     Choose("PolyLine");
-    EXPECT_EQ(first.curpoly, 0);
-    EXPECT_EQ(second.curpoly, -1);
+    EXPECT_FALSE(first.curpoly);
+    EXPECT_TRUE(second.curpoly);
     Drag(second, {{5, 5}, {20, 8}});
-    EXPECT_EQ(second.curpoly, 0);
+    EXPECT_FALSE(second.curpoly);
     Choose("PolyLine");
     Drag(second, {{30, 30}, {35, 30}});
     DrawingModel model(40, 40, 0xFFFFFF);
