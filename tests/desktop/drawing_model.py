@@ -115,6 +115,11 @@ def quarters_of_ellipse(left, top, right, bottom):
         if twice >= dx:
             x0, x1, dx = x0 + 1, x1 - 1, dx + 8 * b * b
             error += dx
+    # The last columns of a slim upright one go on to its tips.
+    while quarters[0][-1][1] > top:
+        for quarter, step in zip(quarters, (-1, -1, 1, 1)):
+            x, y = quarter[-1]
+            quarter.append((x, y + step))
     return quarters
 
 

@@ -176,16 +176,66 @@ TEST(Ellipse, BoxWithoutExtentDrawsNothing) {
     EXPECT_EQ(canvas.touches, 0);
 }
 
+TEST(Ellipse, SlimUprightOfFourColumnsByHand) {
+    for (const int fill : {kFillTransparent, kFillSolid}) {
+        Canvas canvas(4, 8);
+        canvas.attributes.FillStyle = fill;
+        canvas.attributes.FillColor = 0x0000FF;
+        Ellipse(canvas.hdc, 0, 0, 4, 8);
+        const char* middle = fill == kFillSolid ? "#rr#" : "#..#";
+        ExpectSamePixels(canvas.bits,
+                         PictureOf({".##.", ".##.", middle, middle, middle, middle, ".##.", ".##."}));
+        EXPECT_EQ(canvas.touched, (Box{0, 0, 4, 8}));
+    }
+}
+
 TEST(Ellipse, SlimUprightIsWhole) {
-    for (const int width : {3, 5, 7, 9}) {
-        for (int height = 3; height < 300; height += 7) {
+    for (int width = 3; width <= 12; ++width) {
+        for (int height = 3; height < 300; height += 1 + height / 20) {
             SCOPED_TRACE(testing::Message() << width << " x " << height);
             Canvas canvas(width, height);
             Ellipse(canvas.hdc, 0, 0, width, height);
             for (int y = 0; y < height; ++y)
                 ASSERT_TRUE(RowIsPainted(canvas.bits, y)) << y;
-            ASSERT_EQ(canvas.bits.At(width / 2, 0), 0U);
-            ASSERT_EQ(canvas.bits.At(width / 2, height - 1), 0U);
+            for (const int middle : {(width - 1) / 2, width / 2}) {
+                ASSERT_EQ(canvas.bits.At(middle, 0), 0U);
+                ASSERT_EQ(canvas.bits.At(middle, height - 1), 0U);
+            }
+        }
+    }
+}
+
+TEST(Ellipse, SlimUprightIsWholeInEveryPenAndFilling) {
+    for (int height = 3; height < 60; ++height) {
+        for (const int penWidth : {1, 2, 5}) {
+            SCOPED_TRACE(testing::Message() << height << " high, pen " << penWidth);
+            Canvas ring(20, height + 10);
+            ring.attributes.DrawWidth = penWidth;
+            Ellipse(ring.hdc, 8, 5, 12, 5 + height);
+            ASSERT_EQ(ring.touched.top, 5 - penWidth / 2);
+            ASSERT_EQ(ring.touched.bottom, 5 + height + (penWidth - 1) / 2);
+        }
+        Canvas filled(4, height);
+        filled.attributes.FillStyle = kFillSolid;
+        filled.attributes.DrawStyle = kDrawNone;
+        Ellipse(filled.hdc, 0, 0, 4, height);
+        for (int y = 0; y < height; ++y) {
+            ASSERT_EQ(filled.bits.At(1, y), 0U) << y;
+            ASSERT_EQ(filled.bits.At(2, y), 0U) << y;
+        }
+    }
+}
+
+TEST(Ellipse, SlimUprightInvertsEachPixelOnce) {
+    for (int width = 3; width <= 12; ++width) {
+        for (int height = 3 * width; height < 20 * width; ++height) {
+            SCOPED_TRACE(testing::Message() << width << " x " << height);
+            Canvas drawn(width, height);
+            Ellipse(drawn.hdc, 0, 0, width, height);
+            Canvas inverted(width, height);
+            inverted.attributes.DrawMode = kDrawInvert;
+            Ellipse(inverted.hdc, 0, 0, width, height);
+            ASSERT_TRUE(inverted.bits == drawn.bits);
         }
     }
 }

@@ -25,25 +25,17 @@ class ThinChain {
     ThinChain(const DeviceContext& hdc, Colour colour) : hdc_(hdc), pixel_(PixelOf(colour)) {}
 
     void Add(const OutlineStep& step) {
-        if (held_) Paint(*held_, false);
-        held_ = step;
-    }
-    Box Finish() {
-        if (held_) Paint(*held_, true);
-        return painted_;
-    }
-
-  private:
-    void Paint(const OutlineStep& step, bool last) {
-        // The chain doesn't stop twice where its halves meet, nor at a tip of one pixel.
-        const bool once = last && step.x0 == step.x1;
-        PaintHalf(step, step.lower, once);
-        if (!first_ || step.upper != step.lower) PaintHalf(step, step.upper, once);
+        PaintHalf(step, step.lower);
+        // The halves of the chain begin in one row where the height is odd.
+        if (!first_ || step.upper != step.lower) PaintHalf(step, step.upper);
         first_ = false;
     }
-    void PaintHalf(const OutlineStep& step, std::int64_t row, bool once) {
+    Box Painted() const { return painted_; }
+
+  private:
+    void PaintHalf(const OutlineStep& step, std::int64_t row) {
         PaintPixel(step.x1, row);
-        if (!once) PaintPixel(step.x0, row);
+        if (step.x0 != step.x1) PaintPixel(step.x0, row);
     }
     void PaintPixel(std::int64_t x, std::int64_t y) {
         const Box at = Cut({x, y, x + 1, y + 1}, hdc_.Bits().Bounds());
@@ -55,14 +47,13 @@ class ThinChain {
     const DeviceContext& hdc_;
     Pixel pixel_;
     bool first_ = true;
-    std::optional<OutlineStep> held_;
     Box painted_;
 };
 
 Box PaintThinRing(const DeviceContext& hdc, const LongBox& box, Colour colour) {
     ThinChain chain(hdc, colour);
     WalkEllipse(box, [&](const OutlineStep& step) { chain.Add(step); });
-    return chain.Finish();
+    return chain.Painted();
 }
 
 void AddFilling(Figure& filling, const LongBox& box) {

@@ -29,8 +29,10 @@ void WalkEllipse(const LongBox& box, Visit visit) {
     Int128 error = dx + dy + odd * a * a;
     OutlineStep at{box.left, box.right - 1, 0, box.top + box.Height() / 2};
     at.upper = at.lower - odd;
+    OutlineStep last = at;
     while (at.x0 <= at.x1) {
         visit(at);
+        last = at;
         const Int128 twice = 2 * error;
         if (twice <= dy) {
             ++at.lower;
@@ -47,11 +49,11 @@ void WalkEllipse(const LongBox& box, Visit visit) {
     }
     // Intended: an outline that ends short of the tip rows carries its last columns on to them, so that a
     // slim upright ellipse is whole.
-    if (at.lower >= box.bottom - 1) return;
-    --at.x0;
-    ++at.x1;
-    for (; at.lower < box.bottom; ++at.lower, --at.upper)
-        visit(at);
+    while (last.lower < box.bottom - 1) {
+        ++last.lower;
+        --last.upper;
+        visit(last);
+    }
 }
 
 } // namespace pintalux
