@@ -144,7 +144,8 @@ void FitImageWindow() {
     image.Image1.Picture(image.PicMerge.Image());
     // Where the window need not shrink, nothing else takes back the centring of what was shown before.
     if (image.PicBG.Top() > 0) image.PicBG.Top(0);
-    if (image.WindowState() == kMaximised) return;
+    // A maximised window is not resized, which would lay out the image again.
+    if (image.WindowState() == kMaximised) return image.Picsize();
     const double width = image.PicBG.Width() * Screen.TwipsPerPixelX() + 120;
     const double height = image.PicBG.Height() * Screen.TwipsPerPixelY() + 520;
     if (image.Width() > width) image.Width(width);

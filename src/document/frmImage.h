@@ -84,7 +84,8 @@ class frmImage : public Form,
 /// Makes a new document window, numbers it, shows it. It is the active one afterwards.
 void NewImageWindow();
 
-/// Shows the active document at 1:1 and shrinks its window to the image; never enlarges it.
+/// Shows the active document at 1:1 and shrinks its window to the image, unless it is maximised; never
+/// enlarges it.
 void FitImageWindow();
 
 } // namespace pintalux

@@ -59,6 +59,8 @@ void frmImage::LayOutVertical() {
         if (PicBG.Top() > 0) PicBG.Top(0);
     } else {
         VS.Visible(false);
+        // What was scrolled up out of view comes back with the bar's going.
+        if (PicBG.Top() < 0) PicBG.Top(0);
         if (frame - kVerticalSlack > PicBG.Height()) PicBG.Top(std::floor((frame - PicBG.Height()) / 2));
     }
 }

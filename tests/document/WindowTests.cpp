@@ -8,6 +8,8 @@
 #include "document/Workspace.h"
 #include "document/Zoom.h"
 
+#include <cmath>
+
 namespace pintalux {
 
 namespace {
@@ -120,6 +122,16 @@ TEST_F(DocumentWindowTest, AMaximisedWindowIsNotResized) {
     FitImageWindow();
     EXPECT_EQ(image.Width(), width);
     EXPECT_EQ(image.Image1.Width(), 20);
+}
+
+TEST_F(DocumentWindowTest, ANewImageInAMaximisedDocumentIsCentred) {
+    NewDocument(100, 50).WindowState(kMaximised);
+    PassEvents();
+    const frmImage& image = NewDocument(61, 41);
+    ASSERT_EQ(image.WindowState(), kMaximised);
+    ASSERT_GT(image.PicFrame.ScaleHeight(), 41 + 13);
+    EXPECT_EQ(image.PicBG.Left(), std::floor((image.PicFrame.ScaleWidth() - 61) / 2));
+    EXPECT_EQ(image.PicBG.Top(), std::floor((image.PicFrame.ScaleHeight() - 41) / 2));
 }
 
 TEST_F(DocumentWindowTest, ResizingReturnsToTheTopAndKeepsTheHorizontalPlace) {

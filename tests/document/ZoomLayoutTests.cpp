@@ -46,6 +46,12 @@ TEST_F(ZoomLayoutTest, ImageIsCentredUprightOnlyWithMoreThanThirteenPixelsToSpar
     EXPECT_EQ(Laid(299, 304, 50, 0).PicBG.Left(), 0);
 }
 
+TEST_F(ZoomLayoutTest, WhatWasScrolledUpComesBackWhenTheBarGoes) {
+    EXPECT_EQ(Laid(300, 290, 0, -40).PicBG.Top(), 7);
+    EXPECT_EQ(Laid(300, 291, 0, -40).PicBG.Top(), 0);
+    EXPECT_EQ(Laid(300, 304, 0, -1).PicBG.Top(), 0);
+}
+
 TEST_F(ZoomLayoutTest, WideImageGetsTheLyingBar) {
     frmImage& image = Laid(301, 100, 20, 0);
     EXPECT_TRUE(image.HS.Visible());
