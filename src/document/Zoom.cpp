@@ -8,13 +8,13 @@
 #include "document/Selection.h"
 #include "document/Workspace.h"
 
-#include <cmath>
+#include <algorithm>
 
 namespace pintalux {
 
 namespace {
 
-constexpr int kActualLevel = 15;
+constexpr double kLongestView = 32767; // pixels: what a scroll bar reaches
 
 // Image and backing panel at the size that `factor` asks for.
 void SizeDisplay(frmImage& image) {
@@ -23,8 +23,18 @@ void SizeDisplay(frmImage& image) {
 }
 
 // A tiny image has no width at the smallest zooms: nothing can be scaled from there.
-double RatioTo(const frmImage& image, int oldWidth) {
+double RatioTo(const frmImage& image, double oldWidth) {
     return oldWidth == 0 ? 1.0 : image.Image1.Width() / oldWidth;
+}
+
+// The level that a click of the magnifier leads to. Going out skips levels that do not fit, so that a view
+// whose image has grown meanwhile can be left.
+int NextLevel(const frmImage& image, bool in) {
+    if (in) return image.factorlevel + 1;
+    int level = image.factorlevel - 1;
+    while (level > kActualLevel && !ViewFits(image, level))
+        --level;
+    return level;
 }
 
 void ScaleSelection(frmImage& image, double ratio) {
@@ -37,10 +47,12 @@ void ScaleSelection(frmImage& image, double ratio) {
 
 // The middle of a menu zoom, steps that "actual size" shares.
 void ZoomTo(frmImage& image, int level) {
+    const double oldWidth = image.Image1.Width();
+    ZoomOldWidth = ToInt16(std::min(oldWidth, kLongestView));
     image.factorlevel = ToInt16(level);
     ApplyZoomLevel();
     SizeDisplay(image);
-    ZoomRatio = RatioTo(image, ZoomOldWidth);
+    ZoomRatio = RatioTo(image, oldWidth);
     image.PicBG.Width(image.Image1.Width());
     image.PicBG.Height(image.Image1.Height());
     RescaleSelection();
@@ -50,6 +62,7 @@ void ZoomTo(frmImage& image, int level) {
 
 void ZoomByMenu(int level) {
     frmImage& image = ActiveImage();
+    if (!ViewFits(image, level)) return;
     if (CurrentTool == 4) {
         CurrentTool = 2;
         TheWorkspace.bar->TB2.Buttons(2).Value(1);
@@ -60,7 +73,6 @@ void ZoomByMenu(int level) {
     const bool hadHS = image.HS.Visible();
     if (hadVS) ScrollRatioV = (image.VS.Max() + 1.0) / (image.VS.Value() + 1.0);
     if (hadHS) ScrollRatioH = (image.HS.Max() + 1.0) / (image.HS.Value() + 1.0);
-    ZoomOldWidth = ToInt16(image.Image1.Width());
     LockWindowUpdate(&image.PicBG);
     ZoomTo(image, level);
     if (!hadVS) ScrollRatioV = image.VS.Max();
@@ -79,6 +91,11 @@ double ZoomFactor(int level) {
     return level == kActualLevel ? 1.0 : level - 14;
 }
 
+bool ViewFits(const frmImage& image, int level) {
+    const double longer = std::max(image.PicMerge.ScaleWidth(), image.PicMerge.ScaleHeight());
+    return longer * ZoomFactor(level) <= kLongestView;
+}
+
 void ApplyZoomLevel() {
     frmImage& image = ActiveImage();
     MainMenu& menu = *TheWorkspace.menu;
@@ -94,14 +111,16 @@ void ApplyZoomLevel() {
     if (level >= kActualLevel) menu.mnuZoomInX(level - kActualLevel).Checked(true);
 }
 
-void ZoomStep(bool in, Display& image1, Surface& merge) {
+bool ZoomStep(bool in, Display& image1, Surface& merge) {
     frmImage& image = ActiveImage();
-    const std::int16_t oldWidth = ToInt16(std::trunc(image1.Width()));
+    const int level = NextLevel(image, in);
+    if (in && level < kZoomLevels && !ViewFits(image, level)) return false;
+    const double oldWidth = image1.Width();
     LockWindowUpdate(&image.PicFrame);
     // Intended: at either end of the scale the view stays locked until the next release, wherever that comes,
     // so that a click too many changes nothing on the screen.
-    if (in ? image.factorlevel > 29 : image.factorlevel < 1) return;
-    image.factorlevel = in ? AddInt16(image.factorlevel, 1) : SubtractInt16(image.factorlevel, 1);
+    if (level < 0 || level >= kZoomLevels) return true;
+    image.factorlevel = ToInt16(level);
     ApplyZoomLevel();
     image1.Width(merge.ScaleWidth() * image.factor);
     image1.Height(merge.ScaleHeight() * image.factor);
@@ -111,6 +130,7 @@ void ZoomStep(bool in, Display& image1, Surface& merge) {
     ScaleSelection(image, ratio);
     image.Picsize();
     LockWindowUpdate(nullptr);
+    return true;
 }
 
 void RescaleSelection() {
@@ -130,7 +150,7 @@ void RescaleSelection() {
 
 void mnuZoomActual_Click() {
     frmImage& image = ActiveImage();
-    ZoomOldWidth = ToInt16(image.Image1.Width());
+    if (!ViewFits(image, kActualLevel)) return;
     LockWindowUpdate(&image.PicBG);
     ZoomTo(image, kActualLevel);
     LockWindowUpdate(nullptr);

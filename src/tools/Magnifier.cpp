@@ -9,9 +9,11 @@ namespace pintalux {
 namespace {
 
 void Magnify(frmImage& image, double X, double Y, bool in) {
-    ScrollRatioV = (image.Image1.Height() + 1) / (Y + 1);
-    ScrollRatioH = (image.Image1.Width() + 1) / (X + 1);
-    ZoomStep(in, image.Image1, image.PicMerge);
+    const double above = (image.Image1.Height() + 1) / (Y + 1);
+    const double before = (image.Image1.Width() + 1) / (X + 1);
+    if (!ZoomStep(in, image.Image1, image.PicMerge)) return;
+    ScrollRatioV = above;
+    ScrollRatioH = before;
     image.drawrulers();
     image.Picsize();
     if (image.VS.Visible()) image.VS.Value(image.VS.Max() / ScrollRatioV);

@@ -6,8 +6,6 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 
-#include <cmath>
-
 namespace pintalux {
 namespace {
 
@@ -24,13 +22,6 @@ class ZoomMenuTest : public ProgramTest {
         EXPECT_EQ(image.PicFrame.ScaleWidth(), 300);
         EXPECT_EQ(image.PicFrame.ScaleHeight(), 304);
         return image;
-    }
-
-    int FirstError() {
-        const int number = untrapped.empty() ? 0 : untrapped.front().Number();
-        untrapped.clear();
-        LockWindowUpdate(nullptr);
-        return number;
     }
 };
 
@@ -148,42 +139,80 @@ TEST_F(ZoomMenuTest, ToolOfNumberFourBecomesTwo) {
     EXPECT_EQ(CurrentTool, kPenTool);
 }
 
-TEST_F(ZoomMenuTest, ViewBeyond32767PixelsIsAnOverflowAtTheTop) {
-    frmImage& image = OpenPicture("wide.bmp", Picture(3000, 4, 0xFFFFFF));
-    Choose(frmMain->mnuZoomInX(9));
-    EXPECT_TRUE(untrapped.empty());
-    EXPECT_EQ(image.HS.Max(), 30000 - image.HS.Width());
-    Choose(frmMain->mnuZoomInX(15));
-    EXPECT_EQ(FirstError(), kOverflow);
-    EXPECT_EQ(image.Image1.Width(), 48000);
-    ExpectSamePixels(ImageOf(image), Picture(3000, 4, 0xFFFFFF));
+TEST_F(ZoomMenuTest, LevelWhoseViewExceeds32767PixelsIsNotTaken) {
+    for (const auto& [width, height] : {std::pair{3000, 4}, {4, 3000}}) {
+        frmImage& image = OpenPicture("long.bmp", Picture(width, height, 0xFFFFFF));
+        Choose(frmMain->mnuZoomInX(9)); // 30000 pixels
+        const double left = image.PicBG.Left();
+        const double top = image.PicBG.Top();
+        image.PicFreeSelect.Visible(true);
+        CurrentTool = 4;
+        Choose(frmMain->mnuZoomInX(10)); // 33000 pixels
+        EXPECT_TRUE(untrapped.empty());
+        EXPECT_FALSE(ScreenLocked());
+        EXPECT_EQ(image.factorlevel, 24);
+        EXPECT_EQ(image.factor, 10);
+        EXPECT_EQ(image.Image1.Width(), 10 * width);
+        EXPECT_EQ(image.Image1.Height(), 10 * height);
+        EXPECT_EQ(image.PicBG.Left(), left);
+        EXPECT_EQ(image.PicBG.Top(), top);
+        EXPECT_TRUE(frmMain->mnuZoomInX(9).Checked());
+        EXPECT_FALSE(frmMain->mnuZoomInX(10).Checked());
+        EXPECT_TRUE(image.PicFreeSelect.Visible());
+        EXPECT_EQ(CurrentTool, 4);
+        image.PicFreeSelect.Visible(false);
+        CurrentTool = kPenTool;
+    }
 }
 
-TEST_F(ZoomMenuTest, ResizeIgnoresTheOverflow) {
-    frmImage& image = OpenPicture("wide.bmp", Picture(3000, 4, 0xFFFFFF));
+TEST_F(ZoomMenuTest, LargestViewIs32767PixelsLong) {
+    frmImage& image = OpenPicture("wide.bmp", Picture(2047, 3, 0xFFFFFF));
     Choose(frmMain->mnuZoomInX(15));
-    EXPECT_EQ(FirstError(), kOverflow);
-    image.Width(5000);
-    image.Height(5200);
-    PassEvents();
-    EXPECT_TRUE(untrapped.empty());
-    EXPECT_EQ(image.PicFrame.Width(), 5000 - 120);
+    EXPECT_EQ(image.Image1.Width(), 32752);
+    EXPECT_EQ(image.factorlevel, 30);
+    frmImage& longer = OpenPicture("longer.bmp", Picture(2048, 3, 0xFFFFFF));
+    Choose(frmMain->mnuZoomInX(15)); // 32768 pixels
+    EXPECT_EQ(longer.factorlevel, 15);
+    EXPECT_EQ(longer.Image1.Width(), 2048);
 }
 
-TEST_F(ZoomMenuTest, MagnifierEndsAtTheOverflowAndTheProgramGoesOn) {
-    frmImage& image = OpenPicture("wide.bmp", Picture(3000, 4, 0xFFFFFF));
-    Choose(frmMain->mnuZoomInX(9));
-    CurrentTool = kMagTool;
-    Press(image, 5, 5);
-    Release(image, 5, 5);
+TEST_F(ZoomMenuTest, EveryLevelThatWasReachedCanBeLeft) {
+    for (int Index = 0; Index <= 15; ++Index) {
+        frmImage& image = OpenPicture("wide.bmp", Picture(3000, 4, 0xFFFFFF));
+        Choose(frmMain->mnuZoomInX(Index));
+        Choose(frmMain->mnuZoomOutX(4));
+        EXPECT_EQ(image.factorlevel, 11);
+        EXPECT_EQ(image.Image1.Width(), 600);
+        Choose(frmMain->mnuZoomInX(Index));
+        const int level = image.factorlevel;
+        EXPECT_EQ(level, Index <= 9 ? Index + 15 : 11);
+        ZoomStep(false, image.Image1, image.PicMerge);
+        EXPECT_EQ(image.factorlevel, level - 1);
+        Choose(frmMain->mnuZoomActual);
+        EXPECT_EQ(image.Image1.Width(), 3000);
+        EXPECT_TRUE(untrapped.empty());
+        EXPECT_FALSE(ScreenLocked());
+        image.Unload();
+    }
+}
+
+// An undo at a zoom keeps the frame, whatever the size of the state.
+TEST_F(ZoomMenuTest, LevelThatAnImageHasOutgrownCanBeLeft) {
+    const auto outgrown = [this]() -> frmImage& {
+        frmImage& image = NewDocument(100, 100);
+        Choose(frmMain->mnuZoomInX(15));
+        image.PicMerge.Picture(Picture(3000, 4, 0xFFFFFF));
+        return image;
+    };
+    frmImage& left = outgrown();
+    ZoomStep(false, left.Image1, left.PicMerge);
+    EXPECT_EQ(left.factorlevel, 24); // 10:1, the next one that fits
+    EXPECT_EQ(left.Image1.Width(), 30000);
+    frmImage& chosen = outgrown();
+    Choose(frmMain->mnuZoomActual);
+    EXPECT_EQ(chosen.factorlevel, 15);
+    EXPECT_EQ(chosen.Image1.Width(), 3000);
     EXPECT_TRUE(untrapped.empty());
-    LockWindowUpdate(nullptr);
-    // The stroke still lands on the right pixel.
-    frmMain->SetCurrentColour(0x0000FF);
-    CurrentTool = kPenTool;
-    Press(image, 25 * image.factor, image.factor);
-    Release(image, 25 * image.factor, image.factor);
-    EXPECT_EQ(ImageOf(image).At(25, 1), 0x0000FFu);
 }
 
 } // namespace

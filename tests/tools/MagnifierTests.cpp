@@ -76,6 +76,30 @@ TEST_F(MagnifierTest, ClickedPointStaysInView) {
     EXPECT_EQ(ScrollRatioV, 301.0 / 100.5);
 }
 
+TEST_F(MagnifierTest, InAndOutOnAFittedWindowKeepsThePictureInView) {
+    frmImage& image = NewDocument(300, 297);
+    ASSERT_FALSE(image.VS.Visible());
+    Click(image, 150, 200);
+    ASSERT_LT(image.PicBG.Top(), 0);
+    Click(image, 300, 400, kRightButton);
+    EXPECT_FALSE(image.VS.Visible());
+    EXPECT_EQ(image.PicBG.Top(), 0);
+}
+
+TEST_F(MagnifierTest, LevelWhoseViewExceeds32767PixelsIsNotTaken) {
+    frmImage& image = OpenPicture("wide.bmp", Picture(3000, 4, 0xFFFFFF));
+    ZoomToLevel(24);
+    image.HS.Value(5000);
+    Click(image, 5100, 5);
+    EXPECT_EQ(image.factorlevel, 24);
+    EXPECT_EQ(image.Image1.Width(), 30000);
+    EXPECT_EQ(image.HS.Value(), 5000);
+    EXPECT_FALSE(ScreenLocked());
+    EXPECT_TRUE(untrapped.empty());
+    Click(image, 5100, 5, kRightButton);
+    EXPECT_EQ(image.factorlevel, 23);
+}
+
 TEST_F(MagnifierTest, RectangularSelectionIsScaledAlong) {
     frmImage& image = NewDocument(100, 100);
     image.PicSelect.Move(10, 20, 30, 40);
