@@ -4,6 +4,7 @@
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "document/Workspace.h"
+#include "document/Zoom.h"
 #include "imageops/frmFiltBrow.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Scaffold.h"
@@ -29,8 +30,9 @@ void Turn(double angle) {
     frmImage& image = ActiveImage();
     TakeSource(image);
     RotateImage(image.picsource, image.PicMerge, angle);
-    // Intended: a turn shows the image pixel for pixel and leaves the zoom level alone, so that the whole of
-    // it is seen in its new shape; the next zoom goes on from the old level.
+    // The image is shown pixel for pixel, so that the whole of it is seen in its new shape.
+    image.factorlevel = kActualLevel;
+    ApplyZoomLevel();
     image.Image1.Height(image.PicMerge.ScaleHeight());
     image.Image1.Width(image.PicMerge.ScaleWidth());
     image.PicBG.Height(image.PicMerge.ScaleHeight());

@@ -6,6 +6,7 @@
 
 #include "document/Zoom.h"
 #include "surface/window/ProgressBar.h"
+#include "tools/ToolNumbers.h"
 
 #include <QToolButton>
 
@@ -140,7 +141,7 @@ TEST_F(ImageCommandTest, ATurnLeavesAMaximisedWindowAlone) {
     EXPECT_EQ(image.Image1.Width(), 80);
 }
 
-TEST_F(ImageCommandTest, ATurnAtAZoomShowsPlainSizeAndKeepsTheZoom) {
+TEST_F(ImageCommandTest, ATurnAtAZoomLeadsToOneToOne) {
     frmImage& image = NewDocument(60, 40);
     Choose(frmMain->mnuZoomInX(2));
     ASSERT_EQ(image.factor, 3);
@@ -148,8 +149,16 @@ TEST_F(ImageCommandTest, ATurnAtAZoomShowsPlainSizeAndKeepsTheZoom) {
     EXPECT_EQ(image.Image1.Width(), 40);
     EXPECT_EQ(image.Image1.Height(), 60);
     EXPECT_EQ(image.PicBG.Width(), 40);
-    EXPECT_EQ(image.factor, 3);
-    EXPECT_EQ(image.factorlevel, 17);
+    EXPECT_EQ(image.factor, 1);
+    EXPECT_EQ(image.factorlevel, 15);
+    EXPECT_FALSE(frmMain->mnuZoomInX(2).Checked());
+    EXPECT_FALSE(frmMain->mnuZoomActual.Enabled());
+    // Tools hit what they point at.
+    frmMain->SetCurrentColour(0x0000FF);
+    CurrentTool = kPenTool;
+    Press(image, 30, 50);
+    Release(image, 30, 50);
+    EXPECT_EQ(ImageOf(image).At(30, 50), 0x0000FFU);
 }
 
 TEST_F(ImageCommandTest, UndoOfATurnBringsTheShapeBack) {
