@@ -182,14 +182,14 @@ TEST_F(PollTest, ActivatingAnotherDocumentShowsItsUndoState) {
 }
 
 TEST_F(PollTest, AModalDialogDoesNotStopIt) {
-    const auto shown = std::make_shared<bool>(false);
-    WhenDialogShows([shown](QWidget& dialog) {
+    bool polled = false;
+    const DialogScript script({[&](QWidget& dialog) {
         frmMain->mnuEditPasteNew.Enabled(true);
-        *shown = WaitFor([] { return !frmMain->mnuEditPasteNew.Enabled(); }, 1000);
+        polled = WaitFor([] { return !frmMain->mnuEditPasteNew.Enabled(); }, 1000);
         dialog.close();
-    });
+    }});
     Choose(frmMain->mnuFileSaveOptions);
-    EXPECT_TRUE(*shown);
+    EXPECT_TRUE(polled);
 }
 
 TEST_F(PollTest, EnablingTheImageMenusLeavesZoomAndUndo) {

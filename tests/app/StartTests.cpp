@@ -200,14 +200,10 @@ TEST_F(StartTest, TheFileComesWithoutMonitorToo) {
 
 TEST_F(StartTest, AMissingScannerLibraryIsToldAndTheStartGoesOn) {
     OpenScannerLibrary = []() -> void* { return nullptr; };
-    std::string icon;
-    const DialogScript script({[&](QWidget& dialog) {
-        icon = IconOf(dialog);
-        PressButton(dialog, "OK");
-    }});
+    const DialogScript script({PressesButton("OK")});
     Start();
-    EXPECT_NE(script.Dialog(0).text.find("Não foi detectado nenhum Digitalizador"), std::string::npos);
-    EXPECT_EQ(icon, "information");
+    EXPECT_EQ(script.Dialog(0), (DialogScript::Seen{"information", "VALMERO Multimédia",
+                                                    "Não foi detectado nenhum Digitalizador", "OK"}));
     EXPECT_FALSE(frmMain->mnuFileTwain.Enabled());
     EXPECT_EQ(frmMain->Width(), 6500);
     EXPECT_EQ(CurrentTool, kPenTool);
@@ -215,15 +211,10 @@ TEST_F(StartTest, AMissingScannerLibraryIsToldAndTheStartGoesOn) {
 
 TEST_F(StartTest, AnyOtherErrorIsToldAndEndsTheLoad) {
     OpenScannerLibrary = []() -> void* { throw RuntimeError(kDeviceError); };
-    std::string icon;
-    const DialogScript script({[&](QWidget& dialog) {
-        icon = IconOf(dialog);
-        PressButton(dialog, "OK");
-    }});
+    const DialogScript script({PressesButton("OK")});
     Start();
-    EXPECT_NE(script.Dialog(0).text.find("Erro de Arranque(Main) nº 57"), std::string::npos);
-    EXPECT_EQ(script.Dialog(0).title, "Pintalux64");
-    EXPECT_EQ(icon, "none");
+    EXPECT_EQ(script.Dialog(0),
+              (DialogScript::Seen{"none", "Pintalux64", "Erro de Arranque(Main) nº 57", "OK"}));
     EXPECT_NE(CurrentTool, kPenTool);
     EXPECT_FALSE(frmMain->Timer1.Enabled());
 }

@@ -44,14 +44,11 @@ TEST_F(CloseTest, ANewDocumentClosesWithoutAWord) {
 TEST_F(CloseTest, AnEditedDocumentIsAskedFor) {
     frmImage& image = NewDocument(10, 10);
     Edit(image, kBlack);
-    std::string icon;
-    const DialogScript script({[&](QWidget& dialog) {
-        icon = IconOf(dialog);
-        PressButton(dialog, "Não");
-    }});
+    const DialogScript script({PressesButton("Não")});
     EXPECT_TRUE(image.Unload());
-    EXPECT_EQ(script.Dialog(0).title, "VALMERO Multimédia");
-    EXPECT_NE(script.Dialog(0).text.find(std::string(kQuestion) + "Imagem 1 ?"), std::string::npos);
+    EXPECT_EQ(script.Dialog(0),
+              (DialogScript::Seen{"question", "VALMERO Multimédia",
+                                  "Pretende Salvar as alterações para Imagem 1 ?", "Sim|Não|Cancelar"}));
     EXPECT_EQ(ImageCount, 0);
 }
 

@@ -297,16 +297,11 @@ TEST_F(ClipTrayTest, ClickClearsTheClipboardFirstAndIsHeardTwice) {
 TEST_F(ClipTrayTest, ClearAsksAndNoKeepsEverything) {
     StartMonitor();
     Copies(2);
-    std::string icon;
-    const DialogScript script({[&icon](QWidget& dialog) {
-        icon = IconOf(dialog);
-        PressButton(dialog, "Não");
-    }});
+    const DialogScript script({PressesButton("Não")});
     ClickWidget(WidgetFor(frmMain->cmdClear));
-    EXPECT_EQ(script.Dialog(0).title, "VALMERO Multimédia");
-    EXPECT_NE(script.Dialog(0).text.find("Tem certeza que deseja limpar a area de transferência ?"),
-              std::string::npos);
-    EXPECT_EQ(icon, "question");
+    EXPECT_EQ(script.Dialog(0),
+              (DialogScript::Seen{"question", "VALMERO Multimédia",
+                                  "Tem certeza que deseja limpar a area de transferência ?", "Sim|Não"}));
     EXPECT_EQ(Filled(), 2);
     EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP));
 }

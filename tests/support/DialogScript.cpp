@@ -14,6 +14,12 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <ostream>
+
 namespace pintalux {
 
 struct DialogScript::State {
@@ -26,11 +32,44 @@ namespace {
 
 constexpr int kLookEvery = 3; // milliseconds
 
-std::string TextsOf(const QWidget& dialog) {
+std::string LabelsOf(const QWidget& dialog) {
     QStringList texts;
     for (const QLabel* label : dialog.findChildren<QLabel*>())
         texts += label->text();
     return texts.join("\n").toStdString();
+}
+
+std::string ButtonsOf(const QWidget& dialog) {
+    QList<QAbstractButton*> buttons = dialog.findChildren<QAbstractButton*>();
+    buttons.removeIf([](const QAbstractButton* button) { return !button->isVisible(); });
+    std::sort(buttons.begin(), buttons.end(), [&](const QAbstractButton* a, const QAbstractButton* b) {
+        return a->mapTo(&dialog, QPoint()).x() < b->mapTo(&dialog, QPoint()).x();
+    });
+    QStringList captions;
+    for (const QAbstractButton* button : buttons)
+        captions += button->text().remove('&');
+    return captions.join('|').toStdString();
+}
+
+const char* IconOf(const QMessageBox& box) {
+    switch (box.icon()) {
+    case QMessageBox::Critical:
+        return "critical";
+    case QMessageBox::Question:
+        return "question";
+    case QMessageBox::Warning:
+        return "exclamation";
+    case QMessageBox::Information:
+        return "information";
+    default:
+        return "none";
+    }
+}
+
+DialogScript::Seen Look(const QWidget& dialog) {
+    const auto* box = dynamic_cast<const QMessageBox*>(&dialog);
+    return {box ? IconOf(*box) : "", dialog.windowTitle().toStdString(),
+            box ? box->text().toStdString() : LabelsOf(dialog), ButtonsOf(dialog)};
 }
 
 bool Holds(const std::vector<QPointer<QWidget>>& handled, const QWidget* dialog) {
@@ -41,19 +80,19 @@ bool Holds(const std::vector<QPointer<QWidget>>& handled, const QWidget* dialog)
 }
 
 template <class S>
-void Look(const std::weak_ptr<S>& weak) {
+void Follow(const std::weak_ptr<S>& weak) {
     const std::shared_ptr<S> state = weak.lock();
     if (!state) return;
     // A single shot, so that dialogs shown within a step are seen too.
-    QTimer::singleShot(kLookEvery, qApp, [weak] { Look(weak); });
+    QTimer::singleShot(kLookEvery, qApp, [weak] { Follow(weak); });
     QWidget* dialog = QApplication::activeModalWidget();
     if (dialog == nullptr || !dialog->isVisible() || Holds(state->handled, dialog)) return;
     state->handled.emplace_back(dialog);
-    state->seen.push_back({dialog->windowTitle().toStdString(), TextsOf(*dialog)});
+    state->seen.push_back(Look(*dialog));
     if (state->seen.size() <= state->steps.size()) {
         state->steps[state->seen.size() - 1](*dialog);
     } else {
-        ADD_FAILURE() << "unexpected dialog: " << state->seen.back().title << ": " << state->seen.back().text;
+        ADD_FAILURE() << "unexpected dialog: " << testing::PrintToString(state->seen.back());
         dialog->close();
     }
 }
@@ -63,7 +102,7 @@ void Look(const std::weak_ptr<S>& weak) {
 DialogScript::DialogScript(std::vector<Step> steps) : state_(std::make_shared<DialogScript::State>()) {
     state_->steps = std::move(steps);
     const std::weak_ptr<DialogScript::State> weak = state_;
-    QTimer::singleShot(0, qApp, [weak] { Look(weak); });
+    QTimer::singleShot(0, qApp, [weak] { Follow(weak); });
 }
 
 DialogScript::~DialogScript() {
@@ -77,6 +116,45 @@ std::size_t DialogScript::Count() const {
 DialogScript::Seen DialogScript::Dialog(std::size_t n) const {
     return n < state_->seen.size() ? state_->seen[n] : Seen{};
 }
+
+void PrintTo(const DialogScript::Seen& seen, std::ostream* out) {
+    *out << "{" << seen.icon << "} \"" << seen.title << "\": \"" << seen.text << "\" [" << seen.buttons
+         << "]";
+}
+
+// A watch whose dialog is the same at a hundred looks in a row.
+struct DialogWatch::Native {
+    static constexpr int kLookEvery = 100; // milliseconds
+    static constexpr int kPatience = 100;  // looks
+
+    QTimer timer;
+    QPointer<QWidget> dialog;
+    int looks = 0;
+
+    void Look();
+};
+
+void DialogWatch::Native::Look() {
+    QWidget* const now = QApplication::activeModalWidget();
+    looks = now != nullptr && now == dialog ? looks + 1 : 0;
+    dialog = now;
+    if (looks < kPatience) return;
+    const std::string text = testing::PrintToString(pintalux::Look(*now));
+    if (looks > kPatience) {
+        std::fprintf(stderr, "a dialog cannot be closed: %s\n", text.c_str());
+        std::abort();
+    }
+    ADD_FAILURE() << "nobody answers " << text;
+    now->close();
+}
+
+DialogWatch::DialogWatch() : native_(std::make_unique<Native>()) {
+    QObject::connect(&native_->timer, &QTimer::timeout, &native_->timer,
+                     [native = native_.get()] { native->Look(); });
+    native_->timer.start(Native::kLookEvery);
+}
+
+DialogWatch::~DialogWatch() = default;
 
 void PressButton(QWidget& dialog, const std::string& text) {
     for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
@@ -121,23 +199,6 @@ DialogScript::Step ChoosesFile(const std::string& path, int filterIndex) {
 
 DialogScript::Step PressesEscape() {
     return [](QWidget& dialog) { Type(dialog, "\x1b"); };
-}
-
-std::string IconOf(QWidget& dialog) {
-    const auto* box = dynamic_cast<QMessageBox*>(&dialog);
-    if (box == nullptr) return "no message box";
-    switch (box->icon()) {
-    case QMessageBox::Critical:
-        return "critical";
-    case QMessageBox::Question:
-        return "question";
-    case QMessageBox::Warning:
-        return "exclamation";
-    case QMessageBox::Information:
-        return "information";
-    default:
-        return "none";
-    }
 }
 
 } // namespace pintalux

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <iosfwd>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,10 +15,14 @@ namespace pintalux {
 class DialogScript {
   public:
     using Step = std::function<void(QWidget& dialog)>;
-    /// A dialog as the user saw it: title, and the texts of its labels, line by line.
+    /// A dialog as the user saw it when it came.
     struct Seen {
+        std::string
+            icon; ///< Of a message box: "critical", "question", "exclamation", "information" or "none".
         std::string title;
-        std::string text;
+        std::string text;    ///< Of a message box; of other dialogs the texts of the labels, line by line.
+        std::string buttons; ///< Captions from left to right, with bars between them: "Sim|Não|Cancelar".
+        bool operator==(const Seen&) const = default;
     };
 
     explicit DialogScript(std::vector<Step> steps = {});
@@ -35,6 +40,23 @@ class DialogScript {
     std::shared_ptr<State> state_;
 };
 
+/// All four words of a message, for the failure's text.
+void PrintTo(const DialogScript::Seen& seen, std::ostream* out);
+
+/// While it lives no dialog stays longer than ten seconds: it fails the test by its title and text and is
+/// closed. One that cannot be closed ends the run.
+class DialogWatch {
+  public:
+    DialogWatch();
+    ~DialogWatch();
+    DialogWatch(const DialogWatch&) = delete;
+    DialogWatch& operator=(const DialogWatch&) = delete;
+
+  private:
+    struct Native;
+    std::unique_ptr<Native> native_;
+};
+
 /// Presses the button with this text; an ampersand in its caption does not count.
 void PressButton(QWidget& dialog, const std::string& text);
 DialogScript::Step PressesButton(const std::string& text);
@@ -45,8 +67,5 @@ DialogScript::Step ClosesDialog();
 DialogScript::Step ChoosesFile(const std::string& path, int filterIndex = 0);
 /// Presses Escape.
 DialogScript::Step PressesEscape();
-
-/// The icon of a message box: "critical", "question", "exclamation", "information" or "none".
-std::string IconOf(QWidget& dialog);
 
 } // namespace pintalux

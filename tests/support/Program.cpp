@@ -1,23 +1,26 @@
 #include "support/Program.h"
 
+#include "support/DialogScript.h"
+
 #include "devices/sane/SaneCalls.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "document/Workspace.h"
-#include "files/FileNames.h"
+#include "imageops/frmFiltBrow.h"
+#include "imageops/RandomNumbers.h"
+#include "selection/ModClipHook.h"
 #include "settings/frmPrefs.h"
+#include "settings/RecentFiles.h"
 #include "surface/system/App.h"
+#include "surface/system/CommonDialog.h"
 #include "surface/system/Pictures.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
+#include "surface/window/Screen.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
 #include <QElapsedTimer>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QTimer>
 #include <unistd.h>
@@ -26,6 +29,7 @@ namespace pintalux {
 
 namespace {
 
+// Every variable that a header of the program defines, as the program finds it at its start.
 void ResetGlobals() {
     ImageCount = 0;
     NewImageMode = false;
@@ -34,8 +38,21 @@ void ResetGlobals() {
     NewColorIndex = 0;
     NewCancelled = CloseCancelled = false;
     RulersOn = false;
+    ZoomOldWidth = 0;
+    ZoomRatio = 1;
+    ScrollRatioV = ScrollRatioH = 0;
     CurrentTool = 0;
     FreeSelActive = FreePasteActive = PasteFloating = false;
+    FiltIndex = FiltLevel = 0;
+    FiltCancelled = false;
+    ClipCaptureOff = false;
+    OldWindowProc = {};
+    MRUlimit = 0;
+    CommonDialog1 = {};
+    TheRandomNumbers = RandomNumbers{};
+    frmMainForm::Closing = false;
+    LockWindowUpdate(nullptr);
+    Screen.MousePointer(kPointerDefault);
 }
 
 Qt::MouseButton ToolkitButton(int button) {
@@ -65,23 +82,6 @@ void SendKey(QWidget& widget, int key, const QString& text,
         QKeyEvent event(type, key, modifiers, text);
         QCoreApplication::sendEvent(&widget, &event);
     }
-}
-
-void Poll(const std::function<bool()>& ready, const std::function<void()>& act, int tries = 1000) {
-    QTimer::singleShot(5, qApp, [=] {
-        if (ready()) {
-            act();
-        } else if (tries > 0) {
-            Poll(ready, act, tries - 1);
-        }
-    });
-}
-
-std::string TextsOf(const QWidget& dialog) {
-    QStringList texts;
-    for (const QLabel* label : dialog.findChildren<QLabel*>())
-        texts += label->text();
-    return texts.join("\n").toStdString();
 }
 
 } // namespace
@@ -201,33 +201,6 @@ void PassEvents() {
 void EndEventLoop() {
     QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
     QCoreApplication::exec();
-}
-
-void WhenDialogShows(std::function<void(QWidget& dialog)> act) {
-    QWidget* const before = QApplication::activeModalWidget();
-    const auto shown = [before] {
-        const QWidget* dialog = QApplication::activeModalWidget();
-        return dialog != nullptr && dialog != before && dialog->isVisible();
-    };
-    Poll(shown, [act] { act(*QApplication::activeModalWidget()); });
-}
-
-std::shared_ptr<DialogTexts> AnswerNextDialog(const std::string& buttonText) {
-    auto texts = std::make_shared<DialogTexts>();
-    WhenDialogShows([texts, buttonText](QWidget& dialog) {
-        texts->shown = true;
-        texts->title = dialog.windowTitle().toStdString();
-        texts->text = TextsOf(dialog);
-        for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
-            if (button->isVisible() && button->text().remove('&').toStdString() == buttonText) {
-                button->click();
-                return;
-            }
-        }
-        ADD_FAILURE() << "no button " << buttonText << " in " << texts->title << ": " << texts->text;
-        dialog.close();
-    });
-    return texts;
 }
 
 QWidget* Find(QWidget& parent, const std::string& name) {

@@ -5,6 +5,7 @@
 #include "app/frmMain.h"
 #include "base/RuntimeError.h"
 #include "document/frmImage.h"
+#include "support/DialogScript.h"
 
 #include <filesystem>
 #include <functional>
@@ -44,6 +45,7 @@ class ProgramTest : public ::testing::Test {
 
   private:
     std::filesystem::path root_;
+    const DialogWatch watch_;
 };
 
 // The hand on the image: view pixels of `Image1`; buttons as in `MouseButtonBits`.
@@ -58,16 +60,6 @@ bool WaitFor(const std::function<bool()>& condition, int milliseconds = 5000);
 void PassEvents();
 /// What follows the unload of the main window: the end of the event loop. Before it no dialog can show again.
 void EndEventLoop();
-
-/// Does something to the next modal dialog that appears. To be called before the statement that shows it.
-void WhenDialogShows(std::function<void(QWidget& dialog)> act);
-/// Presses the button with this text in the next dialog; the dialog's texts (title, then labels) come back.
-struct DialogTexts {
-    bool shown = false;
-    std::string title;
-    std::string text;
-};
-std::shared_ptr<DialogTexts> AnswerNextDialog(const std::string& buttonText);
 
 /// The control of a form by its code name, as a toolkit widget. Fails the test and gives null if there is
 /// none.
