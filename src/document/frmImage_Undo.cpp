@@ -92,8 +92,8 @@ std::string frmImage::MyRedo() {
     return path;
 }
 
-// Intended: pixels and twips are added as they stand, so that a lost state leaves a window that is plainly
-// too small to be taken for an image.
+// Intended: pixels and twips are added as they stand, so that a blanked image leaves a window that is plainly
+// too small to be taken for one.
 void frmImage::Blankme() {
     PicMerge.Picture(LoadPicture());
     if (RulersOn) {

@@ -88,18 +88,20 @@ void frmNewForm::cmdOK_Click() {
                kMessageTitle);
         return;
     }
-    NewCancelled = false;
-    confirmed_ = true;
-    NewHeight = ToInt32(Val(txtPXh.Text()));
-    NewWidth = ToInt32(Val(txtPXw.Text()));
+    const std::int32_t height = ToInt32(Val(txtPXh.Text()));
+    const std::int32_t width = ToInt32(Val(txtPXw.Text()));
     NewBackColor = BackgroundOf(Combo1.ListIndex());
     NewColorIndex = ToInt16(Combo1.ListIndex());
-    // Intended: this refusal comes after the confirmation was noted, so that size and colour typed here are
-    // kept.
-    if (NewHeight > kLargestSide || NewWidth > kLargestSide) {
+    // Intended: this refusal comes after the colour was noted, so that the next New proposes it; the size is
+    // not taken, since no state of such an image could be recorded.
+    if (height > kLargestSide || width > kLargestSide) {
         MsgBox("Imagem muito Grande !", BoxButtons::Ok, BoxIcon::Critical, kMessageTitle);
         return;
     }
+    NewHeight = height;
+    NewWidth = width;
+    NewCancelled = false;
+    confirmed_ = true;
     Unload();
 }
 

@@ -148,9 +148,9 @@ TEST_F(NewDialogTest, ASizeOf0IsRefusedAndTheDialogStays) {
             PressOk();
         },
         {PressesButton("OK")});
-    EXPECT_NE(message.text.find("Tamanho inválido. Insira um valor entre 1 e 32767 pixeis."),
-              std::string::npos);
-    EXPECT_EQ(message.title, "VALMERO Multimédia");
+    EXPECT_EQ(message,
+              (DialogScript::Seen{"none", "VALMERO Multimédia",
+                                  "Tamanho inválido. Insira um valor entre 1 e 32767 pixeis.", "OK"}));
     EXPECT_EQ(Image().PicMerge.Width(), 20);
 }
 
@@ -168,7 +168,6 @@ TEST_F(NewDialogTest, AnEmptyTextIsRefused) {
 }
 
 TEST_F(NewDialogTest, ASizeOver32000IsTooLargeThough32767WasNamed) {
-    std::string icon;
     InNew(
         [] {
             EnterSize(32001, 2);
@@ -177,28 +176,44 @@ TEST_F(NewDialogTest, ASizeOver32000IsTooLargeThough32767WasNamed) {
             EnterSize(32000, 2);
             PressOk();
         },
-        {[&](QWidget& dialog) {
-            icon = IconOf(dialog);
-            PressButton(dialog, "OK");
-        }});
-    EXPECT_NE(message.text.find("Imagem muito Grande !"), std::string::npos);
-    EXPECT_EQ(icon, "critical");
+        {PressesButton("OK")});
+    EXPECT_EQ(message, (DialogScript::Seen{"critical", "VALMERO Multimédia", "Imagem muito Grande !", "OK"}));
     EXPECT_EQ(Image().PicMerge.Width(), 32000);
     EXPECT_EQ(Image().PicMerge.Height(), 2);
 }
 
-TEST_F(NewDialogTest, CancelAfterTheRefusalStillTakesTheSizeTyped) {
+TEST_F(NewDialogTest, CancelAfterTheRefusalMakesNoImageAndKeepsTheColour) {
     InNew(
         [] {
             EnterSize(32001, 1);
             frmNew->Combo1.ListIndex(1);
             PressOk();
+            EXPECT_EQ(frmNew->txtPXw.Text(), "32001");
             PressCancel();
         },
         {PressesButton("OK")});
-    ASSERT_EQ(ImageCount, 1);
-    EXPECT_EQ(Image().PicMerge.Width(), 32001);
-    EXPECT_EQ(CornerOf(Image()), kBlack);
+    EXPECT_TRUE(NewCancelled);
+    EXPECT_EQ(ImageCount, 0);
+    InNew([] {
+        EXPECT_EQ(frmNew->Combo1.Text(), "Preto");
+        PressCancel();
+    });
+}
+
+TEST_F(NewDialogTest, ARefusedSizeIsNotTheOneThatALaterWindowStartsWith) {
+    InNew([] {
+        EnterSize(50, 40);
+        PressOk();
+    });
+    InNew(
+        [] {
+            EnterSize(7, 32001);
+            PressOk();
+            PressCancel();
+        },
+        {PressesButton("OK")});
+    NewImageWindow();
+    ExpectSamePixels(ImageOf(Image()), Solid(50, 40, kWhite));
 }
 
 TEST_F(NewDialogTest, EveryOtherWayOutMakesNoDocument) {

@@ -164,17 +164,45 @@ TEST_F(UndoTest, ADocumentWithAFileKeepsItsCommandsAtTheFirstState) {
     EXPECT_TRUE(frmMain->mnuFileSave.Enabled());
 }
 
-TEST_F(UndoTest, UndoOfALostStateEmptiesTheImageAndShrinksTheWindow) {
+TEST_F(UndoTest, UndoOfALostStateLeavesImageAndCursorAndSaysWhy) {
     frmImage& image = NewDocument(40, 30, kA);
     Edit(image, kB);
     SettleStates();
     std::filesystem::remove(image.ListBackup.List(0));
-    Choose(frmMain->mnuEditUndo);
+    const double width = image.Width();
+    const DialogScript script({PressesButton("OK")});
+    EXPECT_EQ(Undo(image), kB);
+    EXPECT_EQ(script.Dialog(0),
+              (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
+                                  "Não consegui ler o estado guardado. A imagem fica como está.\n\n"
+                                  "Ficheiro não encontrado: " +
+                                      image.ListBackup.List(0),
+                                  "OK"}));
+    EXPECT_EQ(image.ListBUorder.ListIndex(), 1);
+    EXPECT_EQ(image.PicMerge.Width(), 40);
+    EXPECT_EQ(image.Width(), width);
+    EXPECT_FALSE(ScreenLocked());
+    ExpectEnabled(true, false);
+}
+
+TEST_F(UndoTest, AStateOfTheRightLengthThatIsNoPictureIsNotWalkedTo) {
+    frmImage& image = NewDocument(40, 30, kA);
+    Edit(image, kB);
+    Edit(image, kC);
+    SettleStates();
+    PutBytes(image.ListBackup.List(1),
+             std::string(std::filesystem::file_size(image.ListBackup.List(1)), 'x'));
+    const DialogScript script({PressesButton("OK")});
+    EXPECT_EQ(Undo(image), kC);
+    EXPECT_EQ(image.ListBUorder.ListIndex(), 2);
+}
+
+TEST_F(UndoTest, BlankmeEmptiesTheImageAndShrinksTheWindow) {
+    frmImage& image = NewDocument(40, 30, kA);
+    image.Blankme();
     EXPECT_TRUE(image.PicMerge.Picture().Empty());
     EXPECT_EQ(image.Width(), 40 + 120);
     EXPECT_EQ(image.Height(), 30 + 420);
-    EXPECT_FALSE(ScreenLocked());
-    EXPECT_EQ(Redo(image), kB);
 }
 
 TEST_F(UndoTest, WithRulersTheirTwipsAreAddedToTheShrunkenWindow) {
@@ -191,7 +219,10 @@ TEST_F(UndoTest, RedoOfALostStateChangesNothing) {
     Undo(image);
     SettleStates();
     std::filesystem::remove(image.ListBackup.List(1));
+    const DialogScript script({PressesButton("OK")});
     EXPECT_EQ(Redo(image), kA);
+    EXPECT_NE(script.Dialog(0).text.find(image.ListBackup.List(1)), std::string::npos);
+    EXPECT_EQ(image.ListBUorder.ListIndex(), 0);
     EXPECT_EQ(image.PicMerge.Width(), 40);
     EXPECT_FALSE(ScreenLocked());
 }
@@ -202,6 +233,7 @@ TEST_F(UndoTest, AStateFileOfAnotherLengthCountsAsLost) {
     Undo(image);
     SettleStates();
     std::filesystem::resize_file(image.ListBackup.List(1), 100);
+    const DialogScript script({PressesButton("OK")});
     EXPECT_EQ(Redo(image), kA);
 }
 
