@@ -1,5 +1,6 @@
 #include "app/StopMessage.h"
 
+#include "app/frmMain.h"
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
 #include "document/frmImage.h"
@@ -7,16 +8,20 @@
 #include "document/Workspace.h"
 #include "files/TempFiles.h"
 #include "surface/system/App.h"
+#include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
 #include "surface/system/Pictures.h"
+#include "surface/window/Events.h"
 #include "surface/window/MDIForm.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 
 namespace pintalux {
 
 std::function<void(int code)> EndProcess = [](int code) { std::_Exit(code); };
+std::function<std::chrono::steady_clock::time_point()> StopClock = std::chrono::steady_clock::now;
 
 namespace {
 
@@ -35,42 +40,113 @@ std::optional<std::string> SaveInto(const std::string& folder, const Picture& pi
     return path;
 }
 
-std::optional<std::string> Rescue(const frmImage& image) {
+std::optional<RescuedImage> Rescue(const frmImage& image) {
     std::optional<std::string> path;
     ResumeNext([&] { path = StateOnDisk(image); });
+    if (path) return RescuedImage{*path, false};
     const Picture picture = image.PicMerge.Image();
     for (const std::string& folder : {std::string{}, App.Path() + "/", std::string("/tmp/")}) {
-        if (path) break;
         ResumeNext([&] { path = SaveInto(folder, picture); });
+        if (path) return RescuedImage{*path, true};
     }
-    return path;
+    return {};
 }
 
 } // namespace
 
-std::vector<std::string> RescueDocuments() {
-    std::vector<std::string> paths;
-    if (TheWorkspace.window == nullptr) return paths;
+std::vector<RescuedImage> RescueDocuments() {
+    std::vector<RescuedImage> images;
+    if (TheWorkspace.window == nullptr) return images;
     ResumeNext([] { States().Settle(); });
     for (const auto& child : TheWorkspace.window->Children()) {
-        std::optional<std::string> path;
-        ResumeNext([&] { path = Rescue(static_cast<const frmImage&>(*child)); });
-        if (path) paths.push_back(*path);
+        ResumeNext([&] {
+            if (const auto image = Rescue(static_cast<const frmImage&>(*child))) images.push_back(*image);
+        });
     }
-    return paths;
+    return images;
 }
 
+namespace {
+
+// One message at a time: an error while it shows adds nothing.
+class Showing {
+  public:
+    Showing() { shows = true; }
+    ~Showing() { shows = false; }
+    Showing(const Showing&) = delete;
+    Showing& operator=(const Showing&) = delete;
+    static inline bool shows = false;
+};
+
+std::string WithPaths(std::string text, const std::vector<RescuedImage>& images) {
+    if (!images.empty()) text += "\n\nAs imagens abertas ficam guardadas em:";
+    for (const RescuedImage& image : images)
+        text += "\n" + image.path;
+    return text;
+}
+
+// Rescues and tells; true if the button of this place, from 0, was not the first.
+bool TellAndAsk(const std::string& text, const std::vector<std::string>& buttons, BoxIcon icon,
+                const std::string& title) {
+    const std::vector<RescuedImage> images = RescueDocuments();
+    std::size_t pressed = 0;
+    ResumeNext([] { LockWindowUpdate(nullptr); },
+               [&] { pressed = MsgBox(WithPaths(text, images), buttons, icon, title); });
+    if (pressed == 0) return false;
+    for (const RescuedImage& image : images)
+        if (image.madeNow) ResumeNext([&] { DeleteFile(image.path); });
+    return true;
+}
+
+// An error that was told: the handler that it ended, and its number.
+struct ToldError {
+    std::string handler;
+    int number;
+    std::chrono::steady_clock::time_point when;
+};
+std::vector<ToldError> toldErrors;
+
+bool ToldLately(const ToldError& error) {
+    std::erase_if(toldErrors,
+                  [&](const ToldError& told) { return error.when - told.when >= std::chrono::minutes(1); });
+    return std::any_of(toldErrors.begin(), toldErrors.end(), [&](const ToldError& told) {
+        return told.handler == error.handler && told.number == error.number;
+    });
+}
+
+// Before the main window shows there is nothing to go on with, and at the end its parts are gone.
+bool CanGoOn() {
+    return TheWorkspace.window != nullptr && TheWorkspace.window->Visible() && !frmMainForm::Closing;
+}
+
+bool GoesOn(const RuntimeError& error) {
+    const std::string text = "Erro de execução '" + NumberText(error.Number()) + "':\n\n" + error.Text();
+    if (!CanGoOn()) return TellAndAsk(text, {"Terminar"}, BoxIcon::Critical, {});
+    const ToldError told = {FailedHandler(), error.Number(), StopClock()};
+    if (ToldLately(told)) return true;
+    if (!TellAndAsk(text, {"Terminar", "Continuar"}, BoxIcon::Critical, {})) return false;
+    toldErrors.push_back(told);
+    return true;
+}
+
+} // namespace
+
 void StopProgram(const RuntimeError& error) {
-    static bool stopping = false;
-    if (stopping) return; // A second error, while the message shows, adds nothing.
-    stopping = true;
-    std::string text = "Erro de execução '" + NumberText(error.Number()) + "':\n\n" + error.Text();
-    const std::vector<std::string> paths = RescueDocuments();
-    if (!paths.empty()) text += "\n\nAs imagens abertas ficam guardadas em:";
-    for (const std::string& path : paths)
-        text += "\n" + path;
-    ResumeNext([&] { LockWindowUpdate(nullptr); }, [&] { MsgBox(text, BoxButtons::Ok, BoxIcon::Critical); });
-    stopping = false;
+    if (Showing::shows) return;
+    bool goesOn = false;
+    {
+        const Showing showing;
+        ResumeNext([&] { goesOn = GoesOn(error); });
+    }
+    if (!goesOn) EndProcess(1);
+}
+
+void EndWithMessage(const std::string& message, const std::string& title) {
+    if (Showing::shows) return;
+    {
+        const Showing showing;
+        ResumeNext([&] { TellAndAsk(message, {"OK"}, BoxIcon::None, title); });
+    }
     EndProcess(1);
 }
 

@@ -5,14 +5,15 @@
 #include "surface/system/App.h"
 #include "surface/window/Events.h"
 
+#include <csignal>
+
 int main(int argc, char** argv) {
     using namespace pintalux;
+    // A limit on the size of files is an error of the write, like a full disk; not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
     Application application(argc, argv);
     OnUntrappedError = StopProgram;
-    EndProgram = [] {
-        RescueDocuments();
-        EndProcess(1);
-    };
+    EndProgram = EndWithMessage;
     RunEvent(EventKind::Ordinary, [] {
         if (frmMain->HandedOver()) EndProcess(0);
         frmMain->Show();

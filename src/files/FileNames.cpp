@@ -3,14 +3,14 @@
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
 #include "surface/system/FileLayer.h"
-#include "surface/system/MsgBox.h"
 
 #include <cstdlib>
 #include <filesystem>
 
 namespace pintalux {
 
-std::function<void()> EndProgram = [] { std::exit(1); };
+std::function<void(const std::string&, const std::string&)> EndProgram =
+    [](const std::string&, const std::string&) { std::exit(1); };
 
 namespace {
 
@@ -54,9 +54,7 @@ bool FileExists(const std::string& path) {
     try {
         return FileDateReadable(path);
     } catch (const RuntimeError& error) {
-        MsgBox("Erro Nº: " + NumberText(error.Number()) + "\n " + error.Text(), BoxButtons::Ok, BoxIcon::None,
-               "Erro");
-        EndProgram();
+        EndProgram("Erro Nº: " + NumberText(error.Number()) + "\n " + error.Text(), "Erro");
         return false;
     }
 }

@@ -23,13 +23,13 @@ std::string DirectoryOf(const std::string& path);
 /// first that `FileExists` does not find.
 std::string UniqueFileName(const std::string& path);
 
-/// True when the file's date can be read. Errors 53, 68 and 76 mean false. Any other shows its number and
-/// text in a box titled "Erro" and ends the program at once.
+/// True when the file's date can be read. Errors 53, 68 and 76 mean false. Any other ends the program by
+/// `EndProgram`, with its number and text under the title "Erro".
 bool FileExists(const std::string& path);
 
-/// How the program ends at once: it first sees to it that nothing the user made is lost. Set by the program's
-/// start; tests put their own in its place.
-extern std::function<void()> EndProgram;
+/// How the program ends at once: it first sees to it that nothing the user made is lost, then shows the
+/// message with where that lies. Set by the program's start; tests put their own in its place.
+extern std::function<void(const std::string& message, const std::string& title)> EndProgram;
 
 /// The full path of an existing file, or the input where there is no such file.
 std::string LongFileName(const std::string& path);

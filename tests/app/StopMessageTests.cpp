@@ -25,15 +25,17 @@ class StopMessageTest : public ProgramTest {
         Start();
         frmMain->Timer1.Enabled(false);
         before_ = std::exchange(EndProcess, [this](int code) { codes.push_back(code); });
+        clockBefore_ = std::exchange(StopClock, [this] { return now; });
     }
     void TearDown() override {
         EndProcess = before_;
+        StopClock = clockBefore_;
         FailFileOperation(0, 0);
         ProgramTest::TearDown();
     }
-    // Stops the program and gives the message.
-    DialogScript::Seen Stop(int number) {
-        const DialogScript script({PressesButton("OK")});
+    // Stops the program, presses a button and gives the message.
+    DialogScript::Seen Stop(int number, const std::string& button = "Terminar") {
+        const DialogScript script({PressesButton(button)});
         StopProgram(RuntimeError(number));
         return script.Dialog(0);
     }
@@ -41,19 +43,34 @@ class StopMessageTest : public ProgramTest {
         return message.text.find(path) != std::string::npos;
     }
 
+    // What a handler that fails shows.
+    static DialogScript::Seen Fail(const std::function<void()>& handler) {
+        const auto before = std::exchange(OnUntrappedError, StopProgram);
+        const DialogScript script({PressesButton("Continuar")});
+        RunEvent(EventKind::Ordinary, handler);
+        OnUntrappedError = before;
+        return script.Dialog(0);
+    }
+
     std::vector<int> codes;
+    // An hour on from one test to the next: none finds what another one was told.
+    std::chrono::steady_clock::time_point now = [] {
+        static std::chrono::steady_clock::time_point hour;
+        return hour += std::chrono::hours(1);
+    }();
 
   private:
     std::function<void(int)> before_;
+    std::function<std::chrono::steady_clock::time_point()> clockBefore_;
 };
 
 } // namespace
 
 TEST_F(StopMessageTest, NumberAndTextAreTold) {
-    const DialogScript::Seen message = Stop(kOverflow);
-    EXPECT_EQ(message.title, "Pintalux64");
-    EXPECT_NE(message.text.find("Erro de execução '6':"), std::string::npos) << message.text;
-    EXPECT_NE(message.text.find("Excesso de capacidade"), std::string::npos);
+    EXPECT_EQ(Stop(kOverflow),
+              (DialogScript::Seen{"critical", "Pintalux64",
+                                  "Erro de execução '6':\n\nExcesso de capacidade (overflow)",
+                                  "Terminar|Continuar"}));
     EXPECT_EQ(codes, std::vector<int>{1});
 }
 
@@ -78,19 +95,20 @@ TEST_F(StopMessageTest, TheStateOfEveryDocumentIsNamedAndWhole) {
 TEST_F(StopMessageTest, AnUnfinishedStrokeIsRescuedToo) {
     frmImage& image = NewDocument(30, 20);
     image.PicMerge.PSet(5, 5, kBlack);
-    const std::vector<std::string> paths = RescueDocuments();
-    ASSERT_EQ(paths.size(), 1U);
-    EXPECT_NE(paths[0], image.ListBackup.List(0));
-    ExpectSamePixels(LoadPicture(paths[0]), ImageOf(image));
+    const std::vector<RescuedImage> rescued = RescueDocuments();
+    ASSERT_EQ(rescued.size(), 1U);
+    EXPECT_NE(rescued[0].path, image.ListBackup.List(0));
+    EXPECT_TRUE(rescued[0].madeNow);
+    ExpectSamePixels(LoadPicture(rescued[0].path), ImageOf(image));
 }
 
 TEST_F(StopMessageTest, ALostStateFileIsReplacedByARescueFile) {
     const frmImage& image = NewDocument(30, 20, 0x123456);
     SettleStates();
     std::filesystem::remove(image.ListBackup.List(0));
-    const std::vector<std::string> paths = RescueDocuments();
-    ASSERT_EQ(paths.size(), 1U);
-    ExpectSamePixels(LoadPicture(paths[0]), Solid(30, 20, 0x123456));
+    const std::vector<RescuedImage> rescued = RescueDocuments();
+    ASSERT_EQ(rescued.size(), 1U);
+    ExpectSamePixels(LoadPicture(rescued[0].path), Solid(30, 20, 0x123456));
 }
 
 TEST_F(StopMessageTest, WithoutATemporaryFolderTheRescueGoesBesideTheProgram) {
@@ -113,9 +131,9 @@ TEST_F(StopMessageTest, AStateThatWasOnlyInMemoryIsRescued) {
         Edit(image, 0x00FF00);
         SettleStates();
     }
-    const std::vector<std::string> paths = RescueDocuments();
-    ASSERT_EQ(paths.size(), 1U);
-    ExpectSamePixels(LoadPicture(paths[0]), Solid(700, 700, 0x00FF00));
+    const std::vector<RescuedImage> rescued = RescueDocuments();
+    ASSERT_EQ(rescued.size(), 1U);
+    ExpectSamePixels(LoadPicture(rescued[0].path), Solid(700, 700, 0x00FF00));
 }
 
 TEST_F(StopMessageTest, ADocumentThatCanBeWrittenNowhereIsNotNamed) {
@@ -138,7 +156,7 @@ TEST_F(StopMessageTest, AFailedSaveStopsTheProgramAndLosesNothing) {
     Edit(image, kBlack);
     SettleStates();
     const auto before = std::exchange(OnUntrappedError, StopProgram);
-    const DialogScript script({PressesButton("OK")});
+    const DialogScript script({PressesButton("Terminar")});
     FailFileOperation(3, ENOSPC);
     Choose(frmMain->mnuFileSave);
     OnUntrappedError = before;
@@ -147,6 +165,98 @@ TEST_F(StopMessageTest, AFailedSaveStopsTheProgramAndLosesNothing) {
     EXPECT_TRUE(Names(script.Dialog(0), image.ListBackup.List(1)));
     ExpectSamePixels(LoadPicture(image.ListBackup.List(1)), Solid(30, 20, kBlack));
     ExpectSamePixels(LoadPicture(Folder("pictures") + "/a.bmp"), Solid(30, 20, kWhite));
+    EXPECT_EQ(codes, std::vector<int>{1});
+}
+
+// Behind a fresh edit the writer has not yet come to its file.
+TEST_F(StopMessageTest, AnEditThatIsNotYetWrittenIsRescuedWhole) {
+    frmImage& image = NewDocument(1500, 1100);
+    for (int i = 1; i <= 3; ++i)
+        Edit(image, i);
+    const std::vector<RescuedImage> rescued = RescueDocuments();
+    ASSERT_EQ(rescued.size(), 1U);
+    EXPECT_EQ(rescued[0].path, image.ListBackup.List(3));
+    EXPECT_FALSE(rescued[0].madeNow);
+    ExpectSamePixels(LoadPicture(rescued[0].path), Solid(1500, 1100, 3));
+}
+
+TEST_F(StopMessageTest, ContinuarLeavesTheHandlerAndGoesOn) {
+    frmImage& image = NewDocument(30, 20);
+    Edit(image, 0x0000FF);
+    image.PicMerge.PSet(5, 5, kBlack);
+    bool wentOnInside = false;
+    const DialogScript::Seen message = Fail([&] {
+        image.PicMerge.DrawWidth(0);
+        wentOnInside = true;
+    });
+    EXPECT_TRUE(message.text.starts_with("Erro de execução '380':")) << message.text;
+    EXPECT_FALSE(wentOnInside);
+    EXPECT_TRUE(codes.empty());
+    SettleStates();
+    EXPECT_EQ(StateFileNames().size(), 2U); // the rescue file has gone
+    Choose(frmMain->mnuEditUndo);
+    EXPECT_EQ(CornerOf(image), kWhite);
+}
+
+TEST_F(StopMessageTest, ContinuarIsTheDefault) {
+    const DialogScript script({[](QWidget& dialog) { Type(dialog, "\n"); }, PressesEscape()});
+    StopProgram(RuntimeError(kOverflow));
+    now += std::chrono::minutes(1);
+    StopProgram(RuntimeError(kOverflow));
+    EXPECT_TRUE(codes.empty());
+}
+
+TEST_F(StopMessageTest, TheSameErrorOfAHandlerIsToldOnceAMinute) {
+    const auto poll = [] { throw RuntimeError(kDeviceError); };
+    Fail(poll);
+    now += std::chrono::seconds(59);
+    const auto silent = [&](const std::function<void()>& handler) {
+        const auto before = std::exchange(OnUntrappedError, StopProgram);
+        const DialogScript nothingIsSaid;
+        RunEvent(EventKind::Ordinary, handler);
+        PassEvents();
+        OnUntrappedError = before;
+    };
+    silent(poll);
+    Fail([] { throw RuntimeError(kDeviceError); }); // another handler
+    now += std::chrono::seconds(1);
+    Fail(poll);
+    silent(poll);
+    EXPECT_TRUE(codes.empty());
+}
+
+TEST_F(StopMessageTest, AnErrorWhileTheMessageShowsAddsNothing) {
+    const DialogScript script({[](QWidget& dialog) {
+        StopProgram(RuntimeError(kDeviceError));
+        PressButton(dialog, "Continuar");
+    }});
+    StopProgram(RuntimeError(kOverflow));
+    EXPECT_EQ(script.Count(), 1U);
+    EXPECT_TRUE(codes.empty());
+}
+
+TEST_F(StopMessageTest, AtTheStartAndAtTheEndThereIsTerminarAlone) {
+    const auto buttons = [this] { return Stop(kOverflow).buttons; };
+    EXPECT_EQ(buttons(), "Terminar|Continuar");
+    frmMain->Hide();
+    EXPECT_EQ(buttons(), "Terminar");
+    frmMain->Show();
+    frmMainForm::Closing = true;
+    EXPECT_EQ(buttons(), "Terminar");
+    EXPECT_EQ(codes, (std::vector<int>{1, 1, 1}));
+}
+
+TEST_F(StopMessageTest, TheEndAtOnceRescuesFirstAndNamesTheFiles) {
+    frmImage& image = NewDocument(30, 20);
+    Edit(image, 0x00FF00);
+    const DialogScript script({PressesButton("OK")});
+    EndWithMessage("Erro Nº: 57\n Erro", "Erro");
+    EXPECT_EQ(script.Dialog(0),
+              (DialogScript::Seen{"none", "Erro",
+                                  "Erro Nº: 57\n Erro\n\nAs imagens abertas ficam guardadas em:\n" +
+                                      image.ListBackup.List(1),
+                                  "OK"}));
+    ExpectSamePixels(LoadPicture(image.ListBackup.List(1)), Solid(30, 20, 0x00FF00));
     EXPECT_EQ(codes, std::vector<int>{1});
 }
 

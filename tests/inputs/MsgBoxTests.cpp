@@ -65,6 +65,34 @@ TEST(MsgBox, ShowsItsTextPlainUnderItsTitle) {
     EXPECT_EQ(icon, QMessageBox::Critical);
 }
 
+std::size_t Asking(const std::vector<std::string>& captions, const std::function<void(QMessageBox&)>& act) {
+    const Answer<QMessageBox> answer(act);
+    return MsgBox("Erro", captions, BoxIcon::Critical);
+}
+
+TEST(MsgBox, OwnCaptionsStandFromLeftToRightAndGiveTheirPlaces) {
+    const std::vector<std::string> captions = {"Terminar", "Continuar"};
+    std::vector<int> places;
+    const auto press = [&](const char* text) {
+        return [&places, text](QMessageBox& box) {
+            for (const QAbstractButton* button : box.buttons())
+                places.push_back(button->x());
+            Press(box, text);
+        };
+    };
+    EXPECT_EQ(Asking(captions, press("Terminar")), 0U);
+    EXPECT_EQ(Asking(captions, press("Continuar")), 1U);
+    ASSERT_EQ(places.size(), 4U);
+    EXPECT_LT(places[0], places[1]);
+}
+
+TEST(MsgBox, TheLastOwnCaptionIsTheDefaultAndTheWayOut) {
+    const auto key = [](int code) { return [code](QMessageBox& box) { Key(box, code); }; };
+    EXPECT_EQ(Asking({"Terminar", "Continuar"}, key(Qt::Key_Return)), 1U);
+    EXPECT_EQ(Asking({"Terminar", "Continuar"}, key(Qt::Key_Escape)), 1U);
+    EXPECT_EQ(Asking({"Terminar"}, key(Qt::Key_Escape)), 0U);
+}
+
 TEST(MsgBox, EmptyTitleIsThePrograms) {
     QString title;
     const Answer<QMessageBox> answer([&](QMessageBox& box) {

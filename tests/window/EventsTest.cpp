@@ -13,6 +13,18 @@ TEST(RunEvent, HandsUntrappedErrorsOver) {
     EXPECT_EQ(errors.numbers, (std::vector<int>{kOverflow, kOutOfMemory, kInternalError}));
 }
 
+TEST(RunEvent, NamesTheHandlerThatFailed) {
+    const UntrappedErrors errors;
+    const auto fail = [](const std::function<void()>& handler) {
+        RunEvent(EventKind::Ordinary, handler);
+        return FailedHandler();
+    };
+    const auto first = [] { throw RuntimeError(kOverflow); };
+    const auto second = [] { throw RuntimeError(kOverflow); };
+    EXPECT_EQ(fail(first), fail(first));
+    EXPECT_NE(fail(first), fail(second));
+}
+
 TEST(RunEvent, PointerKindDropsOverflowOnly) {
     UntrappedErrors errors;
     RunEvent(EventKind::Pointer, [] { throw RuntimeError(kOverflow); });

@@ -2,10 +2,11 @@
 
 #include "surface/system/App.h"
 
+#include <algorithm>
+#include <cctype>
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
-#include <utility>
 #include <vector>
 
 namespace pintalux {
@@ -41,41 +42,76 @@ std::vector<BoxAnswer> AnswersOf(BoxButtons buttons) {
     return {BoxAnswer::Ok};
 }
 
-QPushButton* AddButton(QMessageBox& box, BoxAnswer answer) {
+struct Choice {
+    const char* caption;
+    QMessageBox::ButtonRole role;
+    int key; // 0: none but Enter and Escape
+};
+
+Choice ChoiceOf(BoxAnswer answer) {
     switch (answer) {
     case BoxAnswer::Yes:
-        return box.addButton("Sim", QMessageBox::YesRole);
+        return {"Sim", QMessageBox::YesRole, Qt::Key_S};
     case BoxAnswer::No:
-        return box.addButton("Não", QMessageBox::NoRole);
+        return {"Não", QMessageBox::NoRole, Qt::Key_N};
     case BoxAnswer::Cancel:
-        return box.addButton("Cancelar", QMessageBox::RejectRole);
+        return {"Cancelar", QMessageBox::RejectRole, 0};
     case BoxAnswer::Ok:
         break;
     }
-    return box.addButton("OK", QMessageBox::AcceptRole);
+    return {"OK", QMessageBox::AcceptRole, 0};
 }
+
+/// A box over the active window with its buttons, from left to right; the last is what closing it means.
+class Box {
+  public:
+    Box(const std::string& text, BoxIcon icon, const std::string& title)
+        : box_(QApplication::activeWindow()) {
+        box_.setWindowTitle(QString::fromStdString(title.empty() ? App.Title() : title));
+        box_.setTextFormat(Qt::PlainText); // captions and paths come from outside
+        box_.setText(QString::fromStdString(text));
+        box_.setIcon(ToolkitIcon(icon));
+    }
+
+    void Add(const Choice& choice) {
+        QPushButton* button = box_.addButton(QString::fromUtf8(choice.caption), choice.role);
+        if (choice.key != 0) button->setShortcut(QKeySequence(choice.key));
+        buttons_.push_back(button);
+    }
+
+    /// Shows the box; gives the place of the answer, from 0.
+    std::size_t Ask(std::size_t defaultButton) {
+        box_.setDefaultButton(buttons_[defaultButton]);
+        box_.setEscapeButton(buttons_.back());
+        box_.exec();
+        const auto pressed = std::find(buttons_.begin(), buttons_.end(), box_.clickedButton());
+        return pressed == buttons_.end() ? buttons_.size() - 1
+                                         : static_cast<std::size_t>(pressed - buttons_.begin());
+    }
+
+  private:
+    QMessageBox box_;
+    std::vector<QPushButton*> buttons_;
+};
 
 } // namespace
 
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title) {
-    QMessageBox box(QApplication::activeWindow());
-    box.setWindowTitle(QString::fromStdString(title.empty() ? App.Title() : title));
-    box.setTextFormat(Qt::PlainText); // captions and paths come from outside
-    box.setText(QString::fromStdString(text));
-    box.setIcon(ToolkitIcon(icon));
-    std::vector<std::pair<QPushButton*, BoxAnswer>> choices;
-    for (const BoxAnswer answer : AnswersOf(buttons)) {
-        QPushButton* button = AddButton(box, answer);
-        if (answer == BoxAnswer::Yes) button->setShortcut(Qt::Key_S);
-        if (answer == BoxAnswer::No) button->setShortcut(Qt::Key_N);
-        choices.emplace_back(button, answer);
-    }
-    box.setDefaultButton(choices.front().first);
-    box.setEscapeButton(choices.back().first);
-    box.exec();
-    for (const auto& [button, answer] : choices)
-        if (box.clickedButton() == button) return answer;
-    return choices.back().second;
+    const std::vector<BoxAnswer> answers = AnswersOf(buttons);
+    Box box(text, icon, title);
+    for (const BoxAnswer answer : answers)
+        box.Add(ChoiceOf(answer));
+    return answers[box.Ask(0)];
+}
+
+std::size_t MsgBox(const std::string& text, const std::vector<std::string>& captions, BoxIcon icon,
+                   const std::string& title) {
+    Box box(text, icon, title);
+    // The same role for all: the toolkit sorts buttons by their roles.
+    for (const std::string& caption : captions)
+        box.Add(
+            {caption.c_str(), QMessageBox::ActionRole, std::toupper(static_cast<unsigned char>(caption[0]))});
+    return box.Ask(captions.size() - 1);
 }
 
 } // namespace pintalux

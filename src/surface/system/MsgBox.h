@@ -1,8 +1,10 @@
 // Message boxes with Portuguese buttons.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace pintalux {
 
@@ -17,5 +19,10 @@ inline constexpr const char* kMessageTitle = "VALMERO Multimédia";
 /// application's.
 BoxAnswer MsgBox(const std::string& text, BoxButtons buttons = BoxButtons::Ok, BoxIcon icon = BoxIcon::None,
                  const std::string& title = {});
+
+/// The same with captions of the caller's own, from left to right; gives the place of the answer, from 0.
+/// Their first letters press them. The last one is the default button, and what closing the box means.
+std::size_t MsgBox(const std::string& text, const std::vector<std::string>& captions, BoxIcon icon,
+                   const std::string& title = {});
 
 } // namespace pintalux

@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,7 @@ namespace pintalux {
 namespace {
 
 int runningHandlers = 0;
+const std::type_info* failedHandler = nullptr;
 bool idlePosted = false;
 
 std::vector<std::function<void()>>& IdleWork() {
@@ -63,8 +65,13 @@ void RunEvent(EventKind kind, const std::function<void()>& handler) noexcept {
     } catch (...) {
         const RuntimeError error = CurrentError();
         if (kind == EventKind::Pointer && error.Number() == kOverflow) return;
+        failedHandler = &handler.target_type();
         OnUntrappedError(error);
     }
+}
+
+std::string FailedHandler() {
+    return failedHandler ? failedHandler->name() : std::string{};
 }
 
 void WhenIdle(std::function<void()> work) {

@@ -4,6 +4,7 @@
 #include "base/RuntimeError.h"
 
 #include <functional>
+#include <string>
 
 namespace pintalux {
 
@@ -16,8 +17,13 @@ enum class EventKind {
 /// that error 6 in a pointer handler is dropped.
 void RunEvent(EventKind kind, const std::function<void()>& handler) noexcept;
 
-/// Hears of an error that reached the top. The program sets it to its stop message, which does not return.
+/// Hears of an error that reached the top. The program sets it to its stop message. Where that returns, the
+/// handler is left and the program goes on.
 extern std::function<void(const RuntimeError&)> OnUntrappedError;
+
+/// For `OnUntrappedError`: which handler failed, the same text at each of its failures. Handlers that one
+/// statement of the program makes (those of a row of buttons) are the same one.
+std::string FailedHandler();
 
 /// One pass of the pending events.
 void DoEvents();
