@@ -55,7 +55,8 @@ frmMainForm::~frmMainForm() {
 }
 
 std::string HandOffFile() {
-    return App.Path() + "/KLdde.tmp";
+    const std::string folder = App.RunFolder();
+    return folder.empty() ? folder : folder + "/KLdde.tmp";
 }
 
 } // namespace pintalux

@@ -61,9 +61,11 @@ class frmMainForm : public MDIForm,
     void AfterToolChosen(int toolBefore);
     // frmMain_Start.cpp
     void ReadGeometry();
+    void MoveIn();
     void ReadViews();
     void ReadRecentFiles();
     void TakeCommandLine();
+    bool HandOver(const std::string& path);
     void PrintTitles();
     void OpenFirstDocument();
     void EmptyTray();
@@ -84,7 +86,8 @@ class frmMainForm : public MDIForm,
 
 extern AutoForm<frmMainForm> frmMain;
 
-/// The file by which a second instance hands its picture to the running one.
+/// The file by which a second instance hands its picture to the one that holds the lock; empty where the user
+/// has no folder for it.
 std::string HandOffFile();
 
 } // namespace pintalux

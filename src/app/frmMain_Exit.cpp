@@ -29,7 +29,8 @@ void frmMainForm::MDIForm_Unload() {
     Timer1.Enabled(false);
     Timer2.Enabled(false);
     UnloadDialogs();
-    SaveViews();
+    // Who leaves can do nothing about a settings file that cannot be written.
+    ResumeNext([this] { SaveViews(); });
     ClipHookOff(*this);
 }
 

@@ -8,6 +8,7 @@
 #include "document/ImageMenus.h"
 #include "document/Workspace.h"
 #include "files/FileNames.h"
+#include "surface/system/App.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/FileLayer.h"
 
@@ -22,7 +23,8 @@ void frmMainForm::Timer1_Timer() {
 // Intended: the file is deleted before its picture is opened, so that a picture that fails is not tried for
 // ever.
 void frmMainForm::TakeHandOff() {
-    if (!FileExists(HandOffFile())) return;
+    // Of several instances the one that holds the lock takes it; when that one has ended, the next.
+    if (App.PrevInstance() || !FileExists(HandOffFile())) return;
     std::string path;
     ResumeNext([&] { path = ReadTextFile(HandOffFile()); }, [] { DeleteFile(HandOffFile()); });
     if (!FileExists(path)) return;

@@ -12,23 +12,35 @@
 #include "surface/system/App.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
+#include "surface/window/Screen.h"
 
+#include <charconv>
+#include <cmath>
 #include <span>
 
 namespace pintalux {
 
 namespace {
 
-bool TrueSetting(const char* key, const char* defaultWord) {
-    return Setting(key, defaultWord) == "True";
+// A stored word; any other, after an edit by hand, counts as the default.
+bool TrueSetting(const char* key, bool defaultValue) {
+    const std::string word = Setting(key, {});
+    return word == "True" || (defaultValue && word != "False");
 }
 
-// Gives the window the stored measure of a key; one that it refuses, after an edit by hand, counts as the
-// default.
+// The number of a stored text; the default where the text is more or less than a number.
+double Measure(const std::string& text, double defaultTwips) {
+    double twips = 0;
+    const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), twips);
+    const bool whole = failure == std::errc{} && end == text.data() + text.size() && std::isfinite(twips);
+    return whole ? twips : defaultTwips;
+}
+
+// Gives the window the stored measure of a key; one that it refuses counts as the default.
 template <class Assign>
 void TakeMeasure(const char* key, double defaultTwips, Assign assign) {
     try {
-        assign(Val(Setting(key, NumberText(defaultTwips))));
+        assign(Measure(Setting(key, {}), defaultTwips));
     } catch (const RuntimeError&) {
         assign(defaultTwips);
     }
@@ -60,13 +72,23 @@ void frmMainForm::ReadGeometry() {
     TakeMeasure("MainTop", 1000, [this](double twips) { MDIForm::Top(twips); });
     TakeMeasure("MainWidth", 6500, [this](double twips) { MDIForm::Width(twips); });
     TakeMeasure("MainHeight", 6500, [this](double twips) { MDIForm::Height(twips); });
+    MoveIn();
+}
+
+// A screen that is gone must not take the window along.
+void frmMainForm::MoveIn() {
+    const CursorPosition stored = {static_cast<int>(MDIForm::Left() / kTwipsPerPixel),
+                                   static_cast<int>(MDIForm::Top() / kTwipsPerPixel)};
+    const CursorPosition reachable = Screen.Reachable(stored, PixelWidth(), PixelHeight());
+    if (reachable.x != stored.x) MDIForm::Left(reachable.x * kTwipsPerPixel);
+    if (reachable.y != stored.y) MDIForm::Top(reachable.y * kTwipsPerPixel);
 }
 
 void frmMainForm::ReadViews() {
-    mnuViewRulers.Checked(TrueSetting("Rulers", "False"));
-    mnuViewToolbar.Checked(TrueSetting("Toolbar", "True"));
-    mnuViewColorBox.Checked(TrueSetting("ColorBox", "True"));
-    mnuViewSettingsBar.Checked(TrueSetting("SettingsBar", "True"));
+    mnuViewRulers.Checked(TrueSetting("Rulers", false));
+    mnuViewToolbar.Checked(TrueSetting("Toolbar", true));
+    mnuViewColorBox.Checked(TrueSetting("ColorBox", true));
+    mnuViewSettingsBar.Checked(TrueSetting("SettingsBar", true));
     RulersOn = mnuViewRulers.Checked();
     ToolsTB.Visible(mnuViewToolbar.Checked());
     ColTB.Visible(mnuViewColorBox.Checked());
@@ -84,16 +106,22 @@ void frmMainForm::TakeCommandLine() {
     const std::string command = App.Command();
     const bool secondInstance = App.PrevInstance();
     if (command.empty()) return;
-    // Intended: only a file goes to the running instance; a second start without one is a second program.
-    if (secondInstance) {
-        const std::string line = LongFileName(command) + "\n";
-        // Renamed into place: the running instance polls for it and must never read half a path.
-        WriteFileAside(HandOffFile(), [&](File& file) { file.Write(std::as_bytes(std::span(line))); });
-        handedOver_ = true;
-        return;
-    }
-    commandFileGiven_ = true;
     commandFile_ = LongFileName(command);
+    // Intended: only a file goes to the running instance; a second start without one is a second program.
+    handedOver_ = secondInstance && HandOver(commandFile_);
+    commandFileGiven_ = !handedOver_;
+}
+
+// False where the request cannot be written, or nobody is left to take it: then the file opens here.
+bool frmMainForm::HandOver(const std::string& path) try {
+    const std::string line = path + "\n";
+    // Renamed into place: the running instance polls for it and must never read half a path.
+    WriteFileAside(HandOffFile(), [&](File& file) { file.Write(std::as_bytes(std::span(line))); });
+    if (App.PrevInstance()) return true;
+    DeleteFile(HandOffFile());
+    return false;
+} catch (const RuntimeError&) {
+    return false;
 }
 
 void frmMainForm::StartupConfig() {
@@ -134,6 +162,7 @@ void frmMainForm::PrintTitles() {
 void frmMainForm::Timer2_Timer() {
     constexpr std::int16_t kStartTick = 5;
     tickCounter_ = AddInt16(tickCounter_, 1);
+    if (tickCounter_ > kStartTick) Timer2.Enabled(false); // An error ended the start before its last step.
     if (tickCounter_ != kStartTick) return;
     OpenFirstDocument();
     cmdTools_Click(0);

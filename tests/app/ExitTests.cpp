@@ -40,6 +40,15 @@ TEST_F(ExitTest, ViewsAndPlaceAreStored) {
     EXPECT_EQ(StoredSetting("MainHeight"), "6750");
 }
 
+TEST_F(ExitTest, SettingsThatCannotBeWrittenDoNotKeepTheProgram) {
+    Start();
+    std::filesystem::remove_all(Folder("settings"));
+    PutBytes(Folder("settings"), "a file where the folder was");
+    const DialogScript nothingIsSaid;
+    Exit();
+    EXPECT_FALSE(frmMain.Loaded());
+}
+
 TEST_F(ExitTest, TheNextStartFindsThem) {
     Start();
     Choose(frmMain->mnuViewSettingsBar);

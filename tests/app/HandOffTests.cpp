@@ -45,8 +45,39 @@ class RunningInstance {
 
 } // namespace
 
-TEST_F(HandOffTest, TheFileLiesInTheProgramsFolder) {
-    EXPECT_EQ(HandOffFile(), Folder("program") + "/KLdde.tmp");
+TEST_F(HandOffTest, TheFileLiesWhereAllInstancesOfTheUserMeet) {
+    App.PathForTests("");
+    const std::string folder = Folder("settings"); // any of the user's own
+    std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
+    setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+    EXPECT_EQ(HandOffFile(), folder + "/KLdde.tmp");
+}
+
+TEST_F(HandOffTest, OnlyTheInstanceThatHoldsTheLockTakesIt) {
+    SavePicture(Solid(4, 4, kBlack), File("a.bmp"));
+    {
+        const RunningInstance first(Folder("program"));
+        Start();
+        PutBytes(HandOffFile(), File("a.bmp") + "\n");
+        for (int tick = 0; tick < 3; ++tick)
+            frmMain->Timer1_Timer();
+        EXPECT_TRUE(std::filesystem::exists(HandOffFile()));
+        EXPECT_EQ(ImageCount, 0);
+    }
+    frmMain->Timer1_Timer(); // the first one has ended
+    EXPECT_FALSE(std::filesystem::exists(HandOffFile()));
+    EXPECT_EQ(ImageCount, 1);
+}
+
+TEST_F(HandOffTest, ARequestThatCannotBeWrittenOpensHere) {
+    const RunningInstance running(Folder("program"));
+    SavePicture(Solid(4, 4, kBlack), File("a.bmp"));
+    std::filesystem::create_directory(HandOffFile());
+    const DialogScript nothingIsSaid;
+    StartWhole(File("a.bmp"));
+    EXPECT_FALSE(frmMain->HandedOver());
+    ASSERT_TRUE(WaitFor([] { return ImageCount == 1; }));
+    EXPECT_EQ(Image().Caption(), "a.bmp");
 }
 
 TEST_F(HandOffTest, AFileHandedOverOpensAndTheHandOffGoes) {

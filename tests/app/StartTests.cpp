@@ -11,6 +11,7 @@
 #include "document/Globals.h"
 #include "settings/frmPrefs.h"
 #include "surface/system/Pictures.h"
+#include "surface/window/Screen.h"
 
 #include <QAbstractButton>
 #include <QWidget>
@@ -82,6 +83,7 @@ TEST_F(StartTest, PlaceAndViewsComeFromTheSettings) {
 }
 
 TEST_F(StartTest, GarbageInTheSettingsGivesTheDefaults) {
+    Set({{"Toolbar", "yes"}, {"ColorBox", ""}, {"SettingsBar", "true"}, {"MainTop", "12abc"}});
     Set({{"MRUlist", "99"},
          {"MainWidth", "-5"},
          {"MainHeight", "1e300"},
@@ -91,10 +93,38 @@ TEST_F(StartTest, GarbageInTheSettingsGivesTheDefaults) {
     Start();
     EXPECT_EQ(MRUlimit, 5);
     EXPECT_EQ(frmMain->Left(), 1000);
+    EXPECT_EQ(frmMain->Top(), 1000);
     EXPECT_EQ(frmMain->Width(), 6500);
     EXPECT_EQ(frmMain->Height(), 6500);
     EXPECT_FALSE(RulersOn);
+    EXPECT_TRUE(frmMain->ToolsTB.Visible());
+    EXPECT_TRUE(frmMain->mnuViewColorBox.Checked());
+    EXPECT_TRUE(frmMain->ColTB.Visible());
+    EXPECT_TRUE(frmMain->ToolSettings.Visible());
     EXPECT_EQ(CurrentTool, kPenTool);
+}
+
+TEST_F(StartTest, ATextThatIsNoNumberShortensTheRecentFilesTo3) {
+    SetSetting("MRUlist", "abc");
+    Start();
+    EXPECT_EQ(MRUlimit, 3);
+}
+
+TEST_F(StartTest, APlaceOutsideTheScreensIsMovedIn) {
+    Set({{"MainLeft", "60000"}, {"MainTop", "-9000"}, {"MainWidth", "6000"}, {"MainHeight", "4500"}});
+    Start();
+    // 6000 by 4500 twips are 400 by 300 pixels.
+    EXPECT_EQ(frmMain->Left(), (Screen.WidthPixels() - 400) * 15);
+    EXPECT_EQ(frmMain->Top(), 0);
+    EXPECT_EQ(frmMain->Width(), 6000);
+    EXPECT_EQ(frmMain->Height(), 4500);
+}
+
+TEST_F(StartTest, AWindowThatIsPartlyOutsideStays) {
+    Set({{"MainLeft", "9000"}, {"MainTop", "7500"}});
+    Start();
+    EXPECT_EQ(frmMain->Left(), 9000);
+    EXPECT_EQ(frmMain->Top(), 7500);
 }
 
 TEST_F(StartTest, PenBlackAndTitles) {

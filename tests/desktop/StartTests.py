@@ -1,4 +1,5 @@
 """How pictures come in: at the start, from a second instance, by the Open dialog."""
+import shutil
 import subprocess
 
 from desktop import desktop_test, wait_for
@@ -61,7 +62,7 @@ def SecondInstanceHandsItsFileOver(desktop):
     assert desktop.wait_for_end(other) == 0
     desktop.wait_for_picture(second)
     wait_for(lambda: len(desktop.state_files()) == 2, "the second document has its first state")
-    assert not list(desktop.program.parent.glob("KLdde.tmp")), "the hand-off file is gone"
+    assert not list(desktop.run_folder.glob("KLdde.tmp")), "the hand-off file is gone"
     assert len(desktop.windows()) == 1, "there is one main window"
     leave(desktop)
     assert desktop.wait_for_end(process) == 0
@@ -79,10 +80,40 @@ def SecondInstanceWithoutAFileIsASecondProgram(desktop):
 
 
 @desktop_test
+def WhenTheFirstInstanceEndsTheNextTakesTheFilesWhereverItLies(desktop):
+    first, other = sample(), sample(100, 80, seed=77)
+    write_bmp(desktop.pictures / "first.bmp", first)
+    write_bmp(desktop.pictures / "other.bmp", other)
+    process, _, _ = start_with_picture(desktop, desktop.pictures / "first.bmp", first)
+    second = desktop.start()
+    desktop.wait_for_window(NEW)
+    desktop.keys("Escape")
+    desktop.wait_until_gone(NEW)
+    desktop.signal_stop(process)
+    elsewhere = desktop.folder / "elsewhere"
+    elsewhere.mkdir()
+    shutil.copy(desktop.program, elsewhere)
+    desktop.program = elsewhere / desktop.program.name
+    assert desktop.wait_for_end(desktop.start(desktop.pictures / "other.bmp")) == 0, "it hands its file over"
+    desktop.wait_for_picture(other)
+    assert second.poll() is None
+
+
+@desktop_test
+def APlaceOutsideTheScreenIsMovedIn(desktop):
+    desktop.write_settings(MainLeft=60000, MainTop=-20000, MainWidth=9000, MainHeight=7500, ShowSplash=0)
+    desktop.start()
+    desktop.wait_for_window(NEW)
+    x, y, width, height = desktop.geometry(desktop.window(MAIN))
+    assert 0 <= x and x + width <= 1280 + 20 and 0 <= y and y + height <= 1024, f"it stands at {x}, {y}, {width}x{height}"
+    assert abs(width - 600) <= 20 and abs(height - 500) <= 40, f"it is {width} by {height}"
+
+
+@desktop_test
 def HandOffOfGarbageIsRemovedAndOpensNothing(desktop):
     write_bmp(desktop.pictures / "first.bmp", sample())
     process, _, _ = start_with_picture(desktop, desktop.pictures / "first.bmp", sample())
-    hand_off = desktop.program.parent / "KLdde.tmp"
+    hand_off = desktop.run_folder / "KLdde.tmp"
     for content in (b"/no/such/file.bmp\n", bytes(range(256)) * 16, b""):
         hand_off.write_bytes(content)
         wait_for(lambda: not hand_off.exists(), "the hand-off file is removed")

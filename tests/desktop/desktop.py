@@ -63,8 +63,9 @@ class Desktop:
             (self.folder / name).mkdir(mode=0o700)
         self.temporary = self.folder / "temporary"
         self.pictures = self.folder / "pictures"
+        self.run_folder = self.folder / "runtime"  # where the instances of a user meet
         self.settings_file = self.folder / "config" / "Pintalux64" / "settings.ini"
-        # The program keeps its hand-off file beside itself, so each test has a copy of it.
+        # The program keeps files beside itself where it may, so each test has a copy of it.
         self.program = self.folder / "program" / "pintalux64"
         shutil.copy(self.built_program, self.program)
         self.environment = {

@@ -5,8 +5,10 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <QLocale>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -31,6 +33,21 @@ class AppTest : public testing::Test {
     std::string folder;
 };
 
+/// A running instance: holds the lock of a folder.
+class RunningInstance {
+  public:
+    explicit RunningInstance(const std::string& folder)
+        : descriptor_(::open((folder + "/pintalux64.lock").c_str(), O_RDWR | O_CREAT, 0600)) {
+        EXPECT_EQ(::flock(descriptor_, LOCK_EX | LOCK_NB), 0);
+    }
+    ~RunningInstance() { ::close(descriptor_); }
+    RunningInstance(const RunningInstance&) = delete;
+    RunningInstance& operator=(const RunningInstance&) = delete;
+
+  private:
+    int descriptor_;
+};
+
 /// What `question` answers in a second process.
 template <class Question>
 bool InAnotherProcess(Question question) {
@@ -41,7 +58,7 @@ bool InAnotherProcess(Question question) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 1;
 }
 
-TEST_F(AppTest, FirstInstanceSeesNoOtherAndKeepsItsAnswer) {
+TEST_F(AppTest, FirstInstanceSeesNoOther) {
     EXPECT_FALSE(App.PrevInstance());
     EXPECT_FALSE(App.PrevInstance());
 }
@@ -58,6 +75,48 @@ TEST_F(AppTest, LockDiesWithItsProcess) {
     EXPECT_FALSE(InAnotherProcess([] { return App.PrevInstance(); }));
     EXPECT_TRUE(std::filesystem::exists(folder + "/pintalux64.lock"));
     EXPECT_FALSE(App.PrevInstance());
+}
+
+TEST_F(AppTest, WhenItsHolderEndsTheLockGoesToTheNextThatAsks) {
+    {
+        const RunningInstance other(folder);
+        EXPECT_TRUE(App.PrevInstance());
+        EXPECT_TRUE(App.PrevInstance());
+    }
+    EXPECT_FALSE(App.PrevInstance());
+    EXPECT_TRUE(InAnotherProcess([&] {
+        App.PathForTests(folder);
+        return App.PrevInstance();
+    }));
+}
+
+// What the run folder is where $XDG_RUNTIME_DIR holds this text.
+std::string RunFolderWith(const std::string& runtimeFolder) {
+    const char* const before = std::getenv("XDG_RUNTIME_DIR");
+    const std::string kept = before == nullptr ? "" : before;
+    ::setenv("XDG_RUNTIME_DIR", runtimeFolder.c_str(), 1);
+    App.PathForTests("");
+    const std::string found = App.RunFolder();
+    if (before == nullptr)
+        ::unsetenv("XDG_RUNTIME_DIR");
+    else
+        ::setenv("XDG_RUNTIME_DIR", kept.c_str(), 1);
+    return found;
+}
+
+TEST_F(AppTest, InstancesMeetInTheRuntimeFolderWhereverTheyLie) {
+    EXPECT_EQ(RunFolderWith(folder), folder);
+    EXPECT_EQ(RunFolderWith(folder + "/"), folder);
+}
+
+TEST_F(AppTest, ARuntimeFolderThatOthersMayWriteIsNotTaken) {
+    std::filesystem::permissions(folder, std::filesystem::perms::all);
+    const std::string found = RunFolderWith(folder);
+    EXPECT_NE(found, folder);
+    struct stat made = {};
+    ASSERT_EQ(::stat(found.c_str(), &made), 0) << found;
+    EXPECT_EQ(made.st_mode & 0777, 0700U);
+    EXPECT_EQ(made.st_uid, ::getuid());
 }
 
 TEST_F(AppTest, PathHasNoTrailingSeparator) {

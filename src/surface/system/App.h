@@ -29,8 +29,13 @@ struct AppObject {
     /// Tests give the program a folder of their own; empty takes it back.
     void PathForTests(std::string path);
     std::string Title() const { return "Pintalux64"; }
-    /// Whether another instance of this user runs: holds a lock file of the runtime directory, first come
-    /// first served; the lock dies with the process. The answer is found at the first call and kept.
+    /// The folder in which all instances of this user meet, wherever their executables lie, without a
+    /// trailing separator: $XDG_RUNTIME_DIR, else the system's for this user, else one below /tmp, made on
+    /// demand for the user alone. Empty where there is none.
+    std::string RunFolder() const;
+    /// Whether another instance of this user holds the lock file of the run folder, first come first served;
+    /// the lock dies with the process. Each call asks anew until this instance has the lock, which it then
+    /// keeps.
     bool PrevInstance() const;
     /// The command line behind the program's name, as one text: the arguments joined by a blank, as they
     /// stand.

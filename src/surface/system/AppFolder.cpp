@@ -21,10 +21,12 @@ AppObject App;
 namespace {
 
 std::string folderForTests;
+std::string runFolder; // empty: not yet found
 
 /// The instance lock: an open file, held until the process ends.
 struct InstanceLock {
     bool asked = false;
+    bool taken = false;
     bool heldByAnother = false;
     int descriptor = -1;
 };
@@ -65,32 +67,37 @@ void MakeFolder(const std::string& folder) {
         throw RuntimeError(kPathNotFound, folder);
 }
 
-/// A folder of the user's own under the temporary path; empty where somebody else sits in its place.
-std::string OwnTemporaryFolder() {
-    const std::string folder = FolderOf("TMPDIR").value_or("/var/tmp") + "/pintalux64-" +
-                               std::to_string(static_cast<unsigned>(getuid()));
-    if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) return {};
+/// Whether a folder is the user's, and nobody else may put files there.
+bool IsOurs(const std::string& folder) {
     struct stat found = {};
-    const bool ours = lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) &&
-                      found.st_uid == getuid() && (found.st_mode & 0077) == 0;
-    return ours ? folder : std::string();
+    return lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) && found.st_uid == getuid() &&
+           (found.st_mode & 0022) == 0 && access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
-std::string LockFolder() {
+std::string FindRunFolder() {
     if (!folderForTests.empty()) return folderForTests;
-    if (const auto folder = FolderOf("XDG_RUNTIME_DIR"); folder && access(folder->c_str(), W_OK | X_OK) == 0)
-        return *folder;
-    return OwnTemporaryFolder();
+    const std::string user = std::to_string(static_cast<unsigned>(getuid()));
+    if (const auto folder = FolderOf("XDG_RUNTIME_DIR"); folder && IsOurs(*folder)) return *folder;
+    if (const std::string folder = "/run/user/" + user; IsOurs(folder)) return folder;
+    // Not below $TMPDIR, which may be another one for each session.
+    const std::string own = "/tmp/pintalux64-" + user;
+    if (mkdir(own.c_str(), 0700) != 0 && errno != EEXIST) return {};
+    return IsOurs(own) ? own : std::string();
+}
+
+void OpenLock(InstanceLock& lock) {
+    lock.asked = true;
+    const std::string folder = App.RunFolder();
+    if (folder.empty()) return;
+    const std::string file = folder + "/pintalux64.lock";
+    // Where nothing can be locked, nobody else has locked it.
+    lock.descriptor = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
 }
 
 void TakeLock(InstanceLock& lock) {
-    lock.asked = true;
-    const std::string folder = LockFolder();
-    if (folder.empty()) return;
-    const std::string file = folder + "/pintalux64.lock";
-    lock.descriptor = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-    if (lock.descriptor < 0) return; // where nothing can be locked, nobody else has locked it
-    lock.heldByAnother = flock(lock.descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (lock.taken || lock.descriptor < 0) return;
+    lock.taken = flock(lock.descriptor, LOCK_EX | LOCK_NB) == 0;
+    lock.heldByAnother = !lock.taken && errno == EWOULDBLOCK;
 }
 
 void ReleaseLock(InstanceLock& lock) {
@@ -112,13 +119,21 @@ std::string AppObject::Path() const {
 
 void AppObject::PathForTests(std::string path) {
     ReleaseLock(instanceLock);
+    runFolder.clear();
     while (path.size() > 1 && path.back() == '/')
         path.pop_back();
     folderForTests = std::move(path);
 }
 
+std::string AppObject::RunFolder() const {
+    // Looked for once: the poll asks for it all the time.
+    if (runFolder.empty()) runFolder = FindRunFolder();
+    return runFolder;
+}
+
 bool AppObject::PrevInstance() const {
-    if (!instanceLock.asked) TakeLock(instanceLock);
+    if (!instanceLock.asked) OpenLock(instanceLock);
+    TakeLock(instanceLock);
     return instanceLock.heldByAnother;
 }
 

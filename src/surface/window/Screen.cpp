@@ -8,6 +8,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <limits>
 
 namespace pintalux {
 
@@ -57,6 +58,34 @@ int ScreenObject::WidthPixels() const {
 
 int ScreenObject::HeightPixels() const {
     return QGuiApplication::primaryScreen()->size().height();
+}
+
+namespace {
+
+/// The place in a screen that is nearest to where a window wants to be.
+QPoint MovedInto(const QRect& screen, const QPoint& place, const QSize& size) {
+    const QPoint last = screen.topLeft() + QPoint(std::max(0, screen.width() - size.width()),
+                                                  std::max(0, screen.height() - size.height()));
+    return {std::clamp(place.x(), screen.left(), last.x()), std::clamp(place.y(), screen.top(), last.y())};
+}
+
+} // namespace
+
+CursorPosition ScreenObject::Reachable(const CursorPosition& place, int width, int height) const {
+    constexpr int kGrip = 32; // pixels of a caption that a hand needs
+    const QPoint wanted(place.x, place.y);
+    QPoint nearest = wanted;
+    int distance = std::numeric_limits<int>::max();
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect area = screen->availableGeometry();
+        if (area.contains(QRect(wanted, QSize(kGrip, kGrip)))) return place;
+        const QPoint moved = MovedInto(area, wanted, {width, height});
+        const int way = (moved - wanted).manhattanLength();
+        if (way >= distance) continue;
+        distance = way;
+        nearest = moved;
+    }
+    return {nearest.x(), nearest.y()};
 }
 
 CursorPosition GetCursorPos() {

@@ -25,6 +25,10 @@ struct ScreenObject {
     void MousePointer(int value);
     int WidthPixels() const;
     int HeightPixels() const;
+    /// The place of a window of this size, in pixels, moved so that it can be taken hold of: one whose left
+    /// top corner lies on a screen stays, any other goes to where the nearest screen shows the whole window
+    /// or, of one that is larger than the screen, its left top part.
+    CursorPosition Reachable(const CursorPosition& place, int width, int height) const;
 };
 extern ScreenObject Screen;
 
