@@ -1,12 +1,8 @@
 #include "imageops/Sample.h"
 
 #include "base/Arithmetic.h"
-#include "files/FileNames.h"
-#include "files/TempFiles.h"
 #include "imageops/Scaffold.h"
 #include "surface/raster/Transfer.h"
-#include "surface/system/FileLayer.h"
-#include "surface/system/Pictures.h"
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Screen.h"
 
@@ -64,10 +60,10 @@ void SampleParts::Startup(Surface& source) {
         SizeSample(size.width, size.height);
         picsource.PaintPicture(source.Picture(), 0, 0, picsource.ScaleWidth(), picsource.ScaleHeight(), 0, 0,
                                source.ScaleWidth(), source.ScaleHeight(), SRCCOPY);
-        if (MakeTempFileName("", "BI", 0, SampleFile)) SavePicture(picsource.Image(), SampleFile);
+        untouched_ = picsource.Image();
     }
-    picsource.Picture(LoadPicture(SampleFile));
-    PicDest.Picture(LoadPicture(SampleFile));
+    picsource.Picture(untouched_);
+    PicDest.Picture(untouched_);
     imgSample.Picture(PicDest.Image());
     PlaceSample();
 }
@@ -95,8 +91,8 @@ void SampleParts::Preview(const std::function<void()>& operation) {
     if (HasPixels(picsource)) {
         operation();
         imgSample.Picture(PicDest.Image());
-        picsource.Picture(LoadPicture(SampleFile));
-        PicDest.Picture(LoadPicture(SampleFile));
+        picsource.Picture(untouched_);
+        PicDest.Picture(untouched_);
     }
     LockWindowUpdate(nullptr);
     TheProgressBar().Visible(true);
@@ -104,11 +100,7 @@ void SampleParts::Preview(const std::function<void()>& operation) {
 
 void SampleParts::ShowUntouched() {
     imgSample.Picture(PicDest.Image());
-    picsource.Picture(LoadPicture(SampleFile));
-}
-
-void SampleParts::DeleteSample() const {
-    if (FileExists(SampleFile)) DeleteFile(SampleFile);
+    picsource.Picture(untouched_);
 }
 
 } // namespace pintalux

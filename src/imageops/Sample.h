@@ -6,7 +6,6 @@
 #include "surface/window/Surface.h"
 
 #include <functional>
-#include <string>
 
 namespace pintalux {
 
@@ -28,7 +27,7 @@ struct SampleParts {
     double SampleScale = 1; ///< Pixels of the image in one of the sample; below 1 if the sample is larger.
 
     /// Prepares the sample from the work surface of the command. Costs what the sample has pixels, not the
-    /// image. Where no temporary file can be made the sample stays blank.
+    /// image.
     void Startup(Surface& source);
 
     /// Runs an operation on `picsource` and `PicDest` and shows its result; the next one starts from the
@@ -39,14 +38,11 @@ struct SampleParts {
     /// Shows the untouched sample.
     void ShowUntouched();
 
-    /// Deletes the sample's file; for the form's query-unload.
-    void DeleteSample() const;
-
   private:
     void SizeSample(double width, double height);
     void PlaceSample();
 
-    std::string SampleFile; ///< The untouched sample, as long as the dialog is open.
+    Picture untouched_; ///< The sample before any operation; in memory, so that no disk can fail it.
 };
 
 } // namespace pintalux

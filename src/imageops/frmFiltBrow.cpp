@@ -166,10 +166,6 @@ void frmFiltBrowForm::cmdCancel_Click() {
     Unload();
 }
 
-void frmFiltBrowForm::Form_QueryUnload(bool&) {
-    DeleteSample();
-}
-
 void frmFiltBrowForm::Form_Unload() {
     if (!FiltApplied) FiltCancelled = true;
 }

@@ -38,7 +38,6 @@ class frmFiltBrowForm : public Form, public SampleParts {
     void cmdCancel_Click();
 
   protected:
-    void Form_QueryUnload(bool& Cancel) override;
     void Form_Unload() override;
 
   private:

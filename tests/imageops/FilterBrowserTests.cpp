@@ -289,39 +289,35 @@ TEST_F(FilterBrowserTest, EveryEntryCanBePreviewed) {
     });
 }
 
-TEST_F(FilterBrowserTest, TheSampleIsAFileWhileTheDialogIsOpen) {
-    NewDocument(12, 12, kFlat);
+TEST_F(FilterBrowserTest, TheSampleNeedsNoDisk) {
+    frmImage& image = NewDocument(300, 200, kFlat);
     SettleStates();
-    const std::size_t before = StateFileNames().size();
-    InBrowser([&] { EXPECT_EQ(StateFileNames().size(), before + 1); });
-    EXPECT_EQ(StateFileNames().size(), before);
-}
-
-TEST_F(FilterBrowserTest, WithoutATemporaryFolderTheSampleIsBlankAndTheFilterApplies) {
-    frmImage& image = NewDocument(12, 12, kFlat);
-    setenv("TMPDIR", "/nowhere", 1);
+    const std::size_t files = StateFileNames().size();
     InBrowser([&] {
-        ExpectSamePixels(Shown(), Solid(Shown().Width(), Shown().Height(), kWhite));
+        const FullDisk full(1000);
+        EXPECT_EQ(StateFileNames().size(), files);
+        // 258 by 171: as wide as the frame lets it be.
+        ExpectSamePixels(Shown(), Solid(258, Shown().Height(), kFlat));
         frmFiltBrow->FiltList.ListIndex(4);
         PressPreview();
-        PressApply();
+        ExpectSamePixels(Shown(), Solid(258, Shown().Height(), 0xCD9B37));
+        std::filesystem::remove_all(Folder("temporary"));
+        frmFiltBrow->FiltList.ListIndex(5);
+        ExpectSamePixels(Shown(), Solid(258, Shown().Height(), kFlat));
+        PressCancel();
     });
-    setenv("TMPDIR", Folder("temporary").c_str(), 1);
-    ExpectSamePixels(ImageOf(image), Solid(12, 12, 0xCD9B37));
+    ExpectSamePixels(ImageOf(image), Solid(300, 200, kFlat));
+    EXPECT_EQ(StateCount(image), 1);
 }
 
-TEST_F(FilterBrowserTest, AFullDiskStopsTheSampleAndLeavesTheImage) {
-    frmImage& image = NewDocument(300, 300, kFlat);
+TEST_F(FilterBrowserTest, AFullDiskKeepsNobodyFromTheDialog) {
+    frmImage& image = NewDocument(300, 200, kFlat);
     SettleStates();
-    {
-        const FullDisk full(1000);
-        Choose(frmMain->mnuFiltBrow);
-    }
-    ASSERT_EQ(untrapped.size(), 1U);
-    untrapped.clear();
-    ExpectSamePixels(ImageOf(image), Solid(300, 300, kFlat));
-    EXPECT_EQ(StateCount(image), 1);
-    EXPECT_FALSE(ScreenLocked());
+    const FullDisk full(1000);
+    Apply(4, 0);
+    ExpectSamePixels(ImageOf(image), Solid(300, 200, 0xCD9B37));
+    Choose(frmMain->mnuEditUndo);
+    ExpectSamePixels(ImageOf(image), Solid(300, 200, kFlat));
 }
 
 // The frame is 260 pixels a side; the sample has 258 at most.
