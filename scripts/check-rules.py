@@ -168,6 +168,16 @@ def only_undo_touches_the_history():
                 yield f"{path}:{number}: changes the undo history: {line.strip()}"
 
 
+def form_tests_start_with_every_global_reset():
+    # The ways in to an object ("The...") are set by its owner.
+    variable = re.compile(r"^inline (?!const)[\w:<>, ]+ (?!The)(\w+)(?:\s*=|;|\{)", re.M)
+    reset = text_of(Path("tests/support/Program.cpp"))
+    for path in files("src"):
+        for name in variable.findall(code_of(path)):
+            if path.suffix == ".h" and not re.search(rf"\b{name}\b", reset):
+                yield f"{path}: {name} keeps its value from one form test to the next: reset it in tests/support/Program.cpp"
+
+
 def files_stay_short():
     for path in files("src", "tests", "bench"):
         lines = len(text_of(path).splitlines())
@@ -179,7 +189,7 @@ def main():
     failures = 0
     for rule in (the_toolkit_stays_in_the_surface, includes_follow_the_arrows, includes_go_in_no_circle,
                  own_header_comes_first, headers_are_guarded, no_notes_to_self, no_machine_paths,
-                 only_undo_touches_the_history, files_stay_short):
+                 only_undo_touches_the_history, form_tests_start_with_every_global_reset, files_stay_short):
         problems = list(rule())
         if problems == [None]:
             print("skipped", rule.__name__)
