@@ -8,7 +8,7 @@ from math import floor
 import drawing_model as model
 from desktop import desktop_test, wait_for
 from pictures import Picture, expect_same, is_whole_bmp, read_bmp, read_png, write_bmp, write_png
-from roads import (MAIN, NEW, OPEN, WHITE, corner_of, give_path, leave, offer_png, save_as, start_with_picture,
+from roads import (MAIN, NEW, OPEN, WHITE, corner_of, give_path, grip, leave, offer_png, save_as, start_with_picture,
                    taken_from_clipboard)
 
 ACTUAL, TRIPLE, HALF = Fraction(1), Fraction(3), Fraction(1, 2)
@@ -17,9 +17,9 @@ ZOOM_KEYS = {TRIPLE: ["Up", "Up", "Right", "Down", "Down", "Return"], HALF: ["Up
 KEY = (160, 148, 136)  # what lies outside a freehand piece, and what such a piece lets through
 BLACK = (0, 0, 0)
 
-# Places in the main window, in pixels from its inside's top left corner.
-PASTE, RECTANGLE, FREEHAND, PEN = (185, 36), (331, 35), (363, 35), (395, 35)
-CUT_AND_DRAG, COPY_AND_DROP = (13, 249), (13, 268)
+# Names of controls in the main window.
+PASTE, RECTANGLE, FREEHAND, PEN = "TB2_Paste", "TB2_Select", "TB2_FreeSelect", "TB2_Pen"
+COPY_AND_DROP = "Option3"
 
 # Shapes with a bay, in even pixels, since a view at 1:2 shows no others.
 KITE = [(40, 20), (110, 34), (90, 80), (62, 58), (30, 96), (36, 40)]
@@ -137,6 +137,8 @@ class Easel:
         self.desktop, self.picture = desktop, picture
         path = desktop.pictures / "picture.bmp"
         write_bmp(path, picture)
+        desktop.large_window_settings()
+        self.places = desktop.places("Select")
         self.process, self.left, self.top = start_with_picture(desktop, path, picture)
         self.origin = corner_of(desktop, desktop.wait_for_window(MAIN))
         self.factor, self.floating, self.copies = ACTUAL, None, False
@@ -199,8 +201,9 @@ class Easel:
 
     # The hand.
 
-    def click_on(self, place):
-        self.desktop.click(self.origin[0] + place[0], self.origin[1] + place[1])
+    def click_on(self, control):
+        x, y = grip(self.places[control])
+        self.desktop.click(self.origin[0] + x, self.origin[1] + y)
 
     def copy_and_drop(self):
         self.click_on(RECTANGLE)
@@ -339,9 +342,10 @@ class Easel:
         wait_for(lambda: self.paste_button() != before, "the paste button is enabled")
 
     def paste_button(self):
-        first = 3 * (self.origin[0] + PASTE[0] - 12)
-        rows = self.desktop.photograph().rows
-        return [bytes(row[first:first + 72]) for row in rows[self.origin[1] + PASTE[1] - 12:self.origin[1] + PASTE[1] + 12]]
+        left, top, width, height = self.places[PASTE]
+        left, top = self.origin[0] + left, self.origin[1] + top
+        rows = self.desktop.photograph().rows[top:top + height]
+        return [bytes(row[3 * left:3 * (left + width)]) for row in rows]
 
     def expect_pasted(self, picture):
         piece = lifted(picture, 0, 0, picture.width, picture.height)

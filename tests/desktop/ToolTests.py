@@ -6,7 +6,7 @@ from pathlib import Path
 import drawing_model as model
 from desktop import desktop_test, wait_for
 from pictures import Picture, expect_same, is_whole_bmp, read_bmp
-from roads import BLACK, MAIN, NEW, WHITE, leave, save_as
+from roads import BLACK, MAIN, NEW, WHITE, grip, leave, save_as
 
 CASES = Path(__file__).resolve().parent.parent / "data" / "drawing-cases"
 
@@ -17,15 +17,17 @@ GREEN = (20, 160, 90)
 RED = (200, 30, 60)
 BLUE = (30, 60, 210)
 
-# Places in the main window, in pixels from its inside's top left corner.
-TOOLS = {name: (395 + 32 * i, 35) for i, name in
-         enumerate(("pen", "eraser", "flood", "line", "polyline", "shapes", "wand", "eye-dropper", "magnifier"))}
-TIPS = {name: (20 + 28 * i, 111) for i, name in enumerate(("round", "left", "right", "level", "upright"))}
-SHAPES = {name: (20 + 28 * i, 234) for i, name in enumerate(("square", "rectangle", "circle", "ellipse"))}
-OUTLINED, FILLED = (13, 260), (13, 280)
-TIP_LENGTH, PEN_WIDTH, OUTLINE_WIDTH = (13, 146), (13, 182), (13, 311)
-CHANNELS = [(1091, 160), (1091, 186), (1091, 212)]
-CURRENT_COLOUR = (1064, 84)
+# Names of controls in the main window.
+TOOLS = {"pen": "TB2_Pen", "eraser": "TB2_Eraser", "flood": "TB2_Flood", "line": "TB2_Line", "polyline": "TB2_PolyLine",
+         "shapes": "TB2_Shapes", "wand": "TB2_ColorWand", "eye-dropper": "TB2_ColorPick", "magnifier": "TB2_Mag"}
+TIPS = {"round": "Toolbar1_round", "left": "Toolbar1_left", "right": "Toolbar1_right", "level": "Toolbar1_hori",
+        "upright": "Toolbar1_vert"}
+SHAPES = {"square": "Toolbar2_square", "rectangle": "Toolbar2_rectangle", "circle": "Toolbar2_circle",
+          "ellipse": "Toolbar2_oval"}
+OUTLINED, FILLED = "Option1", "Option2"
+TIP_LENGTH, PEN_WIDTH, OUTLINE_WIDTH = "Slider1", "Slider2", "Slider3"
+CHANNELS = ["txtRed", "txtGreen", "txtBlue"]
+CURRENT_COLOUR = "TheColor"
 
 # What a slanted tip adds to a point: its one end and its other, in lengths of the tip.
 TIP_ENDS = {"round": (0, 0, 0, 0), "left": (1, 1, -1, -1), "right": (1, -1, -1, 1), "level": (-1, 0, 1, 0),
@@ -47,6 +49,7 @@ class Sheet:
         self.tip = "round"
         self.states = 1
         desktop.large_window_settings()
+        self.places = desktop.places("Shapes")  # its page lies below the pen's, which stays open
         self.process = desktop.start()
         desktop.wait_for_window(NEW)
         desktop.keys("ctrl+a", *str(SIDE), "Tab", "Tab", "ctrl+a", *str(SIDE), "Tab", "Tab", *choose_colour, "Return")
@@ -111,8 +114,9 @@ class Sheet:
 
     # The panels.
 
-    def click_on(self, place):
-        self.desktop.click(self.origin[0] + place[0], self.origin[1] + place[1])
+    def click_on(self, control):
+        x, y = grip(self.places[control])
+        self.desktop.click(self.origin[0] + x, self.origin[1] + y)
 
     def choose(self, tool):
         self.click_on(TOOLS[tool])
@@ -139,13 +143,14 @@ class Sheet:
         self.outline_width = width
 
     def set_colour(self, colour):
-        for place, value in zip(CHANNELS, colour):
-            self.click_on(place)
+        for channel, value in zip(CHANNELS, colour):
+            self.click_on(channel)
             self.desktop.keys("ctrl+a", *str(value))
         self.wait_for_colour(colour)
 
     def wait_for_colour(self, colour):
-        self.desktop.wait_for_pixel(self.origin[0] + CURRENT_COLOUR[0], self.origin[1] + CURRENT_COLOUR[1], colour)
+        left, top, *_ = self.places[CURRENT_COLOUR]
+        self.desktop.wait_for_pixel(self.origin[0] + left + 4, self.origin[1] + top + 4, colour)  # inside its border
         self.colour = colour
 
     def drawn_colour(self):

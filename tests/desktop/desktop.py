@@ -53,8 +53,9 @@ def end(process):
 
 
 class Desktop:
-    def __init__(self, program):
+    def __init__(self, program, places_program):
         self.built_program = program
+        self.places_program = places_program
         self.processes = []
 
     def __enter__(self):
@@ -150,6 +151,12 @@ class Desktop:
 
     def state_files(self):
         return sorted(self.temporary.glob("BI*.tmp"), key=lambda path: path.stat().st_mtime_ns)
+
+    def places(self, *tools):
+        """Where the controls of the main window lie once these tools were chosen: left, top, width and height by the name of
+        the control, in pixels from the window's inside. The forms of the program itself tell; to be asked before it starts."""
+        lines = self.tool(self.places_program, *tools).splitlines()
+        return {name: tuple(int(number) for number in numbers) for name, *numbers in map(str.split, lines)}
 
     # The eye.
 

@@ -96,6 +96,12 @@ def leave(desktop):
     desktop.keys("alt+F4")
 
 
+def grip(place):
+    """Where the hand takes hold of a control: half its height from its left edge, where also a tick box has its box."""
+    left, top, _, height = place
+    return left + height // 2, top + height // 2
+
+
 def corner_of(desktop, window):
     """Where the inside of a window begins on the display."""
     desktop.tool("xdotool", "mousemove", "--sync", "--window", window, 0, 0)

@@ -29,13 +29,21 @@ def built_program():
     sys.exit("The program is not built: scripts/build.sh release pintalux64")
 
 
-def run(name, program):
+def built_places(program):
+    """The program that tells where the controls lie, from the same build."""
+    for path in (program.resolve().parent.parent / "tests" / "program_places", *ROOT.glob("build/*/tests/program_places")):
+        if path.is_file() and os.access(path, os.X_OK):
+            return path
+    sys.exit("program_places is not built: scripts/build.sh release program_places")
+
+
+def run(name, program, places_program):
     """Whether the test passed, and what is to be said of it."""
     test = next(each for each in tests if each.__name__ == name)
     start = time.monotonic()
     said = []
     try:
-        with Desktop(program) as desktop:
+        with Desktop(program, places_program) as desktop:
             try:
                 test(desktop)
             except Exception:
@@ -61,11 +69,12 @@ def main():
     for file in sorted(HERE.glob("*Tests.py")):
         importlib.import_module(file.stem)
     program = options.program or built_program()
+    places_program = built_places(program)
     chosen = [test.__name__ for test in tests if not options.names or test.__name__ in options.names]
     passed = []
     # Most of a test is waiting; a desktop of its own keeps each from the other's windows and clipboard.
     with concurrent.futures.ProcessPoolExecutor(max_workers=2) as hands:
-        for result in concurrent.futures.as_completed([hands.submit(run, name, program) for name in chosen]):
+        for result in concurrent.futures.as_completed([hands.submit(run, name, program, places_program) for name in chosen]):
             ok, text = result.result()
             print(text, flush=True)
             passed.append(ok)
