@@ -98,6 +98,6 @@ def StopMessageLeavesTheCurrentState(desktop):
     path.mkdir()
     desktop.menu("f", "s", "Return")
     desktop.wait_for_window(STOP)
-    desktop.keys("Return")
+    desktop.keys("t")
     assert desktop.wait_for_end(process) != 0
     expect_same(read_bmp(desktop.state_files()[-1]), with_stroke(sample(), STROKE))

@@ -3,9 +3,8 @@ import time
 
 from desktop import desktop_test, wait_for
 from pictures import Picture, expect_same, is_whole_bmp, read_bmp, write_bmp
-from roads import BLACK, MAIN, WHITE, sample, start_with_picture
+from roads import BLACK, BROWSER, MAIN, WHITE, open_browser, sample, start_with_picture
 
-BROWSER = "Filtros de Imagem"
 INVERT, BRIGHTEN = 4, 5  # places in the list
 LOWEST_LEVEL = 10  # of the brightness
 
@@ -39,11 +38,6 @@ def changed(picture, change, inside):
     return result
 
 
-def open_browser(desktop):
-    desktop.menu("i", "Up", "Up", "Up", "Return")  # the third item from the end
-    desktop.wait_for_window(BROWSER)
-
-
 def apply_filter(desktop, place, level_steps=0):
     """Chooses the filter at a place of the list and moves its level by the arrow key, then applies it."""
     before = len(desktop.state_files())
@@ -54,7 +48,6 @@ def apply_filter(desktop, place, level_steps=0):
     desktop.keys("Return")
     desktop.wait_until_gone(BROWSER)
     desktop.wait_for_window(MAIN)
-    # The file of the sample goes with the dialog; what is more than before is the new state.
     wait_for(lambda: len(desktop.state_files()) == before + 1, "one state is recorded")
 
 

@@ -4,7 +4,8 @@ from pathlib import Path
 
 from desktop import desktop_test, wait_for
 from pictures import expect_same, is_whole_bmp, read_bmp, write_bmp
-from roads import (BLACK, NEW, QUESTION, STOP, leave, paint_and_wait, sample, start_with_picture, with_stroke)
+from roads import (BLACK, BROWSER, NEW, QUESTION, STOP, leave, open_browser, paint_and_wait, sample, start_with_picture,
+                   with_stroke)
 
 STROKE = [(40, 30), (90, 30)]
 OTHER_STROKE = [(40, 60), (90, 60)]
@@ -70,6 +71,18 @@ def PaintingOnAFullDiskLosesNothing(desktop):
     desktop.keys("s")
     assert desktop.wait_for_end(process) == 0
     expect_same(read_bmp(desktop.pictures / "picture.bmp"), twice)
+
+
+@desktop_test
+def TheFilterBrowserShowsItsSampleOnAFullDisk(desktop):
+    process, left, top = start_with_stroke(desktop, sample())
+    desktop.tool("prlimit", f"--pid={process.pid}", "--fsize=4096:")
+    open_browser(desktop)
+    desktop.keys("Down", "Return")  # the first filter of the list, applied
+    desktop.wait_until_gone(BROWSER)
+    desktop.keys("ctrl+d")
+    desktop.wait_for_picture(with_stroke(sample(), STROKE))
+    assert process.poll() is None and desktop.window(STOP) is None
 
 
 @desktop_test

@@ -10,6 +10,7 @@ MAIN = "Pintalux 64"
 NEW = "Nova Imagem"
 SAVE_AS = "Savar Como"
 OPEN = "Abrir"
+BROWSER = "Filtros de Imagem"
 QUESTION = "VALMERO"  # the box that asks at closing
 STOP = "Pintalux64"  # the box of an error that nobody expected
 
@@ -94,6 +95,11 @@ def leave(desktop):
     """Closes the main window."""
     desktop.wait_for_window(MAIN)
     desktop.keys("alt+F4")
+
+
+def open_browser(desktop):
+    desktop.menu("i", "Up", "Up", "Up", "Return")  # the third item from the end
+    desktop.wait_for_window(BROWSER)
 
 
 def grip(place):
