@@ -22,7 +22,7 @@ void SizeDisplay(frmImage& image) {
     image.Image1.Height(image.PicMerge.ScaleHeight() * image.factor);
 }
 
-// A tiny image has no width at the smallest zooms: nothing can be scaled from there.
+// By the exact widths, so that a zoom there and back changes no place. What has no width cannot be scaled.
 double RatioTo(const frmImage& image, double oldWidth) {
     return oldWidth == 0 ? 1.0 : image.Image1.Width() / oldWidth;
 }
@@ -117,8 +117,8 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
     if (in && level < kZoomLevels && !ViewFits(image, level)) return false;
     const double oldWidth = image1.Width();
     LockWindowUpdate(&image.PicFrame);
-    // Intended: at either end of the scale the view stays locked until the next release, wherever that comes,
-    // so that a click too many changes nothing on the screen.
+    // Intended: at either end of the scale the lock stays recorded until the next release, wherever that
+    // comes; what it held back is painted when the click is over.
     if (level < 0 || level >= kZoomLevels) return true;
     image.factorlevel = ToInt16(level);
     ApplyZoomLevel();

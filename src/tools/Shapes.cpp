@@ -1,5 +1,4 @@
 // Squares, rectangles, circles and ellipses, outlined or filled.
-#include "base/Arithmetic.h"
 #include "document/frmImage.h"
 #include "surface/raster/Drawing.h"
 #include "tools/ImagePoint.h"
@@ -98,8 +97,7 @@ void ShapesMove(frmImage& image, double X, double Y) {
     Stretch(image.sx * image.factor, X, left, width);
     Stretch(anchorY, Y, top, height);
     if (TheToolSettings->ShapeType == kSquare) {
-        // The side is a whole pixel before the top is reckoned from it.
-        height = width = RoundHalfEven(width);
+        height = width;
         top = Y < anchorY ? anchorY - height : anchorY;
     }
     image.ShSquare.Move(left, top, width, height);

@@ -251,7 +251,7 @@ TEST_F(SelectionOperationTest, AFreehandPieceTooSmallForTheViewJustEnds) {
     frmImage& image = NewDocument(20, 20, kDark);
     ShowAtFactor(image, 1.0 / 16);
     FloatFreehand(image, 4, 4, {"##", "##"});
-    ASSERT_EQ(image.PicFreeSelect.Width(), 0);
+    ASSERT_EQ(image.PicFreeSelect.PixelWidth(), 0);
     Apply(kBrighten, 64);
     EXPECT_TRUE(SelectionEnded(image));
     FloatFreehand(image, 4, 4, {"##", "##"});

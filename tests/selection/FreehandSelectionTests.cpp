@@ -169,8 +169,10 @@ TEST_F(FreehandTest, AtAReducingZoomThePieceLandsAsLargeAsItShows) {
     const Bitmap piece = drawn.Piece(Before());
     ASSERT_EQ(piece.Width(), 45);
     ASSERT_EQ(piece.Height(), 51);
-    EXPECT_EQ(image.PicFreeSelect.Width(), 22);
-    EXPECT_EQ(image.PicFreeSelect.Height(), 26);
+    EXPECT_EQ(image.PicFreeSelect.Width(), 22.5);
+    EXPECT_EQ(image.PicFreeSelect.Height(), 25.5);
+    EXPECT_EQ(image.PicFreeSelect.PixelWidth(), 22);
+    EXPECT_EQ(image.PicFreeSelect.PixelHeight(), 26);
     CarryFreehand(image, 6, 4);
     Press(image, 1, 1);
     const auto cell = [](int d, int from, int to) {

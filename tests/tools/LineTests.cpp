@@ -13,11 +13,11 @@ TEST_F(LineTest, PreviewFollowsThePointerAndNoPixelChanges) {
     EXPECT_EQ(image.Line1.DrawMode(), 6);
     Press(image, 5.4, 6);
     EXPECT_TRUE(image.Line1.Visible());
-    EXPECT_EQ(image.Line1.X1(), 5);
+    EXPECT_EQ(image.Line1.X1(), 5.4);
     EXPECT_EQ(image.Line1.Y1(), 6);
-    EXPECT_EQ(image.Line1.X2(), 5);
+    EXPECT_EQ(image.Line1.X2(), 5.4);
     MoveTo(image, 30, 20);
-    EXPECT_EQ(image.Line1.X1(), 5);
+    EXPECT_EQ(image.Line1.X1(), 5.4);
     EXPECT_EQ(image.Line1.X2(), 30);
     EXPECT_EQ(image.Line1.Y2(), 20);
     ExpectImage(image, DrawingModel(40, 40, 0xFFFFFF));

@@ -47,9 +47,9 @@ class ShapesTest : public ToolTest {
         };
         if (shape == kSquare) {
             const double a = sx * f;
-            const double left = Whole(a >= X ? X : a);
-            const double side = Whole(std::abs(a - X));
-            const double top = Whole(Y < sy * f ? sy * f - side : sy * f);
+            const double left = a >= X ? X : a;
+            const double side = std::abs(a - X);
+            const double top = Y < sy * f ? sy * f - side : sy * f;
             box(static_cast<int>(Whole(left / f)), static_cast<int>(Whole(top / f)),
                 static_cast<int>(Whole(left / f + side / f)), static_cast<int>(Whole(top / f + side / f)));
         } else if (shape == kRectangle) {

@@ -6,7 +6,7 @@
 namespace pintalux {
 namespace {
 
-TEST(Control, PixelContainerRoundsHalfToEven) {
+TEST(Control, PixelContainerKeepsTheAssignedValueAndTheWidgetRoundsHalfToEven) {
     PlainForm form;
     form.ScaleMode(kScalePixels);
     Surface frame(form, "frame");
@@ -14,9 +14,44 @@ TEST(Control, PixelContainerRoundsHalfToEven) {
     display.Width(18.75);
     display.Left(2.5);
     display.Top(3.5);
-    EXPECT_EQ(display.Width(), 19);
-    EXPECT_EQ(display.Left(), 2);
-    EXPECT_EQ(display.Top(), 4);
+    display.Height(6.5);
+    EXPECT_EQ(display.Width(), 18.75);
+    EXPECT_EQ(display.Left(), 2.5);
+    EXPECT_EQ(display.Top(), 3.5);
+    EXPECT_EQ(display.Height(), 6.5);
+    EXPECT_EQ(FindWidget("display")->geometry(), QRect(2, 4, 19, 6));
+}
+
+TEST(Control, BitmapOfASurfaceRoundsItsSizeHalfToEven) {
+    PlainForm form;
+    form.ScaleMode(kScalePixels);
+    Surface surface(form, "surface");
+    surface.Move(0.4, 0.6, 18.75, 6.5);
+    EXPECT_EQ(surface.Image().Width(), 19);
+    EXPECT_EQ(surface.Image().Height(), 6);
+    EXPECT_EQ(surface.ScaleWidth(), 19);
+    EXPECT_EQ(surface.Width(), 18.75);
+    surface.AutoSize(true);
+    surface.Picture(Picture(19, 6, 0)); // the size that the bitmap has already
+    EXPECT_EQ(surface.Width(), 18.75);
+    surface.Picture(Picture(20, 6, 0));
+    EXPECT_EQ(surface.Width(), 20);
+}
+
+TEST(Control, PlaceBeyond32BitsOfPixelsIsOverflowAndChangesNothing) {
+    PlainForm form;
+    form.ScaleMode(kScalePixels);
+    Display display(form, "display");
+    LineControl line(form, "line");
+    EXPECT_EQ(ErrorOf([&] { display.Left(3e9); }), kOverflow);
+    EXPECT_EQ(ErrorOf([&] { display.Move(0, 0, 3e9, 1); }), kOverflow);
+    EXPECT_EQ(ErrorOf([&] { display.Width(-0.25); }), kInvalidPropertyValue);
+    EXPECT_EQ(ErrorOf([&] { line.X2(3e9); }), kOverflow);
+    EXPECT_EQ(display.Left(), 0);
+    EXPECT_EQ(display.Width(), 0);
+    EXPECT_EQ(line.X2(), 0);
+    line.X2(7.25);
+    EXPECT_EQ(line.X2(), 7.25);
 }
 
 TEST(Control, TwipContainerKeepsTheAssignedValue) {
@@ -52,7 +87,7 @@ TEST(Control, ScaleModeKeepsChildrenInPlace) {
     Surface surface(form, "surface");
     surface.Move(0, 0, 1500, 1500);
     Display child(surface, "child");
-    child.Move(8, 12, 33, 40);
+    child.Move(8, 12.25, 33, 40);
     surface.ScaleMode(kScalePoints);
     EXPECT_EQ(child.Left(), 6);
     EXPECT_EQ(child.Width(), 24.75);
@@ -60,6 +95,7 @@ TEST(Control, ScaleModeKeepsChildrenInPlace) {
     EXPECT_EQ(FindWidget("child")->geometry(), QRect(8, 12, 33, 40));
     surface.ScaleMode(kScalePixels);
     EXPECT_EQ(child.Width(), 33);
+    EXPECT_EQ(child.Top(), 12.25);
     EXPECT_EQ(ErrorOf([&] { surface.ScaleMode(9); }), kInvalidPropertyValue);
 }
 

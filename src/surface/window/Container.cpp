@@ -1,4 +1,3 @@
-#include "base/Arithmetic.h"
 #include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 
@@ -12,17 +11,11 @@ void Container::ScaleMode(int value) {
     if (value == scaleMode_) return;
     const double before = UnitsPerPixel();
     scaleMode_ = value;
-    const double ratio = UnitsPerPixel() / before;
-    const auto convert = [&](double& length) {
-        length *= ratio;
-        if (value == kScalePixels) length = RoundHalfEven(length);
-    };
+    const double after = UnitsPerPixel();
     // The numbers change, the places on the screen don't: no widget moves.
     for (Control* child : native_->children) {
-        convert(child->left_);
-        convert(child->top_);
-        convert(child->width_);
-        convert(child->height_);
+        for (double* length : {&child->left_, &child->top_, &child->width_, &child->height_})
+            *length = *length * after / before; // In this order: 33 * 0.75 / 0.75 is 33 again.
     }
 }
 

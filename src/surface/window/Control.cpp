@@ -25,10 +25,18 @@ Control::~Control() {
     delete native_->widget.data();
 }
 
-double Control::Stored(double value) const {
-    const int pixels = PixelsAround(*this, value);
-    return parent_ && parent_->ScaleMode() == kScalePixels ? pixels : value;
+namespace {
+
+/// Refuses what no widget could take: beyond 32 bits of pixels error 6, a negative size error 380.
+void CheckPlace(const Control& control, double place) {
+    PixelsAround(control, place);
 }
+void CheckSize(const Control& control, double size) {
+    CheckPlace(control, size);
+    if (size < 0) throw RuntimeError(kInvalidPropertyValue);
+}
+
+} // namespace
 
 void Control::Assign(double& member, double value) {
     if (value == member) return;
@@ -37,31 +45,33 @@ void Control::Assign(double& member, double value) {
 }
 
 void Control::Left(double value) {
-    Assign(left_, Stored(value));
+    CheckPlace(*this, value);
+    hasPlace_ = true;
+    Assign(left_, value);
 }
 
 void Control::Top(double value) {
-    Assign(top_, Stored(value));
+    CheckPlace(*this, value);
+    hasPlace_ = true;
+    Assign(top_, value);
 }
 
 void Control::Width(double value) {
-    const double stored = Stored(value);
-    if (stored < 0) throw RuntimeError(kInvalidPropertyValue);
-    Assign(width_, stored);
+    CheckSize(*this, value);
+    Assign(width_, value);
 }
 
 void Control::Height(double value) {
-    const double stored = Stored(value);
-    if (stored < 0) throw RuntimeError(kInvalidPropertyValue);
-    Assign(height_, stored);
+    CheckSize(*this, value);
+    Assign(height_, value);
 }
 
 void Control::Move(double left, double top, double width, double height) {
-    left = Stored(left);
-    top = Stored(top);
-    width = Stored(width);
-    height = Stored(height);
-    if (width < 0 || height < 0) throw RuntimeError(kInvalidPropertyValue);
+    CheckPlace(*this, left);
+    CheckPlace(*this, top);
+    CheckSize(*this, width);
+    CheckSize(*this, height);
+    hasPlace_ = true;
     if (left == left_ && top == top_ && width == width_ && height == height_) return;
     left_ = left;
     top_ = top;

@@ -1,8 +1,10 @@
 // What all window objects have in common: a place in a container, visibility, pointer events.
 //
 // Properties are pairs of members: `Left()` reads, `Left(x)` writes. Left, Top, Width and Height are in the
-// unit of the container: pixels inside a surface in pixels (rounded to whole ones, half to even), twips on a
-// form (kept as assigned). 15 twips are a pixel, and a pixel is the toolkit's logical pixel.
+// unit of the container: pixels inside a surface in pixels, twips on a form. 15 twips are a pixel, and a
+// pixel is the toolkit's logical pixel. They keep the double that was assigned. Only the widget, and the
+// bitmap of a surface, round it to whole pixels, half to even: a width of 18.75 pixels shows as 19 and
+// reads 18.75.
 //
 // Events are function members that the form fills. A handler that the toolkit starts runs under `RunEvent`;
 // a handler that runs nested in an assignment passes its errors to the assigning statement.
@@ -109,6 +111,7 @@ class Control {
     double top_ = 0;
     double width_ = 0;
     double height_ = 0;
+    bool hasPlace_ = false; ///< Left or Top were assigned; 0, 0 is a place too.
     bool visible_ = true;
     bool enabled_ = true;
     int mousePointer_ = kPointerDefault;
@@ -121,8 +124,6 @@ class Control {
     virtual void Placed();
     /// Called after Visible changed; shows or hides the widget.
     virtual void VisibleChanged();
-    /// What a length becomes when it is assigned: whole pixels in a container of pixels.
-    double Stored(double value) const;
 
   private:
     void Assign(double& member, double value);

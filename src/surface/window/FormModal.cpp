@@ -40,7 +40,7 @@ void Form::ShowModal() {
         window->winId();
         window->windowHandle()->setTransientParent(owner->windowHandle());
         if (window->layout()) window->adjustSize();
-        if (!form_->hasPlace) form_->CentreOver(owner->frameGeometry());
+        if (!hasPlace_) form_->CentreOver(owner->frameGeometry());
     }
     QEventLoop loop;
     const RunningHandler

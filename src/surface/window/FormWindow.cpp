@@ -101,10 +101,9 @@ void FormNative::Place() {
         return;
     }
     const QPoint place = PixelPlace(form).topLeft();
-    hasPlace = hasPlace || !place.isNull();
     placing = true;
     if (!IsChild() || shown) SizeWindow();
-    if (hasPlace && window->pos() != place) window->move(place);
+    if (form.hasPlace_ && window->pos() != place) window->move(place);
     placing = false;
     if (!shown || !form.loaded_ || WantedClient() == heard) return;
     heard = WantedClient();
@@ -130,12 +129,14 @@ void FormNative::FirstShowing() {
     QWidget* window = WidgetOf(form);
     placing = true;
     if (IsChild()) {
-        if (!hasPlace) window->move(mdi->NextPlace());
+        if (!form.hasPlace_) window->move(mdi->NextPlace());
     } else {
         if (window->layout() && form.kind_ != Form::Kind::Main) window->adjustSize();
         SizeWindow();
-        if (!hasPlace && form.kind_ == Form::Kind::Splash)
+        if (!form.hasPlace_ && form.kind_ == Form::Kind::Splash)
             CentreOver(QGuiApplication::primaryScreen()->geometry());
+        // Also where the window has that place already: only a move tells the desktop not to choose another.
+        if (form.hasPlace_) window->move(PixelPlace(form).topLeft());
     }
     if (mdi) mdi->switching = true;
     ShowWindow();

@@ -21,7 +21,6 @@ struct FormNative {
     bool placing = false;        ///< The program assigns; what the toolkit tells is no news.
     bool shown = false;          ///< Was shown once.
     bool unloading = false;
-    bool hasPlace = false; ///< Left or Top were assigned.
     bool sizeKept = false; ///< A size was assigned while minimised; it counts at the restoring.
     int state = kNormal;   ///< The state to show with.
     QSize heard;           ///< The client size that the last Form_Resize heard of.

@@ -34,10 +34,10 @@ void LineControl::MarkLine() {
 
 /// Only the old and the new place are painted again.
 void LineControl::MoveEnd(double& end, double value) {
-    const double stored = Stored(value);
-    if (stored == end) return;
+    PixelsAround(*this, value); // Error 6 before anything changes.
+    if (value == end) return;
     MarkLine();
-    end = stored;
+    end = value;
     MarkLine();
 }
 
