@@ -270,6 +270,36 @@ TEST_F(MDITest, CascadeStepsDownWithTheActiveOneLast) {
     EXPECT_EQ(ErrorOf([&] { main.Arrange(3); }), kInvalidArgument);
 }
 
+TEST_F(MDITest, EnlargedChildStaysWithinTheWorkspace) {
+    PlainForm& child = ShowChild("one");
+    auto* frame = static_cast<QMdiSubWindow*>(FindWidget("one"));
+    const QSize room = frame->mdiArea()->maximumViewportSize();
+    child.Left(1500);
+    child.Top(750);
+    StayInWorkspace(child); // is inside
+    EXPECT_EQ(child.Left(), 1500);
+    EXPECT_EQ(child.Width(), 4620);
+    EXPECT_EQ(child.resizes, 1);
+    // Fits, but not where it stands: it is moved.
+    child.Width(4620 + (room.width() - frame->width()) * 15);
+    StayInWorkspace(child);
+    EXPECT_EQ(frame->geometry().left(), 0);
+    EXPECT_EQ(frame->width(), room.width());
+    EXPECT_EQ(child.Top(), 750);
+    // Larger than the workspace: cut, and the form hears of it.
+    const int before = child.resizes;
+    child.Width(30000);
+    child.Height(40000);
+    StayInWorkspace(child);
+    EXPECT_EQ(frame->geometry(), QRect(QPoint(0, 0), room));
+    EXPECT_EQ(child.resizes, before + 4);
+    child.WindowState(kMaximised);
+    LetEventsRun();
+    const QRect maximised = frame->geometry();
+    StayInWorkspace(child);
+    EXPECT_EQ(frame->geometry(), maximised);
+}
+
 TEST_F(MDITest, WindowListNamesTheOpenWindows) {
     MenuItem menu("mnuWindow", "&Janelas");
     MenuItem cascade("mnuWindowCascade", "&Cascata");

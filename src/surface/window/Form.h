@@ -113,6 +113,13 @@ class AutoForm {
 void KeepOnTop(Form& form, bool topmost);
 
 /// Stops the repainting of one window; null releases it. Gives false, and does nothing, if another is locked.
+/// Without a release the lock stays recorded, and what it held back is painted when the handler that took it
+/// is over.
 bool LockWindowUpdate(Control* window);
+
+/// Keeps a document window that became larger within the workspace: one that is larger than that is cut to
+/// its size (which runs `Form_Resize` nested), and then it is moved in. Does nothing to a maximised or
+/// minimised one.
+void StayInWorkspace(Form& window);
 
 } // namespace pintalux

@@ -53,6 +53,23 @@ std::vector<Form*> MDINative::Arrangeable() const {
     return result;
 }
 
+void StayInWorkspace(Form& window) {
+    const QMdiSubWindow* frame = qobject_cast<QMdiSubWindow*>(WidgetOf(window));
+    if (!frame || !frame->mdiArea() || window.WindowState() != kNormal) return;
+    const QSize room = frame->mdiArea()->maximumViewportSize();
+    const QSize excess = (frame->size() - room).expandedTo({0, 0});
+    if (excess.width() > 0) window.Width(window.Width() - excess.width() * kTwipsPerPixel);
+    if (excess.height() > 0) window.Height(window.Height() - excess.height() * kTwipsPerPixel);
+    const auto moved = [](int place, int size, int length) {
+        return std::max(0, std::min(place, length - size)) * kTwipsPerPixel;
+    };
+    // A place that is inside already stays as it was assigned.
+    if (frame->x() < 0 || frame->x() + frame->width() > room.width())
+        window.Left(moved(frame->x(), frame->width(), room.width()));
+    if (frame->y() < 0 || frame->y() + frame->height() > room.height())
+        window.Top(moved(frame->y(), frame->height(), room.height()));
+}
+
 void MDIForm::Arrange(int layout) {
     if (layout < kCascade || layout > kTileVertically) throw RuntimeError(kInvalidArgument);
     if (!mdi_->area) return;
