@@ -26,10 +26,10 @@ void BindSpinner(TextBox& text, ScrollBar& bar) {
     bar.Width(kWidth);
     bar.Height(kHeight);
     DigitsOnly(text);
-    text.KeyUp = [&text, &bar](int, int) {
+    text.Change = [&text, &bar] {
         if (Val(text.Text()) > bar.Max()) text.Text(NumberText(bar.Max()));
-        bar.Value(bar.Max() - Val(text.Text()));
     };
+    text.KeyUp = [&text, &bar](int, int) { bar.Value(bar.Max() - Val(text.Text())); };
     bar.Change = bar.Scroll = [&text, &bar] { text.Text(SpinnerText(bar)); };
 }
 

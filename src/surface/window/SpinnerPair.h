@@ -14,7 +14,8 @@ std::string SpinnerText(const ScrollBar& bar);
 /// Lets only the digits 0 to 9 and backspace pass.
 void DigitsOnly(TextBox& text);
 
-/// Binds the pair: the bar writes the text; digits typed move the bar, a value above its `Max` becomes `Max`.
+/// Binds the pair: the bar writes the text, digits that were typed or pasted move the bar. A number above its
+/// `Max` becomes `Max` at once, so that no text of the box is too large for what reads it.
 void BindSpinner(TextBox& text, ScrollBar& bar);
 
 } // namespace pintalux

@@ -16,6 +16,7 @@ namespace pintalux {
 namespace {
 
 constexpr int kBackspace = 8;
+constexpr int kInsert = 45;
 constexpr int kToolkitLongest = 32767;
 
 /// The line that shows a text box. Whatever brings characters in (keys, paste, input methods) asks `KeyPress`
@@ -51,14 +52,19 @@ class LineWidget final : public QLineEdit {
         if (event->button() != Qt::MiddleButton) return QLineEdit::mouseReleaseEvent(event);
         if (!QGuiApplication::clipboard()->supportsSelection()) return;
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
+        const QString before = text();
         PasteFrom(QClipboard::Selection);
+        TellOfMouse(before);
     }
     void contextMenuEvent(QContextMenuEvent* event) override {
         QMenu* menu = createStandardContextMenu();
         for (QAction* action : menu->actions()) {
-            if (action->text().section('\t', 0, 0) != QLineEdit::tr("&Paste")) continue;
-            action->disconnect(SIGNAL(triggered(bool)));
-            connect(action, &QAction::triggered, this, [this] { PasteFrom(QClipboard::Clipboard); });
+            if (action->text().section('\t', 0, 0) == QLineEdit::tr("&Paste")) {
+                action->disconnect(SIGNAL(triggered(bool)));
+                connect(action, &QAction::triggered, this, [this] { PasteFrom(QClipboard::Clipboard); });
+            }
+            // Behind what the action itself does.
+            connect(action, &QAction::triggered, this, [this, before = text()] { TellOfMouse(before); });
         }
         menu->setAttribute(Qt::WA_DeleteOnClose);
         menu->popup(event->globalPos());
@@ -102,6 +108,11 @@ class LineWidget final : public QLineEdit {
             if (kept != 0) landing += TextOf(kept);
         }
         return landing;
+    }
+    /// A form that follows the keys must hear as well of what came without one.
+    void TellOfMouse(const QString& before) {
+        if (text() == before || owner_ == nullptr || !owner_->KeyUp) return;
+        Run([&] { owner_->KeyUp(kInsert, kShiftMask); });
     }
     void PasteFrom(QClipboard::Mode mode) {
         const QString landing = Filtered(QGuiApplication::clipboard()->text(mode));

@@ -23,7 +23,8 @@ class TextBox : public Control {
     /// Cursor keys, Delete, Tab, Enter, Escape and shortcuts do not pass here; pasted characters do, one by
     /// one.
     std::function<void(int& KeyAscii)> KeyPress;
-    /// After the key took effect. Letters and digits have the code of their capital, F1 is 112.
+    /// After the key took effect. Letters and digits have the code of their capital, F1 is 112. What the
+    /// mouse changes (the menu's paste, cut, delete, undo, and the middle button) counts as Shift+Insert, 45.
     std::function<void(int KeyCode, int Shift)> KeyUp;
     std::function<void(int KeyCode, int Shift)> KeyDown;
     std::function<void()> Change;
