@@ -63,7 +63,7 @@ void OpenDocument(const std::string& path) try {
     image.Backup();
     LockWindowUpdate(nullptr);
 } catch (...) {
-    // Intended: a file that is no picture leaves the new, empty window and the locked screen as they are,
+    // Intended: a file that is no picture leaves the new, empty window as it is and the lock recorded,
     // without a word.
 }
 

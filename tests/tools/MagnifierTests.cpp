@@ -2,6 +2,8 @@
 #include "surface/window/Form.h"
 #include "tools/ToolTest.h"
 
+#include <QWidget>
+
 namespace pintalux {
 namespace {
 
@@ -47,6 +49,7 @@ TEST_F(MagnifierTest, AtTheLastLevelNothingChanges) {
     EXPECT_EQ(image.factorlevel, 30);
     EXPECT_EQ(image.Image1.Width(), 480);
     EXPECT_TRUE(ScreenLocked());
+    EXPECT_TRUE(WidgetFor(image.PicFrame).updatesEnabled()); // what was held back is painted
     // The lock lasts until the next release, wherever that comes.
     Click(image, 5, 5, kRightButton);
     EXPECT_FALSE(ScreenLocked());
@@ -59,6 +62,7 @@ TEST_F(MagnifierTest, AtTheFirstLevelARightClickChangesNothing) {
     Click(image, 5, 5, kRightButton);
     EXPECT_EQ(image.factorlevel, 0);
     EXPECT_EQ(image.Image1.Width(), 10);
+    EXPECT_TRUE(WidgetFor(image.PicFrame).updatesEnabled());
     LockWindowUpdate(nullptr);
 }
 
@@ -136,7 +140,8 @@ TEST_F(MagnifierTest, MenuTicksFollow) {
 TEST_F(MagnifierTest, TinyImageComesBackFromTheLeastZoom) {
     frmImage& image = NewDocument(7, 7);
     ZoomToLevel(0);
-    EXPECT_EQ(image.Image1.Width(), 0);
+    EXPECT_EQ(image.Image1.Width(), 7.0 / 16);
+    EXPECT_EQ(image.PicBG.PixelWidth(), 0);
     Click(image, 0, 0);
     EXPECT_EQ(image.factorlevel, 1);
     ZoomToLevel(15);

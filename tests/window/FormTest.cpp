@@ -90,6 +90,20 @@ TEST(Form, CloseBoxAsksFirst) {
     EXPECT_EQ(form.unloads, 1);
 }
 
+TEST(Form, ZeroZeroIsAPlace) {
+    PlainForm centred("centred", Form::Kind::Splash);
+    centred.Width(1500);
+    centred.Show();
+    EXPECT_NE(FindWidget("centred")->pos(), QPoint(0, 0));
+    PlainForm placed("placed", Form::Kind::Splash);
+    placed.Width(1500);
+    placed.Left(0);
+    placed.Top(0);
+    placed.Show();
+    EXPECT_EQ(FindWidget("placed")->pos(), QPoint(0, 0));
+    EXPECT_TRUE(FindWidget("placed")->testAttribute(Qt::WA_Moved)); // the desktop chooses no other place
+}
+
 int livingForms = 0;
 class CountedForm : public PlainForm {
   public:
@@ -213,6 +227,52 @@ TEST(LockWindowUpdate, LocksOneWindowAtATime) {
     EXPECT_TRUE(FindWidget("one")->updatesEnabled());
     EXPECT_TRUE(LockWindowUpdate(&two));
     EXPECT_TRUE(LockWindowUpdate(nullptr));
+}
+
+TEST(LockWindowUpdate, WhatALockHoldsBackIsPaintedWhenItsHandlerIsOver) {
+    PlainForm form;
+    Surface one(form, "one");
+    Surface two(form, "two");
+    RunEvent(EventKind::Ordinary, [&] {
+        RunEvent(EventKind::Ordinary, [] {}); // a handler nested before does not count
+        EXPECT_TRUE(LockWindowUpdate(&one));
+        RunEvent(EventKind::Ordinary, [&] { EXPECT_TRUE(LockWindowUpdate(&one)); });
+        EXPECT_FALSE(FindWidget("one")->updatesEnabled()); // the outer handler took it
+    });
+    EXPECT_TRUE(FindWidget("one")->updatesEnabled());
+    EXPECT_FALSE(LockWindowUpdate(&two)); // but the lock stays recorded
+    RunEvent(EventKind::Ordinary, [&] {
+        EXPECT_TRUE(LockWindowUpdate(&one)); // and may be taken again
+        EXPECT_FALSE(FindWidget("one")->updatesEnabled());
+    });
+    EXPECT_TRUE(FindWidget("one")->updatesEnabled());
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+    EXPECT_TRUE(LockWindowUpdate(&two));
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+}
+
+TEST(LockWindowUpdate, LockOfAHandlerThatFailsIsPaintedToo) {
+    UntrappedErrors errors;
+    PlainForm form;
+    Surface one(form, "one");
+    RunEvent(EventKind::Ordinary, [&] {
+        LockWindowUpdate(&one);
+        throw RuntimeError(kInvalidArgument);
+    });
+    EXPECT_EQ(errors.numbers, std::vector<int>{kInvalidArgument});
+    EXPECT_TRUE(FindWidget("one")->updatesEnabled());
+    LockWindowUpdate(nullptr);
+}
+
+TEST(LockWindowUpdate, LockOutsideAnyHandlerIsPaintedByTheEventLoop) {
+    PlainForm form;
+    Surface one(form, "one");
+    Surface two(form, "two");
+    EXPECT_TRUE(LockWindowUpdate(&one));
+    EXPECT_FALSE(FindWidget("one")->updatesEnabled());
+    EXPECT_TRUE(WaitFor([] { return FindWidget("one")->updatesEnabled(); }));
+    EXPECT_FALSE(LockWindowUpdate(&two));
+    LockWindowUpdate(nullptr);
 }
 
 TEST(LockWindowUpdate, DeadWindowHoldsNoLock) {

@@ -5,8 +5,10 @@
 #include <QCoreApplication>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <typeinfo>
 #include <utility>
 #include <vector>
@@ -18,6 +20,28 @@ namespace {
 int runningHandlers = 0;
 const std::type_info* failedHandler = nullptr;
 bool idlePosted = false;
+
+/// What a handler left to be done at its end, and how many handlers ran when it did, itself counted.
+struct Epilogue {
+    int depth;
+    std::function<void()> work;
+};
+
+std::vector<Epilogue>& Epilogues() {
+    static std::vector<Epilogue> epilogues;
+    return epilogues;
+}
+
+/// The deepest handler's are the last of the list, in the order in which they were given.
+void RunEpilogues() {
+    std::vector<Epilogue>& all = Epilogues();
+    const auto due = std::find_if(all.begin(), all.end(),
+                                  [](const Epilogue& epilogue) { return epilogue.depth > runningHandlers; });
+    const std::vector<Epilogue> running(std::make_move_iterator(due), std::make_move_iterator(all.end()));
+    all.erase(due, all.end());
+    for (const Epilogue& epilogue : running)
+        epilogue.work();
+}
 
 std::vector<std::function<void()>>& IdleWork() {
     static std::vector<std::function<void()>> work;
@@ -55,7 +79,9 @@ RunningHandler::RunningHandler() {
 }
 
 RunningHandler::~RunningHandler() {
-    if (--runningHandlers == 0) PostIdleWork();
+    --runningHandlers;
+    RunEpilogues();
+    if (runningHandlers == 0) PostIdleWork();
 }
 
 void RunEvent(EventKind kind, const std::function<void()>& handler) noexcept {
@@ -82,6 +108,11 @@ void WhenIdle(std::function<void()> work) {
     static_cast<void>(registered);
     IdleWork().push_back(std::move(work));
     if (runningHandlers == 0) PostIdleWork();
+}
+
+void WhenHandlerOver(std::function<void()> work) {
+    if (runningHandlers == 0) return WhenIdle(std::move(work));
+    Epilogues().push_back({runningHandlers, std::move(work)});
 }
 
 void DoEvents() {

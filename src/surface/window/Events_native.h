@@ -17,4 +17,8 @@ class RunningHandler {
 /// Runs `work` from the event loop once no handler runs any more.
 void WhenIdle(std::function<void()> work);
 
+/// Runs `work` as soon as the innermost handler that runs now is over; from the event loop if none runs. It
+/// must raise nothing.
+void WhenHandlerOver(std::function<void()> work);
+
 } // namespace pintalux
