@@ -4,9 +4,9 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 
+#include "document/BarPositions.h"
 #include "document/Zoom.h"
 #include "surface/window/ProgressBar.h"
-#include "tools/ToolNumbers.h"
 
 #include <QToolButton>
 
