@@ -6,9 +6,10 @@ namespace pintalux {
 
 bool MakeTempFileName(const std::string& path, const std::string& prefix, unsigned unique,
                       std::string& name) {
-    const std::string folder = path.empty() ? GetTempPath() : path;
-    if (folder.empty()) return false;
-    const bool made = GetTempFileName(folder, prefix, unique, name) >= 1;
+    const auto make = [&](const std::string& folder) {
+        return GetTempFileName(folder, prefix, unique, name) >= 1;
+    };
+    const bool made = path.empty() ? TryTempFolders(make) : make(path);
     name = StripAtNull(name);
     return made;
 }

@@ -6,7 +6,7 @@
 namespace pintalux {
 
 /// Makes an empty, uniquely named file and gives true; its path goes to `name`. An empty `path` means the
-/// system's folder for temporary files. False if there is no such folder or no file can be made; nothing is
+/// first of the system's folders for temporary files that takes it. False if no file can be made; nothing is
 /// reported to the user.
 bool MakeTempFileName(const std::string& path, const std::string& prefix, unsigned unique, std::string& name);
 

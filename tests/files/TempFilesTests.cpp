@@ -42,19 +42,30 @@ TEST_F(TempFilesTest, AGivenFolderIsTaken) {
     EXPECT_TRUE(name.starts_with(Folder("pictures") + "/BI")) << name;
 }
 
-TEST_F(TempFilesTest, WithoutATemporaryFolderThereIsNoName) {
+TEST_F(TempFilesTest, WithoutTheFolderOfTheWishTheNextOneIsTaken) {
     setenv("TMPDIR", (Folder("temporary") + "/gone").c_str(), 1);
     std::string name;
-    EXPECT_FALSE(MakeTempFileName("", "BI", 0, name));
+    ASSERT_TRUE(MakeTempFileName("", "BI", 0, name));
+    EXPECT_TRUE(name.starts_with("/var/tmp/BI")) << name;
+    DeleteFile(name);
 }
 
-TEST_F(TempFilesTest, AFolderThatTakesNoFilesGivesNoName) {
+TEST_F(TempFilesTest, WhereTheFirstFolderTakesNoFileTheNextOneDoes) {
     for (const int reason : {EACCES, EROFS, ENOSPC}) {
         std::string name;
         FailFileOperation(1, reason);
-        EXPECT_FALSE(MakeTempFileName("", "BI", 0, name)) << reason;
+        ASSERT_TRUE(MakeTempFileName("", "BI", 0, name)) << reason;
+        EXPECT_TRUE(name.starts_with("/var/tmp/BI")) << name;
+        DeleteFile(name);
     }
     EXPECT_TRUE(StateFileNames().empty());
+}
+
+TEST_F(TempFilesTest, AGivenFolderThatTakesNoFilesGivesNoName) {
+    std::string name;
+    EXPECT_FALSE(MakeTempFileName(Folder("pictures") + "/gone", "BI", 0, name));
+    FailFileOperation(1, ENOSPC);
+    EXPECT_FALSE(MakeTempFileName(Folder("pictures"), "BI", 0, name));
 }
 
 TEST(StripAtNull, GivesThePartBeforeTheFirstNul) {

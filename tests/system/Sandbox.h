@@ -3,9 +3,11 @@
 #pragma once
 
 #include "base/RuntimeError.h"
+#include "support/OrdinaryUser.h"
 #include "surface/raster/Bitmap.h"
 #include "surface/system/FileLayer.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -59,18 +61,20 @@ inline unsigned ModeOf(const std::string& path) {
     return ::stat(path.c_str(), &info) == 0 ? info.st_mode & 07777 : 0;
 }
 
-/// The superuser may do anything: takes that away for the object's life.
-class OrdinaryUser {
+/// Sets an environment variable for the object's life.
+class Variable {
   public:
-    OrdinaryUser() : wasSuperuser_(::geteuid() == 0 && ::seteuid(65534) == 0) {}
-    ~OrdinaryUser() {
-        if (wasSuperuser_ && ::seteuid(0) != 0) std::abort();
+    Variable(const char* name, const std::string& value) : name_(name) {
+        if (const char* old = std::getenv(name)) old_ = old;
+        ::setenv(name, value.c_str(), 1);
     }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    ~Variable() { old_.empty() ? ::unsetenv(name_) : ::setenv(name_, old_.c_str(), 1); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
 
   private:
-    bool wasSuperuser_;
+    const char* name_;
+    std::string old_;
 };
 
 /// The number of the run-time error that `step` raises; 0 for none.
@@ -102,6 +106,10 @@ inline std::string LittleEndian(std::int64_t value, int bytes) {
         text += static_cast<char>(i < 8 ? value >> (8 * i) & 0xFF : 0);
     return text;
 }
+
+/// The operation of `WriteFileAside` over an old file whose refusal is no failure: after looking at the old
+/// file and making the new one, its mode.
+inline constexpr int kModeOperation = 3;
 
 /// Fails the n-th operation of `step` for every n that there is and asks `check` each time; the number of
 /// operations.

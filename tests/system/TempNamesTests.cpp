@@ -9,22 +9,6 @@
 namespace pintalux {
 namespace {
 
-/// Sets an environment variable for the object's life.
-class Variable {
-  public:
-    Variable(const char* name, const std::string& value) : name_(name) {
-        if (const char* old = std::getenv(name)) old_ = old;
-        ::setenv(name, value.c_str(), 1);
-    }
-    ~Variable() { old_.empty() ? ::unsetenv(name_) : ::setenv(name_, old_.c_str(), 1); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-  private:
-    const char* name_;
-    std::string old_;
-};
-
 /// True if `name` is "BI", `digits` hexadecimal digits in capitals and ".tmp" in the sandbox.
 bool HasDigits(const Sandbox& box, const std::string& name, std::size_t digits) {
     const std::string start = box / "BI";
@@ -33,22 +17,47 @@ bool HasDigits(const Sandbox& box, const std::string& name, std::size_t digits) 
     return number.size() == digits && number.find_first_not_of("0123456789ABCDEF") == std::string::npos;
 }
 
-TEST(TempPath, IsTheUsersWishWithASeparator) {
+/// All places for temporary files, in their order.
+std::vector<std::string> TempFolders() {
+    std::vector<std::string> folders;
+    EXPECT_FALSE(TryTempFolders([&](const std::string& folder) {
+        folders.push_back(folder);
+        return false;
+    }));
+    return folders;
+}
+
+using Folders = std::vector<std::string>;
+
+TEST(TempFolders, BeginWithTheUsersWishAndEndInTheStateHome) {
     const Sandbox box;
     const Variable wish("TMPDIR", box.Folder());
-    EXPECT_EQ(GetTempPath(), box.Folder() + "/");
+    const Variable state("XDG_STATE_HOME", box / "state");
+    EXPECT_EQ(TempFolders(), (Folders{box.Folder() + "/", "/var/tmp/", "/tmp/", box / "state/Pintalux64/"}));
+    EXPECT_EQ(ModeOf(box / "state/Pintalux64"), 0700U);
 }
 
-TEST(TempPath, IsADiskThatLastsWithoutAWish) {
+TEST(TempFolders, BeginWithADiskThatLastsWithoutAWish) {
+    const Sandbox box;
     const Variable wish("TMPDIR", "");
-    EXPECT_EQ(GetTempPath(), "/var/tmp/");
+    const Variable state("XDG_STATE_HOME", box / "state");
+    EXPECT_EQ(TempFolders().front(), "/var/tmp/");
 }
 
-TEST(TempPath, IsEmptyIfTheWishIsNoFolder) {
+TEST(TempFolders, PassOverAWishAndAStateHomeThatAreNoFolders) {
     const Sandbox box;
     PutBytes(box / "file", "x");
     const Variable wish("TMPDIR", box / "file");
-    EXPECT_EQ(GetTempPath(), "");
+    const Variable state("XDG_STATE_HOME", box / "file");
+    EXPECT_EQ(TempFolders(), (Folders{"/var/tmp/", "/tmp/"}));
+}
+
+TEST(TempFolders, EndTheSearchAtTheFirstThatWillDo) {
+    const Sandbox box;
+    const Variable wish("TMPDIR", box.Folder());
+    int tries = 0;
+    EXPECT_TRUE(TryTempFolders([&](const std::string&) { return ++tries == 2; }));
+    EXPECT_EQ(tries, 2);
 }
 
 TEST(TempNames, FileIsMadeEmptyAndPrivate) {

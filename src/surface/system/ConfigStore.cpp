@@ -2,12 +2,10 @@
 
 #include "base/RuntimeError.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/Folders.h"
 #include "surface/system/IniText.h"
 
-#include <cstdlib>
-#include <pwd.h>
 #include <string_view>
-#include <unistd.h>
 
 namespace pintalux {
 
@@ -15,19 +13,6 @@ namespace {
 
 constexpr std::size_t kLongestStore = std::size_t{4} << 20;
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-
-std::string HomeFolder() {
-    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
-    const passwd* user = ::getpwuid(::geteuid());
-    return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
-}
-
-std::string StoreFolder() {
-    const char* wanted = std::getenv("XDG_CONFIG_HOME");
-    // A relative path there is to be ignored: it would mean another store in each folder.
-    const bool usable = wanted != nullptr && *wanted == '/';
-    return (usable ? wanted : HomeFolder() + "/.config") + "/Pintalux64";
-}
 
 std::string EscapeOf(char c) {
     const auto code = static_cast<unsigned char>(c);
@@ -114,7 +99,7 @@ void WriteStore(const std::string& path, const std::string& text) {
 std::optional<std::string> ReadStoreValue(const std::string& fileName, const std::string& group,
                                           const std::string& name) {
     try {
-        const IniText store(ReadStore(StoreFolder() + "/" + fileName));
+        const IniText store(ReadStore(SettingsFolder() + "/" + fileName));
         const auto value = store.Value(EscapedName(group), EscapedName(name));
         if (!value) return {};
         return UnescapedValue(*value);
@@ -125,8 +110,8 @@ std::optional<std::string> ReadStoreValue(const std::string& fileName, const std
 
 void WriteStoreValues(const std::string& fileName, const std::string& group,
                       const std::vector<SettingText>& values) {
-    MakeFolders(StoreFolder());
-    const std::string path = StoreFolder() + "/" + fileName;
+    MakeFolders(SettingsFolder());
+    const std::string path = SettingsFolder() + "/" + fileName;
     const std::string before = ReadStore(path);
     IniText store(before);
     for (const SettingText& value : values)
@@ -136,7 +121,7 @@ void WriteStoreValues(const std::string& fileName, const std::string& group,
 }
 
 bool DeleteStoreValue(const std::string& fileName, const std::string& group, const std::string& name) {
-    const std::string path = StoreFolder() + "/" + fileName;
+    const std::string path = SettingsFolder() + "/" + fileName;
     IniText store(ReadStore(path));
     if (!store.Remove(EscapedName(group), EscapedName(name))) return false;
     WriteStore(path, store.Text("\n"));

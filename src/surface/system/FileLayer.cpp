@@ -1,11 +1,11 @@
 #include "surface/system/FileLayer.h"
 
 #include "base/RuntimeError.h"
+#include "surface/system/FileOperation.h"
 
 #include <atomic>
 #include <cerrno>
 #include <fcntl.h>
-#include <random>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,22 +16,6 @@ namespace {
 std::atomic<int> operationCount{0};
 std::atomic<int> failingOperation{0};
 std::atomic<int> failingErrno{0};
-
-/// Counts an operation; true if a test wants this one to fail, with errno set.
-bool FailsByOrder() {
-    if (++operationCount != failingOperation) return false;
-    errno = failingErrno;
-    return true;
-}
-
-/// Makes a counted system call, again while a signal interrupts it. -1 and errno on failure.
-template <class Call>
-auto Operation(Call call) {
-    for (;;) {
-        const auto result = FailsByOrder() ? -1 : call();
-        if (result >= 0 || errno != EINTR) return result;
-    }
-}
 
 int NumberOf(int errnoValue) {
     switch (errnoValue) {
@@ -51,6 +35,10 @@ int NumberOf(int errnoValue) {
         return kPermissionDenied;
     case ENXIO:
     case ENODEV:
+    case ESTALE:
+    case ENOTCONN:
+    case EHOSTDOWN:
+    case ETIMEDOUT:
         return kDeviceUnavailable;
     case ENOMEM:
         return kOutOfMemory;
@@ -79,6 +67,11 @@ std::string ReasonOf(int errnoValue) {
     case ENXIO:
     case ENODEV:
         return "o dispositivo não está disponível";
+    case ESTALE:
+    case ENOTCONN:
+    case EHOSTDOWN:
+    case ETIMEDOUT:
+        return "o servidor não responde";
     case ENOMEM:
         return "falta memória";
     case EISDIR:
@@ -101,76 +94,26 @@ std::string ReasonOf(int errnoValue) {
     }
 }
 
+/// Whether the reason says that nobody gets through to the path, so that no file can be seen there.
+bool OutOfReach(int errnoValue) {
+    const int number = NumberOf(errnoValue);
+    return number == kFileNotFound || number == kDeviceUnavailable || number == kPathNotFound ||
+           errnoValue == EACCES || errnoValue == ELOOP || errnoValue == EIO;
+}
+
+} // namespace
+
+bool FailsByOrder() {
+    if (++operationCount != failingOperation) return false;
+    errno = failingErrno;
+    return true;
+}
+
 std::string FolderOf(const std::string& path) {
     const std::size_t slash = path.find_last_of('/');
     if (slash == std::string::npos) return ".";
     return slash == 0 ? "/" : path.substr(0, slash);
 }
-
-/// The path that a chain of symbolic links ends at, which need not exist.
-std::string FollowLinks(const std::string& path) {
-    constexpr int kMostLinks = 40;
-    std::string target = path;
-    for (int i = 0; i < kMostLinks; ++i) {
-        char text[4096];
-        const ssize_t length = ::readlink(target.c_str(), text, sizeof text);
-        if (length < 0) return target;
-        const std::string link(text, static_cast<std::size_t>(length));
-        target = link.starts_with('/') ? link : FolderOf(target) + "/" + link;
-    }
-    RaiseFileError(ELOOP, path);
-}
-
-/// What stands at `target`, if anything; raises an error unless it is a plain file that the user may write.
-std::optional<struct stat> OldFile(const std::string& target, const std::string& shownPath) {
-    struct stat old = {};
-    if (Operation([&] { return ::stat(target.c_str(), &old); }) != 0) {
-        if (errno == ENOENT) return {};
-        RaiseFileError(errno, shownPath);
-    }
-    if (!S_ISREG(old.st_mode)) RaiseFileError(S_ISDIR(old.st_mode) ? EISDIR : EINVAL, shownPath);
-    // A rename would replace a write-protected file without a word.
-    if (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) RaiseFileError(errno, shownPath);
-    return old;
-}
-
-void TakeOwnerAndMode(int descriptor, const struct stat& old, const std::string& shownPath) {
-    struct stat now = {};
-    const bool foreign =
-        ::fstat(descriptor, &now) == 0 && (now.st_uid != old.st_uid || now.st_gid != old.st_gid);
-    // Only the superuser may give files away: whoever may not owns the new file.
-    if (foreign && ::fchown(descriptor, old.st_uid, old.st_gid) != 0) errno = 0;
-    if (Operation([&] { return ::fchmod(descriptor, old.st_mode & 0777); }) != 0)
-        RaiseFileError(errno, shownPath);
-}
-
-/// A file name that goes with this object, unless it was renamed before.
-struct AsideName {
-    std::string path;
-    ~AsideName() {
-        if (!path.empty()) ::unlink(path.c_str());
-    }
-};
-
-std::string RandomAsidePath(const std::string& folder) {
-    static const char* digits = "0123456789abcdefghijklmnopqrstuvwxyz";
-    std::random_device random;
-    std::string path = folder + "/.pintalux-";
-    for (int i = 0; i < 12; ++i)
-        path += digits[random() % 36];
-    return path;
-}
-
-/// The rename itself lasts only when its folder is on disk too; some file systems cannot say so, and no harm
-/// is done.
-void SyncFolder(const std::string& folder) {
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-}
-
-} // namespace
 
 void RaiseFileError(int errnoValue, const std::string& path) {
     throw RuntimeError(NumberOf(errnoValue), path + " (" + ReasonOf(errnoValue) + ")");
@@ -260,6 +203,11 @@ void File::Sync() {
     if (errno != EINVAL && errno != ENOTSUP) RaiseFileError(errno, path_);
 }
 
+void File::CutAt(std::uint64_t length) {
+    if (Operation([&] { return ::ftruncate(descriptor_, static_cast<off_t>(length)); }) != 0)
+        RaiseFileError(errno, path_);
+}
+
 void File::Close() {
     const int descriptor = std::exchange(descriptor_, -1);
     if (descriptor < 0) return;
@@ -269,29 +217,11 @@ void File::Close() {
     if (ordered != 0) RaiseFileError(ordered, path_);
 }
 
-void WriteFileAside(const std::string& path, const std::function<void(File&)>& write) {
-    const std::string target = FollowLinks(path);
-    const std::string folder = FolderOf(target);
-    const std::optional<struct stat> old = OldFile(target, path);
-    const std::string asidePath = RandomAsidePath(folder);
-    File file = File::Open(asidePath, O_WRONLY | O_CREAT | O_EXCL, 0666, path);
-    AsideName aside{asidePath};
-    if (old) TakeOwnerAndMode(file.descriptor_, *old, path);
-    write(file);
-    file.Sync();
-    file.Close();
-    if (Operation([&] { return ::rename(asidePath.c_str(), target.c_str()); }) != 0)
-        RaiseFileError(errno, path);
-    aside.path.clear();
-    SyncFolder(folder);
-}
-
 bool FileDateReadable(const std::string& path) {
     struct stat info = {};
     if (Operation([&] { return ::stat(path.c_str(), &info); }) == 0) return true;
     const int reason = errno;
-    const int number = NumberOf(reason);
-    if (number == kFileNotFound || number == kDeviceUnavailable || number == kPathNotFound) return false;
+    if (OutOfReach(reason)) return false;
     RaiseFileError(reason, path);
 }
 

@@ -13,7 +13,8 @@
 namespace pintalux {
 
 /// The error number for an errno: ENOENT 53, EIO 57, ENOTDIR and ENAMETOOLONG 76, ENOSPC/EDQUOT 61,
-/// EACCES/EPERM/EROFS 70, ENXIO/ENODEV 68, ENOMEM 7, others 75. The text names the path and the reason.
+/// EACCES/EPERM/EROFS 70, ENXIO/ENODEV and a server that is away 68, ENOMEM 7, others 75. The text names the
+/// path and the reason.
 [[noreturn]] void RaiseFileError(int errnoValue, const std::string& path);
 
 /// A file descriptor that closes itself. Every member raises a run-time error with the path in its text.
@@ -28,6 +29,8 @@ class File {
     static File CreateNew(const std::string& path);
     /// The same, but gives nothing if the file exists.
     static std::optional<File> TryCreateNew(const std::string& path);
+    /// With the flags of open(2), for the layer itself; messages name `shownPath`.
+    static File Open(const std::string& path, int flags, unsigned mode, const std::string& shownPath);
     File(File&& other) noexcept;
     File& operator=(File&& other) noexcept;
     ~File();
@@ -38,24 +41,32 @@ class File {
     std::size_t Read(std::span<std::byte> bytes);
     std::uint64_t Length() const;
     void Seek(std::uint64_t position);
+    void CutAt(std::uint64_t length); ///< What stands behind goes.
     void Sync();
     void Close(); ///< Checked, unlike the destructor's.
 
+    int Descriptor() const { return descriptor_; }
+
   private:
-    friend void WriteFileAside(const std::string&, const std::function<void(File&)>&);
-    static File Open(const std::string& path, int flags, unsigned mode, const std::string& shownPath);
     File(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
     int descriptor_ = -1;
     std::string path_;
 };
 
 /// Writes a file aside (same folder, hidden name), syncs it and renames it over `path`; the mode of the old
-/// file is kept, and its owner where the user may. On any failure the old file stays as it was, the aside
-/// file is removed and the error passes up. A symbolic link is followed: its target is replaced. Error 70 if
-/// the old file or the folder is write-protected, 75 if `path` is no plain file.
+/// file is kept where the file system has modes, and its owner where the user may. On any failure the old
+/// file stays as it was, the aside file is removed and the error passes up. A symbolic link is followed: its
+/// target is replaced. Error 70 if the old file is write-protected, or the folder and there is no old file;
+/// 75 if `path` is no plain file.
+///
+/// An old file that may be written, in a folder that takes no new ones, is written in place, from a whole
+/// copy in a folder for temporary files. `write` then runs twice. If the last step fails, the copy stays and
+/// the error's text names it.
 void WriteFileAside(const std::string& path, const std::function<void(File&)>& write);
 
-/// True when the file's date can be read. False for errors 53, 68 and 76; any other passes up.
+/// True when the file's date can be read. False for errors 53, 68 and 76, and whatever else says that nobody
+/// gets through to the path: a closed folder, a ring of links, a disk or a server that does not answer. Any
+/// other error passes up.
 bool FileDateReadable(const std::string& path);
 std::optional<std::uint64_t> FileLength(const std::string& path); ///< Empty if there is no such file.
 void DeleteFile(const std::string& path);                         ///< Error 53 if it does not exist.

@@ -23,9 +23,12 @@ std::string LineText(const std::string& text) {
     return ToWindows1252(text.substr(0, text.find_first_of("\r\n\0"s)));
 }
 
-std::string ReadProfileFile(const std::string& file) {
-    if (!FileDateReadable(file)) return {};
+/// Empty only if there is no such file: one that cannot be read must not be written anew without its keys.
+std::string ReadProfileFile(const std::string& file) try {
     return ReadWholeFile(file, kLongestProfile);
+} catch (const RuntimeError& error) {
+    if (error.Number() != kFileNotFound) throw;
+    return {};
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/Folders.h"
 
 #include <atomic>
 #include <cstdio>
@@ -44,15 +45,21 @@ unsigned CreateFree(const std::string& path, const std::string& prefix, unsigned
     return 0;
 }
 
+bool IsFolder(const std::string& path) {
+    struct stat info = {};
+    return ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
 } // namespace
 
-std::string GetTempPath() {
+bool TryTempFolders(const std::function<bool(const std::string& folder)>& attempt) {
     const char* wanted = std::getenv("TMPDIR");
-    std::string path = wanted != nullptr && *wanted != '\0' ? wanted : "/var/tmp";
-    struct stat info = {};
-    if (::stat(path.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) return {};
-    if (!path.ends_with('/')) path += '/';
-    return path;
+    for (const std::string& folder : {std::string(wanted == nullptr ? "" : wanted), std::string("/var/tmp"),
+                                      std::string("/tmp"), StateFolder()}) {
+        if (folder == StateFolder()) ResumeNext([&] { MakeFolders(folder); });
+        if (IsFolder(folder) && attempt(folder.ends_with('/') ? folder : folder + "/")) return true;
+    }
+    return false;
 }
 
 unsigned GetTempFileName(const std::string& path, const std::string& prefix, unsigned unique,

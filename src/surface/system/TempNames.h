@@ -1,12 +1,15 @@
-// Temporary files and the path for them.
+// Temporary files and the folders for them.
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace pintalux {
 
-/// $TMPDIR, else /var/tmp, with a trailing separator; empty if it is no folder.
-std::string GetTempPath();
+/// Tries the folders for temporary files, each with a trailing separator, until `attempt` is content:
+/// $TMPDIR, /var/tmp (it outlives a restart, and is no memory disk), /tmp, and one of our own in the state
+/// home, made on demand. What is no folder is passed over. False if none would do.
+bool TryTempFolders(const std::function<bool(const std::string& folder)>& attempt);
 
 /// Creates an empty file in `path` named `prefix` (three characters at most), four hexadecimal digits (or,
 /// when those are used up, eight) and ".tmp", for the user alone; the name goes to `name`. Gives the number,
