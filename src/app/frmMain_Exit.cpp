@@ -2,6 +2,7 @@
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
 #include "base/NumberText.h"
+#include "base/RuntimeError.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "imageops/frmFiltBrow.h"
@@ -52,7 +53,9 @@ void frmMainForm::SaveViews() {
         values.push_back({"MainWidth", SingleText(MDIForm::Width())});
         values.push_back({"MainHeight", SingleText(MDIForm::Height())});
     }
-    SaveSettings(App.Title(), "Settings", values);
+    // Where nothing can be written the exit is silent: the next start has the views of the last one that
+    // could.
+    ResumeNext([&] { SaveSettings(App.Title(), "Settings", values); });
 }
 
 } // namespace pintalux

@@ -56,13 +56,12 @@ void frmImage::Backup() {
     }
     ShowUndoState(ListBUorder);
     if (ListBUorder.ListIndex() >= 1) EnableImageMenus();
-    if (Val(Setting("Undoredo", "1")) == 0) TrimHistory();
+    if (SettingInteger("Undoredo", 1, 0, 1) == 0) TrimHistory();
     alreadysaved = false;
 }
 
 void frmImage::TrimHistory() {
-    // A number that the list does not have, after an edit by hand, leaves it as it is.
-    ResumeNext([] { frmPrefs->Combo2.ListIndex(ToInt16(Val(Setting("UndoSteps", "0")))); });
+    ResumeNext([] { frmPrefs->Combo2.ListIndex(SettingInteger("UndoSteps", 0, 0, 5)); });
     const int steps = ToInt16(Val(frmPrefs->Combo2.Text()));
     if (steps + 1 >= ListBUorder.ListCount()) return;
     // Intended: one state at most goes per edit, so that a limit switched on later never drops a long history

@@ -5,31 +5,13 @@
 #include "base/RuntimeError.h"
 #include "settings/RecentFiles.h"
 #include "surface/system/App.h"
+#include "surface/system/MsgBox.h"
 #include "surface/system/Settings.h"
 #include "surface/window/Layout.h"
 
 namespace pintalux {
 
 AutoForm<frmPrefsForm> frmPrefs;
-
-std::string Setting(const std::string& key, const std::string& defaultText) {
-    return GetSetting(App.Title(), "Settings", key, defaultText);
-}
-
-namespace {
-
-// Gives a control the stored number of a key; one that the control refuses, after an edit by hand, counts as
-// the default.
-template <class Assign>
-void TakeSetting(const char* key, const char* defaultText, Assign assign) {
-    try {
-        assign(ToInt16(Val(Setting(key, defaultText))));
-    } catch (const RuntimeError&) {
-        assign(ToInt16(Val(defaultText)));
-    }
-}
-
-} // namespace
 
 frmPrefsForm::frmPrefsForm()
     : Form("frmPrefs", Kind::Dialog), SSTab1(*this, "SSTab1", {"Geral", "Memória", "JPEG"}),
@@ -79,14 +61,14 @@ void frmPrefsForm::LayOut() {
 }
 
 void frmPrefsForm::Form_Load() {
-    TakeSetting("JPGsaveQuality", "50", [this](int value) { Slider1.Value(value); });
-    TakeSetting("ShowSplash", "1", [this](int value) { Check1.Value(value); });
-    TakeSetting("Associate", "0", [this](int value) { Check2.Value(value); });
-    TakeSetting("Clipmon", "1", [this](int value) { Check3.Value(value); });
-    TakeSetting("SavePrompt", "0", [this](int value) { Check4.Value(value); });
-    TakeSetting("Undoredo", "1", [this](int value) { Check5.Value(value); });
-    TakeSetting("MRUlist", "1", [this](int value) { Combo1.ListIndex(value); });
-    TakeSetting("UndoSteps", "0", [this](int value) { Combo2.ListIndex(value); });
+    Slider1.Value(SettingInteger("JPGsaveQuality", 50, 10, 90));
+    Check1.Value(SettingInteger("ShowSplash", 1, 0, 1));
+    Check2.Value(SettingInteger("Associate", 0, 0, 1));
+    Check3.Value(SettingInteger("Clipmon", 1, 0, 1));
+    Check4.Value(SettingInteger("SavePrompt", 0, 0, 1));
+    Check5.Value(SettingInteger("Undoredo", 1, 0, 1));
+    Combo1.ListIndex(SettingInteger("MRUlist", 1, 0, 4));
+    Combo2.ListIndex(SettingInteger("UndoSteps", 0, 0, 5));
     Check5_Click();
 }
 
@@ -97,7 +79,7 @@ void frmPrefsForm::Check5_Click() {
     Combo2.Enabled(limited);
 }
 
-void frmPrefsForm::Command1_Click() {
+void frmPrefsForm::Save() try {
     SaveSettings(App.Title(), "Settings",
                  {{"JPGsaveQuality", NumberText(Slider1.Value())},
                   {"ShowSplash", NumberText(Check1.Value())},
@@ -107,6 +89,13 @@ void frmPrefsForm::Command1_Click() {
                   {"Undoredo", NumberText(Check5.Value())},
                   {"MRUlist", NumberText(Combo1.ListIndex())},
                   {"UndoSteps", NumberText(Combo2.ListIndex())}});
+} catch (const RuntimeError& error) {
+    MsgBox("Não foi possível gravar as preferências.\n" + error.Text(), BoxButtons::Ok, BoxIcon::Exclamation,
+           kMessageTitle);
+}
+
+void frmPrefsForm::Command1_Click() {
+    Save();
     MRUlimit = ToInt16(Val(Combo1.Text()));
     Unload();
 }

@@ -2,16 +2,12 @@
 // live values that the rest of the program reads.
 #pragma once
 
+#include "settings/Setting.h"
 #include "surface/window/Display.h"
 #include "surface/window/Form.h"
 #include "surface/window/Inputs.h"
 
-#include <string>
-
 namespace pintalux {
-
-/// The value of a key of the program's settings, as text.
-std::string Setting(const std::string& key, const std::string& defaultText);
 
 class frmPrefsForm : public Form {
   public:
@@ -45,6 +41,7 @@ class frmPrefsForm : public Form {
 
   private:
     void LayOut();
+    void Save(); ///< To the store; what cannot be written is told, and the run goes on.
 };
 
 extern AutoForm<frmPrefsForm> frmPrefs;

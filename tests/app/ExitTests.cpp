@@ -63,6 +63,15 @@ TEST_F(ExitTest, TheNextStartFindsThem) {
     EXPECT_EQ(frmMain->Width(), 7500);
 }
 
+TEST_F(ExitTest, WhereNoSettingCanBeWrittenTheExitIsSilent) {
+    Start();
+    std::filesystem::remove_all(Folder("settings") + "/Pintalux64");
+    PutBytes(Folder("settings") + "/Pintalux64", "no folder");
+    const DialogScript nothingIsSaid;
+    Exit();
+    EXPECT_FALSE(frmMain.Loaded());
+}
+
 TEST_F(ExitTest, AHiddenMainWindowStillStoresItsBarsAsShown) {
     Start();
     frmMain->Hide();

@@ -4,6 +4,7 @@
 
 #include "app/frmSplash.h"
 #include "settings/frmPrefs.h"
+#include "settings/RecentFiles.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -121,11 +122,54 @@ TEST_F(PreferencesTest, ArrowsMoveTheQualityByOneAndPagesByFive) {
     });
 }
 
-TEST_F(PreferencesTest, TextThatIsNoNumberCountsAs0) {
-    Set({{"MRUlist", "abc"}, {"ShowSplash", "abc"}, {"UndoSteps", "abc"}});
-    EXPECT_EQ(frmPrefs->Combo1.Text(), "3");
-    EXPECT_EQ(frmPrefs->Check1.Value(), 0);
+TEST_F(PreferencesTest, TextThatIsNoNumberCountsAsTheDefault) {
+    Set({{"MRUlist", "abc"}, {"ShowSplash", "abc"}, {"UndoSteps", "3x"}, {"JPGsaveQuality", ""}});
+    EXPECT_EQ(frmPrefs->Combo1.Text(), "5");
+    EXPECT_EQ(frmPrefs->Check1.Value(), 1);
     EXPECT_EQ(frmPrefs->Combo2.Text(), "5");
+    EXPECT_EQ(frmPrefs->Slider1.Value(), 50);
+}
+
+TEST_F(PreferencesTest, BlanksAroundANumberDoNotMatter) {
+    Set({{"MRUlist", " 3 "}, {"JPGsaveQuality", "7.2e1"}});
+    EXPECT_EQ(frmPrefs->Combo1.Text(), "10");
+    EXPECT_EQ(frmPrefs->Slider1.Value(), 72);
+}
+
+TEST_F(PreferencesTest, WordsOfTheViewsCountInAnyCaseAndGarbageAsTheDefault) {
+    Set({{"Toolbar", "false"}, {"ColorBox", "TRUE"}, {"Rulers", "yes"}});
+    EXPECT_FALSE(SettingWord("Toolbar", true));
+    EXPECT_TRUE(SettingWord("ColorBox", false));
+    EXPECT_TRUE(SettingWord("Rulers", true));
+    EXPECT_FALSE(SettingWord("Rulers", false));
+    EXPECT_TRUE(SettingWord("SettingsBar", true));
+}
+
+TEST_F(PreferencesTest, ANumberOutOfItsRangeCountsAsTheDefault) {
+    Set({{"MainLeft", "0"}, {"MainTop", "-1e300"}, {"MainWidth", "nan"}});
+    EXPECT_EQ(SettingNumber("MainLeft", 1000, -32768, 32767), 0);
+    EXPECT_EQ(SettingNumber("MainTop", 1000, -32768, 32767), 1000);
+    EXPECT_EQ(SettingNumber("MainWidth", 6500, 0, 32767), 6500);
+    EXPECT_EQ(SettingNumber("MainHeight", 6500, 0, 32767), 6500);
+}
+
+TEST_F(PreferencesTest, AStoreThatCannotBeWrittenIsToldOnceAndTheRunGoesOn) {
+    Start();
+    std::filesystem::remove_all(Folder("settings") + "/Pintalux64");
+    PutBytes(Folder("settings") + "/Pintalux64", "no folder");
+    const DialogScript script({[](QWidget&) {
+                                   frmPrefs->Combo1.ListIndex(2);
+                                   frmPrefs->Check4.Value(1);
+                                   frmPrefs->Command1_Click();
+                               },
+                               PressesButton("OK")});
+    Choose(frmMain->mnuFileSaveOptions);
+    EXPECT_NE(script.Dialog(1).text.find("Não foi possível gravar as preferências."), std::string::npos);
+    EXPECT_NE(script.Dialog(1).text.find(Folder("settings") + "/Pintalux64"), std::string::npos)
+        << script.Dialog(1).text;
+    EXPECT_EQ(MRUlimit, 7);
+    EXPECT_FALSE(frmPrefs.Loaded());
+    EXPECT_TRUE(frmMain.Loaded());
 }
 
 TEST_F(PreferencesTest, NumbersThatNoControlTakesCountAsTheDefaults) {
