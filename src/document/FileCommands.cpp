@@ -1,17 +1,15 @@
 #include "document/FileCommands.h"
 
-#include "base/Arithmetic.h"
-#include "base/NumberText.h"
+#include "base/RuntimeError.h"
 #include "document/frmImage.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "document/MainMenu.h"
 #include "document/Workspace.h"
 #include "files/FileNames.h"
-#include "settings/frmPrefs.h"
-#include "surface/system/App.h"
+#include "files/PictureFormats.h"
+#include "settings/Setting.h"
 #include "surface/system/CommonDialog.h"
-#include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
 #include "surface/system/Pictures.h"
 #include "surface/window/MDIForm.h"
@@ -26,16 +24,32 @@ void RememberFile(const std::string& path) {
     UpdateMRUs(TheWorkspace.menu->mnuFileMRU, TheWorkspace.menu->mnuFileBar5, path);
 }
 
-// The image as JPEG in the quality that the Preferences have now, by way of a BMP beside the program.
-// Intended: the result of the JPEG writer is not looked at, so that a save never ends in the middle: a
-// failure leaves no file, and the document counts as saved all the same.
-void SaveJpeg(const Picture& image, const std::string& path) {
-    const std::string bmp = App.Path() + "/klTmpJpg.bmp";
-    int quality = 50;
-    ResumeNext([&] { quality = ToInt16(Val(Setting("JPGsaveQuality", "50"))); });
-    SavePicture(image, bmp);
-    BmpToJpeg(bmp, path, quality);
-    if (FileExists(bmp)) DeleteFile(bmp);
+// Writes the image of a document, or tells why it could not; whether it was written.
+bool Write(const frmImage& image, const PictureFormat& format, const std::string& path) try {
+    format.write(image.PicMerge.Image(), path, SettingInteger("JPGsaveQuality", 50, 10, 90));
+    return true;
+} catch (...) {
+    std::string text = CurrentError().Text();
+    if (text.find(path) == std::string::npos) text += ": " + path;
+    MsgBox("Não foi possível salvar a imagem.\n" + text, BoxButtons::Ok, BoxIcon::Critical, kMessageTitle);
+    return false;
+}
+
+// The document belongs to the file that it was saved to. An error ends the command; the file is written.
+void TakeFile(frmImage& image, const std::string& path) try {
+    image.AFCurfile = path;
+    image.Caption(FileNameOf(path));
+    RememberFile(path);
+    image.alreadysaved = true;
+} catch (...) {
+}
+
+// What the save dialog begins with: the name of the document, in its folder if it has one.
+std::string ProposedName(const frmImage& image) {
+    if (image.AFCurfile.empty()) return image.Caption() + ".bmp";
+    std::string bmp = "bmp";
+    const bool pointed = !ExtensionOf(image.AFCurfile, true).empty();
+    return pointed ? ReplaceExtension(image.AFCurfile, bmp) : image.AFCurfile + ".bmp";
 }
 
 } // namespace
@@ -69,7 +83,7 @@ void OpenDocument(const std::string& path) try {
 
 void mnuFileOpen_Click() try {
     CommonDialog1.DialogTitle = "Abrir";
-    CommonDialog1.Filter = "Picture files (*.bmp;*.jpg;*.gif;*.bif)|*.bmp;*.jpg;*.gif;*.bif";
+    CommonDialog1.Filter = OpenFilter();
     CommonDialog1.FilterIndex = 1;
     CommonDialog1.CancelError = false;
     CommonDialog1.ShowOpen();
@@ -83,53 +97,45 @@ void mnuFileClose_Click() {
     ActiveImage().Unload();
 }
 
-void mnuFileSave_Click() {
+SaveResult mnuFileSave_Click() {
     frmImage& image = ActiveImage();
-    if (!FileExists(image.AFCurfile)) {
-        mnuFileSaveAs_Click();
-        return;
-    }
-    const std::string extension = LowerCase(ExtensionOf(image.AFCurfile, false));
-    if (extension == "jpg") {
-        SaveJpeg(image.PicMerge.Image(), image.AFCurfile);
-    } else if (extension == "bmp") {
-        SavePictureAside(image.PicMerge.Image(), image.AFCurfile);
-    } else {
+    const std::string extension = ExtensionOf(image.AFCurfile, false);
+    if (extension.empty() || !FileExists(image.AFCurfile)) return mnuFileSaveAs_Click();
+    const PictureFormat* format = WritableFormat(extension);
+    std::string path = image.AFCurfile;
+    if (format == nullptr) {
         // Intended: what can't be written in its own format goes to a new BMP beside it, numbered if need be,
         // so that the file that was opened is never touched.
+        format = WritableFormat("bmp");
         std::string bmp = "bmp";
-        SavePictureAside(image.PicMerge.Image(), UniqueFileName(ReplaceExtension(image.AFCurfile, bmp)));
+        path = UniqueFileName(ReplaceExtension(path, bmp));
     }
+    if (!Write(image, *format, path)) return SaveResult::Failed;
     image.alreadysaved = true;
+    return SaveResult::Saved;
 }
 
-void mnuFileSaveAs_Click() try {
+SaveResult mnuFileSaveAs_Click() try {
     frmImage& image = ActiveImage();
     CommonDialog1.DialogTitle = "Savar Como";
-    CommonDialog1.Filter = "Bitmap (*.bmp)|*.bmp|Jpeg (*.jpg)|*.jpg";
+    CommonDialog1.Filter = SaveFilter();
     CommonDialog1.FilterIndex = 1;
     CommonDialog1.CancelError = false;
+    CommonDialog1.FileName(ProposedName(image));
     CommonDialog1.ShowSave();
-    if (CommonDialog1.FileName().empty()) return;
-    // Intended: the chosen format alone decides how the name ends; a name without a point is refused
-    // silently.
-    std::string extension = CommonDialog1.FilterIndex == 2 ? "jpg" : "bmp";
-    const std::string path = ReplaceExtension(CommonDialog1.FileName(), extension);
-    if (CommonDialog1.FilterIndex == 2) {
-        SaveJpeg(image.PicMerge.Image(), path);
-    } else {
-        SavePictureAside(image.PicMerge.Image(), path);
-    }
-    image.AFCurfile = path;
-    image.Caption(FileNameOf(path));
-    RememberFile(path);
-    image.alreadysaved = true;
+    // Intended: the chosen format alone decides how the name ends, whatever was typed.
+    const std::string path = CommonDialog1.FileName();
+    if (path.empty()) return SaveResult::Cancelled;
+    if (!Write(image, FormatOfFilter(CommonDialog1.FilterIndex), path)) return SaveResult::Failed;
+    TakeFile(image, path);
+    return SaveResult::Saved;
 } catch (...) {
     // An error ends the command; the document stays as it was.
+    return SaveResult::Failed;
 }
 
-void MySaveAs() {
-    mnuFileSave_Click();
+SaveResult MySaveAs() {
+    return mnuFileSave_Click();
 }
 
 void mnuFileMRU_Click(int Index) {
@@ -148,8 +154,9 @@ void mnuFileMRU_Click(int Index) {
         LockWindowUpdate(TheWorkspace.window);
         NewImageWindow();
         frmImage& image = ActiveImage();
-        image.AFCurfile = path;
         image.PicMerge.Picture(LoadPicture(path));
+        // Only now: a document whose file could not be read must never be saved over it.
+        image.AFCurfile = path;
         FitImageWindow();
         image.Picsize();
         image.Backup();

@@ -26,6 +26,13 @@ constexpr int kRulersInterval = 250; // milliseconds
 constexpr double kFrameWidth = 120;
 constexpr double kFrameHeight = 420;
 
+// Whatever ends the save in the middle makes it a failed one.
+SaveResult SaveForClose() {
+    SaveResult result = SaveResult::Failed;
+    ResumeNext([&] { result = MySaveAs(); });
+    return result;
+}
+
 } // namespace
 
 Workspace TheWorkspace;
@@ -106,7 +113,10 @@ void frmImage::CheckChanged() {
         answer = MsgBox("Pretende Salvar as alterações para " + Caption() + " ?", BoxButtons::YesNoCancel,
                         BoxIcon::Question, kMessageTitle);
     });
-    if (answer == BoxAnswer::Yes) ResumeNext([&] { Show(); }, [] { MySaveAs(); });
+    if (answer == BoxAnswer::Yes) {
+        ResumeNext([&] { Show(); });
+        CloseCancelled = SaveForClose() == SaveResult::Failed;
+    }
     if (answer == BoxAnswer::No) CloseCancelled = false;
     if (answer == BoxAnswer::Cancel) CloseCancelled = true;
 }

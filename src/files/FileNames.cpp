@@ -16,6 +16,14 @@ namespace {
 
 constexpr char kSeparator = '/';
 
+/// Where the extension begins: at the last point of the name. A point in the name of a folder is none.
+std::size_t PointOf(const std::string& path) {
+    const std::size_t point = path.rfind('.');
+    const std::size_t separator = path.rfind(kSeparator);
+    const bool inFolder = separator != std::string::npos && point < separator;
+    return inFolder ? std::string::npos : point;
+}
+
 } // namespace
 
 std::string FileNameOf(const std::string& path) {
@@ -23,14 +31,14 @@ std::string FileNameOf(const std::string& path) {
 }
 
 std::string ExtensionOf(const std::string& path, bool withPoint) {
-    const std::size_t point = path.rfind('.');
+    const std::size_t point = PointOf(path);
     if (point == std::string::npos) return {};
     return path.substr(withPoint ? point : point + 1);
 }
 
 std::string ReplaceExtension(const std::string& path, std::string& extension) {
     if (!extension.empty() && extension.front() != '.') extension.insert(0, 1, '.');
-    const std::size_t point = path.rfind('.');
+    const std::size_t point = PointOf(path);
     if (point == std::string::npos) throw RuntimeError(kInvalidArgument, path);
     return path.substr(0, point) + extension;
 }
@@ -42,7 +50,7 @@ std::string DirectoryOf(const std::string& path) {
 
 std::string UniqueFileName(const std::string& path) {
     if (!FileExists(path)) return path;
-    const std::string extension = ExtensionOf(FileNameOf(path), true);
+    const std::string extension = ExtensionOf(path, true);
     const std::string base = path.substr(0, path.size() - extension.size());
     for (int number = 1;; ++number) {
         std::string candidate = base + NumberText(number) + extension;
@@ -61,9 +69,8 @@ bool FileExists(const std::string& path) {
 
 std::string LongFileName(const std::string& path) {
     std::error_code failed;
-    if (path.empty() || !std::filesystem::exists(path, failed) || failed) return path;
-    const std::filesystem::path full = std::filesystem::absolute(path, failed);
-    return failed ? path : full.lexically_normal().string();
+    const std::filesystem::path full = std::filesystem::canonical(path, failed);
+    return failed ? path : full.string();
 }
 
 std::string ReadTextFile(const std::string& path) {

@@ -1,12 +1,15 @@
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/OrdinaryUser.h"
 #include "support/Pictures.h"
 #include "support/Program.h"
 
 #include "document/Globals.h"
 #include "surface/system/App.h"
+#include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
 #include <QWidget>
@@ -103,6 +106,30 @@ TEST_F(HandOffTest, ARefusedPictureHandedToAnEmptyProgramIsWindowNumber1) {
     WaitFor([] { return false; }, 100);
     EXPECT_EQ(ImageCount, 1); // tried once
     LockWindowUpdate(nullptr);
+}
+
+TEST_F(HandOffTest, AFileInAClosedFolderIsDroppedWithoutAWord) {
+    Start();
+    std::filesystem::create_directory(File("closed"));
+    PutBytes(File("closed/a.bmp"), "x");
+    std::filesystem::permissions(File("closed"), std::filesystem::perms(0));
+    std::filesystem::permissions(Folder("program"), std::filesystem::perms(0777));
+    const DialogScript nothingIsSaid;
+    {
+        const OrdinaryUser user;
+        HandOver(File("closed/a.bmp") + "\n");
+    }
+    EXPECT_EQ(ImageCount, 0);
+    EXPECT_TRUE(frmMain.Loaded());
+    std::filesystem::permissions(File("closed"), std::filesystem::perms(0755));
+}
+
+TEST_F(HandOffTest, AnErrorOfTheDiskAtThePollEndsNothing) {
+    Start();
+    const DialogScript nothingIsSaid;
+    FailFileOperation(1, EIO);
+    EXPECT_TRUE(WaitFor([] { return FileOperationCount() > 2; }));
+    EXPECT_TRUE(frmMain.Loaded());
 }
 
 TEST_F(HandOffTest, ItOpensBesideWhatIsThere) {

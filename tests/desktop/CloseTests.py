@@ -1,7 +1,7 @@
 """The question at closing, and what is left behind."""
 from desktop import desktop_test, wait_for
 from pictures import Picture, expect_same, is_whole_bmp, read_bmp, write_bmp
-from roads import (BLACK, QUESTION, STOP, WHITE, leave, paint_and_wait, sample, start_with_new_document,
+from roads import (BLACK, NEW, QUESTION, WHITE, leave, paint_and_wait, sample, save_as, start_with_new_document,
                    start_with_picture, with_stroke)
 
 STROKE = [(40, 30), (90, 30)]
@@ -88,7 +88,7 @@ def KilledProgramLeavesItsCurrentState(desktop):
 
 
 @desktop_test
-def StopMessageLeavesTheCurrentState(desktop):
+def ASaveThatFailsAtTheQuestionStopsTheExit(desktop):
     path = desktop.pictures / "picture.bmp"
     write_bmp(path, sample())
     process, left, top = start_with_picture(desktop, path, sample())
@@ -96,8 +96,39 @@ def StopMessageLeavesTheCurrentState(desktop):
     # A folder where the file was: it exists, but cannot be written.
     path.unlink()
     path.mkdir()
+    leave(desktop)
+    question = desktop.wait_for_window(QUESTION)
+    desktop.keys("s")
+    wait_for(lambda: desktop.window(QUESTION) not in (None, question), "the message follows the question")
+    desktop.wait_for_window(QUESTION)
+    desktop.keys("Return")
+    desktop.wait_until_gone(QUESTION)
+    assert process.poll() is None, "the program still runs"
+    path.rmdir()
+    write_bmp(path, sample())
     desktop.menu("f", "s", "Return")
-    desktop.wait_for_window(STOP)
-    desktop.keys("t")
-    assert desktop.wait_for_end(process) != 0
-    expect_same(read_bmp(desktop.state_files()[-1]), with_stroke(sample(), STROKE))
+    wait_for(lambda: is_whole_bmp(path) and read_bmp(path).at(50, 30) == BLACK, "the file is written")
+    expect_same(read_bmp(path), with_stroke(sample(), STROKE))
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+
+
+@desktop_test
+def ANameWithoutAPointAndTheFolderOfTheLastRun(desktop):
+    folder = desktop.pictures / "fotos.2024"
+    folder.mkdir()
+    process, left, top = start_with_new_document(desktop)
+    paint_and_wait(desktop, left, top, STROKE)
+    save_as(desktop, folder / "praia")
+    wait_for(lambda: is_whole_bmp(folder / "praia.bmp"), "the file is written with the ending of the filter")
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+    process = desktop.start()  # with the settings that the last run left
+    desktop.wait_for_window(NEW)
+    desktop.keys("Return")
+    desktop.wait_until_gone(NEW)
+    save_as(desktop, "outra")
+    wait_for(lambda: is_whole_bmp(folder / "outra.bmp"), "a bare name lies in the folder of the last run")
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+    assert sorted(each.name for each in folder.iterdir()) == ["outra.bmp", "praia.bmp"]

@@ -41,6 +41,12 @@ TEST(ExtensionOf, HasItsPointIfTheFlagIsSet) {
     EXPECT_EQ(ExtensionOf("/casa/a.b.jpg", true), ".jpg");
 }
 
+TEST(ExtensionOf, APointInTheNameOfAFolderIsNone) {
+    EXPECT_EQ(ExtensionOf("/casa/fotos.2024/praia", false), "");
+    EXPECT_EQ(ExtensionOf("/casa/fotos.2024/praia", true), "");
+    EXPECT_EQ(ExtensionOf("fotos.2024/praia.gif", false), "gif");
+}
+
 TEST(ReplaceExtension, ReplacesWhatStandsBehindTheLastPoint) {
     std::string bmp = "bmp";
     EXPECT_EQ(ReplaceExtension("/casa/a.b.gif", bmp), "/casa/a.b.bmp");
@@ -55,12 +61,14 @@ TEST(ReplaceExtension, ThePointStaysOnTheCallersText) {
 }
 
 TEST(ReplaceExtension, ANameWithoutAPointIsError5) {
-    std::string bmp = "bmp";
-    try {
-        ReplaceExtension("/casa/praia", bmp);
-        FAIL() << "nothing was raised";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 5);
+    for (const char* path : {"/casa/praia", "/casa/fotos.2024/praia"}) {
+        std::string bmp = "bmp";
+        try {
+            ReplaceExtension(path, bmp);
+            FAIL() << "nothing was raised";
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), 5);
+        }
     }
 }
 
@@ -103,8 +111,11 @@ TEST_F(FileNamesTest, FileExistsIsFalseWithoutAWordForErrors53And76And68) {
     EXPECT_FALSE(FileExists(""));
     EXPECT_FALSE(FileExists(File("gone.bmp")));
     EXPECT_FALSE(FileExists(Make("file") + "/below.bmp"));
-    FailFileOperation(1, ENXIO);
-    EXPECT_FALSE(FileExists(Folder("pictures")));
+    for (const int reason :
+         {ENXIO, EACCES, ELOOP, ESTALE, EIO, ENOTCONN, EHOSTDOWN, ETIMEDOUT, ENAMETOOLONG}) {
+        FailFileOperation(1, reason);
+        EXPECT_FALSE(FileExists(Folder("pictures"))) << reason;
+    }
 }
 
 TEST_F(FileNamesTest, FileExistsTellsAnyOtherErrorAndEndsTheProgramAtOnce) {
@@ -112,13 +123,12 @@ TEST_F(FileNamesTest, FileExistsTellsAnyOtherErrorAndEndsTheProgramAtOnce) {
     const auto before = std::exchange(EndProgram, [&](const std::string& message, const std::string& title) {
         ends.emplace_back(title, message);
     });
-    FailFileOperation(1, EACCES);
-    FileExists(File("praia.bmp"));
+    FailFileOperation(1, ENOMEM);
+    EXPECT_FALSE(FileExists(File("praia.bmp")));
     EndProgram = before;
     ASSERT_EQ(ends.size(), 1U);
     EXPECT_EQ(ends[0].first, "Erro");
-    EXPECT_EQ(ends[0].second,
-              "Erro Nº: 70\n Permissão recusada: " + File("praia.bmp") + " (não tem permissão)");
+    EXPECT_EQ(ends[0].second, "Erro Nº: 7\n Memória insuficiente: " + File("praia.bmp") + " (falta memória)");
 }
 
 TEST_F(FileNamesTest, LongFileNameIsTheFullPathOfAnExistingFile) {
@@ -128,6 +138,16 @@ TEST_F(FileNamesTest, LongFileNameIsTheFullPathOfAnExistingFile) {
     EXPECT_EQ(LongFileName("praia.bmp"), File("praia.bmp"));
     EXPECT_EQ(LongFileName("../pictures/praia.bmp"), File("praia.bmp"));
     std::filesystem::current_path(before);
+}
+
+TEST_F(FileNamesTest, LongFileNameFollowsLinks) {
+    std::filesystem::create_directories(File("2024/verão"));
+    Make("2024/praia.bmp");
+    std::filesystem::create_directory_symlink(File("2024/verão"), File("link"));
+    // What lies above the folder that the link leads to, not above the link.
+    EXPECT_EQ(LongFileName(File("link/../praia.bmp")), File("2024/praia.bmp"));
+    std::filesystem::create_symlink(File("2024/praia.bmp"), File("atalho.bmp"));
+    EXPECT_EQ(LongFileName(File("atalho.bmp")), File("2024/praia.bmp"));
 }
 
 TEST_F(FileNamesTest, LongFileNameOfAMissingFileIsTheInput) {

@@ -3,6 +3,7 @@
 #include "inputs/ByHand.h"
 #include "inputs/Dialogs.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <QColorDialog>
@@ -25,10 +26,14 @@ class CommonDialogTest : public testing::Test {
         folder = ::mkdtemp(pattern.data());
         for (const char* name : {"a.bmp", "B.JPG", "notas.txt"})
             std::ofstream(folder + "/" + name) << "x";
+        ::setenv("XDG_CONFIG_HOME", (folder + "/.settings").c_str(), 1);
         dialog.Filter = "Bitmap (*.bmp)|*.bmp|Jpeg|*.jpg;*.jpeg";
         dialog.FileName(folder + "/a.bmp");
     }
-    ~CommonDialogTest() override { std::filesystem::remove_all(folder); }
+    ~CommonDialogTest() override {
+        ::unsetenv("XDG_CONFIG_HOME");
+        std::filesystem::remove_all(folder);
+    }
 
     static QLineEdit& NameOf(QFileDialog& shown) { return *shown.findChild<QLineEdit*>("fileNameEdit"); }
     static QComboBox& TypesOf(QFileDialog& shown) { return *shown.findChild<QComboBox*>("fileTypeCombo"); }
@@ -41,6 +46,19 @@ class CommonDialogTest : public testing::Test {
     }
     /// Accepts as the accept button does.
     static void Accept(QFileDialog& shown) { static_cast<QDialog&>(shown).accept(); }
+
+    /// What a name typed into the save dialog becomes, without its folder.
+    std::string Saved(const QString& name, int filterIndex) {
+        dialog.FilterIndex = filterIndex;
+        const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+            TypeName(shown, name);
+            Accept(shown);
+        });
+        dialog.ShowSave();
+        EXPECT_EQ(dialog.FilterIndex, filterIndex);
+        EXPECT_TRUE(dialog.FileName().starts_with(folder + "/")) << dialog.FileName();
+        return dialog.FileName().substr(folder.size() + 1);
+    }
 
     CommonDialog dialog;
     std::string folder;
@@ -113,13 +131,44 @@ TEST_F(CommonDialogTest, PatternsMatchInAnyCase) {
     EXPECT_EQ(names, QStringList{"B.JPG"});
 }
 
-TEST_F(CommonDialogTest, SaveTakesTheNameAsTyped) {
+TEST_F(CommonDialogTest, SaveGivesANameTheEndingOfItsFilter) {
+    EXPECT_EQ(Saved("sem ponto", 1), "sem ponto.bmp");
+    EXPECT_EQ(Saved("sem ponto", 2), "sem ponto.jpg");
+    EXPECT_EQ(Saved("outro.bmp", 2), "outro.jpg");
+    EXPECT_EQ(Saved("outro.jpeg", 2), "outro.jpeg");
+    EXPECT_EQ(Saved("praia.1", 1), "praia.bmp");
+    EXPECT_EQ(Saved(".oculto", 1), ".oculto.bmp");
+}
+
+TEST_F(CommonDialogTest, SaveLeavesANameWhoseFilterAsksForNoEnding) {
+    dialog.Filter = "Todos|*|Retratos|retrato*.bmp";
+    EXPECT_EQ(Saved("sem ponto", 1), "sem ponto");
+    EXPECT_EQ(Saved("sem ponto", 2), "sem ponto");
+}
+
+TEST_F(CommonDialogTest, TheNameOfAFolderOpensTheFolder) {
+    std::filesystem::create_directory(folder + "/fotos.2024");
     const Answer<QFileDialog> answer([&](QFileDialog& shown) {
-        TypeName(shown, "sem ponto");
+        TypeName(shown, "fotos.2024");
+        Accept(shown);
+        EXPECT_EQ(shown.directory().path().toStdString(), folder + "/fotos.2024");
+        TypeName(shown, "praia");
         Accept(shown);
     });
     dialog.ShowSave();
-    EXPECT_EQ(dialog.FileName(), folder + "/sem ponto");
+    EXPECT_EQ(dialog.FileName(), folder + "/fotos.2024/praia.bmp");
+}
+
+TEST_F(CommonDialogTest, TheFolderOfTheLastChoiceOutlivesTheProgram) {
+    Saved("praia", 1);
+    CommonDialog next; // as after a restart
+    QString shownFolder;
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        shownFolder = shown.directory().path();
+        shown.reject();
+    });
+    next.ShowSave();
+    EXPECT_EQ(shownFolder.toStdString(), folder);
 }
 
 TEST_F(CommonDialogTest, SaveOverAFileAsksInPortuguese) {
@@ -135,6 +184,27 @@ TEST_F(CommonDialogTest, SaveOverAFileAsksInPortuguese) {
     dialog.ShowSave();
     EXPECT_TRUE(question.contains("já existe")) << question.toStdString();
     EXPECT_EQ(dialog.FileName(), "");
+}
+
+TEST_F(CommonDialogTest, TheQuestionIsAboutTheNameThatWillBeWritten) {
+    QString question;
+    const Answer<QMessageBox> yes([&](QMessageBox& box) {
+        question = box.text();
+        box.button(QMessageBox::Yes)->click();
+    });
+    EXPECT_EQ(Saved("a.jpg", 1), "a.bmp");
+    EXPECT_TRUE(question.startsWith("a.bmp já existe")) << question.toStdString();
+}
+
+TEST_F(CommonDialogTest, OpenProposesNoNameThatDoesNotExist) {
+    dialog.FileName("Imagem 1.bmp");
+    QString proposed = "?";
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        proposed = NameOf(shown).text();
+        shown.reject();
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(proposed, "");
 }
 
 TEST_F(CommonDialogTest, OpenRefusesAMissingFile) {

@@ -1,5 +1,6 @@
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/OrdinaryUser.h"
 #include "support/Pictures.h"
 #include "support/Program.h"
 
@@ -157,6 +158,35 @@ TEST_F(RecentFilesTest, APictureThatIsRefusedLeavesTheEmptyWindow) {
     EXPECT_EQ(frmMain->ActiveForm()->Caption(), "Imagem 2");
     EXPECT_TRUE(ScreenLocked());
     LockWindowUpdate(nullptr);
+}
+
+TEST_F(RecentFilesTest, AFileThatIsNoPictureIsNeverWrittenOverByASave) {
+    Start();
+    Open({"a.bmp"});
+    PutBytes(File("a.bmp"), "something else of the user's");
+    Choose(frmMain->mnuFileMRU(0));
+    LockWindowUpdate(nullptr);
+    ASSERT_EQ(ImageCount, 2);
+    EXPECT_EQ(static_cast<frmImage&>(*frmMain->ActiveForm()).AFCurfile, "");
+    const DialogScript script({PressesButton("Cancelar")});
+    Choose(frmMain->mnuFileSave);
+    EXPECT_EQ(script.Dialog(0).title, "Savar Como");
+    EXPECT_EQ(BytesOf(File("a.bmp")), "something else of the user's");
+}
+
+TEST_F(RecentFilesTest, AFileInAClosedFolderKeepsNobodyFromStarting) {
+    std::filesystem::create_directory(File("closed"));
+    PutBytes(File("closed/a.bmp"), "x");
+    WriteMachineValue(kKey, "MRU0", File("closed/a.bmp"));
+    std::filesystem::permissions(File("closed"), std::filesystem::perms(0));
+    {
+        const DialogScript nothingIsSaid;
+        const OrdinaryUser user;
+        Start();
+    }
+    EXPECT_TRUE(Shown().empty());
+    EXPECT_TRUE(frmMain.Loaded());
+    std::filesystem::permissions(File("closed"), std::filesystem::perms(0755));
 }
 
 TEST_F(RecentFilesTest, ARaisedLimitFailsUntilTheNextStart) {

@@ -36,7 +36,7 @@ TEST_P(JpegSizes, PictureComesThroughTheRightWayUp) {
     const Sandbox box;
     const Picture picture = Soft(width, height);
     SavePicture(picture, box / "a.bmp");
-    ASSERT_TRUE(BmpToJpeg(box / "a.bmp", box / "a.jpg", 90));
+    BmpToJpeg(box / "a.bmp", box / "a.jpg", 90);
     const Picture back = LoadPicture(box / "a.jpg");
     ASSERT_EQ(back.Bounds(), picture.Bounds());
     EXPECT_LE(LargestDifference(back, picture), 12);
@@ -50,8 +50,8 @@ TEST(BmpToJpeg, HigherQualityIsLongerAndTruer) {
     const Sandbox box;
     const Picture picture = Pattern(200, 200);
     SavePicture(picture, box / "a.bmp");
-    ASSERT_TRUE(BmpToJpeg(box / "a.bmp", box / "low.jpg", 10));
-    ASSERT_TRUE(BmpToJpeg(box / "a.bmp", box / "high.jpg", 90));
+    BmpToJpeg(box / "a.bmp", box / "low.jpg", 10);
+    BmpToJpeg(box / "a.bmp", box / "high.jpg", 90);
     EXPECT_LT(BytesOf(box / "low.jpg").size() * 2, BytesOf(box / "high.jpg").size());
     EXPECT_GT(LargestDifference(LoadPicture(box / "low.jpg"), picture),
               LargestDifference(LoadPicture(box / "high.jpg"), picture));
@@ -61,7 +61,7 @@ TEST(BmpToJpeg, QualityOutOfRangeCountsAsItsNearestEnd) {
     const Sandbox box;
     SavePicture(Soft(32, 32), box / "a.bmp");
     const auto bytesAt = [&](int quality) {
-        EXPECT_TRUE(BmpToJpeg(box / "a.bmp", box / "a.jpg", quality));
+        BmpToJpeg(box / "a.bmp", box / "a.jpg", quality);
         return BytesOf(box / "a.jpg");
     };
     EXPECT_EQ(bytesAt(-5), bytesAt(1));
@@ -69,30 +69,30 @@ TEST(BmpToJpeg, QualityOutOfRangeCountsAsItsNearestEnd) {
     EXPECT_EQ(bytesAt(1000), bytesAt(100));
 }
 
-TEST(BmpToJpeg, MissingOrForeignSourceGivesFalseAndNoFile) {
+TEST(BmpToJpeg, AMissingOrForeignSourceIsAnErrorAndLeavesNoFile) {
     const Sandbox box;
     PutBytes(box / "text.bmp", "no picture at all");
-    EXPECT_FALSE(BmpToJpeg(box / "no.bmp", box / "a.jpg", 50));
-    EXPECT_FALSE(BmpToJpeg(box / "text.bmp", box / "a.jpg", 50));
+    EXPECT_EQ(ErrorOf([&] { BmpToJpeg(box / "no.bmp", box / "a.jpg", 50); }), 53);
+    EXPECT_EQ(ErrorOf([&] { BmpToJpeg(box / "text.bmp", box / "a.jpg", 50); }), 481);
     EXPECT_EQ(box.Names(), std::vector<std::string>{"text.bmp"});
 }
 
 TEST(BmpToJpeg, EveryFailingStepLeavesTheOldFileAndNothingElse) {
     const Sandbox box;
     SavePicture(Soft(32, 32), box / "a.bmp");
-    FailFileOperation(0, 0);
-    ASSERT_TRUE(BmpToJpeg(box / "a.bmp", box / "a.jpg", 50));
-    const int count = FileOperationCount();
-    for (int n = 1; n <= count; ++n) {
+    const auto step = [&] {
         PutBytes(box / "a.jpg", "old");
-        FailFileOperation(n, ENOSPC);
-        // The old file has a mode to keep: one step more than at first.
-        EXPECT_FALSE(BmpToJpeg(box / "a.bmp", box / "a.jpg", 50)) << "operation " << n;
-        EXPECT_EQ(BytesOf(box / "a.jpg"), "old") << "operation " << n;
+        BmpToJpeg(box / "a.bmp", box / "a.jpg", 50);
+    };
+    int refused = 0;
+    const int count = FailEachOperation(ENOSPC, step, [&](int n, int error) {
+        // Only the mode of the new file may be refused.
+        EXPECT_EQ(BytesOf(box / "a.jpg") == "old", error == 61) << "operation " << n;
         EXPECT_EQ(box.Names().size(), 2U) << "operation " << n;
-    }
-    FailFileOperation(0, 0);
+        refused += error == 0 ? 1 : 0;
+    });
     EXPECT_GE(count, 10);
+    EXPECT_EQ(refused, 1);
 }
 
 } // namespace

@@ -47,18 +47,12 @@ void WriteJpeg(const std::vector<std::byte>& rows, const BmpHeader& header, int 
 
 } // namespace
 
-bool BmpToJpeg(const std::string& bmpPath, const std::string& jpegPath, int quality) noexcept {
-    try {
-        File source = File::OpenForReading(bmpPath);
-        const BmpHeader header = ReadBmpHeader(source);
-        if (header.bits != 24 || header.compressed) return false;
-        const std::vector<std::byte> rows = ReadRows(source, header);
-        WriteFileAside(jpegPath,
-                       [&](File& file) { WriteJpeg(rows, header, std::clamp(quality, 1, 100), file); });
-        return true;
-    } catch (...) {
-        return false;
-    }
+void BmpToJpeg(const std::string& bmpPath, const std::string& jpegPath, int quality) {
+    File source = File::OpenForReading(bmpPath);
+    const BmpHeader header = ReadBmpHeader(source);
+    if (header.bits != 24 || header.compressed) throw RuntimeError(kInvalidPicture, bmpPath);
+    const std::vector<std::byte> rows = ReadRows(source, header);
+    WriteFileAside(jpegPath, [&](File& file) { WriteJpeg(rows, header, std::clamp(quality, 1, 100), file); });
 }
 
 } // namespace pintalux

@@ -1,6 +1,8 @@
 #include "surface/system/CommonDialog.h"
 
 #include "base/RuntimeError.h"
+#include "surface/system/App.h"
+#include "surface/system/Settings.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -8,11 +10,22 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QStandardPaths>
 
 namespace pintalux {
 
 namespace {
+
+constexpr const char* kFolderKey = "DialogFolder";
+
+QString FromPath(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+std::string ToPath(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
 
 /// "Text|*.a;*.b|Text|*.c" as the toolkit writes filters. The patterns go behind each text in brackets, which
 /// the dialog hides.
@@ -21,68 +34,121 @@ struct Filters {
         const QStringList parts = QString::fromStdString(filter).split('|');
         for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
             texts << parts[i];
-            whole << parts[i] + " (" + parts[i + 1].split(';', Qt::SkipEmptyParts).join(' ') + ')';
+            patterns << parts[i + 1].split(';', Qt::SkipEmptyParts);
+            whole << parts[i] + " (" + patterns.back().join(' ') + ')';
         }
+    }
+    /// Where the dialog's filter stands, which it may give with its hidden patterns or without; -1 if
+    /// nowhere.
+    qsizetype IndexOf(const QString& selected) const {
+        return std::max(whole.indexOf(selected), texts.indexOf(selected));
     }
     QStringList texts;
     QStringList whole;
+    QList<QStringList> patterns;
 };
 
-QString FolderToShow(const QString& proposed) {
-    static QString lastFolder;
-    const QFileInfo file(proposed);
-    if (!proposed.isEmpty() && file.isAbsolute() && file.absoluteDir().exists())
-        lastFolder = file.absolutePath();
-    if (lastFolder.isEmpty() || !QFileInfo(lastFolder).isDir())
-        lastFolder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    if (!QFileInfo(lastFolder).isDir())
-        lastFolder = QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
-    return lastFolder;
+/// The path with the first ending of the patterns, in place of any other; as it stands if it has one of them,
+/// or the patterns ask for none. A point that begins a name hides the file and is no extension.
+QString WithEnding(const QString& path, const QStringList& patterns) {
+    QStringList endings;
+    for (const QString& pattern : patterns)
+        if (pattern.lastIndexOf('*') == 0 && pattern.startsWith("*.")) endings << pattern.mid(1);
+    const auto stands = [&](const QString& ending) { return path.endsWith(ending); };
+    if (endings.isEmpty() || std::any_of(endings.begin(), endings.end(), stands)) return path;
+    const qsizetype name = path.lastIndexOf('/') + 1;
+    const qsizetype point = path.lastIndexOf('.');
+    return path.left(point > name ? point : path.size()) + endings.front();
 }
 
-/// Shows the dialog; gives the path, empty after a cancel. `filterIndex` goes in and comes out.
-QString AskForFile(QFileDialog& dialog, const CommonDialog& settings, const std::string& proposed,
-                   int& filterIndex) {
-    const QString proposedPath = QFile::decodeName(QByteArray::fromStdString(proposed));
+/// Gives the name the ending of its filter, and asks before it writes over the file of that name.
+class SaveDialog final : public QFileDialog {
+  public:
+    SaveDialog(QWidget* parent, const std::string& filter) : QFileDialog(parent), filters_(filter) {
+        setAcceptMode(AcceptSave);
+        setFileMode(AnyFile);
+        setOption(DontConfirmOverwrite);
+    }
+    void accept() override {
+        const QString typed = selectedFiles().value(0);
+        // The base goes into a folder whose name was typed.
+        if (!typed.isEmpty() && !QFileInfo(typed).isDir()) {
+            path = WithEnding(typed, filters_.patterns.value(filters_.IndexOf(selectedNameFilter())));
+            if (QFileInfo::exists(path) && !MayReplace()) return;
+        }
+        QFileDialog::accept();
+    }
+    QString path; ///< As it will be written.
+
+  private:
+    bool MayReplace() {
+        const QString question = tr("%1 already exists.\nDo you want to replace it?");
+        return QMessageBox::warning(this, windowTitle(), question.arg(QFileInfo(path).fileName()),
+                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    }
+    Filters filters_;
+};
+
+/// The folder of the proposed name, else the one of the last choice, else that of the user's pictures.
+QString FolderToShow(const std::string& proposed, const std::string& last) {
+    const QFileInfo file(FromPath(proposed));
+    const bool named = !proposed.empty() && file.isAbsolute();
+    for (const QString& folder : {named ? file.absolutePath() : QString(), FromPath(last),
+                                  QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
+    return QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
+}
+
+/// Shows the dialog; whether a choice was made. `filterIndex` goes in and comes out.
+bool AskForFile(QFileDialog& dialog, const CommonDialog& settings, const std::string& proposed,
+                const std::string& lastFolder, int& filterIndex) {
     const Filters filters(settings.Filter);
     dialog.setWindowTitle(QString::fromStdString(settings.DialogTitle));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setDirectory(FolderToShow(proposedPath));
+    dialog.setDirectory(FolderToShow(proposed, lastFolder));
     if (!filters.whole.isEmpty()) {
         dialog.setNameFilters(filters.whole);
         dialog.selectNameFilter(
             filters.whole[std::clamp<qsizetype>(filterIndex - 1, 0, filters.whole.size() - 1)]);
     }
-    if (!proposedPath.isEmpty()) dialog.selectFile(QFileInfo(proposedPath).fileName());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    // The dialog may give the filter back with its hidden patterns or without.
-    const QString selected = dialog.selectedNameFilter();
-    const auto chosen = std::max(filters.whole.indexOf(selected), filters.texts.indexOf(selected));
+    if (!proposed.empty()) dialog.selectFile(QFileInfo(FromPath(proposed)).fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+    const qsizetype chosen = filters.IndexOf(dialog.selectedNameFilter());
     if (chosen >= 0) filterIndex = static_cast<int>(chosen) + 1;
-    return dialog.selectedFiles().constFirst();
+    return true;
 }
 
 } // namespace
 
+std::string CommonDialog::LastFolder() const {
+    return folder_.empty() ? GetSetting(App.Title(), "Settings", kFolderKey) : folder_;
+}
+
 void CommonDialog::TakeChoice(const std::string& path) {
     fileName_ = path;
-    if (!path.empty()) proposed_ = path;
     if (path.empty() && CancelError) throw RuntimeError(kDialogCancelled);
+    if (path.empty()) return;
+    proposed_ = path;
+    folder_ = ToPath(QFileInfo(FromPath(path)).absolutePath());
+    // Where no setting can be written the folder lasts as long as the program.
+    ResumeNext([this] { SaveSetting(App.Title(), "Settings", kFolderKey, folder_); });
 }
 
 void CommonDialog::ShowOpen() {
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    TakeChoice(QFile::encodeName(AskForFile(dialog, *this, proposed_, FilterIndex)).toStdString());
+    // The name of a document that was never saved is nothing to open.
+    const std::string proposed = QFileInfo::exists(FromPath(proposed_)) ? proposed_ : std::string();
+    const bool chosen = AskForFile(dialog, *this, proposed, LastFolder(), FilterIndex);
+    TakeChoice(chosen ? ToPath(dialog.selectedFiles().constFirst()) : std::string());
 }
 
 void CommonDialog::ShowSave() {
-    QFileDialog dialog(QApplication::activeWindow());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    TakeChoice(QFile::encodeName(AskForFile(dialog, *this, proposed_, FilterIndex)).toStdString());
+    SaveDialog dialog(QApplication::activeWindow(), Filter);
+    const bool chosen = AskForFile(dialog, *this, proposed_, LastFolder(), FilterIndex);
+    TakeChoice(chosen ? ToPath(dialog.path) : std::string());
 }
 
 void CommonDialog::ShowColor() {

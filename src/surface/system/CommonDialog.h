@@ -17,20 +17,24 @@ class CommonDialog {
     int Flags = 0;
     Colour Color = kBlack;
 
-    /// The path chosen by the dialog just shown; empty after a cancel. A name is taken as typed: no extension
-    /// is added.
+    /// The path chosen by the dialog just shown; empty after a cancel. Assigned, it is what the next dialog
+    /// proposes: a bare name in the folder of the last choice, which outlives the program.
     const std::string& FileName() const { return fileName_; }
     void FileName(std::string value) { fileName_ = proposed_ = std::move(value); }
 
     void ShowOpen(); ///< Existing files only.
+    /// The name gets the first ending of the chosen filter, unless it has one of that filter's: "praia" and
+    /// "praia.jpg" become "praia.bmp". Asks before a file of the name so made is written over.
     void ShowSave();
     /// Starts at `Color` and leaves the choice there. A cancel keeps it.
     void ShowColor();
 
   private:
+    std::string LastFolder() const;
     void TakeChoice(const std::string& path);
     std::string fileName_;
     std::string proposed_;
+    std::string folder_;
 };
 
 /// The one common dialog that all commands share; it keeps its last file name between uses.

@@ -3,6 +3,7 @@
 
 #include "surface/raster/Bitmap.h"
 
+#include <cstdint>
 #include <string>
 
 namespace pintalux {
@@ -29,10 +30,10 @@ void SavePictureAside(const Picture& picture, const std::string& path);
 /// Length in bytes of the BMP file that `SavePicture` writes.
 std::uint64_t BmpFileLength(int width, int height);
 
-/// Writes `jpegPath` from the BMP file `bmpPath` at `quality` (1 to 100), aside and renamed. Gives false on
-/// any failure and then leaves no new file; raises nothing. Only uncompressed 24-bit files, such as
-/// `SavePicture` writes, are taken. A quality out of range counts as its nearest end; below 90 colours are
-/// coded at half the resolution.
-bool BmpToJpeg(const std::string& bmpPath, const std::string& jpegPath, int quality) noexcept;
+/// Writes `jpegPath` from the BMP file `bmpPath` at `quality` (1 to 100), aside and renamed. On any failure
+/// the old file stays as it was and the error passes up: the file layer's, 481 for a source that is no
+/// uncompressed 24-bit file, such as `SavePicture` writes, 7 if memory runs out. A quality out of range
+/// counts as its nearest end; below 90 colours are coded at half the resolution.
+void BmpToJpeg(const std::string& bmpPath, const std::string& jpegPath, int quality);
 
 } // namespace pintalux
