@@ -11,6 +11,7 @@
 #include <QLocale>
 #include <QPalette>
 #include <QToolTip>
+#include <QTranslator>
 
 namespace pintalux {
 
@@ -111,11 +112,12 @@ struct Application::Native {
         QApplication::setStyle("Fusion");
         QApplication::setPalette(LightPalette());
         QToolTip::setPalette(LightPalette());
+        LoadStockTexts(texts);
         QCoreApplication::installTranslator(&texts);
     }
     DisplayChoice display;
     GuardedApplication app;
-    StockTranslator texts;
+    QTranslator texts;
 };
 
 Application::Application(int& argc, char** argv) : native_(std::make_unique<Native>(argc, argv)) {

@@ -1,34 +1,13 @@
-// The texts of the toolkit's own dialogs and menus in the Portuguese of Portugal. The toolkit ships none.
+// The texts of the toolkit's own dialogs and menus in the Portuguese of Portugal, from `stock_pt_PT.ts`. The
+// toolkit ships none.
 #pragma once
 
-#include <QTranslator>
-#include <span>
+class QTranslator;
 
 namespace pintalux {
 
-/// One text: the toolkit's class or form that shows it, its English, ours.
-struct StockText {
-    const char* context;
-    const char* english;
-    const char* portuguese;
-};
-
-// The tables, by what shows them.
-std::span<const StockText> ButtonTexts();
-std::span<const StockText> WindowTexts();
-std::span<const StockText> FileDialogTexts();
-std::span<const StockText> ColourDialogTexts();
-std::span<const StockText> PrintTexts();
-
-/// Our text, or null where we have none.
-const char* PortugueseFor(const char* context, const char* english);
-
-/// Gives the toolkit our texts; what we lack stays English.
-class StockTranslator final : public QTranslator {
-  public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* sourceText, const char* disambiguation,
-                      int n) const override;
-};
+/// Gives the translator our texts, which lie in the program; what they lack stays English. False if they are
+/// damaged.
+bool LoadStockTexts(QTranslator& translator);
 
 } // namespace pintalux
