@@ -23,7 +23,7 @@ struct BarCommand {
 };
 
 constexpr BarCommand kBarCommands[] = {
-    {"New", mnuFileNew_Click},   {"Open", mnuFileOpen_Click}, {"Save", mnuFileSave_Click},
+    {"New", mnuFileNew_Click},   {"Open", mnuFileOpen_Click}, {"Save", [] { mnuFileSave_Click(); }},
     {"Cut", mnuEditCut_Click},   {"Copy", mnuEditCopy_Click}, {"Paste", PasteFromBar},
     {"Undo", mnuEditUndo_Click}, {"Redo", mnuEditRedo_Click},
 };

@@ -8,6 +8,7 @@
 #include "document/FileCommands.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"
+#include "surface/system/TempNames.h"
 #include "surface/window/Events.h"
 
 #include <algorithm>
@@ -115,6 +116,7 @@ TEST_F(StopMessageTest, WithoutATemporaryFolderTheRescueGoesBesideTheProgram) {
     const frmImage& image = NewDocument(30, 20);
     SettleStates();
     std::filesystem::remove_all(Folder("temporary"));
+    TempFoldersForTests(false);
     const DialogScript::Seen message = Stop(kDiskFull);
     const auto names = NamesIn(Folder("program"));
     const auto rescued =
@@ -149,23 +151,6 @@ TEST_F(StopMessageTest, ADocumentThatCanBeWrittenNowhereIsNotNamed) {
 TEST_F(StopMessageTest, ADocumentThatWasNeverFilledIsRescuedAsItStands) {
     NewImageWindow();
     EXPECT_EQ(RescueDocuments().size(), 1U);
-}
-
-TEST_F(StopMessageTest, AFailedSaveStopsTheProgramAndLosesNothing) {
-    frmImage& image = OpenPicture("a.bmp", Solid(30, 20, kWhite));
-    Edit(image, kBlack);
-    SettleStates();
-    const auto before = std::exchange(OnUntrappedError, StopProgram);
-    const DialogScript script({PressesButton("Terminar")});
-    FailFileOperation(3, ENOSPC);
-    Choose(frmMain->mnuFileSave);
-    OnUntrappedError = before;
-    EXPECT_NE(script.Dialog(0).text.find("Erro de execução '61':"), std::string::npos)
-        << script.Dialog(0).text;
-    EXPECT_TRUE(Names(script.Dialog(0), image.ListBackup.List(1)));
-    ExpectSamePixels(LoadPicture(image.ListBackup.List(1)), Solid(30, 20, kBlack));
-    ExpectSamePixels(LoadPicture(Folder("pictures") + "/a.bmp"), Solid(30, 20, kWhite));
-    EXPECT_EQ(codes, std::vector<int>{1});
 }
 
 // Behind a fresh edit the writer has not yet come to its file.

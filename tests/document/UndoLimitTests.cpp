@@ -5,6 +5,7 @@
 
 #include "document/FileCommands.h"
 #include "document/States.h"
+#include "surface/system/TempNames.h"
 
 #include <filesystem>
 
@@ -97,13 +98,13 @@ TEST_F(UndoLimitTest, ANumberOfStepsThatNoListHasCountsAsTheDefault) {
 TEST_F(UndoLimitTest, WithoutATemporaryFolderNothingIsRecordedAndNothingSaid) {
     frmImage& image = NewDocument(4, 4);
     image.alreadysaved = true;
-    setenv("TMPDIR", (Folder("temporary") + "/gone").c_str(), 1);
+    TempFoldersForTests(false);
     Edit(image, kBlack);
     EXPECT_EQ(image.ListBackup.ListCount(), 1);
     EXPECT_EQ(EntriesOf(image.ListBUorder), (Names{"0"}));
     EXPECT_FALSE(image.alreadysaved);
     EXPECT_FALSE(frmMain->mnuEditUndo.Enabled());
-    setenv("TMPDIR", Folder("temporary").c_str(), 1);
+    TempFoldersForTests(true);
     Edit(image, kBlack);
     EXPECT_EQ(EntriesOf(image.ListBUorder), (Names{"0", "1"}));
 }
@@ -112,7 +113,7 @@ TEST_F(UndoLimitTest, WithoutATemporaryFolderTheHistoryIsTrimmedAllTheSame) {
     frmImage& image = NewDocument(4, 4);
     EditTimes(image, 7);
     LimitTo("0");
-    setenv("TMPDIR", (Folder("temporary") + "/gone").c_str(), 1);
+    TempFoldersForTests(false);
     Edit(image, kBlack);
     EXPECT_EQ(EntriesOf(image.ListBUorder), (Names{"1", "2", "3", "4", "5", "6", "7"}));
     EXPECT_EQ(image.ListBUorder.ListIndex(), 6);

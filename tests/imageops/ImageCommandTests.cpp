@@ -6,6 +6,7 @@
 
 #include "document/BarPositions.h"
 #include "document/Zoom.h"
+#include "surface/system/TempNames.h"
 #include "surface/window/ProgressBar.h"
 
 #include <QToolButton>
@@ -306,10 +307,10 @@ TEST_F(ImageCommandTest, APastedPieceLandsWhereItFloats) {
 
 TEST_F(ImageCommandTest, WithoutATemporaryFolderTheImageChangesAllTheSame) {
     frmImage& image = NewDocument(8, 8, 0x143264);
-    setenv("TMPDIR", "/nowhere", 1);
+    TempFoldersForTests(false);
     Choose(frmMain->mnuColInc(0));
     Choose(frmMain->mnuFlipH);
-    setenv("TMPDIR", Folder("temporary").c_str(), 1);
+    TempFoldersForTests(true);
     ExpectSamePixels(ImageOf(image), Solid(8, 8, 0x143278));
     EXPECT_EQ(StateCount(image), 1);
 }

@@ -14,6 +14,7 @@
 #include "surface/system/App.h"
 #include "surface/system/CommonDialog.h"
 #include "surface/system/Pictures.h"
+#include "surface/system/TempNames.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
 #include "surface/window/Screen.h"
@@ -113,6 +114,7 @@ void ProgramTest::TearDown() {
     PassEvents();
     EndEventLoop();
     unsetenv("TMPDIR");
+    TempFoldersForTests(true);
     std::filesystem::remove_all(root_);
 }
 

@@ -11,6 +11,9 @@ namespace pintalux {
 /// home, made on demand. What is no folder is passed over. False if none would do.
 bool TryTempFolders(const std::function<bool(const std::string& folder)>& attempt);
 
+/// Tests: whether there are such folders at all.
+void TempFoldersForTests(bool any);
+
 /// Creates an empty file in `path` named `prefix` (three characters at most), four hexadecimal digits (or,
 /// when those are used up, eight) and ".tmp", for the user alone; the name goes to `name`. Gives the number,
 /// at least 1, or 0 on failure. With a `unique` other than 0 the name is only formed, from its lowest 16
