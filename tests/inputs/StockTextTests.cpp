@@ -261,8 +261,8 @@ struct Text {
 };
 
 std::vector<Text> SourceTexts() {
-    QFile file(STOCK_TEXTS);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << STOCK_TEXTS;
+    QFile file(TEST_DATA "/../../src/surface/system/stock_pt_PT.ts");
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
     std::vector<Text> texts;
     Text text;
     for (QXmlStreamReader reader(&file); !reader.atEnd();) {
