@@ -72,7 +72,8 @@ struct DocumentView {
 
 /// What a stroke keeps between press, moves and release.
 struct StrokeState {
-    Flag curpoly; ///< The next press starts a new chain of lines.
+    Flag swallowed; ///< The press merged what floats: nothing is drawn until its release.
+    Flag curpoly;   ///< The next press starts a new chain of lines.
     std::int16_t sx = 0,
                  sy = 0; ///< Anchor or last point, image pixels (view pixels for the rectangle selection).
     Colour curtranscolor = 0; ///< The image's background when the stroke began.

@@ -7,15 +7,27 @@
 
 namespace pintalux {
 
-void PickColour(frmImage& image, double X, double Y) {
+namespace {
+
+constexpr Colour kNoPixel = -1; // what `GetPixel` gives beyond the image
+
+Colour ColourAtTip(frmImage& image, double X, double Y) {
     // Intended: the sample is taken at the tip of the dropper, 16 pixels left of and 14 below the pointer, so
     // that the tip shows which pixel counts.
     const int x = ToInt32((X - 16) / image.factor);
     const int y = ToInt32((Y + 14) / image.factor);
-    TheColourPanel->ChangeColor(GetPixel(image.PicMerge.hDC(), x, y));
+    return GetPixel(image.PicMerge.hDC(), x, y);
 }
 
-void PickRelease(frmImage& image, double, double) {
+} // namespace
+
+void PickColour(frmImage& image, double X, double Y) {
+    const Colour picked = ColourAtTip(image, X, Y);
+    if (picked != kNoPixel) TheColourPanel->ChangeColor(picked);
+}
+
+void PickRelease(frmImage& image, double X, double Y) {
+    if (ColourAtTip(image, X, Y) == kNoPixel) return;
     image.curdrawcolor = TheColourPanel->Picture6.BackColor();
     TheColourPanel->SetCurrentColour(image.curdrawcolor);
 }

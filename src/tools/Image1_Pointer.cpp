@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace pintalux {
 
@@ -43,9 +44,14 @@ void Run(StrokeStep step, frmImage& image, double X, double Y) {
 }
 
 // True: the press is used up. A rectangle goes and the press paints all the same.
-bool MergeWhatFloats(frmImage& image) {
+bool MergeWhatFloats(frmImage& image, const Tool& tool) {
     if (image.lbltext.Visible()) {
         Run(TheFloatingSteps.commitTextByPress, image);
+        // The release of other tools shows and records the text.
+        if (tool.atRelease == AtRelease::Nothing) {
+            ShowImage(image);
+            image.Backup();
+        }
         return true;
     }
     if (image.PicSelect.Visible()) Run(TheFloatingSteps.mergeRectangle, image);
@@ -55,8 +61,16 @@ bool MergeWhatFloats(frmImage& image) {
 }
 
 void LeftPress(frmImage& image, const Tool& tool, double X, double Y) {
-    if (!tool.leavesWhatFloats && MergeWhatFloats(image)) return;
-    Run(tool.press, image, X, Y);
+    image.swallowed = true; // Also where the merge fails: nothing may be drawn from an old anchor.
+    image.swallowed = !tool.leavesWhatFloats && MergeWhatFloats(image, tool);
+    if (!image.swallowed) Run(tool.press, image, X, Y);
+}
+
+// Whatever the tool: another one may have been chosen since the press.
+void HidePreviews(frmImage& image) {
+    image.Line1.Visible(false);
+    image.ShSquare.Visible(false);
+    image.SelectShape.Visible(false);
 }
 
 void SetPointerShape(Display& image1, const PointerLook& look) {
@@ -104,7 +118,7 @@ void Image1_MouseMove(frmImage& image, int Button, double X, double Y) {
         tool.hover(image, X, Y);
         return;
     }
-    if ((Button & kLeftButton) == 0) return;
+    if ((Button & kLeftButton) == 0 || image.swallowed) return;
     if (tool.scrollsAtEdges) AutoScroll(image, X, Y);
     Run(tool.drag, image, X, Y);
     if (tool.showsDrag) ShowImage(image);
@@ -115,7 +129,12 @@ void Image1_MouseUp(frmImage& image, int Button, double X, double Y) {
     X = std::floor(X / Screen.TwipsPerPixelX());
     Y = std::floor(Y / Screen.TwipsPerPixelY());
     if (Button == kLeftButton) {
-        Run(tool.release, image, X, Y);
+        HidePreviews(image);
+        if (std::exchange(image.swallowed, false)) {
+            image.FreeSelDrawing = false; // The next drag draws its path again.
+        } else {
+            Run(tool.release, image, X, Y);
+        }
         if (tool.atRelease == AtRelease::Nothing) return;
         image.PicMerge.DrawWidth(TheToolSettings->Slider2.Value());
     }

@@ -1,7 +1,7 @@
 // The three pointer handlers of a document: press, moves, release, then `Backup`. They convert the point,
 // make the checks in a fixed order and hand over to the steps in the row of the current tool. Some strokes
-// end early: a press that merges text or a freehand piece paints nothing; a row may say that its release
-// takes no undo state.
+// end early: a press that merges text or a freehand piece is used up, and its drag and release draw nothing;
+// a row may say that its release takes no undo state.
 #pragma once
 
 #include <functional>

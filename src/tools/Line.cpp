@@ -29,8 +29,6 @@ void LineMove(frmImage& image, double X, double Y) {
 }
 
 void LineRelease(frmImage& image, double X, double Y) {
-    LineMove(image, X, Y);
-    image.Line1.Visible(false);
     const FigureEnd end = FigureEndAt(image, X, Y);
     image.PicMerge.Line(image.sx, image.sy, end.x, end.y, image.curdrawcolor);
 }

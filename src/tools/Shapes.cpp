@@ -104,8 +104,6 @@ void ShapesMove(frmImage& image, double X, double Y) {
 }
 
 void ShapesRelease(frmImage& image, double X, double Y) {
-    image.ShSquare.Visible(false);
-    image.Line1.Visible(false);
     const bool outline = TheToolSettings->Option1.Value();
     if (outline) image.PicMerge.FillStyle(kFillTransparent);
     image.PicMerge.DrawWidth(outline ? TheToolSettings->Slider3.Value() : 1);

@@ -57,18 +57,18 @@ TEST_F(ColorPickTest, ReleaseMakesItTheCurrentColourAndTakesNoState) {
     ExpectImage(image, DrawingModel(60, 60, static_cast<Pixel>(picked)));
 }
 
-TEST_F(ColorPickTest, TipOffTheImageHurtsNothing) {
-    frmImage& image = NewDocument(40, 40);
-    MoveTo(image, 3, 3, 0);
-    EXPECT_EQ(frmMain->Picture6.BackColor(), -1);
-    Press(image, 3, 3);
-    Release(image, 3, 3);
-    // A colour that is none draws as white.
-    Choose("Pen");
-    image.PicMerge.LineBF(0, 0, 39, 39, kBlack);
-    Click(image, 10, 10);
-    EXPECT_EQ(ImageOf(image).At(10, 10), 0xFFFFFFu);
-    EXPECT_EQ(ImageOf(image).At(11, 10), 0u);
+TEST_F(ColorPickTest, TipOffTheImageChangesNothing) {
+    const Colour shown = 0x30A0F0;
+    frmImage& image = OpenPicture("pick.bmp", Picture(60, 60, static_cast<Pixel>(shown)));
+    MoveTo(image, 30, 20, 0);
+    // The tip lies left of the image, below it, right of it, above it.
+    for (const auto& [x, y] : {std::pair(3, 20), {30, 50}, {80, 20}, {30, -20}}) {
+        MoveTo(image, x, y, 0);
+        EXPECT_EQ(frmMain->Picture6.BackColor(), shown) << x << ", " << y;
+        EXPECT_EQ(frmMain->lblColor.Caption(), RgbReadout(shown));
+        Click(image, x, y);
+        EXPECT_EQ(frmMain->TheColor.BackColor(), kInk) << x << ", " << y;
+    }
 }
 
 TEST_F(ColorPickTest, RightReleaseTakesAStateAndNoColour) {

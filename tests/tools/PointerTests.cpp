@@ -149,6 +149,83 @@ TEST_F(PointerTest, FloatingFreehandPieceIsMergedAndThePressPaintsNothing) {
     Release(image, 5, 5);
 }
 
+// Pen, line and polyline would draw from where the stroke before ended.
+TEST_F(PointerTest, APressThatMergedTextOrAFreehandPieceDrawsNothingUntilItsRelease) {
+    for (const char* key : {"Pen", "Eraser", "Line", "PolyLine", "Shapes", "Select"}) {
+        SCOPED_TRACE(key);
+        for (const bool text : {true, false}) {
+            Choose(key);
+            frmImage& image = NewDocument(40, 40, kBlack);
+            image.sx = image.sy = 3;
+            image.curpoly = false;
+            (text ? static_cast<Control&>(image.lbltext) : image.PicFreeSelect).Visible(true);
+            Drag(image, {{20, 9}, {30, 22}, {12, 35}});
+            ExpectImage(image, DrawingModel(40, 40, 0));
+            EXPECT_FALSE(image.PicSelect.Visible());
+            EXPECT_EQ(image.sx, 3);
+            EXPECT_TRUE(image.Unload());
+        }
+    }
+}
+
+TEST_F(PointerTest, TheStrokeAfterASwallowedOneDraws) {
+    Choose("Line");
+    frmImage& image = NewDocument(40, 40);
+    image.PicFreeSelect.Visible(true);
+    Drag(image, {{20, 9}, {30, 22}});
+    Drag(image, {{5, 5}, {30, 20}});
+    DrawingModel model(40, 40, 0xFFFFFF);
+    model.Line(5, 5, 30, 20, 1, kInkPixel);
+    ExpectImage(image, model);
+}
+
+TEST_F(PointerTest, ARightButtonInBetweenDoesNotEndTheSwallowing) {
+    Choose("Pen");
+    frmImage& image = NewDocument(40, 40);
+    image.lbltext.Visible(true);
+    Press(image, 5, 5);
+    Press(image, 5, 5, kRightButton);
+    Release(image, 8, 9, kRightButton);
+    MoveTo(image, 30, 9);
+    Release(image, 30, 9);
+    ExpectImage(image, DrawingModel(40, 40, 0xFFFFFF));
+}
+
+TEST_F(PointerTest, PrintedTextTakesOneStateWithEveryTool) {
+    for (const char* key : {"Pointer", "Pen", "Line", "Select", "FreeSelect", "ColorPick"}) {
+        Choose(key);
+        frmImage& image = NewDocument(40, 40);
+        const int states = States(image);
+        TheFloatingSteps.commitTextByPress = [](frmImage& printed) {
+            printed.PicMerge.PSet(7, 9, kInk);
+            printed.lbltext.Visible(false);
+        };
+        image.lbltext.Visible(true);
+        Click(image, 20, 15);
+        EXPECT_EQ(States(image), states + 1) << key;
+        EXPECT_EQ(image.Image1.Picture().At(7, 9), kInkPixel) << key;
+        EXPECT_TRUE(image.Unload());
+    }
+}
+
+TEST_F(PointerTest, PreviewsGoAtALeftReleaseWhateverToolIsCurrentThen) {
+    frmImage& image = NewDocument(60, 40);
+    for (const char* drawing : {"Line", "Shapes", "Select"}) {
+        for (const char* later : {"Pen", "FreeSelect", "ColorPick", "Mag"}) {
+            SCOPED_TRACE(std::string(drawing) + ", then " + later);
+            Choose(drawing);
+            Press(image, 20, 5);
+            MoveTo(image, 50, 30);
+            ASSERT_TRUE(image.Line1.Visible() || image.ShSquare.Visible() || image.SelectShape.Visible());
+            Choose(later);
+            Release(image, 50, 30);
+            EXPECT_FALSE(image.Line1.Visible());
+            EXPECT_FALSE(image.ShSquare.Visible());
+            EXPECT_FALSE(image.SelectShape.Visible());
+        }
+    }
+}
+
 TEST_F(PointerTest, RightPressLeavesWhatFloats) {
     Choose("Pen");
     frmImage& image = NewDocument(40, 40);
