@@ -2,6 +2,7 @@
 
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
+#include "support/Errors.h"
 #include "surface/raster/Colour.h"
 
 #include <gtest/gtest.h>
@@ -12,17 +13,6 @@
 namespace pintalux {
 
 namespace {
-
-// The number of the error that a statement raises, 0 if none.
-template <class Statement>
-int ErrorOf(Statement statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();

@@ -169,14 +169,11 @@ TEST(Application, ErrorInAToolkitCallbackGoesToTheTop) {
             return QObject::event(event);
         }
     };
-    int seen = 0;
-    const auto before =
-        std::exchange(OnUntrappedError, [&](const RuntimeError& error) { seen = error.Number(); });
+    const UntrappedErrors errors;
     Thrower thrower;
     QEvent event(QEvent::User);
     QApplication::sendEvent(&thrower, &event);
-    OnUntrappedError = before;
-    EXPECT_EQ(seen, kDeviceError);
+    EXPECT_EQ(errors.numbers, std::vector<int>{kDeviceError});
 }
 
 } // namespace

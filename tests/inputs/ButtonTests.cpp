@@ -19,7 +19,7 @@ class ButtonTest : public testing::Test {
         cancel.Click = [this] { ++cancels; };
         ok.Default(true);
         cancel.Cancel(true);
-        RunUntil([&] { return WidgetOf(window)->isActiveWindow(); });
+        WaitFor([&] { return WidgetOf(window)->isActiveWindow(); });
     }
     QPushButton& Ok() { return ToolkitOf<QPushButton>(ok); }
 

@@ -1,12 +1,13 @@
 // What these tests share: a window to put controls into, and the hand that presses keys and buttons.
 #pragma once
 
-#include "base/RuntimeError.h"
+#include "support/Errors.h"
+#include "support/UntrappedErrors.h"
+#include "support/Waiting.h"
 #include "surface/window/Control_native.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -28,15 +29,6 @@ class TestWindow final : public Container {
 template <class Widget>
 Widget& ToolkitOf(const Control& control) {
     return dynamic_cast<Widget&>(*WidgetOf(control));
-}
-
-/// Lets events run until the condition holds, five seconds at most; whether it holds.
-template <class Condition>
-bool RunUntil(Condition condition) {
-    const QDeadlineTimer limit(5000);
-    while (!condition() && !limit.hasExpired())
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
-    return condition();
 }
 
 inline void PressKey(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
@@ -75,17 +67,6 @@ inline void ClickAt(QWidget& widget, QPoint place) {
 
 inline void ClickOn(QWidget& widget) {
     ClickAt(widget, widget.rect().center());
-}
-
-/// The number of the run-time error that `step` raises; 0 for none.
-template <class Step>
-int ErrorOf(Step step) {
-    try {
-        step();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
 }
 
 } // namespace pintalux

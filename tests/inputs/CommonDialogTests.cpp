@@ -39,7 +39,7 @@ class CommonDialogTest : public testing::Test {
     static QComboBox& TypesOf(QFileDialog& shown) { return *shown.findChild<QComboBox*>("fileTypeCombo"); }
     /// Types a name in place of the proposed one.
     static void TypeName(QFileDialog& shown, const QString& name) {
-        RunUntil([&] { return shown.isActiveWindow(); });
+        WaitFor([&] { return shown.isActiveWindow(); });
         NameOf(shown).setFocus();
         NameOf(shown).selectAll();
         Type(NameOf(shown), name);
@@ -122,7 +122,7 @@ TEST_F(CommonDialogTest, PatternsMatchInAnyCase) {
     QStringList names;
     const Answer<QFileDialog> answer([&](QFileDialog& shown) {
         const auto* view = shown.findChild<QTreeView*>("treeView");
-        RunUntil([&] { return view->model()->rowCount(view->rootIndex()) > 0; });
+        WaitFor([&] { return view->model()->rowCount(view->rootIndex()) > 0; });
         for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
             names << view->model()->index(row, 0, view->rootIndex()).data().toString();
         shown.reject();

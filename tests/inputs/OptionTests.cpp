@@ -89,7 +89,7 @@ TEST_F(OptionTest, ClickByHandClearsTheSiblings) {
 
 TEST_F(OptionTest, ArrowKeyChoosesTheNextOne) {
     first.Value(true);
-    ASSERT_TRUE(RunUntil([&] { return WidgetOf(window)->isActiveWindow(); }));
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
     first.SetFocus();
     Key(*WidgetOf(first), Qt::Key_Down);
     EXPECT_TRUE(second.Value());
@@ -166,7 +166,7 @@ TEST(ListBox, FocusAloneChoosesNothing) {
     ListBox list(window, "FiltList", {"Nitidez"});
     int clicks = 0;
     list.Click = [&] { ++clicks; };
-    ASSERT_TRUE(RunUntil([&] { return WidgetOf(window)->isActiveWindow(); }));
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
     list.SetFocus();
     EXPECT_EQ(list.ListIndex(), -1);
     EXPECT_EQ(clicks, 0);

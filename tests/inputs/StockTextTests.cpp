@@ -118,7 +118,7 @@ class StockTextTest : public testing::Test {
         });
         closer.start(5);
         QApplication::sendEvent(&widget, &event);
-        RunUntil([&] { return !texts.isEmpty() && QApplication::activePopupWidget() == nullptr; });
+        WaitFor([&] { return !texts.isEmpty() && QApplication::activePopupWidget() == nullptr; });
         EXPECT_TRUE(recorder.missing.empty()) << "without our text:\n" << Joined(recorder.missing);
         return texts;
     }
@@ -162,7 +162,7 @@ TEST_F(StockTextTest, KindsOfFiles) {
     QFileDialog dialog(nullptr, {}, "/etc");
     ExpectPortuguese(dialog);
     const auto* view = dialog.findChild<QTreeView*>("treeView");
-    RunUntil([&] { return view->model()->rowCount(view->rootIndex()) > 3; });
+    WaitFor([&] { return view->model()->rowCount(view->rootIndex()) > 3; });
     QStringList kinds;
     for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
         kinds << view->model()->index(row, 2, view->rootIndex()).data().toString();

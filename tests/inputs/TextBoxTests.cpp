@@ -168,7 +168,7 @@ TEST_F(TextBoxTest, TabSelectsAllAndFocusEventsRun) {
     int lost = 0;
     box.GotFocus = [&] { ++got; };
     box.LostFocus = [&] { ++lost; };
-    ASSERT_TRUE(RunUntil([&] { return WidgetOf(window)->isActiveWindow(); }));
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
     other.SetFocus();
     got = lost = 0;
     Line().setFocus(Qt::TabFocusReason);

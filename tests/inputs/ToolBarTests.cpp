@@ -107,7 +107,7 @@ TEST_F(ToolBarTest, NarrowBarWraps) {
 }
 
 TEST_F(ToolBarTest, OneTabStopAndArrowsInside) {
-    ASSERT_TRUE(RunUntil([&] { return WidgetOf(window)->isActiveWindow(); }));
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
     bar.Buttons("New").Enabled(false);
     EXPECT_EQ(Widget("Open").focusPolicy(), Qt::TabFocus);
     EXPECT_EQ(Widget("Pen").focusPolicy(), Qt::NoFocus);
@@ -124,7 +124,7 @@ TEST_F(ToolBarTest, OneTabStopAndArrowsInside) {
 }
 
 TEST_F(ToolBarTest, MouseClickLeavesTheFocusWhereItIs) {
-    ASSERT_TRUE(RunUntil([&] { return WidgetOf(window)->isActiveWindow(); }));
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
     QWidget elsewhere(WidgetOf(window));
     elsewhere.show();
     elsewhere.setFocus();

@@ -20,7 +20,6 @@
 #include "surface/window/Screen.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimer>
@@ -179,18 +178,6 @@ void Drag(frmImage& image, const std::vector<std::pair<double, double>>& points)
     for (const auto& [x, y] : points)
         MoveTo(image, x, y);
     Release(image, points.back().first, points.back().second);
-}
-
-bool WaitFor(const std::function<bool()>& condition, int milliseconds) {
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition()) {
-        if (clock.elapsed() > milliseconds) return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        usleep(1000);
-    }
-    return true;
 }
 
 void PassEvents() {

@@ -6,6 +6,7 @@
 #include "base/RuntimeError.h"
 #include "document/frmImage.h"
 #include "support/DialogScript.h"
+#include "support/Waiting.h"
 
 #include <filesystem>
 #include <functional>
@@ -55,8 +56,6 @@ void Release(frmImage& image, double x, double y, int button = kLeftButton);
 /// Press, moves through the points, release at the last.
 void Drag(frmImage& image, const std::vector<std::pair<double, double>>& points);
 
-/// Passes pending events until the condition holds; false after `milliseconds`.
-bool WaitFor(const std::function<bool()>& condition, int milliseconds = 5000);
 void PassEvents();
 /// What follows the unload of the main window: the end of the event loop. Before it no dialog can show again.
 void EndEventLoop();

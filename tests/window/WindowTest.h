@@ -2,6 +2,9 @@
 #pragma once
 
 #include "base/RuntimeError.h"
+#include "support/Errors.h"
+#include "support/UntrappedErrors.h"
+#include "support/Waiting.h"
 #include "surface/window/Events.h"
 #include "surface/window/Form.h"
 #include "surface/window/MDIForm.h"
@@ -9,7 +12,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPixmap>
@@ -19,27 +21,6 @@
 #include <vector>
 
 namespace pintalux {
-
-/// The number of the error that a statement raises; 0 if it raises none.
-inline int ErrorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-}
-
-/// Lets events run until the condition holds; false after five seconds.
-inline bool WaitFor(const std::function<bool()>& condition) {
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition()) {
-        if (clock.hasExpired(5000)) return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
-    }
-    return true;
-}
 
 inline void LetEventsRun() {
     for (int pass = 0; pass < 5; ++pass)
@@ -70,21 +51,6 @@ inline void ClickAt(QWidget* widget, const QPointF& place, Qt::MouseButton butto
     SendMouse(widget, QEvent::MouseButtonPress, place, button, button);
     SendMouse(widget, QEvent::MouseButtonRelease, place, button, Qt::NoButton);
 }
-
-/// Listens to errors that nobody caught, as long as it lives.
-class UntrappedErrors {
-  public:
-    UntrappedErrors() : before_(OnUntrappedError) {
-        OnUntrappedError = [this](const RuntimeError& error) { numbers.push_back(error.Number()); };
-    }
-    ~UntrappedErrors() { OnUntrappedError = before_; }
-    UntrappedErrors(const UntrappedErrors&) = delete;
-    UntrappedErrors& operator=(const UntrappedErrors&) = delete;
-    std::vector<int> numbers;
-
-  private:
-    std::function<void(const RuntimeError&)> before_;
-};
 
 /// A resizable window that counts its events.
 class PlainForm : public Form {
