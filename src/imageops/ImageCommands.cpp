@@ -45,7 +45,7 @@ void Turn(double angle) {
 }
 
 void StepColour(Surface& work, Surface& live, std::int16_t mode) {
-    if (HasPixels(work)) ColourStep(work, live, mode, TheProgressBar());
+    if (HasPixels(work)) ColourStep(work, live, TheProgressBar(), mode);
 }
 
 void StepRectangle(frmImage& image, std::int16_t mode) {
