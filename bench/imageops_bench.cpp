@@ -157,7 +157,7 @@ void Measure(benchmark::State& state, const Picture& picture, const std::functio
     state.counters["copy_ms"] = copy.wall * 1e3;
 }
 
-void Filter(benchmark::State& state, void (*filter)(Surface&, Surface&, ProgressBar&, std::int16_t&),
+void Filter(benchmark::State& state, void (*filter)(Surface&, Surface&, ProgressBar&, std::int16_t),
             std::int16_t level) {
     Measure(state, theBench->photo, [&](Bench& b) { filter(b.work, b.live, b.Pb, level); });
 }
@@ -181,18 +181,16 @@ void Pixelate(benchmark::State& state) {
     Filter(state, PixelateFilter, 12);
 }
 void Brighten(benchmark::State& state) {
-    std::int16_t level = 40;
-    Measure(state, theBench->photo, [&](Bench& b) { BrightnessFilter(b.work, b.live, level, b.Pb); });
+    Filter(state, BrightnessFilter, 40);
 }
 void Step(benchmark::State& state) {
-    std::int16_t mode = 1;
-    Measure(state, theBench->photo, [&](Bench& b) { ColourStep(b.work, b.live, mode, b.Pb); });
+    Filter(state, ColourStep, 1);
 }
 void Grey(benchmark::State& state) {
-    Measure(state, theBench->photo, [](Bench& b) { GreyFilter(b.work, b.live, b.Pb); });
+    Filter(state, GreyFilter, 0);
 }
 void Invert(benchmark::State& state) {
-    Measure(state, theBench->photo, [](Bench& b) { InvertFilter(b.work, b.live); });
+    Filter(state, InvertFilter, 0);
 }
 void FlipAcross(benchmark::State& state) {
     Measure(state, theBench->photo, [](Bench& b) { FlipImage(b.live, b.work, -1); });

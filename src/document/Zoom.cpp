@@ -63,6 +63,8 @@ void ZoomTo(frmImage& image, int level) {
 void ZoomByMenu(int level) {
     frmImage& image = ActiveImage();
     if (!ViewFits(image, level)) return;
+    // Intended: a zoom lets go of tool 4, a number that no button of the bar gives; a bar that did would find
+    // its second button pressed.
     if (CurrentTool == 4) {
         CurrentTool = 2;
         TheWorkspace.bar->TB2.Buttons(2).Value(1);

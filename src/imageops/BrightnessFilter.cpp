@@ -7,7 +7,7 @@
 
 namespace pintalux {
 
-void BrightnessFilter(Surface& work, Surface& live, std::int16_t& level, ProgressBar& Pb) {
+void BrightnessFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level) {
     const Box loop{0, 0, LoopEnd(work.ScaleWidth() - 1), LoopEnd(work.ScaleHeight() - 1)};
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);

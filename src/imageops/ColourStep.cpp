@@ -19,7 +19,7 @@ Channels StepOf(int mode) {
 
 // Intended: the channels without a step also keep the lift of the channel split, so that a run of steps
 // drifts the picture towards light.
-void ColourStep(Surface& work, Surface& live, std::int16_t& mode, ProgressBar& Pb) {
+void ColourStep(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t mode) {
     const Box loop{0, 0, LoopEnd(work.ScaleWidth() - 1), LoopEnd(work.ScaleHeight() - 1)};
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);

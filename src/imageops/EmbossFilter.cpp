@@ -24,7 +24,7 @@ void EmbossChannel(const Channel* p, const Channel* q, Channel* out, int count, 
 
 } // namespace
 
-void EmbossFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
+void EmbossFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level) {
     const Box loop{0, 0, LoopEnd(work.ScaleWidth() - 1), LoopEnd(work.ScaleHeight() - 1)};
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);

@@ -19,7 +19,7 @@ void ComposeGreys(const Channel* levels, int count, Pixel* out) {
 
 } // namespace
 
-void GreyFilter(Surface& work, Surface& live, ProgressBar& Pb) {
+void GreyFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t /*level*/) {
     const Box loop{0, 0, LoopEnd(work.ScaleWidth() - 1), LoopEnd(work.ScaleHeight() - 1)};
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);

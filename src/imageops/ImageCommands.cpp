@@ -8,6 +8,7 @@
 #include "imageops/frmFiltBrow.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Scaffold.h"
+#include "surface/raster/PixelWrite.h"
 #include "surface/window/ProgressBar.h"
 
 #include <algorithm>
@@ -45,7 +46,7 @@ void Turn(double angle) {
 }
 
 void StepColour(Surface& work, Surface& live, std::int16_t mode) {
-    if (HasPixels(work)) ColourStep(work, live, mode, TheProgressBar());
+    if (HasPixels(work)) ColourStep(work, live, TheProgressBar(), mode);
 }
 
 void StepRectangle(frmImage& image, std::int16_t mode) {
@@ -66,7 +67,8 @@ void StepWholeImage(frmImage& image, std::int16_t mode) {
 // is that of "outside", which draws as white.
 void TakeInside(Surface& outlined, const Surface& piece) {
     const Bitmap from = piece.Image();
-    Bitmap& to = outlined.hDC().Bits();
+    const PixelWrite write(outlined.hDC());
+    Bitmap& to = write.Bits();
     std::vector<Pixel> inside(static_cast<std::size_t>(to.Width()));
     std::vector<Pixel> stepped(inside.size(), PixelOf(kWhite));
     const auto shared = static_cast<std::size_t>(std::min(to.Width(), from.Width()));
@@ -82,7 +84,6 @@ void TakeInside(Surface& outlined, const Surface& piece) {
         to.WriteRow(0, y, inside);
         TheProgressBar().Value(outlined.Width() * (y + 1) / to.Height());
     }
-    outlined.hDC().Touched(to.Bounds());
 }
 
 // Intended: a colour step on a freehand piece lands what floats on the view, pixel for pixel, so that the

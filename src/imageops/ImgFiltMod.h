@@ -6,7 +6,8 @@
 // coordinates, so that a side above 32767 is error 6; colours are taken apart by `SplitChannels`; a channel
 // above 255 is cut to 255 at the write. Where a routine honours the mask and `FreeSelActive` is -1, pixels of
 // the work surface that hold `MaskKeyColour` stay as they are. `Pb` gets its `Max`, moves with the work and
-// is back at 0 at the end. Levels are passed by reference and have their entry value again afterwards.
+// is back at 0 at the end; `InvertFilter` alone leaves it as it is. All filters have one shape, so that a
+// table can hold them; one without a level takes no notice of it.
 #pragma once
 
 #include <cstdint>
@@ -21,46 +22,46 @@ class Surface;
 
 /// Level 1 to 10. Moves each channel away from its upper left neighbour by level / 2 of their difference;
 /// above 200 becomes 240. First row and column stay.
-void SharpenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level);
+void SharpenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 /// Level 1 to 10: the stride. A tenth of the sum of nine pixels, so that the picture also darkens by a tenth.
 /// First row and column and the last level - 1 stay.
-void SoftenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level);
+void SoftenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 /// Level -100 to -10 or 10 to 100, added to each channel. A channel that would fall below 0 is reflected: 5
 /// at level -30 gives 25. The near-white rule follows.
-void BrightnessFilter(Surface& work, Surface& live, std::int16_t& level, ProgressBar& Pb);
+void BrightnessFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 /// 0.59 green + 0.3 red + 0.11 blue, added in this order, rounded half to even; white where two channels are
 /// 241 or more.
-void GreyFilter(Surface& work, Surface& live, ProgressBar& Pb);
+void GreyFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 /// Level 100 to 200: the grey of flat areas. The difference to the lower right neighbour is laid on it, at
 /// most 220; beyond the right and bottom edge the neighbour is black.
-void EmbossFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level);
+void EmbossFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 /// Inverts all 24 bits of every pixel, the mask colour's too. Lands from the live surface.
-void InvertFilter(Surface& work, Surface& live);
+void InvertFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 // Scatter, outline, pixelate.
 
 /// Level 1 to 10: how far right and down a pixel may be fetched from, by `TheRandomNumbers`. First row and
 /// column and the last two of each stay. In place, top to bottom.
-void ScatterFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level);
+void ScatterFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 /// Level 50 to 250. Black where a pixel of the live surface differs from the one above or left of it by more
 /// than level^3, both taken as plain numbers; the rest is the work surface's background. With `FreeSelActive`
 /// at -1 nothing is drawn.
-void OutlineFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level);
+void OutlineFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 /// Level 5 to 50: the side of a box. Reads the work surface, paints boxes on the live one; nothing lands.
-void PixelateFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level);
+void PixelateFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
 
 // Colour steps.
 
 /// Mode 0, 1, 2: 20 more red, green, blue; 3, 4, 5: 20 less, reflected at 0. The near-white rule follows. The
 /// mask is not honoured.
-void ColourStep(Surface& work, Surface& live, std::int16_t& mode, ProgressBar& Pb);
+void ColourStep(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t mode);
 
 // Flip and rotate. The result lands on the destination only, which takes its size.
 

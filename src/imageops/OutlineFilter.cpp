@@ -34,7 +34,7 @@ void OutlineRun(const Pixel* pixels, const Pixel* above, const Pixel* left, Pixe
 
 } // namespace
 
-void OutlineFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
+void OutlineFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level) {
     const Box loop{1, 1, LoopEnd(live.ScaleWidth() - 1), LoopEnd(live.ScaleHeight() - 1)};
     SetProgressMax(Pb, work.ScaleWidth() - 1);
     work.Picture({});

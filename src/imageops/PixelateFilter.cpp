@@ -31,7 +31,7 @@ int BoxEnd(const std::vector<int>& starts, std::size_t i, int box, int limit) {
 
 } // namespace
 
-void PixelateFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
+void PixelateFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level) {
     const std::int16_t s = level;
     SetProgressMax(Pb, s + work.ScaleWidth());
     const std::vector<int> columns = BoxStarts(ToInt16(work.ScaleWidth()), s);

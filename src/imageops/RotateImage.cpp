@@ -4,6 +4,7 @@
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
 #include "imageops/TurnedOffset.h"
+#include "surface/raster/PixelWrite.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>
@@ -108,13 +109,15 @@ void RotateImage(Surface& source, Surface& destination, double& angle) {
     const int K = std::max(dx0, dy0) - 1;
     MultiplyInt16(2, K); // Error 6 for a side that 16-bit distances don't reach.
 
-    const Turn turn{source.hDC().Bits(), destination.hDC().Bits(), sx, sy, dx0, dy0, K};
-    if (degrees == 90 || degrees == 270) {
-        TurnRightAngle(turn, degrees == 90 ? 1 : -1);
-    } else {
-        TurnByFormula(turn, angle);
+    {
+        const PixelWrite write(destination.hDC());
+        const Turn turn{source.hDC().Bits(), write.Bits(), sx, sy, dx0, dy0, K};
+        if (degrees == 90 || degrees == 270) {
+            TurnRightAngle(turn, degrees == 90 ? 1 : -1);
+        } else {
+            TurnByFormula(turn, angle);
+        }
     }
-    destination.hDC().Touched(turn.to.Bounds());
     LandOnDestination(destination);
 }
 

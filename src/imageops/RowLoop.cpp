@@ -4,6 +4,7 @@
 #include "base/Parallel.h"
 #include "document/Globals.h"
 #include "imageops/PixelTable.h"
+#include "surface/raster/PixelWrite.h"
 #include "surface/raster/StreamCopy.h"
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Surface.h"
@@ -34,8 +35,9 @@ void SetProgressMax(ProgressBar& Pb, double max) {
 
 void ForRows(Surface& surface, const Box& box, ProgressBar& Pb, Cores cores,
              const std::function<void(int top, int bottom)>& rows) {
-    Bitmap& bits = surface.hDC().Bits();
-    const Box area = Intersection(box, bits.Bounds());
+    const PixelWrite write(surface.hDC(), box);
+    Bitmap& bits = write.Bits();
+    const Box& area = write.Area();
     for (int top = area.top; top < area.bottom;) {
         const int chunk = ChunkRows(area.Width());
         const int bottom = std::min(area.bottom, top - top % Bitmap::kTileHeight + chunk);
@@ -52,14 +54,14 @@ void ForRows(Surface& surface, const Box& box, ProgressBar& Pb, Cores cores,
         Pb.Value(Pb.Max() * (bottom - area.top) / area.Height());
         top = bottom;
     }
-    surface.hDC().Touched(area);
     Pb.Value(0);
 }
 
 void ForRowsInPlace(Surface& surface, const Box& box, ProgressBar& Pb,
                     const std::function<void(int top, int bottom)>& rows) {
-    Bitmap& bits = surface.hDC().Bits();
-    const Box area = Intersection(box, bits.Bounds());
+    const PixelWrite write(surface.hDC(), box);
+    Bitmap& bits = write.Bits();
+    const Box& area = write.Area();
     if (area.Empty()) return;
     bits.DetachTable();
     const int firstBand = area.top / Bitmap::kTileHeight;
@@ -74,7 +76,6 @@ void ForRowsInPlace(Surface& surface, const Box& box, ProgressBar& Pb,
         });
         Pb.Value(half + half * (end - firstBand) / (endBand - firstBand));
     }
-    surface.hDC().Touched(area);
     Pb.Value(0);
 }
 

@@ -1,8 +1,11 @@
 // The loop of a pixel routine over the surface that it writes: bounds, cores, mask, progress.
 //
-// The columns and rows of an image are independent of each other, as the routines read a `PixelTable`. So the
-// loop goes by rows, whose pixels lie side by side, in chunks of rows: all cores work on a chunk, then the
-// progress bar moves.
+// A routine reads a `PixelTable`, which no write changes. So it may compute the pixels of an image in any
+// order. The loop takes them row by row, since the pixels of a row lie side by side. It takes the rows in
+// chunks of about two million pixels. All cores work on a chunk; after it the progress bar moves.
+//
+// Four loops stand on one another: `ForRows` hands out rows, `ForPixels` runs of pixels, `ForChannels` runs
+// split into channels; `ForRowsInPlace` is `ForRows` for a routine that writes few of the pixels.
 #pragma once
 
 #include "surface/raster/Bitmap.h"
@@ -17,8 +20,8 @@ struct ChannelRuns;
 class ProgressBar;
 class Surface;
 
-/// The end, exclusive, of a loop whose last value is `last`, rounded to 16 bits. Error 6 where the loop would
-/// count beyond 32767.
+/// The end, exclusive, of a loop whose last value is `last`, rounded half to even: 99.5 gives 101. Error 6
+/// where the end would lie beyond 32767.
 int LoopEnd(double last);
 
 /// Sets `Pb.Max`; an image too small for its routine leaves it at 0.
@@ -26,29 +29,30 @@ void SetProgressMax(ProgressBar& Pb, double max);
 
 enum class Cores { All, One };
 
-/// Calls rows(top, bottom) for parts of the box that cover its rows once, from top to bottom if on one core.
-/// They write every pixel of the box, cut to the surface: what it showed there is gone. Moves `Pb` from 0 to
-/// its `Max` and back to 0.
+/// Calls rows(top, bottom) for parts of the box, which is cut to the surface. The parts hold each row once;
+/// on one core they come from top to bottom. A call must write every pixel of its rows inside the box: what
+/// the surface showed there is gone already. Moves `Pb` from 0 to its `Max` and back to 0.
 void ForRows(Surface& surface, const Box& box, ProgressBar& Pb, Cores cores,
              const std::function<void(int top, int bottom)>& rows);
 
-/// The same in place: what is not written stays as it was, and memory is taken for the tiles that are written
-/// only. A part holds whole bands of rows. Each writes its own rows, by `WritableRun` or `WriteRow`, and may
-/// read them; other rows it may not touch. As nothing is read beforehand, `Pb` starts in the middle.
+/// Calls rows(top, bottom) like `ForRows`, but what a call does not write stays as it was. Memory is taken
+/// only for the tiles that are written. A part holds whole bands of the bitmap. A call may read and write its
+/// own rows, by `WritableRun` or `WriteRow`, and no others. `Pb` starts in its middle: the first half stands
+/// for a reading beforehand, which this loop does without.
 void ForRowsInPlace(Surface& surface, const Box& box, ProgressBar& Pb,
                     const std::function<void(int top, int bottom)>& rows);
 
-/// Writes the pixels of row y from x on, past the caches.
+/// Writes the pixels of row y from x on. They go past the caches, since nobody reads them soon.
 void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels);
 
 /// Makes `out`, the `count` pixels of row y from x on; all lie in one tile.
 using MakePixels = std::function<void(int x, int y, int count, Pixel* out)>;
 
-/// Writes every pixel of the box, run by run.
+/// Writes every pixel of the box, which is cut to the surface, run by run.
 void ForPixels(Surface& surface, const Box& box, ProgressBar& Pb, const MakePixels& make);
 
-/// Makes the channels `computed` of `count` pixels of row y from x on, all in one tile, of their channels
-/// `Px`.
+/// Makes the channels `computed` of `count` pixels of row y from x on. All lie in one tile. `Px` are their
+/// channels before.
 using MakeChannels =
     std::function<void(int x, int y, int count, const ChannelRuns& Px, ChannelRuns& computed)>;
 
@@ -59,11 +63,13 @@ bool MaskIsUp();
 /// Whether a routine heeds the mask.
 enum class Mask { Honoured, Ignored };
 
-/// The same from the table of the surface. What comes out above 255 is cut.
+/// Writes every pixel of the box like `ForPixels`, from channels that `make` computes. `Px` is the table of
+/// the surface. A computed channel above 255 is cut to 255.
 void ForChannels(Surface& work, const PixelTable& Px, const Box& box, Mask mask, ProgressBar& Pb,
                  const MakeChannels& make);
 
-/// Puts back the pixels that the mask protects: those of the row of the table from x, y on.
+/// Puts back the pixels that the mask protects. `out` are the `count` new pixels of row y from x on; those
+/// whose pixel in the table is `MaskKeyColour` become that again.
 void KeepMasked(const PixelTable& Px, int x, int y, int count, Pixel* out);
 
 } // namespace pintalux

@@ -132,10 +132,13 @@ void FinishOperation(frmImage& image) {
 
 void FitWindow(frmImage& image) {
     if (image.WindowState() == kMaximised) return;
+    const double oldWidth = image.Width();
+    const double oldHeight = image.Height();
     const double width = image.PicMerge.ScaleWidth() * Screen.TwipsPerPixelX() + 120;
     const double height = image.PicMerge.ScaleHeight() * Screen.TwipsPerPixelY() + 420;
     image.Width(RulersOn ? image.LeftRuler.Width() + width : width);
     image.Height(RulersOn ? image.TopRuler.Height() + height : height);
+    if (image.Width() > oldWidth || image.Height() > oldHeight) StayInWorkspace(image);
 }
 
 } // namespace pintalux

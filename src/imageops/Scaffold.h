@@ -98,7 +98,7 @@ void Commit(frmImage& image, Target target);
 void FinishOperation(frmImage& image);
 
 /// The document's window takes the size of the image, with the rulers' if they are on, unless it is
-/// maximised.
+/// maximised. A window that grows stays within the workspace.
 void FitWindow(frmImage& image);
 
 } // namespace pintalux

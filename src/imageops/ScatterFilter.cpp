@@ -111,7 +111,7 @@ void KeepScatterMasked(const Bitmap& bits, const PixelTable& Px, int PxX, std::s
 
 // A pixel is fetched from its own row or one below, and never from its left: from what the loop has not
 // changed yet. So the table may stand for the surface, and rows need not wait for each other.
-void ScatterFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
+void ScatterFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level) {
     SetProgressMax(Pb, work.ScaleHeight() - 3);
     const Box loop{1, 1, LoopEnd(work.ScaleWidth() - 3), LoopEnd(work.ScaleHeight() - 3)};
     if (!loop.Empty()) {

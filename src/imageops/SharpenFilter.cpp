@@ -25,7 +25,7 @@ void SharpenChannel(const Channel* p, const Channel* q, Channel* out, int count,
 
 } // namespace
 
-void SharpenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
+void SharpenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level) {
     const Box loop{1, 1, LoopEnd(work.ScaleWidth() - 1), LoopEnd(work.ScaleHeight() - 1)};
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);

@@ -116,7 +116,7 @@ class Strip {
 
 } // namespace
 
-void SoftenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
+void SoftenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level) {
     const Box loop{1, 1, LoopEnd(work.ScaleWidth() - level), LoopEnd(work.ScaleHeight() - level)};
     SetProgressMax(Pb, work.ScaleWidth() - 1 + work.ScaleWidth() - level);
     const PixelTable Px = ReadPixels(work);

@@ -11,7 +11,9 @@
 #include "surface/window/ProgressBar.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
+#include <string>
+#include <vector>
 
 namespace pintalux {
 
@@ -21,43 +23,56 @@ namespace {
 
 constexpr double kLevelHeight = 900; // twips kept for the level
 constexpr double kListWidth = 2700;  // twips
-constexpr int kPixelate = 9;         // the entry that the list does not have
+constexpr int kNoLevel = 1;          // what a filter without a level is run with
 
-using Level = std::int16_t;
-
+/// A row of the browser.
 struct Filter {
+    const char* listText;  ///< Null: the list does not offer it.
     const char* levelName; ///< Null: it has no level.
     int max, min, tickSpacing;
-    void (*run)(Surface& work, Surface& live, ProgressBar& Pb, Level& level);
+    void (*run)(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
+    bool scales = false; ///< The level is a size on the image, so that a preview scales it with the sample.
 };
 
-void Darken(Surface& work, Surface& live, ProgressBar& Pb, Level& level) {
-    Level negative = SubtractInt16(0, level);
-    BrightnessFilter(work, live, negative, Pb);
+void Darken(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level) {
+    BrightnessFilter(work, live, Pb, SubtractInt16(0, level));
 }
 
-// Intended: from the seventh entry on the list and this table disagree, and "Contraste" softens; every entry
-// keeps the effect that its place has, and the tenth filter is not offered.
-const std::array<Filter, 10> kFilters = {{
-    {"Nitidez", 10, 1, 1, SharpenFilter},
-    {"Contraste", 10, 1, 1, SoftenFilter},
-    {"Difusão", 10, 1, 1, ScatterFilter},
-    {nullptr, 0, 0, 0,
-     [](Surface& work, Surface& live, ProgressBar& Pb, Level&) { GreyFilter(work, live, Pb); }},
-    {nullptr, 0, 0, 0, [](Surface& work, Surface& live, ProgressBar&, Level&) { InvertFilter(work, live); }},
-    {"Auto Brilho", 100, 10, 9,
-     [](Surface& work, Surface& live, ProgressBar& Pb, Level& level) {
-         BrightnessFilter(work, live, level, Pb);
-     }},
-    {"Escurecer", 100, 10, 9, Darken},
-    {"Tolerância", 250, 50, 20, OutlineFilter},
-    {"Relevo", 200, 100, 10, EmbossFilter},
-    {"Converter em Pixeis", 50, 5, 5, PixelateFilter},
-}};
+// Intended: a text of the list says what stands at its place, not what runs there: "Contraste" softens,
+// "Converter em Pixeis" draws outlines, and the filter that makes boxes is not offered.
+constexpr Filter kFilters[] = {
+    {"Nitidez", "Nitidez", 10, 1, 1, SharpenFilter},
+    {"Contraste", "Contraste", 10, 1, 1, SoftenFilter},
+    {"Difuso", "Difusão", 10, 1, 1, ScatterFilter},
+    {"Escala de cinza", nullptr, 0, 0, 0, GreyFilter},
+    {"Inverter", nullptr, 0, 0, 0, InvertFilter},
+    {"Auto Brilho", "Auto Brilho", 100, 10, 9, BrightnessFilter},
+    {"Recortar", "Escurecer", 100, 10, 9, Darken},
+    {"Converter em Pixeis", "Tolerância", 250, 50, 20, OutlineFilter},
+    {"Relevo", "Relevo", 200, 100, 10, EmbossFilter},
+    {nullptr, "Converter em Pixeis", 50, 5, 5, PixelateFilter, true},
+};
 
 const Filter& FilterAt(int index) {
-    if (index < 0 || index >= static_cast<int>(kFilters.size())) throw RuntimeError(kSubscriptOutOfRange);
-    return kFilters[static_cast<std::size_t>(index)];
+    if (index < 0 || index >= static_cast<int>(std::size(kFilters))) throw RuntimeError(kSubscriptOutOfRange);
+    return kFilters[index];
+}
+
+/// The texts of the list.
+std::vector<std::string> OfferedFilters() {
+    std::vector<std::string> texts;
+    for (const Filter& filter : kFilters) {
+        if (filter.listText != nullptr) texts.emplace_back(filter.listText);
+    }
+    return texts;
+}
+
+/// The row of the n-th entry of the list, which leaves out the rows without a text.
+int RowOfEntry(int entry) {
+    for (int row = 0; row < static_cast<int>(std::size(kFilters)); ++row) {
+        if (kFilters[row].listText != nullptr && entry-- == 0) return row;
+    }
+    throw RuntimeError(kSubscriptOutOfRange);
 }
 
 } // namespace
@@ -68,10 +83,7 @@ void RunFilter(int index, Surface& work, Surface& live, std::int16_t level, Prog
 
 frmFiltBrowForm::frmFiltBrowForm()
     : Form("frmFiltBrow", Kind::Dialog), SampleParts(static_cast<Form&>(*this)),
-      lblFilter(*this, "lblFilter", "Filtro"),
-      FiltList(*this, "FiltList",
-               {"Nitidez", "Contraste", "Difuso", "Escala de cinza", "Inverter", "Auto Brilho", "Recortar",
-                "Converter em Pixeis", "Relevo"}),
+      lblFilter(*this, "lblFilter", "Filtro"), FiltList(*this, "FiltList", OfferedFilters()),
       LevelArea(*this, "LevelArea"), lblFiltLevel(LevelArea, "lblFiltLevel"),
       Slider1(LevelArea, "Slider1", 1, 10), Command1(*this, "Command1", "Ver Amostra"),
       cmdApply(*this, "cmdApply", "Actualizar"), cmdCancel(*this, "cmdCancel", "Cancelar") {
@@ -110,24 +122,24 @@ void frmFiltBrowForm::LayOut() {
 }
 
 void frmFiltBrowForm::FiltList_Click() {
-    Slider1.Min(1);
-    Slider1.Value(Slider1.Min());
-    const int i = FiltList.ListIndex();
-    const Filter& filter = FilterAt(i);
-    ShowLevel(filter.levelName != nullptr);
+    const int row = RowOfEntry(FiltList.ListIndex());
+    const Filter& filter = FilterAt(row);
+    const bool hasLevel = filter.levelName != nullptr;
+    ShowLevel(hasLevel);
     cmdApply.Enabled(true);
     Command1.Enabled(true);
-    if (filter.levelName != nullptr) {
+    Slider1.Min(hasLevel ? filter.min : kNoLevel);
+    if (hasLevel) {
         lblFiltLevel.Caption(filter.levelName);
         Slider1.AccessibleName(filter.levelName);
         Slider1.Max(filter.max);
-        Slider1.Min(filter.min);
         Slider1.TickFrequency(filter.tickSpacing);
         Slider1.LargeChange(filter.tickSpacing);
     }
+    Slider1.Value(Slider1.Min());
     TellLevel();
     ShowUntouched();
-    FiltIndex = ToInt16(i);
+    FiltIndex = ToInt16(row);
 }
 
 void frmFiltBrowForm::ShowLevel(bool shown) {
@@ -139,20 +151,21 @@ void frmFiltBrowForm::TellLevel() {
     Slider1.ToolTipText(NumberText(Slider1.Value()));
 }
 
-// Boxes are scaled with the sample; every other level is a number of pixels or of shades.
-std::int16_t frmFiltBrowForm::SampleLevel(int index) const {
-    if (index != kPixelate) return ToInt16(Slider1.Value());
+// The side of a box is scaled with the sample, to a pixel at least; every other level is a number of pixels
+// or of shades.
+std::int16_t frmFiltBrowForm::SampleLevel(int row) const {
+    if (!FilterAt(row).scales) return ToInt16(Slider1.Value());
     const double scaled = Slider1.Value() * (picsource.ScaleWidth() / ActiveImage().picsource.ScaleWidth());
-    return std::max<Level>(ToInt16(scaled), 1);
+    return std::max<std::int16_t>(ToInt16(scaled), 1);
 }
 
 // Intended: a preview takes the level as it is, so that the number on the slider means the same as on the
 // image; on a reduced sample filters that look at neighbours therefore appear stronger.
 void frmFiltBrowForm::Command1_Click() {
-    const int i = FiltList.ListIndex();
-    if (i < 0) return;
-    Preview([&] { RunFilter(i, picsource, PicDest, SampleLevel(i), TheProgressBar()); });
-    FiltIndex = ToInt16(i);
+    if (FiltList.ListIndex() < 0) return;
+    const int row = RowOfEntry(FiltList.ListIndex());
+    Preview([&] { RunFilter(row, picsource, PicDest, SampleLevel(row), TheProgressBar()); });
+    FiltIndex = ToInt16(row);
 }
 
 void frmFiltBrowForm::cmdApply_Click() {

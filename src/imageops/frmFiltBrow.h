@@ -14,7 +14,7 @@ namespace pintalux {
 
 class ProgressBar;
 
-inline std::int16_t FiltIndex = 0; ///< The filter chosen last, 0 to 9.
+inline std::int16_t FiltIndex = 0; ///< The filter chosen last: its row in the table, 0 to 9.
 inline std::int16_t FiltLevel = 0; ///< Its level as the slider gave it.
 inline Flag FiltCancelled;         ///< The dialog was left without a choice.
 
@@ -44,7 +44,7 @@ class frmFiltBrowForm : public Form, public SampleParts {
     void LayOut();
     void ShowLevel(bool shown);
     void TellLevel();
-    std::int16_t SampleLevel(int index) const;
+    std::int16_t SampleLevel(int row) const;
 
     Flag FiltApplied; ///< Set once "Actualizar" was pressed.
 };

@@ -3,18 +3,14 @@
 namespace pintalux {
 namespace {
 
-void Step(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& mode) {
-    ColourStep(work, live, mode, Pb);
-}
-
 const FilterCase kStep{
-    "ColourStep", Step, [](FilterModel& m, int mode) { m.ColourStep(mode); }, {0, 1, 2, 3, 4, 5}};
+    "ColourStep", ColourStep, [](FilterModel& m, int mode) { m.ColourStep(mode); }, {0, 1, 2, 3, 4, 5}};
 
 class ColourStepTest : public FilterTest {
   protected:
     /// What one pixel of this colour becomes.
     Colour Stepped(Colour colour, std::int16_t mode) {
-        return PixelAt(ResultOf(Step, Flat(1, 1, colour), mode), 0, 0);
+        return PixelAt(ResultOf(ColourStep, Flat(1, 1, colour), mode), 0, 0);
     }
 };
 
@@ -73,10 +69,10 @@ TEST_F(ColourStepTest, MaskIsNotHonoured) {
 }
 
 TEST_F(ColourStepTest, TellsTheBarTwiceTheColumns) {
-    ResultOf(Step, Flat(20, 3, kBlack), 0);
+    ResultOf(ColourStep, Flat(20, 3, kBlack), 0);
     EXPECT_EQ(Pb.Max(), 38);
     EXPECT_EQ(Pb.Value(), 0);
-    ResultOf(Step, Flat(1, 3, kBlack), 0);
+    ResultOf(ColourStep, Flat(1, 3, kBlack), 0);
     EXPECT_EQ(Pb.Max(), 0);
 }
 
@@ -99,8 +95,8 @@ TEST_F(ColourStepTest, LiveSurfacesOfAnotherSize) {
 }
 
 TEST_F(ColourStepTest, ASideAbove32767Overflows) {
-    ExpectOverflow(Step, 0, 32768, 1);
-    ExpectOverflow(Step, 0, 1, 32768);
+    ExpectOverflow(ColourStep, 0, 32768, 1);
+    ExpectOverflow(ColourStep, 0, 1, 32768);
 }
 
 } // namespace

@@ -36,9 +36,9 @@ struct ModelSurface {
     bool autoSize;
 };
 
-/// A work and a live surface, and every routine that runs over the two.
-class FilterModel {
-  public:
+/// A work and a live surface, and every routine that runs over the two. What the models are made of is open,
+/// so that the model of a filter may stand beside its tests.
+struct FilterModel {
     FilterModel(ModelSurface workSurface, ModelSurface liveSurface, bool freehand = false)
         : work(std::move(workSurface)), live(std::move(liveSurface)), freeSelActive(freehand) {}
 
@@ -58,7 +58,7 @@ class FilterModel {
     bool freeSelActive;
     double pbMax = 100; ///< What the routine tells the progress bar; may be negative.
 
-  private:
+    // The parts, in the order in which a model runs them.
     void ReadPixels();
     std::int32_t Px(int channel, int x, int y) const;
     double SplitSum(int channel, int x, int y, int d) const;

@@ -130,6 +130,19 @@ TEST_F(ImageCommandTest, ATurnWithRulersAddsTheStrips) {
     EXPECT_EQ(image.PicFrame.ScaleHeight(), 120);
 }
 
+TEST_F(ImageCommandTest, ATurnKeepsAWindowThatGrowsWithinTheWorkspace) {
+    frmImage& image = OpenPicture("wide.bmp", Picture(5000, 200, 0xFFFFFF));
+    Choose(frmMain->mnuRotate90);
+    PassEvents();
+    const QWidget& window = WidgetFor(image);
+    const QRect room = window.parentWidget()->rect();
+    EXPECT_TRUE(room.contains(window.geometry()));
+    EXPECT_EQ(window.height(), room.height());
+    EXPECT_EQ(image.Image1.Height(), 5000);
+    EXPECT_TRUE(image.VS.Visible());
+    EXPECT_EQ(image.PicFrame.ScaleWidth(), 200);
+}
+
 TEST_F(ImageCommandTest, ATurnLeavesAMaximisedWindowAlone) {
     frmImage& image = NewDocument(120, 80);
     image.WindowState(kMaximised);

@@ -7,7 +7,6 @@
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Surface.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -25,27 +24,16 @@ class PlainWindow : public Form {
     void Form_Load() override {}
 };
 
-using Routine = std::function<void(Surface& work, Surface& live, ProgressBar& Pb)>;
-
 struct Case {
     std::string name;
-    Routine run;
+    void (*filter)(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t level);
+    std::int16_t level;
     double max; ///< What `Pb.Max` is for the large image.
     int reach;  ///< Rows above and below that a pixel depends on.
 };
 
 void PrintTo(const Case& c, std::ostream* out) {
     *out << c.name;
-}
-
-std::int16_t fixedLevel = 0;
-
-Routine WithLevel(void (*filter)(Surface&, Surface&, ProgressBar&, std::int16_t&), std::int16_t level) {
-    return [=](Surface& work, Surface& live, ProgressBar& Pb) {
-        fixedLevel = level;
-        filter(work, live, Pb, fixedLevel);
-        EXPECT_EQ(fixedLevel, level);
-    };
 }
 
 class LargeImage : public testing::TestWithParam<Case> {
@@ -65,7 +53,7 @@ class LargeImage : public testing::TestWithParam<Case> {
             surface->Picture(picture);
         }
         TheRandomNumbers = RandomNumbers(0).Ahead(ahead);
-        GetParam().run(work, live, Pb);
+        GetParam().filter(work, live, Pb, GetParam().level);
         EXPECT_EQ(Pb.Value(), 0);
         if (picture.Height() == kHeight) {
             EXPECT_EQ(Pb.Max(), GetParam().max);
@@ -107,26 +95,14 @@ TEST_P(LargeImage, HasNoSeamsUnderTheMask) {
     ExpectNoSeams();
 }
 
-INSTANTIATE_TEST_SUITE_P(Routines, LargeImage,
-                         testing::Values(Case{"Sharpen", WithLevel(SharpenFilter, 7), 2998, 1},
-                                         Case{"Soften", WithLevel(SoftenFilter, 10), 2989, 10},
-                                         Case{"Emboss", WithLevel(EmbossFilter, 130), 2998, 1},
-                                         Case{"Outline", WithLevel(OutlineFilter, 120), 1499, 1},
-                                         Case{"Scatter", WithLevel(ScatterFilter, 9), kHeight - 3, 12},
-                                         Case{"Grey", GreyFilter, 2998, 0},
-                                         Case{"Brightness",
-                                              [](Surface& work, Surface& live, ProgressBar& Pb) {
-                                                  std::int16_t level = -60;
-                                                  BrightnessFilter(work, live, level, Pb);
-                                              },
-                                              2998, 0},
-                                         Case{"ColourStep",
-                                              [](Surface& work, Surface& live, ProgressBar& Pb) {
-                                                  std::int16_t mode = 4;
-                                                  ColourStep(work, live, mode, Pb);
-                                              },
-                                              2998, 0}),
-                         [](const auto& tested) { return tested.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Routines, LargeImage,
+    testing::Values(Case{"Sharpen", SharpenFilter, 7, 2998, 1}, Case{"Soften", SoftenFilter, 10, 2989, 10},
+                    Case{"Emboss", EmbossFilter, 130, 2998, 1}, Case{"Outline", OutlineFilter, 120, 1499, 1},
+                    Case{"Scatter", ScatterFilter, 9, kHeight - 3, 12}, Case{"Grey", GreyFilter, 0, 2998, 0},
+                    Case{"Brightness", BrightnessFilter, -60, 2998, 0},
+                    Case{"ColourStep", ColourStep, 4, 2998, 0}),
+    [](const auto& tested) { return tested.param.name; });
 
 } // namespace
 } // namespace pintalux

@@ -5,29 +5,17 @@
 namespace pintalux {
 namespace {
 
-void Scatter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
-    ScatterFilter(work, live, Pb, level);
-}
-
-void Outline(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
-    OutlineFilter(work, live, Pb, level);
-}
-
-void Pixelate(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t& level) {
-    PixelateFilter(work, live, Pb, level);
-}
-
 /// The model draws from where the program's sequence stands; the routine, which runs after it, moves it on.
 void ScatterOnModel(FilterModel& model, int level) {
     RandomNumbers random = TheRandomNumbers;
     model.Scatter(level, random);
 }
 
-const FilterCase kScatter{"Scatter", Scatter, ScatterOnModel, {1, 2, 5, 10}};
+const FilterCase kScatter{"Scatter", ScatterFilter, ScatterOnModel, {1, 2, 5, 10}};
 const FilterCase kOutline{
-    "Outline", Outline, [](FilterModel& m, int level) { m.Outline(level); }, {50, 150, 250}};
+    "Outline", OutlineFilter, [](FilterModel& m, int level) { m.Outline(level); }, {50, 150, 250}};
 const FilterCase kPixelate{
-    "Pixelate", Pixelate, [](FilterModel& m, int level) { m.Pixelate(level); }, {5, 10, 27, 50}};
+    "Pixelate", PixelateFilter, [](FilterModel& m, int level) { m.Pixelate(level); }, {5, 10, 27, 50}};
 
 using DirectModel = FilterModelTest;
 
@@ -56,7 +44,7 @@ class ScatterTest : public FilterTest {
   protected:
     /// What a flat picture of this colour becomes inside.
     Colour Scattered(Colour colour) {
-        const Bitmap result = ResultOf(Scatter, Flat(12, 9, colour), 1);
+        const Bitmap result = ResultOf(ScatterFilter, Flat(12, 9, colour), 1);
         for (int y = 1; y < 7; ++y) {
             for (int x = 1; x < 10; ++x)
                 EXPECT_EQ(result.At(x, y), result.At(1, 1)) << x << ", " << y;
@@ -106,7 +94,7 @@ TEST_F(ScatterTest, BrightGreenOrBlueAloneChangesNothing) {
 }
 
 TEST_F(ScatterTest, FirstAndLastTwoRowsAndColumnsStay) {
-    const Bitmap result = ResultOf(Scatter, Flat(12, 9, kWhite), 1);
+    const Bitmap result = ResultOf(ScatterFilter, Flat(12, 9, kWhite), 1);
     for (int y = 0; y < 9; ++y) {
         for (int x = 0; x < 12; ++x) {
             const bool inside = x >= 1 && x <= 9 && y >= 1 && y <= 6;
@@ -116,7 +104,7 @@ TEST_F(ScatterTest, FirstAndLastTwoRowsAndColumnsStay) {
 }
 
 TEST_F(ScatterTest, WhatIsFetchedFromOutsideIsGrey) {
-    const Bitmap result = ResultOf(Scatter, Flat(40, 40, kBlack), 10);
+    const Bitmap result = ResultOf(ScatterFilter, Flat(40, 40, kBlack), 10);
     int greys = 0;
     for (int y = 0; y < 40; ++y) {
         for (int x = 0; x < 40; ++x) {
@@ -136,8 +124,7 @@ TEST_F(ScatterTest, SmallSurfacesOnlyLandAndDrawNoNumber) {
         const Bitmap picture = StrewnPicture(size.width, size.height, 4);
         live.Picture(Flat(5, 5, kBlack));
         work.Picture(picture);
-        std::int16_t level = 10;
-        ScatterFilter(work, live, Pb, level);
+        ScatterFilter(work, live, Pb, 10);
         ExpectSamePixels(work.Image(), picture);
         ExpectSamePixels(live.Image(), picture);
         EXPECT_EQ(Pb.Max(), std::max(0, size.height - 3));
@@ -149,19 +136,19 @@ TEST_F(ScatterTest, SmallSurfacesOnlyLandAndDrawNoNumber) {
 TEST_F(ScatterTest, TheSequenceGoesOnOverTheCalls) {
     const Bitmap picture = RandomPicture(40, 30, 11, 0x7F7F7F);
     TheRandomNumbers.Seed(0);
-    const Bitmap first = ResultOf(Scatter, picture, 10);
-    const Bitmap second = ResultOf(Scatter, picture, 10);
+    const Bitmap first = ResultOf(ScatterFilter, picture, 10);
+    const Bitmap second = ResultOf(ScatterFilter, picture, 10);
     EXPECT_FALSE(first == second);
     TheRandomNumbers.Seed(0);
-    ExpectSamePixels(ResultOf(Scatter, picture, 10), first);
-    ExpectSamePixels(ResultOf(Scatter, picture, 10), second);
+    ExpectSamePixels(ResultOf(ScatterFilter, picture, 10), first);
+    ExpectSamePixels(ResultOf(ScatterFilter, picture, 10), second);
 }
 
 TEST_F(ScatterTest, EachPixelDrawsTwoNumbersMaskedOrNot) {
     for (const bool freehand : {false, true}) {
         FreeSelActive = freehand;
         TheRandomNumbers.Seed(3);
-        ResultOf(Scatter, Flat(12, 9, MaskKeyColour), 1);
+        ResultOf(ScatterFilter, Flat(12, 9, MaskKeyColour), 1);
         RandomNumbers expected = RandomNumbers(3).Ahead(2 * 9 * 6);
         EXPECT_EQ(TheRandomNumbers.Next(), expected.Next());
     }
@@ -173,7 +160,7 @@ TEST_F(ScatterTest, MaskIsAskedWithColumnAndRowExchanged) {
     // row 9.
     Bitmap picture = Flat(10, 14, kWhite);
     picture.Set(9, 3, Pixel{0x8894A0});
-    const Bitmap result = ResultOf(Scatter, picture, 1);
+    const Bitmap result = ResultOf(ScatterFilter, picture, 1);
     for (int y = 1; y <= 11; ++y) {
         for (int x = 1; x <= 7; ++x) {
             const bool shielded = x == 3 && y == 9;
@@ -183,14 +170,14 @@ TEST_F(ScatterTest, MaskIsAskedWithColumnAndRowExchanged) {
 }
 
 TEST_F(ScatterTest, TellsTheBarTheRows) {
-    ResultOf(Scatter, Flat(20, 10, kBlack), 1);
+    ResultOf(ScatterFilter, Flat(20, 10, kBlack), 1);
     EXPECT_EQ(Pb.Max(), 7);
     EXPECT_EQ(Pb.Value(), 0);
 }
 
 TEST_F(ScatterTest, SidesWhoseLoopLeaves16BitsOverflow) {
-    ExpectOverflow(Scatter, 1, 32771, 4);
-    ExpectOverflow(Scatter, 1, 4, 32771);
+    ExpectOverflow(ScatterFilter, 1, 32771, 4);
+    ExpectOverflow(ScatterFilter, 1, 4, 32771);
 }
 
 // Outline.
@@ -198,15 +185,15 @@ TEST_F(ScatterTest, SidesWhoseLoopLeaves16BitsOverflow) {
 using OutlineTest = FilterTest;
 
 TEST_F(OutlineTest, FlatPictureGivesABlankInTheBackground) {
-    ExpectSamePixels(ResultOf(Outline, Flat(8, 8, RGB(1, 2, 3)), 50), Flat(8, 8, kWhite));
+    ExpectSamePixels(ResultOf(OutlineFilter, Flat(8, 8, RGB(1, 2, 3)), 50), Flat(8, 8, kWhite));
     work.BackColor(RGB(200, 190, 180));
-    ExpectSamePixels(ResultOf(Outline, Flat(8, 8, RGB(1, 2, 3)), 50), Flat(8, 8, RGB(200, 190, 180)));
+    ExpectSamePixels(ResultOf(OutlineFilter, Flat(8, 8, RGB(1, 2, 3)), 50), Flat(8, 8, RGB(200, 190, 180)));
 }
 
 TEST_F(OutlineTest, OnePixelMarksItselfAndWhatLiesBelowAndRight) {
     Bitmap picture = Flat(5, 5, kWhite);
     picture.Set(2, 2, 0);
-    ExpectSamePixels(ResultOf(Outline, picture, 50),
+    ExpectSamePixels(ResultOf(OutlineFilter, picture, 50),
                      PictureOf({".....", ".....", "..##.", "..#..", "....."}));
 }
 
@@ -214,7 +201,7 @@ TEST_F(OutlineTest, FirstRowAndColumnStayBlank) {
     Bitmap picture = Flat(4, 4, kWhite);
     picture.Fill({0, 0, 1, 4}, 0);
     picture.Fill({0, 0, 4, 1}, 0);
-    ExpectSamePixels(ResultOf(Outline, picture, 250), PictureOf({"....", ".###", ".#..", ".#.."}));
+    ExpectSamePixels(ResultOf(OutlineFilter, picture, 250), PictureOf({"....", ".###", ".#..", ".#.."}));
 }
 
 TEST_F(OutlineTest, LimitIsTheLevelsCubeAndMustBePassed) {
@@ -222,7 +209,7 @@ TEST_F(OutlineTest, LimitIsTheLevelsCubeAndMustBePassed) {
     const auto seen = [&](Colour colour, std::int16_t level) {
         Bitmap picture = Flat(3, 3, kBlack);
         picture.Set(1, 1, PixelOf(colour));
-        return PixelAt(ResultOf(Outline, picture, level), 1, 1) == kBlack;
+        return PixelAt(ResultOf(OutlineFilter, picture, level), 1, 1) == kBlack;
     };
     EXPECT_TRUE(seen(RGB(0, 0, 2), 50));
     EXPECT_FALSE(seen(RGB(0, 0, 1), 50));
@@ -240,8 +227,7 @@ TEST_F(OutlineTest, ReadsTheLiveSurface) {
     picture.Set(1, 1, 0);
     live.Picture(picture);
     work.Picture(StrewnPicture(4, 4, 9));
-    std::int16_t level = 50;
-    OutlineFilter(work, live, Pb, level);
+    OutlineFilter(work, live, Pb, 50);
     const Bitmap expected = PictureOf({"....", ".##.", ".#..", "...."});
     ExpectSamePixels(work.Image(), expected);
     ExpectSamePixels(live.Image(), expected);
@@ -249,18 +235,18 @@ TEST_F(OutlineTest, ReadsTheLiveSurface) {
 
 TEST_F(OutlineTest, FreehandSelectionEndsBlank) {
     FreeSelActive = true;
-    ExpectSamePixels(ResultOf(Outline, StrewnPicture(30, 20, 3), 50), Flat(30, 20, kWhite));
+    ExpectSamePixels(ResultOf(OutlineFilter, StrewnPicture(30, 20, 3), 50), Flat(30, 20, kWhite));
 }
 
 TEST_F(OutlineTest, TellsTheBarTheColumns) {
-    ResultOf(Outline, Flat(20, 10, kBlack), 50);
+    ResultOf(OutlineFilter, Flat(20, 10, kBlack), 50);
     EXPECT_EQ(Pb.Max(), 19);
     EXPECT_EQ(Pb.Value(), 0);
 }
 
 TEST_F(OutlineTest, ASideAbove32767Overflows) {
-    ExpectOverflow(Outline, 50, 32768, 2);
-    ExpectOverflow(Outline, 50, 2, 32768);
+    ExpectOverflow(OutlineFilter, 50, 32768, 2);
+    ExpectOverflow(OutlineFilter, 50, 2, 32768);
 }
 
 // Pixelate.
@@ -323,8 +309,7 @@ TEST_F(PixelateTest, NothingLands) {
     const Bitmap before = StrewnPicture(20, 20, 3);
     work.Picture(picture);
     live.Picture(before);
-    std::int16_t level = 7;
-    PixelateFilter(work, live, Pb, level);
+    PixelateFilter(work, live, Pb, 7);
     ExpectSamePixels(work.Picture(), picture);
     ExpectSamePixels(live.Picture(), before);
     EXPECT_FALSE(live.Image() == before);
@@ -335,8 +320,7 @@ TEST_F(PixelateTest, NothingLands) {
 TEST_F(PixelateTest, BoxesGoOverTheEdgeOfTheWorkSurface) {
     work.Picture(Flat(4, 4, kBlack));
     live.Picture(Flat(12, 9, kWhite));
-    std::int16_t level = 5;
-    PixelateFilter(work, live, Pb, level);
+    PixelateFilter(work, live, Pb, 5);
     Bitmap expected = Flat(12, 9, kWhite);
     expected.Fill({0, 0, 6, 6}, 0);
     ExpectSamePixels(live.Image(), expected);
@@ -381,8 +365,7 @@ TEST_F(PixelateTest, TellsTheBarTheWidthAndABox) {
 TEST_F(PixelateTest, ASideAbove32767Overflows) {
     for (const PictureSize size : {PictureSize{32768, 2}, PictureSize{2, 32768}}) {
         Load(Flat(size.width, size.height, kBlack));
-        std::int16_t level = 5;
-        EXPECT_EQ(ErrorRaisedBy([&] { PixelateFilter(work, live, Pb, level); }), kOverflow);
+        EXPECT_EQ(ErrorRaisedBy([&] { PixelateFilter(work, live, Pb, 5); }), kOverflow);
     }
 }
 

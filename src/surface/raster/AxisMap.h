@@ -6,12 +6,11 @@
 
 namespace pintalux {
 
-/// The destination cells first, first + 1, ... that a copy reaches, each with its source cell. Both
-/// directions of the source are monotone; cells outside the destination or with a source outside are left
-/// out.
+/// The destination cells that a copy reaches: `first`, first + 1 and so on. Cells outside the destination, or
+/// whose source lies outside, are left out. 4 cells copied to 2, from cell 10 on: first 10, source 0, 2.
 struct AxisMap {
     int first = 0;
-    std::vector<int> source;
+    std::vector<int> source; ///< The source cell of each; the cells only rise, or only fall.
 
     int Size() const { return static_cast<int>(source.size()); }
     int End() const { return first + Size(); }

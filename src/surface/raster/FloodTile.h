@@ -1,4 +1,9 @@
-// The part of a flood fill that lies in one tile of the bitmap: one bit a pixel, a word of them at a step.
+// The part of a flood fill that lies in one tile of the bitmap.
+//
+// A pixel is a bit, and 32 of them, a word, are filled at a step. The fill enters a tile at some pixels, its
+// seeds, and spreads from there to all open pixels that hang together with them. The words that hold seeds
+// wait in a queue. A word that is taken out fills its runs of open bits that hold a seed, then seeds the
+// words beside it.
 #pragma once
 
 #include "surface/raster/FloodMask.h"
@@ -10,8 +15,9 @@
 
 namespace pintalux {
 
-/// The pixels lie in lanes: the tile's rows, several words each; or, where the area stands upright, its
-/// columns, one word each. So a corridor one pixel wide is taken by words in either direction.
+/// The words hold rows of the tile, 8 words a row; or columns, one word each, where the area stands upright.
+/// A lying corridor one pixel wide is so filled 32 pixels at a step, and an upright one too. By rows alone an
+/// image full of upright corridors takes twice the time.
 class FloodTile {
   public:
     using Word = FloodMask::Word;
@@ -19,14 +25,14 @@ class FloodTile {
 
     explicit FloodTile(const FloodMask& area);
 
-    /// Lets the fill enter at the given pixels of a row; those that it may not enter are left out.
+    /// Makes the given pixels of a row seeds, as far as they are open.
     void EnterRow(std::size_t row, const Row& pixels);
-    /// Lets the fill enter at the given pixels of a column.
+    /// The same for a column; the lowest bit is its topmost pixel.
     void EnterColumn(std::size_t column, Word pixels);
-    /// True if the fill has entered and not spread since.
+    /// True if there are seeds that have not spread.
     bool Waits() const { return first_ != end_; }
 
-    /// Pixels filled at the tile's edges, through which the fill goes on in its neighbours.
+    /// The pixels at the tile's edges that a step of the fill filled: its neighbours are entered beside them.
     struct Edges {
         Row top{};
         Row bottom{};
@@ -35,7 +41,7 @@ class FloodTile {
         Word left = 0;
         Word right = 0;
     };
-    /// Fills everything inside the tile that hangs together with where the fill has entered.
+    /// Fills all open pixels of the tile that hang together with the seeds; none waits afterwards.
     Edges Spread();
 
     /// What was filled.
@@ -49,8 +55,8 @@ class FloodTile {
     void SpreadAlongRows(Edges& edges);
     void SpreadAlongColumns(Edges& edges);
 
-    /// As many words as the longer of the two layouts has, and closed ones around them, so that the lanes at
-    /// the tile's edges need no case of their own.
+    /// Both layouts have 256 words, 32 rows of 8 or 256 columns. 8 closed words lie before and behind them:
+    /// the first and the last row have words beside them that nothing can enter.
     static constexpr std::size_t kMargin = FloodMask::kRowWords;
     static_assert(FloodMask::kWords <= FloodMask::kColumns && FloodMask::kColumns < 0xFFFF);
     using Words = std::array<Word, FloodMask::kColumns + 2 * kMargin>;
@@ -59,11 +65,15 @@ class FloodTile {
     FloodMask::Columns area_{}; ///< What belonged to the area before the fill.
     Words open_{};              ///< What of it is not filled yet.
     Words seeds_{};             ///< What of that the fill has entered.
-    /// The words that have seeds, each once: a ring with room for one more, to write on in vain.
+    /// The queue of the words that hold seeds, each of them once. It is a ring, with room for one more number
+    /// than there are words: `Seed` writes the number of a word first and counts it only if the word has to
+    /// wait.
     static constexpr std::size_t kRing = std::bit_ceil(FloodMask::kColumns + 1);
     std::array<std::uint16_t, kRing> waiting_;
-    std::size_t first_ = 0; ///< The one that waits longest; only the rest of a division by `kRing` counts.
-    std::size_t end_ = 0;   ///< After the one that came last.
+    // Both only grow; a place in the ring is the rest of a division by its size. Of 512 places number 513 is
+    // place 1.
+    std::size_t first_ = 0; ///< The word that waits longest.
+    std::size_t end_ = 0;   ///< Behind the word that came last.
 };
 
 } // namespace pintalux
