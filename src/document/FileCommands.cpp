@@ -6,6 +6,7 @@
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "document/MainMenu.h"
+#include "document/Selection.h"
 #include "document/Workspace.h"
 #include "files/FileNames.h"
 #include "settings/frmPrefs.h"
@@ -85,6 +86,7 @@ void mnuFileClose_Click() {
 
 void mnuFileSave_Click() {
     frmImage& image = ActiveImage();
+    MergeFloating(image);
     if (!FileExists(image.AFCurfile)) {
         mnuFileSaveAs_Click();
         return;
@@ -105,6 +107,7 @@ void mnuFileSave_Click() {
 
 void mnuFileSaveAs_Click() try {
     frmImage& image = ActiveImage();
+    MergeFloating(image);
     CommonDialog1.DialogTitle = "Savar Como";
     CommonDialog1.Filter = "Bitmap (*.bmp)|*.bmp|Jpeg (*.jpg)|*.jpg";
     CommonDialog1.FilterIndex = 1;

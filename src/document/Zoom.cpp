@@ -43,6 +43,7 @@ void ScaleSelection(frmImage& image, double ratio) {
     image.PicSelect.Height(image.PicSelect.Height() * ratio);
     image.PicSelect.Width(image.PicSelect.Width() * ratio);
     image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
+    image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
 }
 
 // The middle of a menu zoom, steps that "actual size" shares.
@@ -67,8 +68,7 @@ void ZoomByMenu(int level) {
         CurrentTool = 2;
         TheWorkspace.bar->TB2.Buttons(2).Value(1);
     }
-    // A freehand selection is dropped by zooming; a rectangular one survives.
-    if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
+    EndFreehandPiece(image);
     const bool hadVS = image.VS.Visible();
     const bool hadHS = image.HS.Visible();
     if (hadVS) ScrollRatioV = (image.VS.Max() + 1.0) / (image.VS.Value() + 1.0);
@@ -120,6 +120,7 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
     // Intended: at either end of the scale the lock stays recorded until the next release, wherever that
     // comes; what it held back is painted when the click is over.
     if (level < 0 || level >= kZoomLevels) return true;
+    MergePlacedFreehand(image);
     image.factorlevel = ToInt16(level);
     ApplyZoomLevel();
     image1.Width(merge.ScaleWidth() * image.factor);
@@ -137,7 +138,6 @@ void RescaleSelection() {
     frmImage& image = ActiveImage();
     Surface& PicBG = image.PicBG;
     ScaleSelection(image, ZoomRatio);
-    image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
     const double wide = image.PicFrame.ScaleWidth();
     if (PicBG.Left() + PicBG.Width() < wide) PicBG.Left(wide - PicBG.Width());
     if (PicBG.Left() < 0) image.HS.Value(-PicBG.Left());
@@ -151,6 +151,7 @@ void RescaleSelection() {
 void mnuZoomActual_Click() {
     frmImage& image = ActiveImage();
     if (!ViewFits(image, kActualLevel)) return;
+    MergePlacedFreehand(image);
     LockWindowUpdate(&image.PicBG);
     ZoomTo(image, kActualLevel);
     LockWindowUpdate(nullptr);
