@@ -37,15 +37,6 @@ int NextLevel(const frmImage& image, bool in) {
     return level;
 }
 
-void ScaleSelection(frmImage& image, double ratio) {
-    image.PicSelect.Top(image.PicSelect.Top() * ratio);
-    image.PicSelect.Left(image.PicSelect.Left() * ratio);
-    image.PicSelect.Height(image.PicSelect.Height() * ratio);
-    image.PicSelect.Width(image.PicSelect.Width() * ratio);
-    image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
-    image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
-}
-
 // The middle of a menu zoom, steps that "actual size" shares.
 void ZoomTo(frmImage& image, int level) {
     const double oldWidth = image.Image1.Width();
@@ -85,6 +76,15 @@ void ZoomByMenu(int level) {
 }
 
 } // namespace
+
+void ScaleRectangle(frmImage& image, double ratio) {
+    image.PicSelect.Top(image.PicSelect.Top() * ratio);
+    image.PicSelect.Left(image.PicSelect.Left() * ratio);
+    image.PicSelect.Height(image.PicSelect.Height() * ratio);
+    image.PicSelect.Width(image.PicSelect.Width() * ratio);
+    image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
+    image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
+}
 
 double ZoomFactor(int level) {
     if (level < kActualLevel) return 1.0 / (16 - level);
@@ -128,7 +128,7 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
     const double ratio = RatioTo(image, oldWidth);
     image.PicBG.Width(image1.Width());
     image.PicBG.Height(image1.Height());
-    ScaleSelection(image, ratio);
+    ScaleRectangle(image, ratio);
     image.Picsize();
     LockWindowUpdate(nullptr);
     return true;
@@ -137,7 +137,7 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
 void RescaleSelection() {
     frmImage& image = ActiveImage();
     Surface& PicBG = image.PicBG;
-    ScaleSelection(image, ZoomRatio);
+    ScaleRectangle(image, ZoomRatio);
     const double wide = image.PicFrame.ScaleWidth();
     if (PicBG.Left() + PicBG.Width() < wide) PicBG.Left(wide - PicBG.Width());
     if (PicBG.Left() < 0) image.HS.Value(-PicBG.Left());
