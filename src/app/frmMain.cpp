@@ -27,10 +27,12 @@ frmMainForm::frmMainForm()
       ColourPanel(static_cast<Container&>(*this)), Timer1(kPollInterval), Timer2(kStartInterval) {
     MDIForm::Caption("Pintalux 64");
     IconResource(":/app.svg");
-    TheWorkspace = {this, this, this, [](frmImage& image) {
+    TheWorkspace = {this, this, this,
+                    [](frmImage& image) {
                         ConnectTools(image);
                         ConnectSelection(image);
-                    }};
+                    },
+                    [](frmImage& image) { image.NeedtoPaste(); }};
     TheToolSettings = this;
     TheClipTray = this;
     TheColourPanel = this;

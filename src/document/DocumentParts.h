@@ -81,13 +81,25 @@ struct StrokeState {
     std::int16_t PenTipX1 = 0, PenTipY1 = 0, PenTipX2 = 0, PenTipY2 = 0; ///< Offsets of a slanted tip.
 };
 
+/// What was done with the piece that floats.
+enum class PieceState {
+    Lifted,  ///< Nothing yet: it lies where it came from, and the image is as it was. Also while none floats.
+    Grabbed, ///< It was taken by hand.
+    Pasted,  ///< It came from the clipboard and never was in the image.
+};
+
 /// What a selection keeps.
 struct SelectionState {
     std::int32_t SelX = 0, SelY = 0; ///< View pixels where the rectangle began.
     Flag selecting;                  ///< Set between press and release.
     double SelectLeft = 0, SelectTop = 0, Selectwidth = 0, Selectheight = 0; ///< Image pixels.
-    std::int16_t SelectpicX = 0, SelectpicY = 0; ///< Grab offset of a dragged piece.
-    Flag FreeSelDrawing;                         ///< The path of the running drag is over.
+    PieceState piece = PieceState::Lifted;
+    Flag hole; ///< The piece left one: in the clean copy from the lift on, in the image from the first grab.
+    /// The zoom factor at which a freehand piece was lifted, 0 once it was grabbed and for a pasted one.
+    /// Until then its place on the view counts by that factor: not every zoom rescales it.
+    double liftedAt = 0;
+    double SelectpicX = 0, SelectpicY = 0; ///< Grab offset of a dragged piece.
+    Flag FreeSelDrawing;                   ///< The path of the running drag is over.
     Flag pathOpen; ///< A press of the freehand tool began a path that no release has ended.
     std::int16_t FreeStartX = 0, FreeStartY = 0; ///< First point of the path, image pixels.
     std::int16_t FreeMinX = 0, FreeMinY = 0, FreeMaxX = 0, FreeMaxY = 0; ///< Box around the path.

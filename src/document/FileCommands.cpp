@@ -5,6 +5,7 @@
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "document/MainMenu.h"
+#include "document/Selection.h"
 #include "document/Workspace.h"
 #include "files/FileNames.h"
 #include "files/PictureFormats.h"
@@ -99,6 +100,7 @@ void mnuFileClose_Click() {
 
 SaveResult mnuFileSave_Click() {
     frmImage& image = ActiveImage();
+    MergeFloating(image);
     const std::string extension = ExtensionOf(image.AFCurfile, false);
     if (extension.empty() || !FileExists(image.AFCurfile)) return mnuFileSaveAs_Click();
     const PictureFormat* format = WritableFormat(extension);
@@ -117,6 +119,7 @@ SaveResult mnuFileSave_Click() {
 
 SaveResult mnuFileSaveAs_Click() try {
     frmImage& image = ActiveImage();
+    MergeFloating(image);
     CommonDialog1.DialogTitle = "Savar Como";
     CommonDialog1.Filter = SaveFilter();
     CommonDialog1.FilterIndex = 1;

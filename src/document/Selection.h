@@ -1,5 +1,20 @@
-// What every part that touches a selection needs: its rectangle in the image, the commands that depend on it,
-// the clean copy below a freehand piece.
+// What every part that touches a selection needs. Its words, each with one meaning:
+//
+// - piece: pixels that can be moved over the image, a rectangle or a freehand shape. `SelHolder` has them at
+//   1:1; `PicSelect` (rectangle) or `PicFreeSelect` (freehand) shows them at the zoom.
+// - band: the dotted frame `SelectShape` that a drag of the rectangle tool draws.
+// - lift: to copy a piece out of the image. The image stays as it is.
+// - float: to lie over the image without being part of it. A piece floats while its surface is visible.
+// - placed: of a piece, grabbed by hand or pasted; one that was only lifted has changed nothing yet.
+// - hole: the background left where a piece was lifted in cut mode.
+// - clean copy: `Pic1BU`, the image that a freehand piece is merged into: its hole is in it, no dash of its
+//   path is.
+// - merge: to make what floats part of the image. `NeedtoPaste` does it by command, a press on the image does
+//   it too.
+// - drop: the merge that ends an operation on a piece.
+// - discard: to take a piece away unmerged.
+// - work and live surface: what a pixel routine draws on, and what takes its result.
+// - land: to store a routine's result as the picture of both.
 #pragma once
 
 #include "document/frmImage.h"
@@ -19,7 +34,46 @@ void EnableCutAndCopy(bool value);
 /// Shows the document's image on its display.
 void ShowMerge(frmImage& image);
 
-/// A freehand piece goes, the image is again what its clean copy holds. A hole that was cut stays.
-void PutCleanCopyBack(frmImage& image);
+bool PieceFloats(const frmImage& image);
+/// Whether a piece floats that was grabbed or pasted.
+bool PieceIsPlaced(const frmImage& image);
+
+/// Before a command that would leave a piece behind or work on the image below it: a placed piece is merged,
+/// with the states of `NeedtoPaste`. One that was only lifted goes on floating.
+void MergePlacedPiece(frmImage& image);
+/// Before a save, and before the question whether to save: merges a placed piece or floating text, so that
+/// what is written is what is seen.
+void MergeFloating(frmImage& image);
+/// Before another piece floats: what floats is merged, a piece that was only lifted is discarded.
+void MakeRoomForPiece(frmImage& image);
+/// Before a zoom, which a clipped surface cannot follow: a freehand piece that was placed is merged.
+void MergePlacedFreehand(frmImage& image);
+/// The same, and a freehand piece that was only lifted is discarded.
+void EndFreehandPiece(frmImage& image);
+
+/// Where a freehand piece lies in the image, in image pixels and their fractions.
+struct ImagePlace {
+    double x, y;
+};
+ImagePlace FreehandPlace(const frmImage& image);
+
+/// Takes a piece away. The image is as it was before the lift; a hole that a grab left stays.
+void DiscardPiece(frmImage& image);
+
+/// Nothing floats any more, nothing is dragged, and the next grab takes from the image.
+void EndPiece(frmImage& image);
+
+/// The image was changed or replaced below a freehand piece: its clean copy follows. An open path has become
+/// part of what was recorded and is over.
+void FollowWithCleanCopy(frmImage& image);
+
+/// Fills with the background what the freehand piece covers of a copy of the image.
+void StampShape(const frmImage& image, Surface& copy);
+
+/// Gives up a freehand path in the middle of its drag: its dashes leave the image.
+void AbandonPath(frmImage& image);
+
+/// The flags that belong to a floating piece take the values of this document's.
+void TakePieceFlags(const frmImage& image);
 
 } // namespace pintalux

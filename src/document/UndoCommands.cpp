@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
 #include "document/frmImage.h"
+#include "document/Selection.h"
 #include "document/States.h"
 #include "document/Workspace.h"
 #include "surface/system/MsgBox.h"
@@ -43,7 +44,8 @@ void WalkTo(const std::string& path, std::string (frmImage::*move)()) {
                BoxButtons::Ok, BoxIcon::Exclamation, kMessageTitle);
         return;
     }
-    ResumeNext([&] { (image.*move)(); }, [&] { LockWindowUpdate(image.hWnd()); }, [] { ShowImage(); },
+    ResumeNext([&] { FollowWithCleanCopy(image); }, [&] { (image.*move)(); },
+               [&] { LockWindowUpdate(image.hWnd()); }, [] { ShowImage(); },
                [] { LockWindowUpdate(nullptr); });
 }
 
@@ -51,11 +53,13 @@ void WalkTo(const std::string& path, std::string (frmImage::*move)()) {
 
 void mnuEditUndo_Click() {
     ResumeNext(
+        [] { AbandonPath(ActiveImage()); },
         [] { WalkTo(StateAt(ActiveImage(), ActiveImage().ListBUorder.ListIndex() - 1), &frmImage::MyUndo); });
 }
 
 void mnuEditRedo_Click() {
     ResumeNext(
+        [] { AbandonPath(ActiveImage()); },
         [] { WalkTo(StateAt(ActiveImage(), ActiveImage().ListBUorder.ListIndex() + 1), &frmImage::MyRedo); });
 }
 

@@ -17,6 +17,8 @@ struct Workspace {
     CommandBar* bar = nullptr;
     /// Connects the pointer events of a new document to the tools.
     std::function<void(frmImage&)> ConnectTools;
+    /// Merges what floats over a document and records it.
+    std::function<void(frmImage&)> MergeByCommand;
 };
 extern Workspace TheWorkspace;
 

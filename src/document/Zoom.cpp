@@ -37,14 +37,6 @@ int NextLevel(const frmImage& image, bool in) {
     return level;
 }
 
-void ScaleSelection(frmImage& image, double ratio) {
-    image.PicSelect.Top(image.PicSelect.Top() * ratio);
-    image.PicSelect.Left(image.PicSelect.Left() * ratio);
-    image.PicSelect.Height(image.PicSelect.Height() * ratio);
-    image.PicSelect.Width(image.PicSelect.Width() * ratio);
-    image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
-}
-
 // The middle of a menu zoom, steps that "actual size" shares.
 void ZoomTo(frmImage& image, int level) {
     const double oldWidth = image.Image1.Width();
@@ -69,8 +61,7 @@ void ZoomByMenu(int level) {
         CurrentTool = 2;
         TheWorkspace.bar->TB2.Buttons(2).Value(1);
     }
-    // A freehand selection is dropped by zooming; a rectangular one survives.
-    if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
+    EndFreehandPiece(image);
     const bool hadVS = image.VS.Visible();
     const bool hadHS = image.HS.Visible();
     if (hadVS) ScrollRatioV = (image.VS.Max() + 1.0) / (image.VS.Value() + 1.0);
@@ -87,6 +78,15 @@ void ZoomByMenu(int level) {
 }
 
 } // namespace
+
+void ScaleRectangle(frmImage& image, double ratio) {
+    image.PicSelect.Top(image.PicSelect.Top() * ratio);
+    image.PicSelect.Left(image.PicSelect.Left() * ratio);
+    image.PicSelect.Height(image.PicSelect.Height() * ratio);
+    image.PicSelect.Width(image.PicSelect.Width() * ratio);
+    image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
+    image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
+}
 
 double ZoomFactor(int level) {
     if (level < kActualLevel) return 1.0 / (16 - level);
@@ -122,6 +122,7 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
     // Intended: at either end of the scale the lock stays recorded until the next release, wherever that
     // comes; what it held back is painted when the click is over.
     if (level < 0 || level >= kZoomLevels) return true;
+    MergePlacedFreehand(image);
     image.factorlevel = ToInt16(level);
     ApplyZoomLevel();
     image1.Width(merge.ScaleWidth() * image.factor);
@@ -129,7 +130,7 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
     const double ratio = RatioTo(image, oldWidth);
     image.PicBG.Width(image1.Width());
     image.PicBG.Height(image1.Height());
-    ScaleSelection(image, ratio);
+    ScaleRectangle(image, ratio);
     image.Picsize();
     LockWindowUpdate(nullptr);
     return true;
@@ -138,8 +139,7 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
 void RescaleSelection() {
     frmImage& image = ActiveImage();
     Surface& PicBG = image.PicBG;
-    ScaleSelection(image, ZoomRatio);
-    image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
+    ScaleRectangle(image, ZoomRatio);
     const double wide = image.PicFrame.ScaleWidth();
     if (PicBG.Left() + PicBG.Width() < wide) PicBG.Left(wide - PicBG.Width());
     if (PicBG.Left() < 0) image.HS.Value(-PicBG.Left());
@@ -153,6 +153,7 @@ void RescaleSelection() {
 void mnuZoomActual_Click() {
     frmImage& image = ActiveImage();
     if (!ViewFits(image, kActualLevel)) return;
+    MergePlacedFreehand(image);
     LockWindowUpdate(&image.PicBG);
     ZoomTo(image, kActualLevel);
     LockWindowUpdate(nullptr);

@@ -28,6 +28,8 @@ bool ZoomStep(bool in, Display& image, Surface& merge);
 
 /// After a zoom by the menu: scales the rectangular selection by `ZoomRatio` and keeps the image in view.
 void RescaleSelection();
+/// The rectangle that floats, with what it shows, follows a view that has become `ratio` times as large.
+void ScaleRectangle(frmImage& image, double ratio);
 
 void mnuZoomActual_Click();
 void mnuZoomInX_Click(int Index);  ///< Index + 1 to 1.

@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
+#include "document/Selection.h"
 #include "document/States.h"
 #include "document/Workspace.h"
 #include "document/Zoom.h"
@@ -83,6 +84,9 @@ void frmImage::Form_Load() {
 
 void frmImage::Form_QueryUnload(bool& Cancel) {
     if (frmPrefs->Check4.Value() != 0) return;
+    // What floats belongs to what is asked about, also where nothing else changed since the last save.
+    if (PieceIsPlaced(*this) || lbltext.Visible()) Show();
+    MergeFloating(*this);
     if (alreadysaved) {
         alreadysaved = false;
         return;
@@ -99,6 +103,7 @@ void frmImage::Form_Unload() {
     for (int i = 0; i < ListBackup.ListCount(); ++i)
         ResumeNext([&] { ForgetState(ListBackup.List(i)); });
     ImageCount = SubtractInt16(ImageCount, 1);
+    EndPiece(*this);
 }
 
 void frmImage::CheckChanged() {
@@ -122,6 +127,7 @@ void frmImage::CheckChanged() {
 }
 
 void frmImage::Form_Activate() {
+    TakePieceFlags(*this);
     ApplyZoomLevel();
 }
 

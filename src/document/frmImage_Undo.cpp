@@ -7,6 +7,7 @@
 #include "document/Globals.h"
 #include "document/ImageMenus.h"
 #include "document/MainMenu.h"
+#include "document/Selection.h"
 #include "document/States.h"
 #include "document/Workspace.h"
 #include "files/TempFiles.h"
@@ -48,6 +49,7 @@ void ShowUndoState(const ListStore& order) {
 // Intended: a state always goes to the end, also after some undos. Nothing that was undone is ever cut off;
 // undo from the new state walks back through it.
 void frmImage::Backup() {
+    FollowWithCleanCopy(*this);
     if (MakeTempFileName("", "BI", 0, sfilename)) {
         States().SaveBehind(PicMerge.Image(), sfilename);
         ListBackup.AddItem(sfilename);

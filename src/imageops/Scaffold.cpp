@@ -10,6 +10,8 @@
 #include "surface/window/Events.h"
 #include "surface/window/Screen.h"
 
+#include <vector>
+
 namespace pintalux {
 
 Target ChooseTarget(const frmImage& image) {
@@ -55,12 +57,24 @@ void LoadedWork::ShowAgain() const {
     image_.PicSelect.Height(viewHeight_);
 }
 
-MaskOnlyFreehand::MaskOnlyFreehand(Target target) : target_(target), kept_(FreeSelActive) {
-    if (target_ != Target::Freehand) FreeSelActive = false;
+frmImage& ImageForOperation() {
+    frmImage& image = ActiveImage();
+    AbandonPath(image);
+    return image;
+}
+
+frmImage& WholeImageForOperation() {
+    frmImage& image = ActiveImage();
+    MergePlacedPiece(image);
+    return image;
+}
+
+MaskOnlyFreehand::MaskOnlyFreehand(Target target) : kept_(FreeSelActive) {
+    FreeSelActive = target == Target::Freehand;
 }
 
 MaskOnlyFreehand::~MaskOnlyFreehand() {
-    if (target_ != Target::Freehand) FreeSelActive = kept_;
+    FreeSelActive = kept_;
 }
 
 void TakePastedPlace(frmImage& image) {
@@ -70,10 +84,15 @@ void TakePastedPlace(frmImage& image) {
 
 namespace {
 
-// Nothing floats any more: nothing can be cut or copied, and the next grab lifts from the image.
-void EndSelection() {
-    PasteFloating = false;
+void EndSelection(frmImage& image) {
+    EndPiece(image);
     EnableCutAndCopy(false);
+}
+
+// A whole number that a division by the zoom factor left a hair below itself does not fall to the next one.
+int WholePixel(double place) {
+    constexpr double kHair = 1e-6;
+    return FloorToInt32(place + kHair);
 }
 
 } // namespace
@@ -85,21 +104,75 @@ void DropRectangle(frmImage& image, double width, double height) {
     StretchBlt(image.PicMerge.hDC(), SelectionExtent(image), image.SelHolder.hDC(),
                {0, 0, ToInt32(width), ToInt32(height)}, SRCCOPY);
     image.PicSelect.Visible(false);
-    EndSelection();
+    EndSelection(image);
 }
 
-void DropFreehand(frmImage& image, const Surface& piece, double width, double height) {
-    const Surface& floating = image.PicFreeSelect;
-    TransparentBlt(image.Pic1BU.hDC(),
-                   {FloorToInt32(floating.Left() / image.factor), FloorToInt32(floating.Top() / image.factor),
-                    FloorToInt32(floating.ScaleWidth() / image.factor),
-                    FloorToInt32(floating.ScaleHeight() / image.factor)},
-                   piece.hDC(), {0, 0, ToInt32(width), ToInt32(height)}, MaskKeyColour);
+void DropFreehand(frmImage& image) {
+    const ImagePlace place = FreehandPlace(image);
+    const Extent piece{0, 0, image.SelHolder.PixelWidth(), image.SelHolder.PixelHeight()};
+    TransparentBlt(image.Pic1BU.hDC(), {WholePixel(place.x), WholePixel(place.y), piece.width, piece.height},
+                   image.SelHolder.hDC(), piece, MaskKeyColour);
     image.PicMerge.Picture(image.Pic1BU.Image());
     image.PicFreeSelect.Visible(false);
     TheProgressBar().Value(0);
-    FreeSelActive = false;
-    EndSelection();
+    EndSelection(image);
+}
+
+namespace {
+
+// What lay outside the outline becomes outside again.
+void RestoreOutside(Surface& stepped, const Bitmap& piece) {
+    Bitmap& bits = stepped.hDC().Bits();
+    std::vector<Pixel> before(static_cast<std::size_t>(piece.Width()));
+    std::vector<Pixel> after(before.size());
+    for (int y = 0; y < piece.Height(); ++y) {
+        piece.ReadRow(0, y, before);
+        bits.ReadRow(0, y, after);
+        for (std::size_t x = 0; x < after.size(); ++x)
+            if (before[x] == PixelOf(MaskKeyColour)) after[x] = before[x];
+        bits.WriteRow(0, y, after);
+        TheProgressBar().Value(stepped.Width() * (y + 1) / piece.Height());
+    }
+    stepped.hDC().Touched(bits.Bounds());
+}
+
+using Routine = std::function<void(Surface& work, Surface& live)>;
+
+void StepRectangle(frmImage& image, const Routine& routine) {
+    TakePastedPlace(image);
+    const LoadedWork loaded(image, Target::Rectangle);
+    if (HasPixels(image.SelHolder)) routine(image.SelHolder, image.PicSelect);
+    DropRectangle(image, image.Selectwidth, image.Selectheight);
+}
+
+void StepFreehand(frmImage& image, const Routine& routine) {
+    const LoadedWork loaded(image, Target::Freehand);
+    const Bitmap piece = image.SelHolder.Image();
+    if (HasPixels(image.SelHolder)) routine(image.SelHolder, image.PicSelect);
+    TheProgressBar().Max(image.SelHolder.Width());
+    RestoreOutside(image.SelHolder, piece);
+    DropFreehand(image);
+}
+
+void StepWholeImage(frmImage& image, const Routine& routine) {
+    const LoadedWork loaded(image, Target::WholeImage);
+    if (HasPixels(image.picsource)) routine(image.picsource, image.PicMerge);
+}
+
+} // namespace
+
+void RunMasklessStep(frmImage& image, const Routine& routine) {
+    switch (ChooseTarget(image)) {
+    case Target::Rectangle:
+        StepRectangle(image, routine);
+        break;
+    case Target::Freehand:
+        StepFreehand(image, routine);
+        break;
+    case Target::WholeImage:
+        StepWholeImage(image, routine);
+    }
+    FinishOperation(image);
 }
 
 void PrepareSample(frmImage& image, Target target, SampleParts& sample) {
@@ -120,8 +193,7 @@ void RunOperation(frmImage& image, Target target,
 
 void Commit(frmImage& image, Target target) {
     if (target == Target::Rectangle) DropRectangle(image, image.PicSelect.Width(), image.PicSelect.Height());
-    if (target == Target::Freehand)
-        DropFreehand(image, image.SelHolder, image.SelHolder.ScaleWidth(), image.SelHolder.ScaleHeight());
+    if (target == Target::Freehand) DropFreehand(image);
     FinishOperation(image);
 }
 

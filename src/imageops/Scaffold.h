@@ -58,9 +58,14 @@ class LoadedWork {
     bool locked_ = false;
 };
 
-/// While it lives, only a freehand piece is masked: for the other targets `FreeSelActive` is 0. The flag
-/// outlives its piece, since it also says what the next paste lands; a filter on the whole image must not
-/// leave pixels out for that.
+/// The active document, for an operation that takes what floats as its target.
+frmImage& ImageForOperation();
+/// The active document, for an operation that takes the whole image whatever floats: a piece that was grabbed
+/// or pasted is merged first.
+frmImage& WholeImageForOperation();
+
+/// While it lives, a freehand piece is masked and nothing else is: `FreeSelActive` goes by the target. At
+/// other times the flag says what the next paste makes float, and outlives its piece.
 class MaskOnlyFreehand {
   public:
     explicit MaskOnlyFreehand(Target target);
@@ -69,7 +74,6 @@ class MaskOnlyFreehand {
     MaskOnlyFreehand& operator=(const MaskOnlyFreehand&) = delete;
 
   private:
-    Target target_;
     Flag kept_;
 };
 
@@ -79,9 +83,13 @@ void TakePastedPlace(frmImage& image);
 /// Drops `width` by `height` pixels of `SelHolder` onto the image, where the selection is; it ends.
 void DropRectangle(frmImage& image, double width, double height);
 
-/// Drops `width` by `height` pixels of `piece` onto the clean image, where `PicFreeSelect` floats, without
-/// the pixels of `MaskKeyColour`; the selection ends.
-void DropFreehand(frmImage& image, const Surface& piece, double width, double height);
+/// Drops `SelHolder` in its own size onto the clean copy, where the freehand piece floats, without the pixels
+/// of `MaskKeyColour`; the selection ends.
+void DropFreehand(frmImage& image);
+
+/// Runs a routine that has no dialog and knows no mask over what floats, or over the image; lands, drops and
+/// finishes it. On a piece it works on `SelHolder`; outside a freehand outline nothing changes.
+void RunMasklessStep(frmImage& image, const std::function<void(Surface& work, Surface& live)>& routine);
 
 /// Gives the pixels of the target to a dialog's sample, before the dialog is shown.
 void PrepareSample(frmImage& image, Target target, SampleParts& sample);

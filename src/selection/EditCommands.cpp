@@ -6,53 +6,84 @@
 #include "selection/ClipTray.h"
 #include "selection/Floating.h"
 #include "surface/system/Clipboard.h"
+#include "surface/system/MsgBox.h"
 #include "surface/system/Pictures.h"
 #include "surface/window/MDIForm.h"
+#include "tools/ToolSettings.h"
+
+#include <memory>
 
 namespace pintalux {
 
 namespace {
 
-// `SelHolder` takes the selected rectangle of the image, in image pixels whatever the zoom, and goes on the
-// clipboard.
+// `SelHolder` takes the selected rectangle of the image, in image pixels whatever the zoom.
 void HoldRectangle(frmImage& image) {
     image.SelHolder.Height(image.Selectheight);
     image.SelHolder.Width(image.Selectwidth);
     const Extent from = SelectionExtent(image);
     StretchBlt(image.SelHolder.hDC(), {0, 0, from.width, from.height}, image.PicMerge.hDC(), from, SRCCOPY);
-    Clipboard.SetData(image.SelHolder.Image());
 }
 
-void EndRectangle(frmImage& image) {
-    image.PicSelect.Visible(false);
+// An empty piece, such as one selected along a line, must not cost what the clipboard holds.
+void Offer(const Picture& piece) {
+    if (!piece.Empty()) Clipboard.SetData(piece);
+}
+
+void EndSelection(frmImage& image) {
+    DiscardPiece(image);
     image.SelectShape.Visible(false);
     EnableCutAndCopy(false);
 }
 
-void EndFreehand(frmImage& image) {
-    PutCleanCopyBack(image);
-    image.PicMerge.Refresh();
-    EnableCutAndCopy(false);
+// On the clipboard goes a placed piece as it is, also where it lies beyond the image; a lifted one is taken
+// from the image anew.
+void OfferRectangle(frmImage& image) {
+    if (PieceIsPlaced(image)) {
+        image.NeedtoPaste();
+    } else {
+        image.SelHolder.Picture(LoadPicture());
+        HoldRectangle(image);
+    }
+    Offer(image.SelHolder.Image());
 }
 
 void CutRectangle(frmImage& image) {
-    image.PicSelect.Picture(LoadPicture());
-    image.SelHolder.Picture(LoadPicture());
-    image.PicSelect.Width(image.Selectwidth * image.factor);
-    image.PicSelect.Height(image.Selectheight * image.factor);
-    HoldRectangle(image);
+    OfferRectangle(image);
     StampBlank(image);
-    EndRectangle(image);
+    EndSelection(image);
 }
 
-void LandRectangle(frmImage& image) {
+// A freehand piece may be cut or copied after a click in the tray changed what the next paste would be.
+void OfferFreehand(frmImage& image, const Picture& piece) {
+    if (PieceIsPlaced(image)) image.NeedtoPaste();
+    FreeSelActive = true;
+    Offer(piece);
+}
+
+// Intended: the piece goes as it is seen, at the size of the zoom, where a copy has the image's own pixels;
+// what is cut can so be enlarged.
+Picture PieceAsSeen(const frmImage& image) {
+    const Picture seen = image.PicFreeSelect.Image();
+    return seen.Empty() ? image.SelHolder.Image() : seen;
+}
+
+// In cut mode the piece leaves its hole where it lies: where it was lifted, or where it was dropped after
+// that.
+void CutFreehand(frmImage& image) {
+    const bool placed = PieceIsPlaced(image);
+    OfferFreehand(image, PieceAsSeen(image));
+    if (!placed) image.PicMerge.Picture(image.Pic1BU.Image());
+    if (placed && TheToolSettings->Option4.Value()) StampShape(image, image.PicMerge);
+    EndSelection(image);
+}
+
+void FloatRectangle(frmImage& image, const Picture& bitmap) {
     image.PicSelect.Left(0);
     image.PicSelect.Top(0);
-    image.SelHolder.Picture(Clipboard.GetData(CF_BITMAP));
-    const double width = image.factor * image.SelHolder.Width();
-    const double height = image.factor * image.SelHolder.Height();
-    image.PicSelect.Width(width);
-    image.PicSelect.Height(height);
+    image.SelHolder.Picture(bitmap);
+    image.PicSelect.Width(image.factor * image.SelHolder.Width());
+    image.PicSelect.Height(image.factor * image.SelHolder.Height());
     image.SelectImage.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
     image.SelectImage.Picture(image.SelHolder.Image());
     image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
@@ -75,9 +106,9 @@ void FillFreehand(frmImage& image, const Picture& bitmap) {
 
 // Intended: the outline is found again by its mask colour, so that a shape survives the clipboard, which
 // knows rectangles only.
-void LandFreehand(frmImage& image) {
+void FloatFreehand(frmImage& image, const Picture& bitmap) {
     FreePasteActive = true;
-    FillFreehand(image, Clipboard.GetData(CF_BITMAP));
+    FillFreehand(image, bitmap);
     image.Pic1BU.Picture(image.PicMerge.Image());
     image.ShapeMe(MaskKeyColour, true, image.PicFreeSelect);
     image.PicFreeSelect.Left(0);
@@ -106,81 +137,96 @@ class Busy {
     Form& form_;
 };
 
-void Land(frmImage& image) {
+// The clipboard's bitmap; the empty picture, after a message, if its owner gives none. `waiting` shows that
+// an owner may take its time.
+Picture BitmapToPaste(Form* waiting) {
+    Picture bitmap;
+    ResumeNext([&] {
+        const auto busy = waiting != nullptr ? std::make_unique<Busy>(*waiting) : nullptr;
+        bitmap = Clipboard.GetData(CF_BITMAP);
+    });
+    if (bitmap.Empty())
+        MsgBox("Não foi possível obter uma imagem da área de transferência. Nada foi colado e a imagem ficou "
+               "como estava.",
+               BoxButtons::Ok, BoxIcon::Exclamation, kMessageTitle);
+    return bitmap;
+}
+
+void Float(frmImage& image, const Picture& bitmap) {
     const Busy busy(image);
     PasteFloating = true;
+    image.piece = PieceState::Pasted;
     // Intended: the slot that is read is the one after the newest entry, unless one was clicked; a shape that
     // stands already is kept by a slot without one.
     if (TheClipTray->PicClip(TheClipTray->SelectedClip).Tag() == "free") FreeSelActive = true;
     if (!FreeSelActive) {
-        LandRectangle(image);
+        FloatRectangle(image, bitmap);
     } else {
-        LandFreehand(image);
+        FloatFreehand(image, bitmap);
     }
 }
 
-bool SomethingFloats(const frmImage& image) {
-    return image.PicSelect.Visible() || image.PicFreeSelect.Visible();
-}
-
-// A click in the tray may have changed the flag over the head of what floats; the clean copy of a path that
-// is long gone must not come back then.
-bool FreehandFloats(const frmImage& image) {
-    return image.PicFreeSelect.Visible() && (FreeSelActive || !image.PicSelect.Visible());
-}
-
-} // namespace
-
-// The commands may be on for another document, or after a path that enclosed nothing: what the clipboard
-// holds must not be lost to an empty piece.
-void mnuEditCopy_Click() {
+// What floats goes first, by `makeRoom`; a merge does not change what is pasted.
+void Paste(void (*makeRoom)(frmImage&)) {
     frmImage& image = ActiveImage();
-    if (!SomethingFloats(image)) return EnableCutAndCopy(false);
-    if (FreehandFloats(image)) {
-        Clipboard.SetData(image.SelHolder.Image());
-        EndFreehand(image);
-        return;
-    }
-    image.SelHolder.Picture(LoadPicture());
-    HoldRectangle(image);
-    EndRectangle(image);
-}
-
-void mnuEditCut_Click() {
-    frmImage& image = ActiveImage();
-    if (!SomethingFloats(image)) return EnableCutAndCopy(false);
-    if (FreehandFloats(image)) {
-        // Intended: the piece goes as it is seen, at the size of the zoom, where a copy has the image's own
-        // pixels; what is cut can so be enlarged.
-        Clipboard.SetData(image.PicFreeSelect.Image());
-        EndFreehand(image);
-        return;
-    }
-    CutRectangle(image);
-}
-
-void mnuEditPaste_Click() {
-    frmImage& image = ActiveImage();
-    Land(image);
+    const Picture bitmap = BitmapToPaste(&image);
+    if (bitmap.Empty()) return;
+    const auto freehand = FreeSelActive;
+    makeRoom(image);
+    FreeSelActive = freehand;
+    Float(image, bitmap);
     // Shown when the window takes input again, so that the piece has its own pointer shape at once.
     (!FreeSelActive ? image.PicSelect : image.PicFreeSelect).Visible(true);
 }
 
+void MergeAnything(frmImage& image) {
+    AbandonPath(image);
+    if (PieceFloats(image) || image.lbltext.Visible()) image.NeedtoPaste();
+}
+
+} // namespace
+
+// The commands may be on for another document, or after a path that enclosed nothing.
+void mnuEditCopy_Click() {
+    frmImage& image = ActiveImage();
+    if (!PieceFloats(image)) return EnableCutAndCopy(false);
+    if (image.PicSelect.Visible()) {
+        OfferRectangle(image);
+    } else {
+        OfferFreehand(image, image.SelHolder.Image());
+    }
+    EndSelection(image);
+}
+
+void mnuEditCut_Click() {
+    frmImage& image = ActiveImage();
+    if (!PieceFloats(image)) return EnableCutAndCopy(false);
+    if (image.PicSelect.Visible()) {
+        CutRectangle(image);
+    } else {
+        CutFreehand(image);
+    }
+}
+
+void mnuEditPaste_Click() {
+    Paste(MakeRoomForPiece);
+}
+
+void PasteFromBar() {
+    Paste(MergeAnything);
+}
+
 void mnuEditPasteNew_Click() {
+    const Picture bitmap = BitmapToPaste(nullptr);
+    if (bitmap.Empty()) return;
     LockWindowUpdate(TheWorkspace.window);
     NewImageWindow();
     frmImage& image = ActiveImage();
-    image.PicMerge.Picture(Clipboard.GetData(CF_BITMAP));
+    image.PicMerge.Picture(bitmap);
     FitImageWindow();
     image.Picsize();
     image.Backup();
     LockWindowUpdate(nullptr);
-}
-
-void PasteFromBar() {
-    frmImage& image = ActiveImage();
-    if (SomethingFloats(image) || image.lbltext.Visible()) image.NeedtoPaste();
-    mnuEditPaste_Click();
 }
 
 } // namespace pintalux

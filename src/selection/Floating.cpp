@@ -17,16 +17,19 @@ CursorPosition SnappedCursor(const frmImage& image) {
 } // namespace
 
 void StampBlank(frmImage& image) {
-    const Extent blank{0, 0, image.PicSelect.PixelWidth(), image.PicSelect.PixelHeight()};
-    StretchBlt(image.PicMerge.hDC(), SelectionExtent(image), image.PicSelect.hDC(), blank, SRCCOPY);
+    const Extent hole = SelectionExtent(image);
+    Bitmap& bits = image.PicMerge.hDC().Bits();
+    const Box box = Intersection({hole.x, hole.y, hole.x + hole.width, hole.y + hole.height}, bits.Bounds());
+    bits.Fill(box, PixelOf(image.PicSelect.BackColor()));
+    image.PicMerge.hDC().Touched(box);
     image.PicMerge.Refresh();
     ShowMerge(image);
 }
 
 void StartDrag(frmImage& image, Surface& piece, Timer& timer) {
     const CursorPosition CursorPoint = SnappedCursor(image);
-    image.SelectpicX = ToInt16(CursorPoint.x - piece.Left());
-    image.SelectpicY = ToInt16(CursorPoint.y - piece.Top());
+    image.SelectpicX = CursorPoint.x - piece.Left();
+    image.SelectpicY = CursorPoint.y - piece.Top();
     timer.Enabled(true);
 }
 

@@ -12,8 +12,7 @@ inline double Snapped(const frmImage& image, double v) {
     return std::floor(v / image.factor) * image.factor;
 }
 
-/// Stamps the blank `PicSelect` on the selected rectangle of the image. The whole of it is stretched there:
-/// at a reducing zoom it has fewer pixels than the hole.
+/// Stamps the background of `PicSelect` on the selected rectangle of the image.
 void StampBlank(frmImage& image);
 
 /// Starts a drag of a floating surface: reads the pointer, keeps the grab offset and starts the timer that

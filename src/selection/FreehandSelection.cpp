@@ -71,6 +71,7 @@ void FreeSelectRelease(frmImage& image, double /*X*/, double /*Y*/) {
     }
     // A drag that began with another tool has no path; the clean copy is not its own.
     if (!std::exchange(image.pathOpen, false)) return;
+    EndPiece(image);
     FreePasteActive = false;
     DrawPath(image, image.sx, image.sy, image.FreeStartX, image.FreeStartY);
     image.MakeSelection();
@@ -81,6 +82,8 @@ void FreeSelectRelease(frmImage& image, double /*X*/, double /*Y*/) {
 }
 
 void PicFreeSelect_MouseDown(frmImage& image) {
+    if (image.piece == PieceState::Lifted) image.piece = PieceState::Grabbed;
+    image.liftedAt = 0;
     // The hole shows as soon as the piece is taken.
     if (!FreePasteActive) {
         image.PicMerge.Picture(image.Pic1BU.Image());

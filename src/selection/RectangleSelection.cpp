@@ -8,6 +8,8 @@
 #include "surface/system/Pictures.h"
 #include "tools/ToolSettings.h"
 
+#include <algorithm>
+
 namespace pintalux {
 
 namespace {
@@ -22,6 +24,16 @@ void ShowPiece(frmImage& image) {
                [] { EnableCutAndCopy(true); });
 }
 
+// The band may leave the image, its piece may not: there it would have the mask colour.
+void CutBand(frmImage& image) {
+    ShapeControl& band = image.SelectShape;
+    const double left = std::max(band.Left(), 0.0);
+    const double top = std::max(band.Top(), 0.0);
+    const double right = std::min(band.Left() + band.Width(), image.PicMerge.ScaleWidth() * image.factor);
+    const double bottom = std::min(band.Top() + band.Height(), image.PicMerge.ScaleHeight() * image.factor);
+    band.Move(left, top, std::max(right - left, 0.0), std::max(bottom - top, 0.0));
+}
+
 void PlacePiece(frmImage& image) {
     image.PicSelect.Move(image.SelectShape.Left(), image.SelectShape.Top(), image.SelectShape.Width(),
                          image.SelectShape.Height());
@@ -32,12 +44,14 @@ void StampHole(frmImage& image) {
     image.SelHolder.Width(image.Selectwidth);
     image.PicSelect.Picture(LoadPicture());
     StampBlank(image);
+    image.hole = true;
 }
 
 } // namespace
 
 void SelectChosen() {
-    ResumeNext([] { ActiveImage().PicFreeSelect.Visible(false); }, [] { ShowMerge(ActiveImage()); });
+    ResumeNext([] { MergePlacedPiece(ActiveImage()); }, [] { EndFreehandPiece(ActiveImage()); },
+               [] { ShowMerge(ActiveImage()); });
 }
 
 void SelectPress(frmImage& image, double X, double Y) {
@@ -69,10 +83,14 @@ void SelectRelease(frmImage& image, double X, double Y) {
         moved = ToInt32(Snapped(image, X)) != image.SelX || ToInt32(Snapped(image, Y)) != image.SelY;
     });
     if (!moved) return;
+    // A command in the middle of the drag may have pasted.
+    MakeRoomForPiece(image);
+    EndPiece(image);
     FreeSelActive = false;
     FreePasteActive = false;
-    ResumeNext([&] { PlacePiece(image); }, [&] { TakeMembers(image, image.SelectShape); },
-               [&] { SelectionBlit(image); }, [&] { ShowPiece(image); });
+    ResumeNext([&] { CutBand(image); }, [&] { PlacePiece(image); },
+               [&] { TakeMembers(image, image.SelectShape); }, [&] { SelectionBlit(image); },
+               [&] { ShowPiece(image); });
     image.selecting = false;
 }
 
@@ -90,6 +108,7 @@ void SelectionBlit(frmImage& image) {
 // where the piece lies, the second one too, so that a piece can be used to wipe what lies below it.
 void PicSelect_MouseDown(frmImage& image) {
     if (!PasteFloating && TheToolSettings->Option4.Value()) StampHole(image);
+    if (image.piece == PieceState::Lifted) image.piece = PieceState::Grabbed;
     image.PicSelect.ScaleMode(kScalePoints);
     StartDrag(image, image.PicSelect, image.Timer1);
 }
@@ -102,7 +121,8 @@ void PicSelect_MouseUp(frmImage& image) {
 
 void mnuEditSelectAll_Click() {
     frmImage& image = ActiveImage();
-    if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
+    MakeRoomForPiece(image);
+    EndPiece(image);
     FreeSelActive = false;
     FreePasteActive = false;
     const double width = image.PicMerge.ScaleWidth();
@@ -120,11 +140,13 @@ void mnuEditSelectAll_Click() {
 
 void mnuEditSelectNone_Click() {
     frmImage& image = ActiveImage();
-    image.PicSelect.Visible(false);
-    if (image.PicFreeSelect.Visible()) PutCleanCopyBack(image);
+    const bool holeStays = PieceIsPlaced(image) && image.hole;
+    DiscardPiece(image);
     image.selecting = true;
     EnableCutAndCopy(false);
     TheWorkspace.menu->mnuEditSelectNone.Enabled(false);
+    // An undo brings back what the piece took along.
+    if (holeStays) image.Backup();
 }
 
 } // namespace pintalux

@@ -58,6 +58,8 @@ void BlackOutside(frmImage& image) {
     // Intended: a path that touches the left or the top edge selects its whole box, so that a corner of the
     // image can be taken with two careless strokes.
     if (image.FreeMinX == 0 || image.FreeMinY == 0) return;
+    // The corner itself lies inside such a path.
+    if (image.FreeMinX < 0 && image.FreeMinY < 0) return;
     FloodMaskOutside(image.PicMask, image.PicMask.Point(0, 0), kFillSolid, 0, 0);
 }
 
@@ -73,8 +75,10 @@ void Lift(frmImage& image) {
     image.SelHolder.Height(height);
     BlackOutside(image);
     const Bitmap clean = image.Pic1BU.Image();
-    LiftPixels(image, clean, {image.FreeMinX, image.FreeMinY, image.FreeMaxX + 1, image.FreeMaxY + 1},
-               TheToolSettings->Option4.Value());
+    const bool cut = TheToolSettings->Option4.Value();
+    LiftPixels(image, clean, {image.FreeMinX, image.FreeMinY, image.FreeMaxX + 1, image.FreeMaxY + 1}, cut);
+    image.hole = cut;
+    image.liftedAt = image.factor;
     TransparentBlt(shown.hDC(), {0, 0, shown.PixelWidth(), shown.PixelHeight()}, image.SelHolder.hDC(),
                    {0, 0, width, height}, MaskKeyColour);
     shown.Refresh();

@@ -13,7 +13,7 @@ namespace {
 
 // Intended: a rectangle covers all of its place, also where it holds the mask colour; only a freehand piece
 // has pixels to see through.
-void LandRectangle(frmImage& image) {
+void MergeRectangle(frmImage& image) {
     TakeMembers(image, image.PicSelect);
     image.PicSelect.Visible(false);
     image.SelectShape.Visible(false);
@@ -22,37 +22,36 @@ void LandRectangle(frmImage& image) {
                SRCCOPY);
     ShowMerge(image);
     EnableCutAndCopy(false);
+    EndPiece(image);
 }
 
-// The piece lands on the clean copy, so that the dashes of the path go with what lay on the screen.
-void LandFreehand(frmImage& image) {
-    const Surface& piece = image.PicFreeSelect;
-    const Extent place{ToInt32(piece.Left() / image.factor), ToInt32(piece.Top() / image.factor),
-                       ToInt32(piece.ScaleWidth() / image.factor),
-                       ToInt32(piece.ScaleHeight() / image.factor)};
-    const Extent whole{0, 0, image.SelHolder.PixelWidth(), image.SelHolder.PixelHeight()};
-    TransparentBlt(image.Pic1BU.hDC(), place, image.SelHolder.hDC(), whole, MaskKeyColour);
+// The piece goes into the clean copy, so that the dashes of the path go with what lay on the screen. It has
+// its own size there, whatever whole pixels the view has for it: 45 pixels at 1:2 show as 22.
+void MergeFreehand(frmImage& image) {
+    const ImagePlace at = FreehandPlace(image);
+    const Extent piece{0, 0, image.SelHolder.PixelWidth(), image.SelHolder.PixelHeight()};
+    const Extent place{ToInt32(at.x), ToInt32(at.y), piece.width, piece.height};
+    TransparentBlt(image.Pic1BU.hDC(), place, image.SelHolder.hDC(), piece, MaskKeyColour);
     image.PicMerge.Picture(image.Pic1BU.Image());
     image.PicMerge.Refresh();
     ShowMerge(image);
     image.PicFreeSelect.Visible(false);
     image.PicFreeSelect.Picture(LoadPicture());
     FreeSelActive = false;
+    EndPiece(image);
 }
 
 } // namespace
 
 void MergeRectangleByPress(frmImage& image) {
-    LandRectangle(image);
+    MergeRectangle(image);
     image.selecting = false;
-    PasteFloating = false;
     image.Backup();
 }
 
 void MergeFreehandByPress(frmImage& image) {
-    LandFreehand(image);
+    MergeFreehand(image);
     image.FreeSelDrawing = true;
-    PasteFloating = false;
     image.Backup();
 }
 
@@ -60,15 +59,13 @@ void MergeFreehandByPress(frmImage& image) {
 // paste by the tool bar begins at a state to come back to.
 void frmImage::NeedtoPaste() {
     if (PicSelect.Visible()) {
-        LandRectangle(*this);
+        MergeRectangle(*this);
         Backup();
         selecting = false;
-        PasteFloating = false;
     } else if (PicFreeSelect.Visible()) {
-        LandFreehand(*this);
+        MergeFreehand(*this);
         Backup();
         FreeSelDrawing = true;
-        PasteFloating = false;
     } else if (lbltext.Visible() && TheFloatingSteps.commitTextByCommand) {
         TheFloatingSteps.commitTextByCommand(*this);
     }

@@ -274,25 +274,32 @@ TEST_F(ImageCommandTest, AStepOnAFreehandPieceKeepsItsOutside) {
     ExpectSamePixels(ImageOf(image), expected);
     ExpectSamePixels(image.Image1.Picture(), expected);
     EXPECT_TRUE(SelectionEnded(image));
-    EXPECT_FALSE(FreeSelActive);
+    EXPECT_TRUE(FreeSelActive);
     EXPECT_EQ(StateCount(image), 2);
     EXPECT_EQ(frmMain->Pb.Value(), 0);
     EXPECT_EQ(frmMain->Pb.Max(), 4);
 }
 
-TEST_F(ImageCommandTest, AFreehandStepAtAZoomTakesThePieceOneToOne) {
-    // At 2:1 the piece of 2 by 2 floats as 4 by 4: its pixels come to the upper left quarter, the rest is
-    // white, and the upper half of that lands on 2 by 2.
-    frmImage& image = NewDocument(6, 6, 0x143264);
-    ShowAtFactor(image, 2);
-    FloatFreehand(image, 1, 1, {"##", "##"});
-    Choose(frmMain->mnuColInc(0));
-    Picture expected = Solid(6, 6, 0x143264);
-    for (int y = 1; y < 3; ++y) {
-        expected.Set(1, y, 0x143278);
-        expected.Set(2, y, kWhite);
+TEST_F(ImageCommandTest, AFreehandStepTakesThePieceInItsOwnSizeAtEveryZoom) {
+    for (const double factor : {1.0, 2.0, 3.0, 16.0, 0.5}) {
+        frmImage& image = NewDocument(24, 20, 0x143264);
+        ShowAtFactor(image, factor);
+        FloatFreehand(image, 4, 8, {"##.#", "####", "#.##"});
+        Choose(frmMain->mnuColInc(0));
+        Picture expected = Solid(24, 20, 0x143264);
+        for (const auto& [x, y] :
+             {std::pair(4, 8), {5, 8}, {7, 8}, {4, 9}, {5, 9}, {6, 9}, {7, 9}, {4, 10}, {6, 10}, {7, 10}})
+            expected.Set(x, y, 0x143278);
+        ExpectSamePixels(ImageOf(image), expected);
     }
-    ExpectSamePixels(ImageOf(image), expected);
+}
+
+TEST_F(ImageCommandTest, AFreehandStepGoesByWhatFloatsWhateverTheNextPasteWouldBe) {
+    frmImage& image = NewDocument(8, 8, 0x143264);
+    FloatFreehand(image, 2, 3, {"##"});
+    FreeSelActive = false;
+    Choose(frmMain->mnuColInc(0));
+    ExpectSamePixels(ImageOf(image), With(Solid(8, 8, 0x143264), 2, 3, Solid(2, 1, 0x143278)));
 }
 
 TEST_F(ImageCommandTest, AFlagWithoutAPieceNeverTakesTheFreehandRoad) {

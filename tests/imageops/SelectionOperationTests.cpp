@@ -221,7 +221,7 @@ TEST_F(SelectionOperationTest, AFilterOnAFreehandPieceKeepsItsOutside) {
     ExpectSamePixels(ImageOf(image), expected); // the path of the drag is gone, too
     ExpectSamePixels(image.Image1.Picture(), expected);
     EXPECT_TRUE(SelectionEnded(image));
-    EXPECT_FALSE(FreeSelActive);
+    EXPECT_TRUE(FreeSelActive);
     EXPECT_FALSE(PasteFloating);
     EXPECT_EQ(StateCount(image), 2);
     EXPECT_EQ(frmMain->Pb.Value(), 0);
@@ -231,9 +231,9 @@ TEST_F(SelectionOperationTest, AFreehandPlaceIsCutDownToWholePixels) {
     frmImage& image = NewDocument(20, 20, kDark);
     ShowAtFactor(image, 4);
     FloatFreehand(image, 4, 4, {"####", "####", "####", "####"});
-    image.PicFreeSelect.Move(23, 10, 15, 18); // 5.75, 2.5, 3.75, 4.5
+    image.PicFreeSelect.Move(23, 10, 15, 18); // 5.75, 2.5; the piece keeps its size
     Apply(kBrighten, 64);
-    ExpectSamePixels(ImageOf(image), With(Solid(20, 20, kDark), 5, 2, Solid(3, 4, 0x606060)));
+    ExpectSamePixels(ImageOf(image), With(Solid(20, 20, kDark), 5, 2, Solid(4, 4, 0x606060)));
 }
 
 TEST_F(SelectionOperationTest, AFreehandPieceIsRightAtAZoom) {
@@ -257,7 +257,18 @@ TEST_F(SelectionOperationTest, AFreehandPieceTooSmallForTheViewJustEnds) {
     FloatFreehand(image, 4, 4, {"##", "##"});
     Choose(frmMain->mnuColInc(0));
     EXPECT_TRUE(SelectionEnded(image));
-    ExpectSamePixels(ImageOf(image), Solid(20, 20, kDark));
+}
+
+TEST_F(SelectionOperationTest, AFreehandPieceIsMaskedWhateverTheNextPasteWouldBe) {
+    frmImage& image = NewDocument(12, 10, kDark);
+    FloatFreehand(image, 4, 5, {".##.", "####"});
+    FreeSelActive = false;
+    Apply(kBrighten, 64);
+    Picture expected = Solid(12, 10, kDark);
+    for (const auto& [x, y] : {std::pair(5, 5), {6, 5}, {4, 6}, {5, 6}, {6, 6}, {7, 6}})
+        expected.Set(x, y, 0x606060);
+    ExpectSamePixels(ImageOf(image), expected);
+    EXPECT_FALSE(FreeSelActive);
 }
 
 TEST_F(SelectionOperationTest, InvertingAFreehandPieceLandsItsWholeBox) {

@@ -3,6 +3,7 @@
 #include "selection/EditCommands.h"
 #include "selection/RectangleSelection.h"
 #include "selection/SelectionTest.h"
+#include "support/DialogScript.h"
 #include "surface/system/Clipboard.h"
 
 namespace pintalux {
@@ -192,18 +193,18 @@ TEST_F(EditTest, TheShapeOfAFreehandCopySurvivesThePaste) {
     ExpectSamePixels(ImageOf(image), WithPiece(Before(), piece, 0, 0, kKey));
 }
 
-TEST_F(EditTest, TheMenusPasteDoesNotMergeAndTheToolBarsDoes) {
+TEST_F(EditTest, EveryPasteMergesTheOneBefore) {
     frmImage& image = OpenRandom(120, 90);
     Clipboard.SetData(Solid(20, 10, 0x0000FF));
     mnuEditPaste_Click();
     Clipboard.SetData(Solid(20, 10, 0x00FF00));
     mnuEditPaste_Click();
-    ExpectSamePixels(ImageOf(image), Before());
-    EXPECT_EQ(States(image), 1);
+    ExpectSamePixels(ImageOf(image), WithBox(Before(), 0, 0, 20, 10, 0x0000FF));
+    EXPECT_EQ(States(image), 3);
     frmMain->Timer1_Timer();
     Choose("Paste");
     ExpectSamePixels(ImageOf(image), WithBox(Before(), 0, 0, 20, 10, 0x00FF00));
-    EXPECT_EQ(States(image), 3);
+    EXPECT_EQ(States(image), 5);
     EXPECT_TRUE(image.PicSelect.Visible());
 }
 
@@ -253,17 +254,39 @@ TEST_F(EditTest, OnePixelAndVeryWideBitmapsPaste) {
     ExpectSamePixels(ImageOf(image), WithBox(WithBox(Before(), 0, 0, 60, 1, 0xFF00), 0, 0, 1, 40, 0xFF00));
 }
 
-TEST_F(EditTest, AnEmptyClipboardAtPasteTimeLeavesTheWindowUsable) {
-    frmImage& image = OpenRandom(60, 40);
-    Clipboard.Clear();
-    try {
+// Two floating pieces, so that both roads have something that they could spoil.
+TEST_F(EditTest, AClipboardWithoutAPictureEndsAPasteWithAMessageAndNothingChanged) {
+    for (const auto paste : {mnuEditPaste_Click, PasteFromBar, mnuEditPasteNew_Click}) {
+        frmImage& image = OpenRandom(60, 40);
+        Clipboard.SetData(Solid(10, 10, 0x00FF00));
         mnuEditPaste_Click();
-        ADD_FAILURE() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kClipboardUnavailable);
+        CarryRectangle(image, 5, 5);
+        Clipboard.Clear();
+        const int documents = ImageCount;
+        const DialogScript script({PressesButton("OK")});
+        paste();
+        EXPECT_EQ(script.Dialog(0).icon, "exclamation");
+        EXPECT_NE(script.Dialog(0).text.find("Não foi possível obter uma imagem"), std::string::npos);
+        EXPECT_TRUE(image.Enabled());
+        EXPECT_EQ(image.MousePointer(), kPointerDefault);
+        EXPECT_FALSE(ScreenLocked());
+        EXPECT_EQ(ImageCount, documents);
+        EXPECT_TRUE(image.PicSelect.Visible());
+        EXPECT_EQ(image.PicSelect.Left(), 5);
+        EXPECT_TRUE(PasteFloating);
+        EXPECT_EQ(States(image), 1);
+        ExpectSamePixels(ImageOf(image), Before());
     }
-    EXPECT_TRUE(image.Enabled());
-    EXPECT_EQ(image.MousePointer(), kPointerDefault);
+}
+
+TEST_F(EditTest, APieceWithoutExtentLeavesTheClipboardAlone) {
+    frmImage& image = OpenRandom(60, 40);
+    for (const auto command : {mnuEditCopy_Click, mnuEditCut_Click}) {
+        Clipboard.SetData(Solid(3, 3, 0x00FF00));
+        SelectRectangle(image, 10, 10, 10, 30);
+        command();
+        ExpectSamePixels(Clipboard.GetData(), Solid(3, 3, 0x00FF00));
+    }
     ExpectSamePixels(ImageOf(image), Before());
 }
 

@@ -207,15 +207,29 @@ TEST_F(RectangleTest, APieceCarriedOffTheImageOnEverySideIsCutThere) {
     }
 }
 
-TEST_F(RectangleTest, ABandThatLeavesTheImageTakesTheMaskColourFromOutside) {
-    frmImage& image = OpenRandom(60, 40);
-    SelectRectangle(image, 50, 30, 70, 50);
-    Bitmap expected(20, 20, 0x8894A0);
-    expected = WithPiece(expected, Part(Before(), 50, 30, 10, 10), 0, 0);
-    ExpectSamePixels(image.SelHolder.Image(), expected);
-    Choose("Pointer");
-    Press(image, 2, 2);
-    ExpectSamePixels(ImageOf(image), Before());
+TEST_F(RectangleTest, ABandThatLeavesTheImageIsCutToIt) {
+    struct Case {
+        double x1, y1, x2, y2;
+        int left, top, width, height;
+    };
+    for (const Case& c : {Case{50, 30, 70, 50, 50, 30, 10, 10}, Case{20, 15, -5, -9, 0, 0, 20, 15},
+                          Case{20, 15, 300, 25, 20, 15, 40, 10}}) {
+        for (const int level : {15, 17}) {
+            frmImage& image = OpenRandom(60, 40);
+            CopyMode();
+            ZoomToLevel(level);
+            const double f = FactorOf(level);
+            SelectRectangle(image, c.x1 * f, c.y1 * f, c.x2 * f, c.y2 * f);
+            const Bitmap piece = Part(Before(), c.left, c.top, c.width, c.height);
+            ExpectSamePixels(image.SelHolder.Image(), piece);
+            EXPECT_EQ(image.PicSelect.Left(), c.left * f);
+            EXPECT_EQ(image.PicSelect.Width(), c.width * f);
+            CarryRectangle(image, static_cast<int>(-3 * f), 0);
+            Choose("Pointer");
+            Press(image, 2, 2);
+            ExpectSamePixels(ImageOf(image), WithPiece(Before(), piece, c.left - 3, c.top));
+        }
+    }
 }
 
 TEST_F(RectangleTest, ABandOfNoWidthOrHeightDoesNoHarm) {
@@ -261,7 +275,7 @@ TEST_F(RectangleTest, SelectNoneDiscardsThePieceAndKeepsTheHole) {
     EXPECT_FALSE(CutAndCopyEnabled());
     EXPECT_FALSE(frmMain->mnuEditSelectNone.Enabled());
     EXPECT_TRUE(image.selecting);
-    EXPECT_EQ(States(image), 1);
+    EXPECT_EQ(States(image), 2);
     ExpectSamePixels(ImageOf(image), WithBox(Before(), 10, 20, 40, 25, 0xFFFFFF));
 }
 
