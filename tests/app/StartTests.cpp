@@ -104,10 +104,10 @@ TEST_F(StartTest, GarbageInTheSettingsGivesTheDefaults) {
     EXPECT_EQ(CurrentTool, kPenTool);
 }
 
-TEST_F(StartTest, ATextThatIsNoNumberShortensTheRecentFilesTo3) {
+TEST_F(StartTest, ATextThatIsNoNumberCountsAsTheDefaultLengthOfTheRecentFiles) {
     SetSetting("MRUlist", "abc");
     Start();
-    EXPECT_EQ(MRUlimit, 3);
+    EXPECT_EQ(MRUlimit, 5);
 }
 
 TEST_F(StartTest, APlaceOutsideTheScreensIsMovedIn) {
