@@ -19,6 +19,10 @@ class ImageCommandTest : public ProgramTest {
     void SetUp() override {
         ProgramTest::SetUp();
         Start();
+        // Room for windows that a turn makes wider.
+        frmMain->Width(15000);
+        frmMain->Height(12000);
+        PassEvents();
     }
     static int StateCount(const frmImage& image) { return image.ListBUorder.ListCount(); }
     /// The colour of the middle of an image in one colour after a command.
