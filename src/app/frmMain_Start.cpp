@@ -9,38 +9,25 @@
 #include "document/Globals.h"
 #include "files/FileNames.h"
 #include "settings/frmPrefs.h"
+#include "settings/Setting.h"
 #include "surface/system/App.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
 #include "surface/window/Screen.h"
 
-#include <charconv>
-#include <cmath>
+#include <limits>
 #include <span>
 
 namespace pintalux {
 
 namespace {
 
-// A stored word; any other, after an edit by hand, counts as the default.
-bool TrueSetting(const char* key, bool defaultValue) {
-    const std::string word = Setting(key, {});
-    return word == "True" || (defaultValue && word != "False");
-}
-
-// The number of a stored text; the default where the text is more or less than a number.
-double Measure(const std::string& text, double defaultTwips) {
-    double twips = 0;
-    const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), twips);
-    const bool whole = failure == std::errc{} && end == text.data() + text.size() && std::isfinite(twips);
-    return whole ? twips : defaultTwips;
-}
-
 // Gives the window the stored measure of a key; one that it refuses counts as the default.
 template <class Assign>
 void TakeMeasure(const char* key, double defaultTwips, Assign assign) {
+    constexpr double kAny = std::numeric_limits<double>::max();
     try {
-        assign(Measure(Setting(key, {}), defaultTwips));
+        assign(SettingNumber(key, defaultTwips, -kAny, kAny));
     } catch (const RuntimeError&) {
         assign(defaultTwips);
     }
@@ -85,10 +72,10 @@ void frmMainForm::MoveIn() {
 }
 
 void frmMainForm::ReadViews() {
-    mnuViewRulers.Checked(TrueSetting("Rulers", false));
-    mnuViewToolbar.Checked(TrueSetting("Toolbar", true));
-    mnuViewColorBox.Checked(TrueSetting("ColorBox", true));
-    mnuViewSettingsBar.Checked(TrueSetting("SettingsBar", true));
+    mnuViewRulers.Checked(SettingWord("Rulers", false));
+    mnuViewToolbar.Checked(SettingWord("Toolbar", true));
+    mnuViewColorBox.Checked(SettingWord("ColorBox", true));
+    mnuViewSettingsBar.Checked(SettingWord("SettingsBar", true));
     RulersOn = mnuViewRulers.Checked();
     ToolsTB.Visible(mnuViewToolbar.Checked());
     ColTB.Visible(mnuViewColorBox.Checked());

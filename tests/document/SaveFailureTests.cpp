@@ -234,6 +234,7 @@ TEST_F(SaveFailureTest, FiftySavesLeaveNoFileOpen) {
         Choose(frmMain->mnuFileSave);
     }
     EXPECT_EQ(openFiles(), before);
+    bmp.AFCurfile = File("a.bmp");
     for (int i = 0; i < 50; ++i) {
         const DialogScript script({PressesButton("OK")});
         FailFileOperation(OperationsBefore() + 4 + i % 3, ENOSPC);

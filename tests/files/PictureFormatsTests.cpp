@@ -68,6 +68,7 @@ TEST_F(PictureFormatsTest, ALinkInPlaceOfTheBmpIsNotWrittenThrough) {
 }
 
 TEST_F(PictureFormatsTest, TheBmpIsTheUsersAloneAndALeftOneIsReplaced) {
+    SaveJpeg();
     FailFileOperation(0, 0);
     SaveJpeg();
     FailFileOperation(FileOperationCount(), EIO); // the last one: the BMP stays

@@ -1,15 +1,11 @@
 #include "surface/system/App.h"
 
-#include "base/RuntimeError.h"
+#include "surface/system/FileLayer.h"
+#include "surface/system/Folders.h"
 
-#include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <optional>
-#include <pwd.h>
-#include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -32,39 +28,10 @@ struct InstanceLock {
 };
 InstanceLock instanceLock;
 
-/// A folder that an environment variable names; only absolute paths count.
-std::optional<std::string> FolderOf(const char* variable) {
-    const char* value = std::getenv(variable);
-    if (value == nullptr || *value != '/') return std::nullopt;
-    std::string folder = value;
-    while (folder.size() > 1 && folder.back() == '/')
-        folder.pop_back();
-    return folder;
-}
-
-std::string HomeFolder() {
-    if (const auto home = FolderOf("HOME")) return *home;
-    const passwd* user = getpwuid(getuid());
-    return user == nullptr || user->pw_dir == nullptr ? "/" : user->pw_dir;
-}
-
 std::string ExecutableFolder() {
     std::error_code failure;
     const std::filesystem::path file = std::filesystem::read_symlink("/proc/self/exe", failure);
     return failure ? std::string() : file.parent_path().string();
-}
-
-/// Makes a folder and those above it, each for the user alone.
-void MakeFolder(const std::string& folder) {
-    for (std::size_t end = folder.find('/', 1);; end = folder.find('/', end + 1)) {
-        const std::string part = folder.substr(0, end);
-        if (mkdir(part.c_str(), 0700) != 0 && errno != EEXIST && errno != EROFS && errno != EACCES)
-            throw RuntimeError(kPathFileAccess, part);
-        if (end == std::string::npos) break;
-    }
-    struct stat found = {};
-    if (stat(folder.c_str(), &found) != 0 || !S_ISDIR(found.st_mode))
-        throw RuntimeError(kPathNotFound, folder);
 }
 
 /// Whether a folder is the user's, and nobody else may put files there.
@@ -77,7 +44,7 @@ bool IsOurs(const std::string& folder) {
 std::string FindRunFolder() {
     if (!folderForTests.empty()) return folderForTests;
     const std::string user = std::to_string(static_cast<unsigned>(getuid()));
-    if (const auto folder = FolderOf("XDG_RUNTIME_DIR"); folder && IsOurs(*folder)) return *folder;
+    if (const std::string folder = RuntimeFolder(); IsOurs(folder)) return folder;
     if (const std::string folder = "/run/user/" + user; IsOurs(folder)) return folder;
     // Not below $TMPDIR, which may be another one for each session.
     const std::string own = "/tmp/pintalux64-" + user;
@@ -111,9 +78,8 @@ std::string AppObject::Path() const {
     if (!folderForTests.empty()) return folderForTests;
     const std::string executable = ExecutableFolder();
     if (!executable.empty() && access(executable.c_str(), W_OK | X_OK) == 0) return executable;
-    const std::string own =
-        FolderOf("XDG_DATA_HOME").value_or(HomeFolder() + "/.local/share") + "/Pintalux64";
-    MakeFolder(own);
+    std::string own = DataFolder();
+    MakeFolders(own);
     return own;
 }
 

@@ -112,7 +112,9 @@ bool AskForFile(QFileDialog& dialog, const CommonDialog& settings, const std::st
         dialog.selectNameFilter(
             filters.whole[std::clamp<qsizetype>(filterIndex - 1, 0, filters.whole.size() - 1)]);
     }
-    if (!proposed.empty()) dialog.selectFile(QFileInfo(FromPath(proposed)).fileName());
+    const QFileInfo file(FromPath(proposed));
+    // The name of a document that was never saved is nothing to open.
+    if (dialog.acceptMode() == QFileDialog::AcceptSave || file.exists()) dialog.selectFile(file.fileName());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
     const qsizetype chosen = filters.IndexOf(dialog.selectedNameFilter());
     if (chosen >= 0) filterIndex = static_cast<int>(chosen) + 1;
@@ -139,9 +141,7 @@ void CommonDialog::ShowOpen() {
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    // The name of a document that was never saved is nothing to open.
-    const std::string proposed = QFileInfo::exists(FromPath(proposed_)) ? proposed_ : std::string();
-    const bool chosen = AskForFile(dialog, *this, proposed, LastFolder(), FilterIndex);
+    const bool chosen = AskForFile(dialog, *this, proposed_, LastFolder(), FilterIndex);
     TakeChoice(chosen ? ToPath(dialog.selectedFiles().constFirst()) : std::string());
 }
 

@@ -36,8 +36,16 @@ std::string SettingsFolder() {
     return OurFolder("XDG_CONFIG_HOME", "/.config");
 }
 
+std::string DataFolder() {
+    return OurFolder("XDG_DATA_HOME", "/.local/share");
+}
+
 std::string StateFolder() {
     return OurFolder("XDG_STATE_HOME", "/.local/state");
+}
+
+std::string RuntimeFolder() {
+    return PathIn("XDG_RUNTIME_DIR");
 }
 
 } // namespace pintalux

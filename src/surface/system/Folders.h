@@ -8,6 +8,8 @@ namespace pintalux {
 
 // Without a trailing separator; none is made here.
 std::string SettingsFolder(); ///< $XDG_CONFIG_HOME/Pintalux64
+std::string DataFolder();     ///< $XDG_DATA_HOME/Pintalux64
 std::string StateFolder();    ///< $XDG_STATE_HOME/Pintalux64
+std::string RuntimeFolder();  ///< $XDG_RUNTIME_DIR itself; empty where there is none.
 
 } // namespace pintalux
