@@ -168,6 +168,19 @@ def only_undo_touches_the_history():
                 yield f"{path}:{number}: changes the undo history: {line.strip()}"
 
 
+def operations_leave_selections_to_the_scaffold():
+    member = re.compile(
+        r"\b(PicSelect|PicFreeSelect|SelectImage|PicSelectShape|SelectShape|SelHolder|Pic1BU|PicMask|Select(?:Left|Top|width|height)"
+        r"|NeedtoPaste|MakeSelection|ShapeMe|PasteFloating|FreePasteActive)\b")
+    for path in files("src/imageops"):
+        if path.stem == "Scaffold":
+            continue
+        for number, line in numbered(code_of(path)):
+            word = member.search(line)
+            if word:
+                yield f"{path}:{number}: touches the selection ({word.group()}): let imageops/Scaffold.cpp do it"
+
+
 def form_tests_start_with_every_global_reset():
     # The ways in to an object ("The...") are set by its owner.
     variable = re.compile(r"^inline (?!const)[\w:<>, ]+ (?!The)(\w+)(?:\s*=|;|\{)", re.M)
@@ -189,7 +202,8 @@ def main():
     failures = 0
     for rule in (the_toolkit_stays_in_the_surface, includes_follow_the_arrows, includes_go_in_no_circle,
                  own_header_comes_first, headers_are_guarded, no_notes_to_self, no_machine_paths,
-                 only_undo_touches_the_history, form_tests_start_with_every_global_reset, files_stay_short):
+                 only_undo_touches_the_history, operations_leave_selections_to_the_scaffold,
+                 form_tests_start_with_every_global_reset, files_stay_short):
         problems = list(rule())
         if problems == [None]:
             print("skipped", rule.__name__)

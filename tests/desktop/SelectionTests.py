@@ -298,13 +298,8 @@ class Easel:
         return [round(value / self.factor) for value in (self.floating.left, self.floating.top, *self.shown_size())]
 
     def land(self):
-        left, top, width, height = self.place()
-        piece = self.floating.piece
-        if self.floating.is_shape:
-            piece = stretched(piece, width, height)
-        else:
-            piece = [row[:width] for row in piece[:height]]
-        self.picture = laid(self.picture, piece, left, top)
+        left, top, *_ = self.place()
+        self.picture = laid(self.picture, self.floating.piece, left, top)
         self.floating = None
 
     def merge_by_press(self, x, y, states=1):
@@ -326,8 +321,6 @@ class Easel:
 
     def select_none(self):
         self.edit("Up", "Up", "Return")
-        if self.floating.is_shape and not self.copies:
-            self.make_hole()
         self.floating = None
         self.expect_view("what is left without a selection")
 
@@ -491,9 +484,73 @@ def AllIsSelectedAndDraggedAndNoneIsSelectedAgain(desktop):
     easel.select_all()
     easel.carry(30, 20)
     easel.select_none()  # the hole stays, the piece is gone
+    wait_for(lambda: len(desktop.state_files()) == 2, "the hole is recorded")
     easel.lift_shape([(10, 10), (60, 12), (30, 70)])
     easel.select_none()
-    assert len(desktop.state_files()) == 1, "nothing was merged"
+    assert len(desktop.state_files()) == 2, "a shape that was only lifted leaves no hole and no state"
+    desktop.keys("ctrl+d")
+    easel.picture = distinct()
+    easel.expect_view("what the piece had taken along")
+    easel.save_and_leave()
+
+
+@desktop_test
+def SavedFileIsWhatIsSeenWhileAPieceFloats(desktop):
+    easel = Easel(desktop, distinct())
+    easel.lift_rectangle((20, 30), (66, 74))
+    easel.carry(60, 20)
+    easel.land()
+    path = desktop.pictures / "first.bmp"
+    save_as(desktop, path)
+    wait_for(lambda: is_whole_bmp(path), "the file is written")
+    expect_same(read_bmp(path), easel.picture)
+    easel.lift_shape(ARROW)
+    easel.carry(-20, -26)
+    easel.land()
+    easel.save_and_leave()
+
+
+@desktop_test
+def LiftedShapeLeavesNoHoleWhenItGoes(desktop):
+    easel = Easel(desktop, distinct())
+    easel.lift_shape(KITE)
+    easel.floating = None
+    easel.zoom(TRIPLE)
+    easel.expect_view("the picture without a hole")
+    easel.lift_shape(KITE)
+    easel.edit("Up", "Up", "Up", "Return")
+    easel.floating = Floating(lifted(easel.picture, 0, 0, 240, 180), 0, 0, is_shape=False)
+    easel.expect_view("all of it, selected")
+    easel.select_none()
+    easel.save_and_leave()
+
+
+@desktop_test
+def ShapeOfOddSizeDraggedAwayAndBackAtAReducingZoomChangesNothing(desktop):
+    easel = Easel(desktop, distinct())
+    easel.copy_and_drop()
+    easel.zoom(HALF)
+    easel.lift_shape(KITE)  # 81 by 77 pixels, 40 by 38 on the view
+    easel.carry(30, 8)
+    easel.carry(-30, -8)
+    easel.merge_by_press(2, 3)
+    expect_same(easel.picture, distinct())
+    easel.save_and_leave()
+
+
+@desktop_test
+def BandDrawnBeyondTheImageIsCutToIt(desktop):
+    easel = Easel(desktop, distinct())
+    easel.copy_and_drop()
+    easel.move_to(200, 150)
+    desktop.press()
+    easel.move_to(220, 170)
+    easel.move_to(260, 200)
+    desktop.release()
+    easel.floating = Floating(lifted(easel.picture, 200, 150, 240, 180), 200, 150, is_shape=False)
+    easel.expect_view("the band, cut to the image")
+    easel.carry(-60, -50)
+    easel.merge_by_press(2, 3)
     easel.save_and_leave()
 
 
