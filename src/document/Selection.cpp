@@ -6,6 +6,7 @@
 #include "document/Globals.h"
 #include "document/MainMenu.h"
 #include "document/Workspace.h"
+#include "surface/raster/PixelWrite.h"
 
 #include <utility>
 
@@ -115,13 +116,13 @@ void StampShape(const frmImage& image, Surface& copy) {
     const int left = ToInt32(place.x);
     const int top = ToInt32(place.y);
     const Pixel blank = PixelOf(image.PicMerge.BackColor());
-    Bitmap& under = copy.hDC().Bits();
+    const PixelWrite write(copy.hDC());
+    Bitmap& under = write.Bits();
     for (int y = 0; y < shape.Height(); ++y) {
         for (int x = 0; x < shape.Width(); ++x)
             if (shape.At(x, y) != PixelOf(MaskKeyColour) && under.Holds(left + x, top + y))
                 under.Set(left + x, top + y, blank);
     }
-    copy.hDC().Touched(under.Bounds());
 }
 
 void AbandonPath(frmImage& image) {

@@ -7,6 +7,7 @@
 #include "document/Selection.h"
 #include "document/Workspace.h"
 #include "imageops/Sample.h"
+#include "surface/raster/PixelWrite.h"
 #include "surface/window/Events.h"
 #include "surface/window/Screen.h"
 
@@ -122,7 +123,8 @@ namespace {
 
 // What lay outside the outline becomes outside again.
 void RestoreOutside(Surface& stepped, const Bitmap& piece) {
-    Bitmap& bits = stepped.hDC().Bits();
+    const PixelWrite write(stepped.hDC());
+    Bitmap& bits = write.Bits();
     std::vector<Pixel> before(static_cast<std::size_t>(piece.Width()));
     std::vector<Pixel> after(before.size());
     for (int y = 0; y < piece.Height(); ++y) {
@@ -133,7 +135,6 @@ void RestoreOutside(Surface& stepped, const Bitmap& piece) {
         bits.WriteRow(0, y, after);
         TheProgressBar().Value(stepped.Width() * (y + 1) / piece.Height());
     }
-    stepped.hDC().Touched(bits.Bounds());
 }
 
 using Routine = std::function<void(Surface& work, Surface& live)>;

@@ -1,6 +1,7 @@
 #include "selection/Floating.h"
 
 #include "base/Arithmetic.h"
+#include "surface/raster/PixelWrite.h"
 #include "surface/window/Screen.h"
 #include "tools/Image1_Pointer.h"
 
@@ -18,10 +19,8 @@ CursorPosition SnappedCursor(const frmImage& image) {
 
 void StampBlank(frmImage& image) {
     const Extent hole = SelectionExtent(image);
-    Bitmap& bits = image.PicMerge.hDC().Bits();
-    const Box box = Intersection({hole.x, hole.y, hole.x + hole.width, hole.y + hole.height}, bits.Bounds());
-    bits.Fill(box, PixelOf(image.PicSelect.BackColor()));
-    image.PicMerge.hDC().Touched(box);
+    const PixelWrite write(image.PicMerge.hDC(), {hole.x, hole.y, hole.x + hole.width, hole.y + hole.height});
+    write.Bits().Fill(write.Area(), PixelOf(image.PicSelect.BackColor()));
     image.PicMerge.Refresh();
     ShowMerge(image);
 }

@@ -1,6 +1,7 @@
 // Lifting what lies inside a freehand path.
 #include "document/Globals.h"
 #include "selection/Floating.h"
+#include "surface/raster/PixelWrite.h"
 #include "surface/system/Pictures.h"
 #include "tools/PaintingTools.h"
 #include "tools/ToolSettings.h"
@@ -31,8 +32,10 @@ void ReadColours(const Bitmap& bits, int left, int y, std::vector<Colour>& row) 
 // that no dash of the path gets into it; in cut mode it keeps the hole.
 void LiftPixels(frmImage& image, const Bitmap& clean, const Box& box, bool cut) {
     const Bitmap mask = image.PicMask.Image();
-    Bitmap& piece = image.SelHolder.hDC().Bits();
-    Bitmap& under = image.Pic1BU.hDC().Bits();
+    const PixelWrite writePiece(image.SelHolder.hDC());
+    const PixelWrite writeUnder(image.Pic1BU.hDC());
+    Bitmap& piece = writePiece.Bits();
+    Bitmap& under = writeUnder.Bits();
     const Pixel hole = PixelOf(image.PicMerge.BackColor());
     const auto width = static_cast<std::size_t>(box.Width());
     std::vector<Colour> inside(width);
@@ -50,8 +53,6 @@ void LiftPixels(frmImage& image, const Bitmap& clean, const Box& box, bool cut) 
         }
         piece.WriteRow(0, y - box.top, row);
     }
-    image.SelHolder.hDC().Touched(piece.Bounds());
-    image.Pic1BU.hDC().Touched(under.Bounds());
 }
 
 void BlackOutside(frmImage& image) {

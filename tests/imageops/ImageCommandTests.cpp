@@ -285,7 +285,7 @@ TEST_F(ImageCommandTest, AStepOnAFreehandPieceKeepsItsOutside) {
 }
 
 TEST_F(ImageCommandTest, AFreehandStepTakesThePieceInItsOwnSizeAtEveryZoom) {
-    for (const double factor : {1.0, 2.0, 3.0, 16.0, 0.5}) {
+    for (const double factor : {1.0, 2.0, 3.0, 16.0, 1 / 2.0, 1 / 3.0, 1 / 7.0, 1 / 16.0}) {
         frmImage& image = NewDocument(24, 20, 0x143264);
         ShowAtFactor(image, factor);
         FloatFreehand(image, 4, 8, {"##.#", "####", "#.##"});

@@ -247,16 +247,14 @@ TEST_F(SelectionOperationTest, AFreehandPieceIsRightAtAZoom) {
     ExpectSamePixels(ImageOf(image), expected);
 }
 
-TEST_F(SelectionOperationTest, AFreehandPieceTooSmallForTheViewJustEnds) {
+TEST_F(SelectionOperationTest, AFreehandPieceTooSmallForTheViewIsWorkedOnAllTheSame) {
     frmImage& image = NewDocument(20, 20, kDark);
     ShowAtFactor(image, 1.0 / 16);
     FloatFreehand(image, 4, 4, {"##", "##"});
     ASSERT_EQ(image.PicFreeSelect.PixelWidth(), 0);
     Apply(kBrighten, 64);
     EXPECT_TRUE(SelectionEnded(image));
-    FloatFreehand(image, 4, 4, {"##", "##"});
-    Choose(frmMain->mnuColInc(0));
-    EXPECT_TRUE(SelectionEnded(image));
+    ExpectSamePixels(ImageOf(image), With(Solid(20, 20, kDark), 4, 4, Solid(2, 2, 0x606060)));
 }
 
 TEST_F(SelectionOperationTest, AFreehandPieceIsMaskedWhateverTheNextPasteWouldBe) {
