@@ -96,6 +96,30 @@ TEST_F(ButtonTest, FrameHoldsControlsInTwips) {
     EXPECT_EQ(ToolkitOf<QGroupBox>(frame).title(), "JPEG");
 }
 
+TEST_F(ButtonTest, TheBackColorIsShownExactly) {
+    ok.BackColor(0x3264C8);
+    EXPECT_EQ(ok.BackColor(), 0x3264C8);
+    EXPECT_EQ(Ok().grab().toImage().pixelColor(8, 8), QColor(0xC8, 0x64, 0x32));
+    ok.BackColor(kSystemMenu);
+    EXPECT_NE(Ok().grab().toImage().pixelColor(8, 8), QColor(0xC8, 0x64, 0x32));
+}
+
+TEST_F(ButtonTest, TheCaptionCanBeReadOnEveryBackColor) {
+    const auto has = [this](QColor ink) {
+        const QImage image = Ok().grab().toImage();
+        for (int y = 5; y < image.height() - 5; ++y) {
+            for (int x = 5; x < image.width() - 5; ++x) {
+                if (image.pixelColor(x, y) == ink) return true;
+            }
+        }
+        return false;
+    };
+    ok.BackColor(kBlack);
+    EXPECT_TRUE(has(Qt::white));
+    ok.BackColor(0x00FFFF);
+    EXPECT_TRUE(has(Qt::black));
+}
+
 } // namespace
 
 } // namespace pintalux

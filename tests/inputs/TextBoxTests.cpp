@@ -178,6 +178,22 @@ TEST_F(TextBoxTest, TabSelectsAllAndFocusEventsRun) {
     EXPECT_EQ(lost, 1);
 }
 
+TEST_F(TextBoxTest, TheBackColorIsWhatLiesBehindTheText) {
+    box.Move(0, 0, 1200, 400);
+    box.BackColor(0x3264C8);
+    EXPECT_EQ(box.BackColor(), 0x3264C8);
+    EXPECT_EQ(Line().grab().toImage().pixelColor(Line().width() / 2, 3), QColor(0xC8, 0x64, 0x32));
+}
+
+TEST_F(TextBoxTest, SystemColoursComeFromTheDesktop) {
+    box.BackColor(kSystemMenu);
+    EXPECT_EQ(static_cast<std::uint32_t>(box.BackColor()), 0x80000004U);
+    EXPECT_EQ(Line().palette().color(QPalette::Base), QApplication::palette().color(QPalette::Window));
+    box.BackColor(kSystem3DLight);
+    EXPECT_EQ(static_cast<std::uint32_t>(box.BackColor()), 0x80000016U);
+    EXPECT_EQ(Line().palette().color(QPalette::Base), QApplication::palette().color(QPalette::Midlight));
+}
+
 } // namespace
 
 } // namespace pintalux

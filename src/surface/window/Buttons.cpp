@@ -5,8 +5,12 @@
 #include <QFile>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyle>
 #include <QStyleOptionButton>
+
+#include <optional>
 
 namespace pintalux {
 
@@ -19,6 +23,7 @@ class PushWidget final : public QPushButton {
     using QPushButton::QPushButton;
     bool isDefaultOfForm = false;
     bool isCancelOfForm = false;
+    std::optional<QColor> face; ///< Shown instead of the desktop's.
 
     void ListenToWindow() {
         window()->removeEventFilter(this);
@@ -26,6 +31,22 @@ class PushWidget final : public QPushButton {
     }
 
   protected:
+    // A style would mix the colour with light and shade.
+    void paintEvent(QPaintEvent* event) override {
+        QPushButton::paintEvent(event);
+        if (!face) return;
+        constexpr int kEdge = 4;
+        constexpr int kReadableOnBlack = 128;
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        QPainter painter(this);
+        painter.fillRect(rect().adjusted(kEdge, kEdge, -kEdge, -kEdge), *face);
+        painter.setPen(qGray(face->rgb()) < kReadableOnBlack ? Qt::white : Qt::black);
+        int flags = Qt::AlignCenter | Qt::TextShowMnemonic;
+        if (style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) == 0)
+            flags |= Qt::TextHideMnemonic;
+        painter.drawText(rect(), flags, text());
+    }
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (watched != window() || event->type() != QEvent::KeyPress) return false;
         const auto* key = static_cast<QKeyEvent*>(event);
@@ -80,6 +101,15 @@ void CommandButton::Picture(const std::string& resource) {
     const QString file = ToQString(resource);
     if (auto* widget = WidgetAs<QPushButton>(*this))
         widget->setIcon(QFile::exists(file) ? QIcon(file) : QIcon());
+}
+
+void CommandButton::BackColor(Colour value) {
+    backColor_ = value;
+    if (auto* widget = WidgetAs<PushWidget>(*this)) {
+        widget->face.reset();
+        if (value != kSystemMenu) widget->face = DesktopColour(value);
+        widget->update();
+    }
 }
 
 Frame::Frame(Container& parent, std::string name, std::string caption)

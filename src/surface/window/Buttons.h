@@ -2,6 +2,7 @@
 #pragma once
 
 #include "surface/window/Control.h"
+#include "surface/window/SystemColours.h"
 
 #include <string>
 
@@ -17,9 +18,14 @@ class CommandButton : public Control {
     void Default(bool value);                  ///< Pressed by Enter anywhere on the form.
     void Cancel(bool value);                   ///< Pressed by Escape.
     void Picture(const std::string& resource); ///< An icon beside or instead of the caption.
+    /// The colour of the face, a `SystemColour` at the start. Another is shown exactly, with the caption in
+    /// black or white on it, whichever can be read.
+    Colour BackColor() const { return backColor_; }
+    void BackColor(Colour value);
 
   private:
     std::string caption_;
+    Colour backColor_ = kSystemMenu;
 };
 
 /// A frame with a caption around other controls; children in twips.

@@ -3,9 +3,13 @@
 
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
+#include "surface/window/Painting_native.h"
+#include "surface/window/SystemColours.h"
 
 #include <functional>
 #include <QAbstractSlider>
+#include <QGuiApplication>
+#include <QPalette>
 #include <QSignalBlocker>
 
 namespace pintalux {
@@ -28,6 +32,14 @@ void Quietly(const Control& control, Step step) {
 /// Runs an event that came by hand, if the form listens to it.
 inline void RunByHand(const std::function<void()>& event) {
     if (event) RunEvent(EventKind::Ordinary, event);
+}
+
+/// What a colour looks like: a `SystemColour` comes from the desktop's palette.
+inline QColor DesktopColour(Colour colour) {
+    const QPalette palette = QGuiApplication::palette();
+    if (colour == kSystemMenu) return palette.color(QPalette::Window);
+    if (colour == kSystem3DLight) return palette.color(QPalette::Midlight);
+    return ToQColor(colour);
 }
 
 /// Routes what the hand does to a bar or slider: `moved` takes the new value and is true if it was another;

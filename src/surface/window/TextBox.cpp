@@ -161,6 +161,15 @@ void TextBox::Locked(bool value) {
     Quietly<QLineEdit>(*this, [&](QLineEdit& line) { line.setReadOnly(value); });
 }
 
+void TextBox::BackColor(Colour value) {
+    backColor_ = value;
+    Quietly<QLineEdit>(*this, [&](QLineEdit& line) {
+        QPalette palette = line.palette();
+        palette.setColor(QPalette::Base, DesktopColour(value));
+        line.setPalette(palette);
+    });
+}
+
 void TextBox::SelectAll() {
     Quietly<QLineEdit>(*this, [](QLineEdit& line) { line.selectAll(); });
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "surface/window/Control.h"
+#include "surface/window/SystemColours.h"
 
 #include <functional>
 #include <string>
@@ -18,6 +19,9 @@ class TextBox : public Control {
     void MaxLength(int value);           ///< In characters; 0: no limit. Error 380 if negative.
     void Locked(bool value);
     void SelectAll();
+    /// The colour behind the text; it may be a `SystemColour`. At the start it is the desktop's for input.
+    Colour BackColor() const { return backColor_; }
+    void BackColor(Colour value);
 
     /// Before a character lands: 8 is backspace; set to 0 to swallow it, to another to put that in its place.
     /// Cursor keys, Delete, Tab, Enter, Escape and shortcuts do not pass here; pasted characters do, one by
@@ -34,6 +38,7 @@ class TextBox : public Control {
   private:
     std::string text_;
     int maxLength_ = 0;
+    Colour backColor_ = kWhite;
 };
 
 } // namespace pintalux
