@@ -6,6 +6,7 @@
 // of work with several images; 0: the system hands out fresh memory and clears it page by page.
 #include "base/Parallel.h"
 #include "document/Globals.h"
+#include "imageops/Frames.h"
 #include "imageops/ImgFiltMod.h"
 #include "surface/raster/Transfer.h"
 #include "surface/system/App.h"
@@ -204,6 +205,76 @@ void Turn(benchmark::State& state) {
         RotateImage(b.work, b.live, angle);
     });
 }
+/// A frame painted on the photo; `ns` is the time for each pixel of its bands.
+void Frame(benchmark::State& state, int size, const std::function<void(Bench&)>& frame) {
+    const double bandPixels = 2.0 * size * (kWidth + kHeight);
+    Best best;
+    for (auto _ : state) {
+        theBench->live.Picture(theBench->photo);
+        theBench->work.Picture(theBench->photo);
+        state.SetIterationTime(best.Run([&] { frame(*theBench); }));
+    }
+    state.counters["ms"] = best.wall * 1e3;
+    state.counters["ns"] = best.cpu * 1e9 / bandPixels;
+}
+void FramePlain(benchmark::State& state) {
+    Frame(state, 20, [](Bench& b) { PlainFrame(b.work, b.live, 20, 0x3264C8, true, true, b.Pb); });
+}
+void FrameBevel(benchmark::State& state) {
+    Frame(state, 20, [](Bench& b) {
+        std::int16_t highlight = 60;
+        std::int16_t shadow = 120;
+        BevelFrame(b.work, b.live, 20, highlight, shadow, false, false, b.Pb);
+    });
+}
+void FrameFadedBevel(benchmark::State& state) {
+    Frame(state, 20, [](Bench& b) {
+        std::int16_t highlight = 60;
+        std::int16_t shadow = 120;
+        FadedBevelFrame(b.work, b.live, 20, highlight, shadow, false, false, b.Pb);
+    });
+}
+void FrameMould(benchmark::State& state) {
+    Frame(state, 60, [](Bench& b) {
+        std::int16_t size = 80;
+        MouldFrame(b.work, b.live, size, 50, 0xC0C0C0, b.Pb);
+    });
+}
+void FrameRidge(benchmark::State& state) {
+    Frame(state, 10, [](Bench& b) {
+        std::int16_t size = 80;
+        RidgeFrame(b.work, b.live, size, false, false, true, b.Pb);
+    });
+}
+/// The stretch of a new size: the photo, or a quarter of it, to `percent`.
+void Stretch(benchmark::State& state) {
+    const auto percent = static_cast<int>(state.range(1));
+    const int width = percent > 100 ? kWidth / 2 : kWidth;
+    const int height = percent > 100 ? kHeight / 2 : kHeight;
+    Measure(state, Photo(width, height), [=](Bench& b) {
+        b.live.AutoSize(false);
+        b.live.Width(width * percent / 100);
+        b.live.Height(height * percent / 100);
+        b.live.Picture({});
+        StretchBlt(b.live.hDC(), {0, 0, width * percent / 100, height * percent / 100}, b.work.hDC(),
+                   {0, 0, width, height}, SRCCOPY);
+        b.live.AutoSize(true);
+    });
+}
+/// The copy into a larger canvas.
+void Borders(benchmark::State& state) {
+    Measure(state, theBench->photo, [](Bench& b) {
+        constexpr int kMargin = 21;
+        b.live.AutoSize(false);
+        b.live.Picture({});
+        b.live.Width(kWidth + 2 * kMargin);
+        b.live.Height(kHeight + 2 * kMargin);
+        b.live.BackColor(0x3264C8);
+        StretchBlt(b.live.hDC(), {kMargin, kMargin, kWidth, kHeight}, b.work.hDC(), {0, 0, kWidth, kHeight},
+                   SRCCOPY);
+        b.live.AutoSize(true);
+    });
+}
 /// A freehand piece as large as the image, dropped `state.range(1)` pixels right and down of its place.
 void MaskedCommit(benchmark::State& state) {
     const auto at = static_cast<int>(state.range(1));
@@ -235,6 +306,22 @@ BENCHMARK(Soften)->Apply(Settings);
 BENCHMARK(Outline)->Apply(Settings);
 BENCHMARK(Turn)->Apply(Settings);
 BENCHMARK(Scatter)->Apply(Settings);
+void FrameSettings(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(15);
+}
+BENCHMARK(FramePlain)->Apply(FrameSettings);
+BENCHMARK(FrameBevel)->Apply(FrameSettings);
+BENCHMARK(FrameFadedBevel)->Apply(FrameSettings);
+BENCHMARK(FrameMould)->Apply(FrameSettings);
+BENCHMARK(FrameRidge)->Apply(FrameSettings);
+BENCHMARK(Borders)->Apply(Settings);
+BENCHMARK(Stretch)
+    ->ArgNames({"kept", "percent"})
+    ->Args({1, 50})
+    ->Args({1, 200})
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(15);
 BENCHMARK(MaskedCommit)
     ->ArgNames({"kept", "at"})
     ->Args({1, 0})
