@@ -9,6 +9,7 @@
 #include "document/Workspace.h"
 #include "document/Zoom.h"
 #include "imageops/ImageCommands.h"
+#include "imageops/SizeCommands.h"
 #include "selection/EditCommands.h"
 #include "selection/RectangleSelection.h"
 #include "settings/frmPrefs.h"
@@ -55,6 +56,9 @@ void frmMainForm::ConnectMenus() {
     mnuRotate90.Click = [] { mnuRotate90_Click(); };
     mnuRotate180.Click = [] { mnuRotate180_Click(); };
     mnuRotate270.Click = [] { mnuRotate270_Click(); };
+    mnuResize.Click = [] { mnuResize_Click(); };
+    mnuAddBorders.Click = [] { mnuAddBorders_Click(); };
+    mnuBorderWiz.Click = [] { mnuBorderWiz_Click(); };
     mnuFiltBrow.Click = [] { mnuFiltBrow_Click(); };
     mnuColInc.Click = [](int Index) { mnuColInc_Click(Index); };
     mnuColRed.Click = [](int Index) { mnuColRed_Click(Index); };

@@ -5,7 +5,10 @@
 #include "base/RuntimeError.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
+#include "imageops/frmAddBord.h"
+#include "imageops/frmBWiz.h"
 #include "imageops/frmFiltBrow.h"
+#include "imageops/frmResize.h"
 #include "settings/frmPrefs.h"
 #include "surface/system/App.h"
 #include "surface/system/Settings.h"
@@ -37,7 +40,10 @@ void frmMainForm::MDIForm_Unload() {
 
 void frmMainForm::UnloadDialogs() {
     frmNew.Unload();
+    frmResize.Unload();
     frmFiltBrow.Unload();
+    frmAddBord.Unload();
+    frmBWiz.Unload();
     frmSplash.Unload();
     frmPrefs.Unload();
 }

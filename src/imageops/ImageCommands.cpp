@@ -3,7 +3,6 @@
 #include "base/Arithmetic.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
-#include "document/Zoom.h"
 #include "imageops/frmFiltBrow.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Scaffold.h"
@@ -25,19 +24,7 @@ void Turn(double angle) {
     frmImage& image = WholeImageForOperation();
     TakeSource(image);
     RotateImage(image.picsource, image.PicMerge, angle);
-    // The image is shown pixel for pixel, so that the whole of it is seen in its new shape.
-    const double factor = image.factor;
-    image.factorlevel = kActualLevel;
-    ApplyZoomLevel();
-    ScaleRectangle(image, image.factor / factor);
-    image.Image1.Height(image.PicMerge.ScaleHeight());
-    image.Image1.Width(image.PicMerge.ScaleWidth());
-    image.PicBG.Height(image.PicMerge.ScaleHeight());
-    image.PicBG.Width(image.PicMerge.ScaleWidth());
-    FitWindow(image);
-    image.Image1.Picture(image.PicMerge.Image());
-    image.Picsize();
-    image.drawrulers();
+    ShowActualSize(image);
     image.Backup();
 }
 

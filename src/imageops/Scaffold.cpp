@@ -6,6 +6,7 @@
 #include "document/Globals.h"
 #include "document/Selection.h"
 #include "document/Workspace.h"
+#include "document/Zoom.h"
 #include "imageops/Sample.h"
 #include "surface/raster/PixelWrite.h"
 #include "surface/window/Events.h"
@@ -201,6 +202,25 @@ void Commit(frmImage& image, Target target) {
 void FinishOperation(frmImage& image) {
     ShowMerge(image);
     image.Backup();
+}
+
+void ShowNewSize(frmImage& image, double factor) {
+    image.PicBG.Width(image.PicMerge.Width() * factor);
+    image.PicBG.Height(image.PicMerge.Height() * factor);
+    image.Image1.Width(image.PicMerge.ScaleWidth() * factor);
+    image.Image1.Height(image.PicMerge.ScaleHeight() * factor);
+    ShowMerge(image);
+}
+
+void ShowActualSize(frmImage& image) {
+    const double factor = image.factor;
+    image.factorlevel = kActualLevel;
+    ApplyZoomLevel();
+    ScaleRectangle(image, image.factor / factor);
+    ShowNewSize(image, 1);
+    FitWindow(image);
+    image.Picsize();
+    image.drawrulers();
 }
 
 void FitWindow(frmImage& image) {

@@ -105,6 +105,13 @@ void Commit(frmImage& image, Target target);
 /// Shows the image and records one undo state.
 void FinishOperation(frmImage& image);
 
+/// Shows an image whose size has changed, at `factor` view pixels for each of its own.
+void ShowNewSize(frmImage& image, double factor);
+
+/// Shows the active document, whose size has changed, pixel for pixel, so that tools hit what they point at:
+/// its window fits, its scroll bars and rulers follow.
+void ShowActualSize(frmImage& image);
+
 /// The document's window takes the size of the image, with the rulers' if they are on, unless it is
 /// maximised. A window that grows stays within the workspace.
 void FitWindow(frmImage& image);

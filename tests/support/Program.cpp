@@ -6,7 +6,10 @@
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "document/Workspace.h"
+#include "imageops/Frames.h"
+#include "imageops/frmAddBord.h"
 #include "imageops/frmFiltBrow.h"
+#include "imageops/frmResize.h"
 #include "imageops/RandomNumbers.h"
 #include "selection/ModClipHook.h"
 #include "settings/frmPrefs.h"
@@ -45,6 +48,13 @@ void ResetGlobals() {
     FreeSelActive = FreePasteActive = PasteFloating = false;
     FiltIndex = FiltLevel = 0;
     FiltCancelled = false;
+    BWizStyle = BWizSize = BWizHighlight = BWizShadow = BWizFrameSize = 0;
+    BWizColour = kBlack;
+    BWizOuterLine = BWizInnerLine = BWizCancelled = false;
+    BordersAdded = false;
+    ResizeRatio = 1;
+    ResizeCancelled = false;
+    ResizeHeightTwips = ResizeWidthTwips = 0;
     ClipCaptureOff = false;
     OldWindowProc = {};
     MRUlimit = 0;

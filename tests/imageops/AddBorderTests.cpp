@@ -1,0 +1,246 @@
+// The dialog that grows the canvas: its boxes and bars, what it makes of the document, what it refuses.
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+
+#include "document/Globals.h"
+#include "imageops/frmAddBord.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+
+namespace pintalux {
+namespace {
+
+class AddBorderTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        Start();
+    }
+    static void InDialog(const std::function<void()>& act) {
+        const DialogScript script({[&](QWidget&) {
+            act();
+            if (frmAddBord.Loaded()) ClickWidget(WidgetFor(frmAddBord->cmdCancel));
+        }});
+        Choose(frmMain->mnuAddBorders);
+        EXPECT_FALSE(frmAddBord.Loaded());
+    }
+    static void PressApply() { ClickWidget(WidgetFor(frmAddBord->cmdApply)); }
+    static std::vector<std::string> Texts() {
+        return {frmAddBord->txtTop.Text(), frmAddBord->txtBottom.Text(), frmAddBord->txtLeft.Text(),
+                frmAddBord->txtRight.Text()};
+    }
+    static void SetMargins(int top, int bottom, int left, int right) {
+        frmAddBord->VSTop.Value(400 - top);
+        frmAddBord->VSBottom.Value(400 - bottom);
+        frmAddBord->VSLeft.Value(400 - left);
+        frmAddBord->VSRight.Value(400 - right);
+    }
+    static void Retype(TextBox& box, const std::string& text) {
+        auto& line = dynamic_cast<QLineEdit&>(WidgetFor(box));
+        line.selectAll();
+        Type(line, text);
+    }
+    static int StateCount(const frmImage& image) { return image.ListBUorder.ListCount(); }
+};
+
+} // namespace
+
+TEST_F(AddBorderTest, OpensWithOneRowOnTop) {
+    NewDocument(20, 10);
+    InDialog([] {
+        EXPECT_EQ(Texts(), (std::vector<std::string>{"1", "0", "0", "0"}));
+        EXPECT_EQ(frmAddBord->VSTop.Value(), 399);
+        EXPECT_EQ(frmAddBord->VSLeft.Value(), 400);
+        EXPECT_EQ(frmAddBord->VSLeft.Max(), 400);
+        EXPECT_EQ(frmAddBord->Combo1.Text(), "Branco");
+        EXPECT_EQ(frmAddBord->ChSym.Value(), 0);
+    });
+}
+
+TEST_F(AddBorderTest, AppliedAtOnceItAddsOneRowOnTop) {
+    const Picture picture = RandomPicture(20, 10, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    InDialog([] { PressApply(); });
+    Picture expected = Solid(20, 11, kWhite);
+    expected.Copy(0, 1, picture, picture.Bounds());
+    ExpectSamePixels(ImageOf(image), expected);
+    EXPECT_EQ(StateCount(image), 2);
+}
+
+TEST_F(AddBorderTest, EachSideGrowsByItsMarginInTheChosenColour) {
+    const Colour colours[] = {0xFFFFFF, 0, 0x0000FF, 0x00FF00, 0xFF0000, 0x123456};
+    const Picture picture = RandomPicture(20, 10, 3);
+    for (int index = 0; index < 6; ++index) {
+        frmImage& image = OpenPicture("a.bmp", picture);
+        InDialog([=] {
+            SetMargins(2, 3, 4, 5);
+            frmAddBord->Combo1.ListIndex(index);
+            // The current colour counts as it is when the button is pressed.
+            frmMain->SetCurrentColour(0x123456);
+            PressApply();
+        });
+        Picture expected = Solid(29, 15, colours[index]);
+        expected.Copy(4, 2, picture, picture.Bounds());
+        ExpectSamePixels(ImageOf(image), expected);
+        ExpectSamePixels(image.Image1.Picture(), expected);
+        ExpectSamePixels(image.Pic1BU.Image(), expected);
+        EXPECT_EQ(image.Image1.Width(), 29);
+        EXPECT_EQ(image.PicBG.Height(), 15);
+        EXPECT_EQ(image.SelectLeft, 4);
+        EXPECT_EQ(image.SelectTop, 2);
+        EXPECT_EQ(image.Selectwidth, 20);
+        EXPECT_EQ(image.Selectheight, 10);
+        EXPECT_EQ(image.Width(), 29 * 15 + 120);
+        EXPECT_EQ(image.Height(), 15 * 15 + 420);
+        EXPECT_FALSE(ScreenLocked());
+        Choose(frmMain->mnuEditUndo);
+        ExpectSamePixels(ImageOf(image), picture);
+        Choose(frmMain->mnuEditRedo);
+        ExpectSamePixels(ImageOf(image), expected);
+    }
+}
+
+TEST_F(AddBorderTest, SymmetricalMarginsMoveTogether) {
+    NewDocument(20, 10);
+    InDialog([] {
+        frmAddBord->ChSym.Value(1);
+        EXPECT_EQ(Texts(), (std::vector<std::string>{"1", "0", "0", "0"}));
+        frmAddBord->VSLeft.Value(370);
+        EXPECT_EQ(Texts(), (std::vector<std::string>(4, "30")));
+        Retype(frmAddBord->txtBottom, "12");
+        EXPECT_EQ(Texts(), (std::vector<std::string>(4, "12")));
+        frmAddBord->ChSym.Value(0);
+        frmAddBord->VSRight.Value(399);
+        EXPECT_EQ(Texts(), (std::vector<std::string>{"12", "12", "12", "1"}));
+    });
+}
+
+TEST_F(AddBorderTest, ANumberAbove400BecomesItAtTheKeysRelease) {
+    NewDocument(20, 10);
+    InDialog([] {
+        Retype(frmAddBord->txtTop, "999");
+        EXPECT_EQ(frmAddBord->txtTop.Text(), "400");
+        EXPECT_EQ(frmAddBord->VSTop.Value(), 0);
+    });
+}
+
+TEST_F(AddBorderTest, OnlyDigitsAreTyped) {
+    NewDocument(20, 10);
+    InDialog([] {
+        Retype(frmAddBord->txtLeft, "1a2-.3");
+        EXPECT_EQ(frmAddBord->txtLeft.Text(), "123");
+        Type(WidgetFor(frmAddBord->txtLeft), "\b");
+        EXPECT_EQ(frmAddBord->txtLeft.Text(), "12");
+        EXPECT_EQ(frmAddBord->VSLeft.Value(), 388);
+    });
+}
+
+// No key is released by a paste of the pointer, so that the bar does not hear of it.
+TEST_F(AddBorderTest, WhatIsPastedIsDigitsAndAtMost400) {
+    frmImage& image = NewDocument(20, 10, 0x3264C8);
+    InDialog([] {
+        auto& line = dynamic_cast<QLineEdit&>(WidgetFor(frmAddBord->txtLeft));
+        line.clear();
+        line.insert("99999999999999999999");
+        PressApply();
+    });
+    EXPECT_EQ(ImageOf(image).Width(), 420);
+    EXPECT_TRUE(untrapped.empty());
+}
+
+TEST_F(AddBorderTest, EmptyBoxesGiveTheSameImageAndAState) {
+    const Picture picture = RandomPicture(20, 10, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    InDialog([] {
+        for (TextBox* box :
+             {&frmAddBord->txtTop, &frmAddBord->txtBottom, &frmAddBord->txtLeft, &frmAddBord->txtRight})
+            box->Text("");
+        PressApply();
+    });
+    ExpectSamePixels(ImageOf(image), picture);
+    EXPECT_EQ(StateCount(image), 2);
+}
+
+TEST_F(AddBorderTest, EveryOtherWayOutChangesNothing) {
+    frmImage& image = NewDocument(20, 10, 0x3264C8);
+    const double width = image.Width();
+    for (const DialogScript::Step& leave :
+         {DialogScript::Step([](QWidget&) { ClickWidget(WidgetFor(frmAddBord->cmdCancel)); }),
+          PressesEscape(), ClosesDialog()}) {
+        const DialogScript script({[&](QWidget& dialog) {
+            SetMargins(9, 9, 9, 9);
+            leave(dialog);
+        }});
+        Choose(frmMain->mnuAddBorders);
+        ExpectSamePixels(ImageOf(image), Solid(20, 10, 0x3264C8));
+        EXPECT_EQ(StateCount(image), 1);
+        EXPECT_EQ(image.Width(), width);
+    }
+}
+
+// A side above 32000 could not be recorded.
+TEST_F(AddBorderTest, ASideThatCouldNotBeRecordedIsRefused) {
+    frmImage& image = NewDocument(31900, 2, 0x3264C8);
+    const DialogScript script({[](QWidget&) {
+                                   SetMargins(0, 0, 100, 1);
+                                   PressApply();
+                                   EXPECT_TRUE(frmAddBord.Loaded());
+                                   SetMargins(0, 0, 100, 0);
+                                   PressApply();
+                               },
+                               PressesButton("OK")});
+    Choose(frmMain->mnuAddBorders);
+    EXPECT_NE(script.Dialog(1).text.find("32001 por 2"), std::string::npos);
+    EXPECT_EQ(ImageOf(image).Width(), 32000);
+    EXPECT_EQ(StateCount(image), 2);
+    EXPECT_TRUE(untrapped.empty());
+}
+
+TEST_F(AddBorderTest, TheViewKeepsItsZoom) {
+    frmImage& image = NewDocument(20, 10);
+    Choose(frmMain->mnuZoomInX(2));
+    ASSERT_EQ(image.factor, 3);
+    InDialog([] { PressApply(); });
+    EXPECT_EQ(image.factor, 3);
+    EXPECT_EQ(image.Image1.Width(), 60);
+    EXPECT_EQ(image.Image1.Height(), 33);
+    EXPECT_EQ(image.PicBG.Height(), 33);
+}
+
+TEST_F(AddBorderTest, WithRulersTheWindowHasRoomForThem) {
+    frmImage& image = NewDocument(40, 30);
+    Choose(frmMain->mnuViewRulers);
+    InDialog([] { PressApply(); });
+    EXPECT_EQ(image.Width(), image.LeftRuler.Width() + 40 * 15 + 120);
+    EXPECT_EQ(image.Height(), image.TopRuler.Height() + 31 * 15 + 420);
+    Choose(frmMain->mnuViewRulers);
+}
+
+// The piece was lifted at 5, 4; over the larger image it lies at 5, 4 still, and drops there.
+TEST_F(AddBorderTest, ARectangleThatFloatsStaysAtItsPlace) {
+    frmImage& image = OpenPicture("a.bmp", RandomPicture(30, 20, 3));
+    CurrentTool = 13;
+    Drag(image, {{5, 4}, {10, 10}, {20, 14}});
+    ASSERT_TRUE(image.PicSelect.Visible());
+    const double left = image.PicSelect.Left();
+    InDialog([] {
+        SetMargins(2, 0, 3, 0);
+        PressApply();
+    });
+    EXPECT_TRUE(image.PicSelect.Visible());
+    EXPECT_EQ(image.PicSelect.Left(), left);
+    const Picture grown = ImageOf(image);
+    const Picture piece = image.SelHolder.Image();
+    Choose(frmMain->mnuColInc(0));
+    EXPECT_FALSE(image.PicSelect.Visible());
+    for (const Box& box : Bitmap::Difference(grown, ImageOf(image))) {
+        const Box changed = Bitmap::Shrunk(grown, ImageOf(image), box);
+        EXPECT_EQ(Intersection(changed, {5, 4, 5 + piece.Width(), 4 + piece.Height()}), changed);
+    }
+}
+
+} // namespace pintalux
