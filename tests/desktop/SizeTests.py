@@ -1,0 +1,142 @@
+"""Frames, borders and new sizes: from the menu over the dialog, by keys and by the bars' arrows, to the saved file."""
+from desktop import desktop_test, wait_for
+from FilterTests import expect_saved, start
+from pictures import Picture
+from roads import BLACK, MAIN, WHITE, sample
+
+WIZARD, BORDERS, RESIZE = " Molduras", "Inserir Bordos", "Redimensionar a Imagem"
+FROM_THE_END = {WIZARD: 4, BORDERS: 5, RESIZE: 6}  # places in the menu
+PLAIN = 4  # place in the list of styles
+
+
+def open_dialog(desktop, title):
+    desktop.menu("i", *["Up"] * FROM_THE_END[title], "Return")
+    return desktop.wait_for_window(title)
+
+
+def accept(desktop, title):
+    """Presses Enter in a dialog and waits for the state that it leaves."""
+    before = len(desktop.state_files())
+    desktop.keys("Return")
+    desktop.wait_until_gone(title)
+    desktop.wait_for_window(MAIN)
+    wait_for(lambda: len(desktop.state_files()) == before + 1, "one state is recorded")
+
+
+def framed(picture, size, colour):
+    """The picture with four bands of `size` - 1 pixels, counted from row and column 1, and a black line around it."""
+    result = Picture(picture.width, picture.height, [bytearray(row) for row in picture.rows])
+    right, bottom = picture.width - 1, picture.height - 1
+    for y in range(picture.height):
+        for x in range(picture.width):
+            if x in (0, right) or y in (0, bottom):
+                result.put(x, y, BLACK)
+            elif x < size or y < size or x > right - size or y > bottom - size + 1:
+                result.put(x, y, colour)
+    return result
+
+
+def grown(picture, top, bottom, left, right, colour):
+    result = Picture.filled(picture.width + left + right, picture.height + top + bottom, colour)
+    for y in range(picture.height):
+        for x in range(picture.width):
+            result.put(left + x, top + y, picture.at(x, y))
+    return result
+
+
+def stretched(picture, width, height):
+    """Each pixel takes the one under its middle, of two neighbours that meet there the first."""
+    def cell(place, source, destination):
+        return -(-(2 * place + 1) * source // (2 * destination)) - 1
+    result = Picture.filled(width, height, WHITE)
+    for y in range(height):
+        for x in range(width):
+            result.put(x, y, picture.at(cell(x, picture.width, width), cell(y, picture.height, height)))
+    return result
+
+
+@desktop_test
+def FrameIsChosenTriedAndSaved(desktop):
+    picture = sample(120, 90)
+    path, _, _ = start(desktop, picture)
+    open_dialog(desktop, WIZARD)
+    desktop.keys(*["Down"] * PLAIN)
+    desktop.keys("Tab", *["Right"] * 5)  # the size
+    desktop.keys("alt+f", "alt+v")
+    expected = framed(picture, 5, BLACK)
+    accept(desktop, WIZARD)
+    desktop.wait_for_picture(expected)
+    expect_saved(desktop, path, expected)
+
+
+@desktop_test
+def FrameThatIsCancelledLeavesTheImage(desktop):
+    picture = sample(120, 90)
+    start(desktop, picture)
+    open_dialog(desktop, WIZARD)
+    desktop.keys("Tab", *["Right"] * 5, "alt+v", "Escape")
+    desktop.wait_until_gone(WIZARD)
+    desktop.wait_for_picture(picture)
+    assert len(desktop.state_files()) == 1
+
+
+@desktop_test
+def BordersAreTypedAndSaved(desktop):
+    picture = sample(120, 90)
+    path, _, _ = start(desktop, picture)
+    open_dialog(desktop, BORDERS)
+    desktop.type("12")
+    desktop.keys("Tab")
+    desktop.type("3")
+    desktop.keys("Tab")
+    desktop.type("999")
+    desktop.keys("BackSpace", "BackSpace")  # of the 400 that it became
+    desktop.keys("alt+c", "Down")  # black
+    expected = grown(picture, 12, 3, 4, 0, BLACK)
+    accept(desktop, BORDERS)
+    desktop.wait_for_picture(expected)
+    expect_saved(desktop, path, expected)
+
+
+@desktop_test
+def SymmetricalBordersFollowEachOther(desktop):
+    picture = sample(120, 90)
+    path, _, _ = start(desktop, picture)
+    open_dialog(desktop, BORDERS)
+    desktop.keys("alt+s")
+    desktop.keys("alt+e")
+    desktop.type("7")
+    desktop.keys("alt+c", "Down", "Down")  # red
+    expected = grown(picture, 7, 7, 7, 7, (255, 0, 0))
+    accept(desktop, BORDERS)
+    desktop.wait_for_picture(expected)
+    expect_saved(desktop, path, expected)
+
+
+@desktop_test
+def NewWidthTakesTheHeightAlong(desktop):
+    picture = sample(120, 90)
+    path, _, _ = start(desktop, picture)
+    open_dialog(desktop, RESIZE)
+    desktop.type("80")
+    expected = stretched(picture, 80, 60)
+    accept(desktop, RESIZE)
+    desktop.wait_for_picture(expected)
+    expect_saved(desktop, path, expected)
+
+
+@desktop_test
+def PercentageEnlargesTheImageAndIsUndone(desktop):
+    picture = sample(120, 90)
+    path, _, _ = start(desktop, picture)
+    open_dialog(desktop, RESIZE)
+    desktop.keys("alt+p", "Tab")
+    desktop.keys("ctrl+a")
+    desktop.type("200")
+    expected = stretched(picture, 240, 180)
+    accept(desktop, RESIZE)
+    desktop.wait_for_picture(expected)
+    expect_saved(desktop, path, expected)
+    desktop.keys("ctrl+d")
+    desktop.wait_for_picture(picture)
+    expect_saved(desktop, path, picture)
