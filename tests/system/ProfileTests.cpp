@@ -140,5 +140,42 @@ TEST(Windows1252, WhatItLacksIsAQuestionMark) {
     EXPECT_EQ(ToWindows1252("\xFF\x80x"), "??x");
 }
 
+TEST(Profile, SeveralKeysAreReadAtOnce) {
+    const Sandbox box;
+    PutBytes(box / "a", "[S]\na=1\n b = \"2 \"\n[T]\nc=3\n");
+    std::vector<SettingText> values = {{"A", "old"}, {"b", {}}, {"c", "old"}};
+    ProfileReadKeys(box / "a", "s", values, 1000);
+    EXPECT_EQ(values[0].text, "1");
+    EXPECT_EQ(values[1].text, "2 ");
+    EXPECT_EQ(values[2].text, "");
+}
+
+TEST(Profile, SeveralKeysOfAFileThatIsTooLongOrMissingAreAnError) {
+    const Sandbox box;
+    PutBytes(box / "a", "[S]\na=1\n");
+    std::vector<SettingText> values = {{"a", {}}};
+    EXPECT_NO_THROW(ProfileReadKeys(box / "a", "S", values, 8));
+    EXPECT_THROW(ProfileReadKeys(box / "a", "S", values, 7), RuntimeError);
+    EXPECT_THROW(ProfileReadKeys(box / "none", "S", values, 100), RuntimeError);
+}
+
+TEST(Profile, NewFileHoldsNothingOfTheOldOne) {
+    const Sandbox box;
+    PutBytes(box / "a", "; mine\r\n[S]\r\nold=1\r\n[T]\r\nb=2\r\n");
+    ProfileWriteNew(box / "a", "S", {{" 0", " 1"}, {" 1", ""}, {" 2", " 3\r\nx=4"}});
+    EXPECT_EQ(BytesOf(box / "a"), "[S]\r\n 0= 1\r\n 2= 3\r\n");
+    EXPECT_EQ(box.Names(), (std::vector<std::string>{"a"}));
+}
+
+TEST(Profile, NewFileThatCannotBeWrittenIsAnErrorAndLeavesTheOldOne) {
+    const Sandbox box;
+    PutBytes(box / "a", "[S]\r\nold=1\r\n");
+    FailFileOperation(2, ENOSPC);
+    EXPECT_THROW(ProfileWriteNew(box / "a", "S", {{" 0", " 1"}}), RuntimeError);
+    FailFileOperation(0, 0);
+    EXPECT_EQ(BytesOf(box / "a"), "[S]\r\nold=1\r\n");
+    EXPECT_EQ(box.Names(), (std::vector<std::string>{"a"}));
+}
+
 } // namespace
 } // namespace pintalux

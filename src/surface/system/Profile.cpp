@@ -31,15 +31,31 @@ std::string ReadProfileFile(const std::string& file) try {
     return {};
 }
 
+/// The key's text, cut to `limit` characters, which are bytes of the code page.
+std::string KeyText(const IniText& profile, const std::string& section, const std::string& key,
+                    const std::string& defaultText, std::size_t limit) {
+    const auto value = profile.Value(LineText(section), LineText(key));
+    const std::string bytes = value ? WithoutQuotes(*value) : ToWindows1252(defaultText);
+    return FromWindows1252(bytes.substr(0, limit));
+}
+
+void SetKey(IniText& profile, const std::string& section, const SettingText& value) {
+    if (value.text.empty())
+        profile.Remove(LineText(section), LineText(value.key));
+    else
+        profile.Set(LineText(section), LineText(value.key), LineText(value.text));
+}
+
+void WriteText(const std::string& file, const std::string& text) {
+    WriteFileAside(file, [&](File& out) { out.Write(std::as_bytes(std::span(text))); });
+}
+
 } // namespace
 
 std::string ProfileRead(const std::string& file, const std::string& section, const std::string& key,
                         const std::string& defaultText, std::size_t limit) {
     try {
-        const IniText profile(ReadProfileFile(file));
-        const auto value = profile.Value(LineText(section), LineText(key));
-        const std::string bytes = value ? WithoutQuotes(*value) : ToWindows1252(defaultText);
-        return FromWindows1252(bytes.substr(0, limit));
+        return KeyText(IniText(ReadProfileFile(file)), section, key, defaultText, limit);
     } catch (const RuntimeError&) {
         return defaultText;
     }
@@ -50,15 +66,11 @@ bool ProfileWriteKeys(const std::string& file, const std::string& section,
     try {
         const std::string before = ReadProfileFile(file);
         IniText profile(before);
-        for (const SettingText& value : values) {
-            if (value.text.empty())
-                profile.Remove(LineText(section), LineText(value.key));
-            else
-                profile.Set(LineText(section), LineText(value.key), LineText(value.text));
-        }
+        for (const SettingText& value : values)
+            SetKey(profile, section, value);
         const std::string text = profile.Text("\r\n");
         if (text == before) return true;
-        WriteFileAside(file, [&](File& out) { out.Write(std::as_bytes(std::span(text))); });
+        WriteText(file, text);
         return true;
     } catch (const RuntimeError&) {
         return false;
@@ -68,6 +80,21 @@ bool ProfileWriteKeys(const std::string& file, const std::string& section,
 bool ProfileWrite(const std::string& file, const std::string& section, const std::string& key,
                   const std::string& text) {
     return ProfileWriteKeys(file, section, {{key, text}});
+}
+
+void ProfileReadKeys(const std::string& file, const std::string& section, std::vector<SettingText>& values,
+                     std::size_t longest, std::size_t limit) {
+    const IniText profile(ReadWholeFile(file, longest));
+    for (SettingText& value : values)
+        value.text = KeyText(profile, section, value.key, {}, limit);
+}
+
+void ProfileWriteNew(const std::string& file, const std::string& section,
+                     const std::vector<SettingText>& values) {
+    IniText profile({});
+    for (const SettingText& value : values)
+        SetKey(profile, section, value);
+    WriteText(file, profile.Text("\r\n"));
 }
 
 } // namespace pintalux

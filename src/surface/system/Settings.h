@@ -45,4 +45,15 @@ bool ProfileWrite(const std::string& file, const std::string& section, const std
 bool ProfileWriteKeys(const std::string& file, const std::string& section,
                       const std::vector<SettingText>& values);
 
+/// Reads the texts of several keys from one opening of the file, as `ProfileRead` does: a key that is missing
+/// gets an empty text. What cannot be read, and a file of more than `longest` bytes, is an error of the file
+/// layer.
+void ProfileReadKeys(const std::string& file, const std::string& section, std::vector<SettingText>& values,
+                     std::size_t longest, std::size_t limit = 255);
+
+/// Writes a file of one section anew, aside and renamed: no key of an older file stays. Empty texts write no
+/// key. Errors of the file layer, with the old file as it was.
+void ProfileWriteNew(const std::string& file, const std::string& section,
+                     const std::vector<SettingText>& values);
+
 } // namespace pintalux
