@@ -2,10 +2,12 @@
 
 #include "surface/window/Cursors_native.h"
 
+#include <QApplication>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
+#include <QWidget>
 
 #include <algorithm>
 #include <limits>
@@ -26,6 +28,12 @@ std::vector<std::string> InstalledFamilies() {
     std::sort(families.begin(), families.end());
     families.erase(std::unique(families.begin(), families.end()), families.end());
     return families;
+}
+
+Colour FirstPixel(const QImage& image) {
+    if (image.isNull()) return -1;
+    const QRgb pixel = image.pixel(0, 0);
+    return RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
 }
 
 } // namespace
@@ -98,9 +106,15 @@ Colour ScreenPixel(const CursorPosition& place) {
     if (!screen) return -1;
     const QPoint origin = screen->geometry().topLeft();
     const QImage image = screen->grabWindow(0, place.x - origin.x(), place.y - origin.y(), 1, 1).toImage();
-    if (image.isNull()) return -1;
-    const QRgb pixel = image.pixel(0, 0);
-    return RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
+    return FirstPixel(image);
+}
+
+Colour RenderedPixel(const CursorPosition& place) {
+    const QPoint point(place.x, place.y);
+    QWidget* widget = QApplication::widgetAt(point);
+    if (!widget) return -1;
+    QWidget* window = widget->window();
+    return FirstPixel(window->grab(QRect(window->mapFromGlobal(point), QSize(1, 1))).toImage());
 }
 
 } // namespace pintalux

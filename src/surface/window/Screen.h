@@ -38,4 +38,8 @@ CursorPosition GetCursorPos();
 /// The colour that the screen shows at a place; -1 where the program may not look.
 Colour ScreenPixel(const CursorPosition& place);
 
+/// The colour that the program's own window paints at a place of the screen, for where the screen may not be
+/// looked at; -1 where none of its windows lies.
+Colour RenderedPixel(const CursorPosition& place);
+
 } // namespace pintalux
