@@ -10,6 +10,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace pintalux {
 
@@ -17,39 +18,46 @@ namespace {
 
 constexpr QRgb kPaper = 0xFFFFFFFF;
 
-/// A line of text with the place of its image relative to where the print begins.
-struct Glyphs {
-    QImage image;
-    QPoint offset;
-};
-
-Glyphs RenderLine(const QFont& font, const QString& text) {
+/// The rectangle that a line of text may cover, relative to where the print begins. Slanted and wide letters
+/// reach beyond their advance.
+QRect ReachOf(const QFont& font, const QString& text) {
     const QFontMetrics metrics(font);
-    // Slanted and wide letters reach beyond their advance.
     const int margin = metrics.height();
-    Glyphs glyphs{QImage(metrics.horizontalAdvance(text) + 2 * margin, 3 * margin, QImage::Format_RGB32),
-                  QPoint(-margin, -margin)};
-    if (glyphs.image.isNull()) throw RuntimeError(kOutOfMemory);
-    glyphs.image.fill(kPaper);
-    QPainter painter(&glyphs.image);
-    painter.setFont(font);
-    painter.setPen(Qt::black);
-    painter.drawText(margin, margin + metrics.ascent(), text);
-    return glyphs;
+    return {-margin, -margin, metrics.horizontalAdvance(text) + 2 * margin, 3 * margin};
 }
 
-/// Sets the pixels of the glyphs; gives the box they lie in.
-Box Stamp(Bitmap& bits, const Glyphs& glyphs, int x, int y, Pixel ink) {
-    const int left = x + glyphs.offset.x();
-    const int top = y + glyphs.offset.y();
-    const Box box =
-        Intersection({left, top, left + glyphs.image.width(), top + glyphs.image.height()}, bits.Bounds());
-    for (int row = box.top; row < box.bottom; ++row) {
-        for (int column = box.left; column < box.right; ++column) {
-            if (glyphs.image.pixel(column - left, row - top) != kPaper) bits.Set(column, row, ink);
+/// The part of a rectangle that lies on the bitmap once it is moved by x, y; still relative.
+QRect PartOn(const QRect& reach, int x, int y, const Bitmap& bits) {
+    const auto cut = [](int edge, int offset, int limit) {
+        return static_cast<int>(std::clamp<std::int64_t>(std::int64_t{edge} + offset, 0, limit) - offset);
+    };
+    const int left = cut(reach.left(), x, bits.Width());
+    const int top = cut(reach.top(), y, bits.Height());
+    return {left, top, cut(reach.left() + reach.width(), x, bits.Width()) - left,
+            cut(reach.top() + reach.height(), y, bits.Height()) - top};
+}
+
+/// A part of a line of text, black on paper. Of a text that is much larger than the image only what falls on
+/// it takes memory.
+QImage RenderPart(const QFont& font, const QString& text, const QRect& part) {
+    QImage image(part.size(), QImage::Format_RGB32);
+    if (image.isNull()) throw RuntimeError(kOutOfMemory);
+    image.fill(kPaper);
+    QPainter painter(&image);
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.drawText(-part.left(), QFontMetrics(font).ascent() - part.top(), text);
+    return image;
+}
+
+/// Sets the pixels of the glyphs; gives the box they lie in. The glyphs' image lies on the bitmap whole.
+Box Stamp(Bitmap& bits, const QImage& glyphs, int left, int top, Pixel ink) {
+    for (int row = 0; row < glyphs.height(); ++row) {
+        for (int column = 0; column < glyphs.width(); ++column) {
+            if (glyphs.pixel(column, row) != kPaper) bits.Set(left + column, top + row, ink);
         }
     }
-    return box;
+    return {left, top, left + glyphs.width(), top + glyphs.height()};
 }
 
 } // namespace
@@ -71,10 +79,14 @@ QFont ToQFont(const Font& font) {
 
 void Surface::Print(const std::string& text) {
     const QFont font = ToQFont(font_);
-    const Glyphs glyphs = RenderLine(font, ToQString(text));
-    const Box box =
-        Stamp(dc_.Bits(), glyphs, ToInt32(currentX_), ToInt32(currentY_), PixelOf(attributes_.ForeColor));
-    dc_.Touched(box);
+    const QString line = ToQString(text);
+    const int x = ToInt32(currentX_);
+    const int y = ToInt32(currentY_);
+    const QRect part = PartOn(ReachOf(font, line), x, y, dc_.Bits());
+    if (!part.isEmpty()) {
+        dc_.Touched(Stamp(dc_.Bits(), RenderPart(font, line, part), x + part.left(), y + part.top(),
+                          PixelOf(attributes_.ForeColor)));
+    }
     currentX_ = 0;
     currentY_ += QFontMetrics(font).height();
 }
