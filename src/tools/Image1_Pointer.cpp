@@ -26,7 +26,9 @@ void ShowImage(frmImage& image) {
 }
 
 void TakeColours(frmImage& image) {
-    // A path whose release never came must not leave its inverting dashes to the next stroke.
+    // A stroke whose release never came must not leave its inverting dashes to the next one, nor its drawing
+    // beside the picture.
+    image.PicMerge.AutoRedraw(true);
     image.PicMerge.DrawMode(kDrawCopyPen);
     image.PicMerge.DrawStyle(kDrawSolid);
     image.PicMerge.DrawWidth(TheToolSettings->Slider2.Value());

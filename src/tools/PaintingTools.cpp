@@ -1,6 +1,7 @@
 #include "tools/PaintingTools.h"
 
 #include "document/BarPositions.h"
+#include "tools/Wand.h"
 
 namespace pintalux {
 
@@ -77,6 +78,9 @@ constexpr Tool kTools[] = {
         .toolTip = "Alterar cores",
         .icon = ":/icons/colorwand.svg",
         .page = kWandPage,
+        .press = WandPress,
+        .drag = WandMove,
+        .release = WandRelease,
     },
     {
         .number = kColorPickTool,

@@ -21,6 +21,7 @@
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
 #include "surface/window/Screen.h"
+#include "tools/Wand.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -61,6 +62,7 @@ void ResetGlobals() {
     CommonDialog1 = {};
     TheRandomNumbers = RandomNumbers{};
     frmMainForm::Closing = false;
+    WandStopped = false;
     LockWindowUpdate(nullptr);
     Screen.MousePointer(kPointerDefault);
 }
