@@ -163,10 +163,27 @@ void ColourPanel::Typed(TextBox& tested, const TextBox& read, ScrollBar& bar) {
     bar.Value(bar.Max() - TypedValue);
 }
 
+namespace {
+
+/// Whether the release of a key ends some typing. Tab, Shift and the arrows type nothing, and a box that was
+/// only passed through must not touch the colour; the box of the saturation would.
+bool EndsTyping(const TextBox& text, const ScrollBar& bar, int KeyCode, int Shift) {
+    constexpr int kBackspace = 8;
+    constexpr int kDelete = 46;
+    const bool digit = KeyCode >= '0' && KeyCode <= '9' && (Shift & (kCtrlMask | kAltMask)) == 0;
+    // Pasted numbers, and digits of keyboards that have them on other keys.
+    const bool differs = text.Text() != SpinnerText(bar);
+    return digit || differs || KeyCode == kBackspace || KeyCode == kDelete;
+}
+
+} // namespace
+
 void ColourPanel::ConnectRgb(TextBox& text, ScrollBar& bar) {
     bar.Max(255);
     DigitsOnly(text);
-    text.KeyUp = [this, &text, &bar](int, int) { Typed(text, text, bar); };
+    text.KeyUp = [this, &text, &bar](int KeyCode, int Shift) {
+        if (EndsTyping(text, bar, KeyCode, Shift)) Typed(text, text, bar);
+    };
     bar.Change = bar.Scroll = [this, &text, &bar] {
         text.Text(SpinnerText(bar));
         UpdateColScrolls();
@@ -179,7 +196,9 @@ void ColourPanel::ConnectHsl(TextBox& text, ScrollBar& bar) {
     // Intended: what is typed as saturation takes the number of the hue box, so that a saturation follows the
     // hue as it always did; the spinner's arrows set it freely.
     const TextBox& read = &text == &txtSat ? txtHue : text;
-    text.KeyUp = [this, &text, &read, &bar](int, int) { Typed(text, read, bar); };
+    text.KeyUp = [this, &text, &read, &bar](int KeyCode, int Shift) {
+        if (EndsTyping(text, bar, KeyCode, Shift)) Typed(text, read, bar);
+    };
     bar.Change = bar.Scroll = [this, &text, &bar] {
         text.Text(SpinnerText(bar));
         UpdateHSLscrolls();

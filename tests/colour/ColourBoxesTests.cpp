@@ -2,6 +2,10 @@
 #include "support/Documents.h"
 #include "support/Program.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QWidget>
+
 namespace pintalux {
 namespace {
 
@@ -36,16 +40,37 @@ TEST_F(ColourBoxesTest, NumberInAnRgbBoxMovesBarAndColour) {
 }
 
 TEST_F(ColourBoxesTest, LettersAreDropped) {
-    for (TextBox* box :
-         {&frmMain->txtRed, &frmMain->txtGreen, &frmMain->txtBlue, &frmMain->txtHue, &frmMain->txtLum}) {
+    for (TextBox* box : {&frmMain->txtRed, &frmMain->txtGreen, &frmMain->txtBlue, &frmMain->txtHue,
+                         &frmMain->txtSat, &frmMain->txtLum}) {
         const std::string before = box->Text();
         Type(WidgetFor(*box), "a-x. +e");
         EXPECT_EQ(box->Text(), before) << box->Name();
     }
-    // The release of any key gives the saturation the number of the hue.
-    Type(WidgetFor(frmMain->txtSat), "q");
-    EXPECT_EQ(frmMain->txtSat.Text(), frmMain->txtHue.Text());
+    EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(10, 20, 30));
     EXPECT_TRUE(untrapped.empty());
+}
+
+// The box of the saturation would take the number of the hue at each of them.
+TEST_F(ColourBoxesTest, KeyThatTypesNothingChangesNoColour) {
+    for (TextBox* box : {&frmMain->txtRed, &frmMain->txtHue, &frmMain->txtSat, &frmMain->txtLum}) {
+        for (const int key : {Qt::Key_Tab, Qt::Key_Shift, Qt::Key_Control, Qt::Key_Left, Qt::Key_Up,
+                              Qt::Key_Home, Qt::Key_Escape, Qt::Key_Q, Qt::Key_F1}) {
+            QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(&WidgetFor(*box), &release);
+            EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(10, 20, 30)) << box->Name() << " " << key;
+        }
+        QKeyEvent copy(QEvent::KeyRelease, Qt::Key_1, Qt::ControlModifier);
+        QCoreApplication::sendEvent(&WidgetFor(*box), &copy);
+        EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(10, 20, 30)) << box->Name();
+    }
+}
+
+// A number that a menu pasted counts at the next key, whatever that is.
+TEST_F(ColourBoxesTest, PastedNumberCountsAtTheNextKey) {
+    frmMain->txtRed.Text("99");
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Tab, Qt::NoModifier);
+    QCoreApplication::sendEvent(&WidgetFor(frmMain->txtRed), &release);
+    EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(99, 20, 30));
 }
 
 TEST_F(ColourBoxesTest, EmptyBoxReadsAsZeroAndTheBarGoesToTheBottom) {
