@@ -5,18 +5,29 @@
 // the readout. `SetCurrentColour` does all four. Scroll bars are inverted: the top is the largest number.
 // Their events run nested in assignments; `ColorUpdating` stops the two sides, RGB and HSL, from driving each
 // other.
+//
+// Below them lies `ColorBox`: the spectrum, and the grid of the user's own colours. The pointer over either
+// previews a colour in `Picture6`; a press makes it the current one. What the user commits fills the grid
+// while `ColorLock` is off.
 #pragma once
 
 #include "base/Flag.h"
+#include "colour/CollectionFile.h"
 #include "colour/ModHSL.h"
 #include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
+#include "surface/window/Screen.h"
 #include "surface/window/Surface.h"
+#include "surface/window/ToolBar.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace pintalux {
+
+inline Flag ColorLock;                   ///< On: committed colours are not added to the collection.
+inline std::int16_t CollectionCount = 0; ///< The cell last filled, 1 to 78; 0 while there is none.
 
 struct ColourPanel {
     explicit ColourPanel(Container& window);
@@ -26,7 +37,6 @@ struct ColourPanel {
     CommandButton Command2;     ///< Hides the panel.
     Surface TheColor;           ///< Its background colour is the current colour.
     Label LblCurCol;            ///< "ACTUAL", laid over `TheColor`.
-    Surface Picture6;           ///< The working colour: follows the pointer over pictures and palettes.
     Surface Picture4, Picture5; ///< Fixed swatches, white and black.
     Label lblColor;             ///< The readout.
 
@@ -44,11 +54,22 @@ struct ColourPanel {
     TextBox txtLum;
     ScrollBar VSlum;
 
+    ToolBar Toolbar3;     ///< The commands of the collection.
+    Surface ColorBox;     ///< Spectrum above Y 155, the collection's grid below.
+    Display Image1;       ///< The spectrum.
+    Surface Picture6;     ///< The working colour: follows the pointer over pictures and palettes.
+    Surface picColBlowup; ///< Shades around a colour, hidden until a right press asks for them.
+
     Flag ColorUpdating;          ///< While the panel moves its own scroll bars.
     std::int16_t TypedValue = 0; ///< The number last typed into one of the six boxes.
     HslValue PanelHsl;           ///< What the three HSL boxes show.
     /// Which of the three notations the readout uses; one is set.
     Flag ColorDisplayHex, ColorDisplayRgb = true, ColorDisplayCor;
+
+    std::int16_t CollectionX = 0, CollectionY = 0; ///< Top left corner of the cell last filled, pixels.
+    CollectionTexts CollectionColors; ///< Each cell's colour as text; a cleared collection's stay.
+    Flag CollectionDirty;             ///< A cell was filled since the collection was last cleared.
+    Flag CollectionAsked;             ///< The question about unsaved colours was answered by saving them.
 
     /// Makes a colour the current one and brings caption, spinners and readout up to date.
     void SetCurrentColour(Colour c);
@@ -67,16 +88,53 @@ struct ColourPanel {
     /// A click changes the notation.
     void lblColor_Click();
 
+    // Picking (ColourPanel_Picking.cpp). Points in twips on the spectrum, in pixels on the surfaces.
+    void Image1_MouseMove(int Button);
+    void Image1_MouseDown(int Button, double X, double Y);
+    void ColorBox_MouseMove(int Button, double X, double Y);
+    void ColorBox_MouseDown(int Button, double X, double Y);
+    void picColBlowup_MouseMove();
+    /// Paints the shades around a colour, from 25 below it upwards, and shows them.
+    void ColorBlowup(Colour c);
+    /// Makes the working colour the current one and adds it to the collection unless that is locked.
+    void CommitWorkingColour();
+    /// The colour dialog's choice; black if the user cancels it.
+    Colour PickColorDialog();
+
+    // The collection (ColourPanel_Collection.cpp)
+    /// Adds the current colour to the next cell; behind the last comes the first again.
+    void loadselected();
+    /// Empties the grid. What `CollectionColors` holds stays.
+    void unloadselected();
+    /// Asks for a file and fills the grid from it; its last colour becomes the current one.
+    void OpenColors();
+    void SaveColors();
+    void Toolbar3_ButtonClick(ToolButton& button);
+
   private:
     void LayOut();
     void LayOutSwatches();
     void LayOutSpinners();
+    void LayOutBox();
+    void ConnectBox();
+    std::optional<Colour> SampleAtPointer(CursorPosition& remembered);
+    std::optional<Colour> GridColourAt(double X, double Y) const;
+    void PlaceBlowup(double left, double top);
+    void FallBackToCurrent();
+    bool SaveCollection();
+    void FillFrom(const std::vector<Colour>& colours);
+    void ToggleLock();
+    void ClearByCommand();
+    void PickByDialog();
     void ConnectRgb(TextBox& text, ScrollBar& bar);
     void ConnectHsl(TextBox& text, ScrollBar& bar);
     void Typed(TextBox& tested, const TextBox& read, ScrollBar& bar);
     void SetRgbSide(Colour c);
     void SetHslSide(Colour c);
     void ShowCaptionContrast();
+
+    // The pointer's last place in each handler that samples: where it stands still, nothing is sampled anew.
+    CursorPosition overBlowup_, spectrumPress_, overSpectrum_;
 };
 
 /// The panel of the running program; null before it is made.

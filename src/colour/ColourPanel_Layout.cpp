@@ -1,14 +1,38 @@
 // The colour panel's controls and where they lie, in pixels.
 #include "colour/ColourPanel.h"
+#include "colour/Spectrum.h"
 
 namespace pintalux {
 
 namespace {
 
+const std::vector<ToolBar::Row> kCommands = {
+    {"Lock", "Bloquear a alteração de cores", ":/icons/lock.svg"},
+    {"Unlock2", "Inserir automaticamente na minha selecção de cores", ":/icons/unlock.svg"},
+    {"Clear", "Remover a cor da selecção.", ":/icons/clear.svg"},
+    {"ColDlg", "Usar o selector de cores do Windows.", ":/icons/coldlg.svg"},
+    {"OpenCol2", "Abrir uma selecção de cores gravada anteriormente.", ":/icons/opencol.svg"},
+    {"SaveCols", "Salvar a minha selecção de cores", ":/icons/savecols.svg"},
+};
+
 constexpr double kWidth = 148;
 constexpr double kTitleHeight = 22;
 constexpr double kMargin = 8;
 constexpr double kRowHeight = 22;
+constexpr double kSwatchTop = kTitleHeight + 4;
+constexpr double kSwatchHeight = 28;
+constexpr double kReadoutTop = kSwatchTop + kSwatchHeight + 2;
+constexpr double kReadoutHeight = 18;
+constexpr double kSpinnerTop = kReadoutTop + kReadoutHeight + 4;
+constexpr double kSpinnerRows = 3;
+constexpr double kBarTop = kSpinnerTop + kSpinnerRows * (kRowHeight + 2) + 2;
+constexpr double kBarHeight = 26;
+constexpr double kBoxTop = kBarTop + kBarHeight + 2;
+constexpr double kBoxAreaWidth = 131;
+constexpr double kBoxAreaHeight = 417;
+constexpr int kCommandIcon = 16;
+constexpr double kShadesWidth = 26;
+constexpr double kShadesHeight = 102; // two rows a shade: from 25 below the colour to 25 above
 constexpr double kBoxWidth = 34;
 constexpr double kBarWidth = 16;
 constexpr ScrollBar::Direction kUpright = ScrollBar::Direction::Vertical;
@@ -29,14 +53,19 @@ void LayOutSpinner(Label& label, TextBox& text, ScrollBar& bar, double left, dou
 
 ColourPanel::ColourPanel(Container& window)
     : ColTB(window, "ColTB"), Picture1(ColTB, "Picture1"), Command2(Picture1, "Command2", ""),
-      TheColor(ColTB, "TheColor"), LblCurCol(TheColor, "LblCurCol", "ACTUAL"), Picture6(ColTB, "Picture6"),
-      Picture4(ColTB, "Picture4"), Picture5(ColTB, "Picture5"), lblColor(ColTB, "lblColor"),
-      lblRed(ColTB, "lblRed", "R"), lblGreen(ColTB, "lblGreen", "G"), lblBlue(ColTB, "lblBlue", "B"),
-      lblHue(ColTB, "lblHue", "H"), lblSat(ColTB, "lblSat", "S"), lblLum(ColTB, "lblLum", "L"),
-      txtRed(ColTB, "txtRed"), VSred(ColTB, "VSred", kUpright), txtGreen(ColTB, "txtGreen"),
-      VSgreen(ColTB, "VSgreen", kUpright), txtBlue(ColTB, "txtBlue"), VSblue(ColTB, "VSblue", kUpright),
-      txtHue(ColTB, "txtHue"), VShue(ColTB, "VShue", kUpright), txtSat(ColTB, "txtSat"),
-      VSsat(ColTB, "VSsat", kUpright), txtLum(ColTB, "txtLum"), VSlum(ColTB, "VSlum", kUpright) {
+      TheColor(ColTB, "TheColor"), LblCurCol(TheColor, "LblCurCol", "ACTUAL"), Picture4(ColTB, "Picture4"),
+      Picture5(ColTB, "Picture5"), lblColor(ColTB, "lblColor"), lblRed(ColTB, "lblRed", "R"),
+      lblGreen(ColTB, "lblGreen", "G"), lblBlue(ColTB, "lblBlue", "B"), lblHue(ColTB, "lblHue", "H"),
+      lblSat(ColTB, "lblSat", "S"), lblLum(ColTB, "lblLum", "L"), txtRed(ColTB, "txtRed"),
+      VSred(ColTB, "VSred", kUpright), txtGreen(ColTB, "txtGreen"), VSgreen(ColTB, "VSgreen", kUpright),
+      txtBlue(ColTB, "txtBlue"), VSblue(ColTB, "VSblue", kUpright), txtHue(ColTB, "txtHue"),
+      VShue(ColTB, "VShue", kUpright), txtSat(ColTB, "txtSat"), VSsat(ColTB, "VSsat", kUpright),
+      txtLum(ColTB, "txtLum"), VSlum(ColTB, "VSlum", kUpright), Toolbar3(ColTB, "Toolbar3", kCommands),
+      ColorBox(ColTB, "ColorBox"), Image1(ColorBox, "Image1"), Picture6(ColorBox, "Picture6"),
+      picColBlowup(ColorBox, "picColBlowup") {
+    // Both belong to the program, which starts with an unlocked, empty grid.
+    ColorLock = false;
+    CollectionCount = 0;
     ConnectRgb(txtRed, VSred);
     ConnectRgb(txtGreen, VSgreen);
     ConnectRgb(txtBlue, VSblue);
@@ -49,6 +78,7 @@ ColourPanel::ColourPanel(Container& window)
     lblColor.MouseDown = [this](int Button, int, double, double) {
         if (Button == kLeftButton) lblColor_Click();
     };
+    ConnectBox();
     SetCurrentColour(Picture5.BackColor());
 }
 
@@ -63,18 +93,17 @@ void ColourPanel::LayOut() {
     Command2.Move(kWidth - 20, 2, 18, 18);
     LayOutSwatches();
     LayOutSpinners();
+    LayOutBox();
 }
 
 void ColourPanel::LayOutSwatches() {
-    constexpr double kTop = kTitleHeight + 4;
     for (Surface* swatch : {&TheColor, &Picture6, &Picture4, &Picture5})
         swatch->BorderStyle(1);
-    TheColor.Move(kMargin, kTop, 76, 40);
+    TheColor.Move(kMargin, kSwatchTop, 78, kSwatchHeight);
     LblCurCol.Alignment(2);
-    LblCurCol.Move(0, 11, 76, 18);
-    Picture6.Move(kMargin + 82, kTop, 50, 18);
-    Picture4.Move(kMargin + 82, kTop + 22, 24, 18);
-    Picture5.Move(kMargin + 108, kTop + 22, 24, 18);
+    LblCurCol.Move(0, 5, 78, 18);
+    Picture4.Move(kMargin + 80, kSwatchTop, 25, kSwatchHeight);
+    Picture5.Move(kMargin + 106, kSwatchTop, 25, kSwatchHeight);
     Picture4.BackColor(kWhite);
     Picture5.BackColor(kBlack);
     TheColor.AccessibleName("Cor actual");
@@ -83,20 +112,40 @@ void ColourPanel::LayOutSwatches() {
     Picture4.ToolTipText("Branco");
     Picture5.AccessibleName("Preto");
     Picture5.ToolTipText("Preto");
-    lblColor.Move(kMargin, kTop + 46, kWidth - 2 * kMargin, 18);
+    lblColor.Move(kMargin, kReadoutTop, kBoxAreaWidth, kReadoutHeight);
     lblColor.ToolTipText("Mudar a notação");
 }
 
 void ColourPanel::LayOutSpinners() {
-    constexpr double kTop = kTitleHeight + 74;
-    constexpr double kSecond = kMargin + 70;
-    constexpr double kPitch = kRowHeight + 4;
+    constexpr double kTop = kSpinnerTop;
+    constexpr double kSecond = kMargin + 68;
+    constexpr double kPitch = kRowHeight + 2;
     LayOutSpinner(lblRed, txtRed, VSred, kMargin, kTop, "Vermelho");
     LayOutSpinner(lblGreen, txtGreen, VSgreen, kMargin, kTop + kPitch, "Verde");
     LayOutSpinner(lblBlue, txtBlue, VSblue, kMargin, kTop + 2 * kPitch, "Azul");
     LayOutSpinner(lblHue, txtHue, VShue, kSecond, kTop, "Matiz");
     LayOutSpinner(lblSat, txtSat, VSsat, kSecond, kTop + kPitch, "Saturação");
     LayOutSpinner(lblLum, txtLum, VSlum, kSecond, kTop + 2 * kPitch, "Luminosidade");
+}
+
+// The grid's six columns are 106 pixels wide; the spectrum stands over them, the working colour beside it.
+void ColourPanel::LayOutBox() {
+    constexpr double kSpectrumWidth = 106;
+    constexpr double kSpectrumHeight = 154;
+    constexpr double kWorkingLeft = kSpectrumWidth + 2;
+    Toolbar3.Move(0, kBarTop, kWidth, kBarHeight);
+    Toolbar3.ImageSize(kCommandIcon);
+    Toolbar3.AccessibleName("Selecção de cores");
+    ColorBox.Move(kMargin, kBoxTop, kBoxAreaWidth, kBoxAreaHeight);
+    ColorBox.BackColor(RGB(192, 192, 192));
+    ColorBox.AccessibleName("As minhas cores");
+    Image1.Picture(SpectrumPicture());
+    Image1.Move(0, 0, kSpectrumWidth, kSpectrumHeight);
+    Image1.AccessibleName("Espectro de cores");
+    Picture6.Move(kWorkingLeft, 0, kBoxAreaWidth - kWorkingLeft, kSpectrumHeight);
+    picColBlowup.Visible(false);
+    picColBlowup.Move(0, 0, kShadesWidth, kShadesHeight);
+    picColBlowup.AccessibleName("Tons próximos");
 }
 
 } // namespace pintalux

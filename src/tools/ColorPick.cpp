@@ -30,6 +30,7 @@ void PickRelease(frmImage& image, double X, double Y) {
     if (ColourAtTip(image, X, Y) == kNoPixel) return;
     image.curdrawcolor = TheColourPanel->Picture6.BackColor();
     TheColourPanel->SetCurrentColour(image.curdrawcolor);
+    if (!ColorLock) TheColourPanel->loadselected();
 }
 
 } // namespace pintalux

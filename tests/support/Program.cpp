@@ -62,7 +62,8 @@ void ResetGlobals() {
     CommonDialog1 = {};
     TheRandomNumbers = RandomNumbers{};
     frmMainForm::Closing = false;
-    WandStopped = false;
+    ColorLock = WandStopped = false;
+    CollectionCount = 0;
     LockWindowUpdate(nullptr);
     Screen.MousePointer(kPointerDefault);
 }
