@@ -7,11 +7,11 @@
 #include "surface/system/Clipboard.h"
 #include "tools/Image1_Pointer.h"
 #include "tools/PaintingTools.h"
+#include "tools/Text.h"
 
 namespace pintalux {
 
 AutoForm<frmMainForm> frmMain;
-Flag frmMainForm::Closing;
 
 namespace {
 
@@ -37,6 +37,7 @@ frmMainForm::frmMainForm()
     TheClipTray = this;
     TheColourPanel = this;
     ConnectFloatingSteps();
+    ConnectTextSteps();
     MainMenu::AddTo(*this);
     AlignPanel(ToolsTB, Align::Top);
     AlignPanel(ToolSettings, Align::Left);

@@ -4,6 +4,7 @@
 
 #include "colour/ColourPanel.h"
 #include "document/CommandBar.h"
+#include "document/Globals.h"
 #include "document/MainMenu.h"
 #include "selection/ClipTray.h"
 #include "surface/window/MDIForm.h"
@@ -36,7 +37,7 @@ class frmMainForm : public MDIForm,
     /// ends.
     bool HandedOver() const { return handedOver_; }
     /// Set when the main window goes for good.
-    static Flag Closing;
+    static inline Flag& Closing = ProgramClosing;
 
     void StartupConfig();
     void Timer1_Timer();

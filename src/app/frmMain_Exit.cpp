@@ -12,6 +12,7 @@
 #include "settings/frmPrefs.h"
 #include "surface/system/App.h"
 #include "surface/system/Settings.h"
+#include "tools/frmText.h"
 
 namespace pintalux {
 
@@ -44,6 +45,7 @@ void frmMainForm::UnloadDialogs() {
     frmFiltBrow.Unload();
     frmAddBord.Unload();
     frmBWiz.Unload();
+    frmText.Unload();
     frmSplash.Unload();
     frmPrefs.Unload();
 }

@@ -79,6 +79,7 @@ struct StrokeState {
     Colour curtranscolor = 0; ///< The image's background when the stroke began.
     Colour curdrawcolor = 0;  ///< What the stroke draws.
     std::int16_t PenTipX1 = 0, PenTipY1 = 0, PenTipX2 = 0, PenTipY2 = 0; ///< Offsets of a slanted tip.
+    std::int16_t TextGrabX = 0, TextGrabY = 0;                           ///< Grab offset of the dragged text.
 };
 
 /// What was done with the piece that floats.

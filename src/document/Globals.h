@@ -9,6 +9,9 @@
 
 namespace pintalux {
 
+// The program
+inline Flag ProgramClosing; ///< The main window goes for good.
+
 // Documents
 inline std::int16_t ImageCount = 0; ///< Open documents.
 inline Flag NewImageMode;           ///< Set by the first File New, and stays set.

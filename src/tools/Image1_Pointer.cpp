@@ -6,6 +6,7 @@
 #include "document/Globals.h"
 #include "surface/window/Screen.h"
 #include "tools/AutoScroll.h"
+#include "tools/Text.h"
 #include "tools/ToolSettings.h"
 #include "tools/ToolTable.h"
 
@@ -146,6 +147,7 @@ void Image1_MouseUp(frmImage& image, int Button, double X, double Y) {
 }
 
 void ConnectTools(frmImage& image) {
+    ConnectText(image);
     image.Image1.MouseDown = [&image](int Button, int, double X, double Y) {
         Image1_MouseDown(image, Button, X, Y);
     };

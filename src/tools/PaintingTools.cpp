@@ -1,6 +1,7 @@
 #include "tools/PaintingTools.h"
 
 #include "document/BarPositions.h"
+#include "tools/Text.h"
 #include "tools/Wand.h"
 
 namespace pintalux {
@@ -108,6 +109,7 @@ constexpr Tool kTools[] = {
         .key = "Text",
         .toolTip = "Inserir texto",
         .icon = ":/icons/text.svg",
+        .chosen = TextChosen,
         .returnsToToolBefore = true,
     },
 };

@@ -67,7 +67,7 @@ TEST_F(CollectionFileTest, NumbersAreTheLeadingOnesAndRound) {
 }
 
 TEST_F(CollectionFileTest, NumbersThatAreNoColoursAreLeftOut) {
-    EXPECT_EQ(Reading("[Colors]\n0=-1\n1=16777216\n2=99999999999999999999\n3=1e999\n4=16777215\n5=-0.2\n"),
+    EXPECT_EQ(Reading("[Colors]\n0=-1\n1=16777216\n2=99999999999999999999\n3=1e300\n4=16777215\n5=-0.2\n"),
               (Colours{0xFFFFFF, 0}));
 }
 

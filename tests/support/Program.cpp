@@ -61,7 +61,7 @@ void ResetGlobals() {
     MRUlimit = 0;
     CommonDialog1 = {};
     TheRandomNumbers = RandomNumbers{};
-    frmMainForm::Closing = false;
+    ProgramClosing = frmMainForm::Closing = false;
     ColorLock = WandStopped = false;
     CollectionCount = 0;
     LockWindowUpdate(nullptr);

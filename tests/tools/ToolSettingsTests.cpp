@@ -1,4 +1,5 @@
 // The tool bar's tools and the settings panel with its five pages.
+#include "support/DialogScript.h"
 #include "tools/ToolTest.h"
 
 namespace pintalux {
@@ -134,6 +135,7 @@ TEST_F(ToolSettingsTest, FileAndEditButtonsLeaveTheTool) {
 TEST_F(ToolSettingsTest, ChoosingTextReturnsToTheToolBefore) {
     NewDocument(20, 20);
     Choose("Eraser");
+    DialogScript script({ClosesDialog()});
     Choose("Text");
     EXPECT_EQ(CurrentTool, kEraserTool);
     EXPECT_EQ(frmMain->TB2.Buttons(kEraserTool).Value(), 1);

@@ -1,0 +1,220 @@
+// Floating text: its drag and its print.
+#include "tools/Text.h"
+
+#include "tools/TextTest.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QImage>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QWidget>
+
+namespace pintalux {
+namespace {
+
+/// The hand on the label: a press at the pointer's place, moves of the pointer, a release.
+class LabelHand {
+  public:
+    explicit LabelHand(frmImage& image) : widget_(WidgetFor(image.lbltext)) {}
+
+    void Press(int x, int y) {
+        QCursor::setPos(x, y);
+        Send(QEvent::MouseButtonPress);
+    }
+    static void MoveTo(int x, int y) { QCursor::setPos(x, y); }
+    void Release() { Send(QEvent::MouseButtonRelease); }
+
+  private:
+    void Send(QEvent::Type type) {
+        QMouseEvent event(type, QPointF(2, 2), widget_.mapToGlobal(QPointF(2, 2)), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget_, &event);
+    }
+    QWidget& widget_;
+};
+
+TEST_F(TextTest, DragMovesTheLabelWithThePointer) {
+    frmImage& image = NewDocument(300, 200);
+    Compose("Olá");
+    LabelHand hand(image);
+    hand.Press(103, 88);
+    EXPECT_TRUE(image.Timer3.Enabled());
+    EXPECT_EQ(image.TextGrabX, 103);
+    EXPECT_EQ(image.TextGrabY, 88);
+    hand.MoveTo(140, 101);
+    EXPECT_TRUE(WaitFor([&] { return image.lbltext.Left() == 37 && image.lbltext.Top() == 13; }));
+    hand.Release();
+    EXPECT_FALSE(image.Timer3.Enabled());
+    ExpectSamePixels(ImageOf(image), Picture(300, 200, 0xFFFFFF));
+}
+
+// Both the grab and the moves snap to the view pixels at which image pixels begin.
+TEST_F(TextTest, DragSnapsToTheGridOfImagePixels) {
+    frmImage& image = NewDocument(60, 40);
+    ZoomToLevel(18);
+    Compose("a", 0);
+    const double left = image.lbltext.Left();
+    const double top = image.lbltext.Top();
+    LabelHand hand(image);
+    hand.Press(103, 89);
+    EXPECT_EQ(image.TextGrabX, 100 - left);
+    EXPECT_EQ(image.TextGrabY, 88 - top);
+    hand.MoveTo(118, 95);
+    EXPECT_TRUE(WaitFor([&] { return image.lbltext.Left() == left + 16 && image.lbltext.Top() == top + 4; }));
+    hand.Release();
+}
+
+TEST_F(TextTest, PressPrintsTheTextWhereItFloats) {
+    frmImage& image = NewDocument(200, 100);
+    Compose("Olá");
+    image.lbltext.Left(40);
+    image.lbltext.Top(25);
+    const Picture expected = Printed(image.lbltext, 200, 100, 40, 25);
+    ASSERT_GT(InkIn(expected), 30);
+    Choose("Pen");
+    const int states = States(image);
+    Press(image, 150, 90);
+    EXPECT_FALSE(image.lbltext.Visible());
+    ExpectSamePixels(ImageOf(image), expected);
+    Release(image, 150, 90);
+    ExpectSamePixels(ImageOf(image), expected);
+    ExpectSamePixels(image.Image1.Picture(), expected);
+    EXPECT_EQ(States(image), states + 1);
+}
+
+TEST_F(TextTest, PrintTakesEveryAttributeOfTheLabel) {
+    frmImage& image = NewDocument(300, 120);
+    WithDialog([] {
+        frmText->rtftext.Text("Ção");
+        frmText->ComboFont.ListIndex(frmText->ComboFont.ListCount() - 1);
+        frmText->ComboSize.ListIndex(13);
+        frmText->ComboStyle.ListIndex(3);
+        frmText->chkStrikeTh.Value(1);
+        frmText->chkUnderlined.Value(1);
+        frmText->lblDisplay.ForeColor(RGB(200, 30, 40));
+        frmText->Command2_Click();
+    });
+    const Picture expected = Printed(image.lbltext, 300, 120, 0, 0);
+    Press(image, 250, 100);
+    Release(image, 250, 100);
+    ExpectSamePixels(ImageOf(image), expected);
+    EXPECT_EQ(image.PicMerge.FontSize(), 28);
+    EXPECT_TRUE(image.PicMerge.FontItalic());
+    EXPECT_EQ(image.PicMerge.ForeColor(), RGB(200, 30, 40));
+}
+
+TEST_F(TextTest, UndoTakesThePrintedTextAway) {
+    frmImage& image = NewDocument(200, 100);
+    Choose("Pen");
+    Compose("abc");
+    Click(image, 150, 90);
+    ASSERT_GT(InkIn(ImageOf(image)), 0);
+    pintalux::Choose(frmMain->mnuEditUndo);
+    EXPECT_EQ(InkIn(ImageOf(image)), 0);
+}
+
+// The label's size and place count as they are on the view.
+TEST_F(TextTest, PrintAtAZoomTakesTheLabelsOwnSizeAndPlace) {
+    frmImage& image = NewDocument(200, 150);
+    ZoomToLevel(16);
+    Compose("a", 9);
+    image.lbltext.Left(60);
+    image.lbltext.Top(40);
+    const Picture expected = Printed(image.lbltext, 200, 150, 60, 40);
+    ASSERT_EQ(image.lbltext.FontSize(), 40);
+    Click(image, 10, 10);
+    ExpectSamePixels(ImageOf(image), expected);
+    ASSERT_GT(InkIn(expected), 0);
+}
+
+TEST_F(TextTest, CommandPrintsWhereTheImageWasPrintedOnLast) {
+    frmImage& image = NewDocument(200, 150);
+    Compose("abc");
+    image.lbltext.Left(60);
+    image.lbltext.Top(40);
+    const Picture expected = Printed(image.lbltext, 200, 150, 0, 0);
+    const int states = States(image);
+    image.NeedtoPaste();
+    EXPECT_FALSE(image.lbltext.Visible());
+    ExpectSamePixels(ImageOf(image), expected);
+    EXPECT_EQ(States(image), states + 1);
+    const double below = image.PicMerge.CurrentY();
+    EXPECT_GT(below, 0);
+    Compose("def");
+    image.NeedtoPaste();
+    Picture both = Printed(image.lbltext, 200, 150, 0, below);
+    for (int y = 0; y < 150; ++y) {
+        for (int x = 0; x < 200; ++x) {
+            if (expected.At(x, y) != 0xFFFFFF) both.Set(x, y, expected.At(x, y));
+        }
+    }
+    ExpectSamePixels(ImageOf(image), both);
+}
+
+TEST_F(TextTest, SecondUseOfTheToolPrintsTheFirstText) {
+    frmImage& image = NewDocument(200, 100);
+    Compose("abc");
+    WithDialog([&] {
+        EXPECT_FALSE(image.lbltext.Visible());
+        EXPECT_GT(InkIn(ImageOf(image)), 0);
+        frmText->Command3_Click();
+    });
+}
+
+TEST_F(TextTest, MagnifierLeavesTheTextFloating) {
+    frmImage& image = NewDocument(200, 100);
+    Compose("abc");
+    Choose("Mag");
+    Press(image, 10, 10);
+    Release(image, 10, 10);
+    EXPECT_TRUE(image.lbltext.Visible());
+    EXPECT_EQ(InkIn(ImageOf(image)), 0);
+}
+
+// The label on the view and the print in the image are the same glyphs.
+TEST_F(TextTest, LabelShowsThePixelsThatArePrinted) {
+    frmMain->MDIForm::Move(0, 0, 12000, 9000);
+    frmMain->Show();
+    frmImage& image = NewDocument(200, 100);
+    Compose("Água");
+    image.lbltext.Left(20);
+    image.lbltext.Top(10);
+    PassEvents();
+    const QImage floating = WidgetFor(image.PicBG).grab().toImage();
+    Press(image, 150, 90);
+    Release(image, 150, 90);
+    const Picture printed = ImageOf(image);
+    ASSERT_GT(InkIn(printed), 30);
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 200; ++x) {
+            const QRgb seen = floating.pixel(x, y);
+            ASSERT_EQ(static_cast<Pixel>(RGB(qRed(seen), qGreen(seen), qBlue(seen))), printed.At(x, y))
+                << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(TextTest, TextMuchLargerThanTheImageIsCutToIt) {
+    frmImage& image = NewDocument(50, 40);
+    ZoomToLevel(30);
+    Compose(std::string(10000, 'W'), 36);
+    EXPECT_EQ(image.lbltext.FontSize(), 74 * 16);
+    image.lbltext.Left(-900);
+    image.lbltext.Top(-700);
+    Click(image, 20, 20);
+    EXPECT_FALSE(image.lbltext.Visible());
+    EXPECT_GT(InkIn(ImageOf(image)), 0);
+}
+
+TEST_F(TextTest, TextFarOutsideTheImagePrintsNothing) {
+    frmImage& image = NewDocument(50, 40);
+    Compose("abc");
+    image.lbltext.Left(30000);
+    image.lbltext.Top(-30000);
+    Click(image, 20, 20);
+    EXPECT_EQ(InkIn(ImageOf(image)), 0);
+}
+
+} // namespace
+} // namespace pintalux
