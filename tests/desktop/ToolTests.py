@@ -40,7 +40,7 @@ class Sheet:
     Points are those of the image. The hand goes to a pixel of the view that shows the point, at 3:1 to any of the nine.
     """
 
-    def __init__(self, desktop, colour, choose_colour=()):
+    def __init__(self, desktop, colour, choose_colour=(), tool="Shapes"):
         self.desktop = desktop
         self.picture = Picture.filled(SIDE, SIDE, colour)
         self.paper, self.colour = colour, BLACK
@@ -49,7 +49,7 @@ class Sheet:
         self.tip = "round"
         self.states = 1
         desktop.large_window_settings()
-        self.places = desktop.places("Shapes")  # its page lies below the pen's, which stays open
+        self.places = desktop.places(tool)  # its page lies below the pen's, which stays open
         self.process = desktop.start()
         desktop.wait_for_window(NEW)
         desktop.keys("ctrl+a", *str(SIDE), "Tab", "Tab", "ctrl+a", *str(SIDE), "Tab", "Tab", *choose_colour, "Return")
