@@ -147,7 +147,7 @@ void ToolSettingsPanel::LayOutSelection() {
 }
 
 void ToolSettingsPanel::LayOutWand() {
-    constexpr double kLabelWidth = 1050;
+    constexpr double kLabelWidth = 1320;
     Combo2.Move(kMargin, kClosedPageHeight + 60, kInnerWidth, 360);
     Combo2.AccessibleName("Modo de alterar cores");
     double top = kClosedPageHeight + 510;
