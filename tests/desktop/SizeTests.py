@@ -1,4 +1,6 @@
 """Frames, borders and new sizes: from the menu over the dialog, by keys and by the bars' arrows, to the saved file."""
+import time
+
 from desktop import desktop_test, wait_for
 from FilterTests import expect_saved, start
 from pictures import Picture
@@ -86,9 +88,9 @@ def BordersAreTypedAndSaved(desktop):
     path, _, _ = start(desktop, picture)
     open_dialog(desktop, BORDERS)
     desktop.type("12")
-    desktop.keys("Tab")
+    desktop.keys("Tab", "Tab")  # past the bar
     desktop.type("3")
-    desktop.keys("Tab")
+    desktop.keys("Tab", "Tab")
     desktop.type("999")
     desktop.keys("BackSpace", "BackSpace")  # of the 400 that it became
     desktop.keys("alt+c", "Down")  # black
@@ -130,8 +132,9 @@ def PercentageEnlargesTheImageAndIsUndone(desktop):
     picture = sample(120, 90)
     path, _, _ = start(desktop, picture)
     open_dialog(desktop, RESIZE)
-    desktop.keys("alt+p", "Tab")
-    desktop.keys("ctrl+a")
+    desktop.keys("alt+p")
+    time.sleep(0.5)  # a button that is pressed by its letter acts when it has come up again
+    desktop.keys("Tab", "ctrl+a")
     desktop.type("200")
     expected = stretched(picture, 240, 180)
     accept(desktop, RESIZE)

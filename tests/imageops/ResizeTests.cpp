@@ -9,6 +9,8 @@
 #include "surface/raster/Transfer.h"
 
 #include <cstdint>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace pintalux {
@@ -109,6 +111,28 @@ TEST_F(ResizeTest, TheGroupThatIsChosenTakesInput) {
         EXPECT_EQ(colours(), (std::vector<std::uint32_t>{0x80000004, 0x80000004, 0x80000016, 0x80000016}));
         frmResize->Option1.Value(true);
         EXPECT_TRUE(frmResize->Frame1.Enabled());
+    });
+}
+
+TEST_F(ResizeTest, TheTabKeyWalksTheChosenGroup) {
+    const auto walk = [](int steps) {
+        std::vector<std::string> names;
+        for (int step = 0; step < steps; ++step) {
+            QWidget* focus = WidgetFor(*frmResize).focusWidget();
+            if (!focus) break;
+            names.push_back(focus->objectName().toStdString());
+            QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+            QApplication::sendEvent(focus, &tab);
+        }
+        return names;
+    };
+    NewDocument(300, 200);
+    InDialog([&] {
+        frmResize->Option1.SetFocus();
+        EXPECT_EQ(walk(6), (T{"Option1", "txtPXw", "VSPXw", "txtPXh", "VSPXh", "Option2"}));
+        frmResize->Option2.Value(true);
+        frmResize->Option2.SetFocus();
+        EXPECT_EQ(walk(6), (T{"Option2", "txtPCw", "VSPCw", "txtPCh", "VSPCh", "ChAspRatio"}));
     });
 }
 
