@@ -1,9 +1,12 @@
 // What menu items and buttons do. Items whose function is still to come stand in the menu and follow the
 // enable rules.
 #include "app/frmMain.h"
+#include "devices/PrintCommands.h"
+#include "devices/ScanCommands.h"
 #include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "document/frmImage.h"
+#include "document/frmImgprops.h"
 #include "document/Globals.h"
 #include "document/UndoCommands.h"
 #include "document/Workspace.h"
@@ -37,6 +40,10 @@ void frmMainForm::ConnectMenus() {
     mnuFileClose.Click = [] { mnuFileClose_Click(); };
     mnuFileSave.Click = [] { mnuFileSave_Click(); };
     mnuFileSaveAs.Click = [] { mnuFileSaveAs_Click(); };
+    mnuFileAquire.Click = [] { mnuFileAquire_Click(); };
+    mnuFileTSelect.Click = [] { mnuFileTSelect_Click(); };
+    mnuFilePrinterSetup.Click = [] { mnuFilePrinterSetup_Click(); };
+    mnuFilePrinterPrint.Click = [] { mnuFilePrinterPrint_Click(); };
     mnuFileSaveOptions.Click = [] { frmPrefs->ShowModal(); };
     mnuFileMRU.Click = [](int Index) { mnuFileMRU_Click(Index); };
     mnuFileExit.Click = [this] { Unload(); };
@@ -51,6 +58,7 @@ void frmMainForm::ConnectMenus() {
     mnuEditSelectNone.Click = [] { mnuEditSelectNone_Click(); };
     mnuEditClip.Click = [this] { mnuEditClip_Click(); };
 
+    mnuImageProperties.Click = [] { mnuImageProperties_Click(); };
     mnuFlipV.Click = [] { mnuFlipV_Click(); };
     mnuFlipH.Click = [] { mnuFlipH_Click(); };
     mnuRotate90.Click = [] { mnuRotate90_Click(); };

@@ -3,6 +3,10 @@
 #include "app/frmSplash.h"
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
+#include "devices/frmScan.h"
+#include "devices/frmScanSource.h"
+#include "devices/frmScanWait.h"
+#include "document/frmImgprops.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "imageops/frmAddBord.h"
@@ -46,8 +50,12 @@ void frmMainForm::UnloadDialogs() {
     frmAddBord.Unload();
     frmBWiz.Unload();
     frmText.Unload();
+    frmImgprops.Unload();
     frmSplash.Unload();
     frmPrefs.Unload();
+    frmScanSource.Unload();
+    frmScan.Unload();
+    frmScanWait.Unload();
 }
 
 void frmMainForm::SaveViews() {

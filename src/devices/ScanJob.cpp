@@ -11,6 +11,8 @@ void Start(const std::shared_ptr<ScanJob>& job) {
         } catch (...) {
             job->failure = CurrentError();
         }
+        // What the work held, an open device perhaps, goes before anybody hears that it is done.
+        job->work = nullptr;
         job->done = true;
     }).detach();
 }

@@ -122,6 +122,10 @@ int TWAIN_IsAvailable() {
     return 1;
 }
 
+void ForgetScanner() {
+    Last() = {};
+}
+
 int TWAIN_SelectImageSource(Control*) try {
     const std::optional<std::vector<ScannerDevice>> found = LookForDevices();
     return found && !found->empty() && ChooseDevice(*found) ? 1 : 0;

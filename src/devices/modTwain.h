@@ -21,4 +21,7 @@ int TWAIN_SelectImageSource(Control* owner);
 /// refused.
 int TWAIN_AcquireToFilename(Control* owner, const std::string& fileName);
 
+/// Forgets the device and what the last page was scanned with, as at the start of the program.
+void ForgetScanner();
+
 } // namespace pintalux

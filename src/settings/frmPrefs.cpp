@@ -3,6 +3,7 @@
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
+#include "settings/ModAssoc.h"
 #include "settings/RecentFiles.h"
 #include "surface/system/App.h"
 #include "surface/system/MsgBox.h"
@@ -97,6 +98,7 @@ void frmPrefsForm::Save() try {
 void frmPrefsForm::Command1_Click() {
     Save();
     MRUlimit = ToInt16(Val(Combo1.Text()));
+    ApplyAssociation(Check2.Value() == 1);
     Unload();
 }
 

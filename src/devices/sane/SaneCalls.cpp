@@ -31,11 +31,18 @@ SaneCalls LoadCalls() {
     Load(library, "sane_start", calls.start);
     Load(library, "sane_read", calls.read);
     Load(library, "sane_cancel", calls.cancel);
+    Load(library, "sane_exit", calls.exit);
+    return calls;
+}
+
+bool started = false;
+
+void StartLibrary(const SaneCalls& calls) {
     SANE_Int version = 0;
     if (calls.init(&version, nullptr) != SANE_STATUS_GOOD ||
         SANE_VERSION_MAJOR(version) != SANE_CURRENT_MAJOR)
         throw RuntimeError(kDeviceUnavailable, kLibrary);
-    return calls;
+    started = true;
 }
 
 int NumberOf(SANE_Status status) {
@@ -60,7 +67,14 @@ std::function<void*()> OpenScannerLibrary = [] {
 
 const SaneCalls& Sane() {
     static const SaneCalls calls = LoadCalls();
+    if (!started) StartLibrary(calls);
     return calls;
+}
+
+void EndSane() {
+    if (!started) return;
+    Sane().exit();
+    started = false;
 }
 
 void CheckSane(SANE_Status status) {

@@ -19,11 +19,16 @@ struct SaneCalls {
     decltype(&sane_start) start = nullptr;
     decltype(&sane_read) read = nullptr;
     decltype(&sane_cancel) cancel = nullptr;
+    decltype(&sane_exit) exit = nullptr;
 };
 
 /// The library, loaded and started at the first call. Error 53 if it is not installed or lacks a function, 68
 /// if it does not start. It is one program's at a time: all calls come from one thread after the other.
 const SaneCalls& Sane();
+
+/// Ends the library; the next call of `Sane` starts it anew, with its configuration read again. No device may
+/// be open.
+void EndSane();
 
 /// Nothing on success; else error 57 (61 and 7 where the library means a full disk or memory) with a
 /// Portuguese text of what the device said.

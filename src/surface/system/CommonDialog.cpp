@@ -3,9 +3,9 @@
 #include "base/RuntimeError.h"
 #include "surface/system/App.h"
 #include "surface/system/Settings.h"
+#include "surface/window/DialogOwner_native.h"
 
 #include <algorithm>
-#include <QApplication>
 #include <QColorDialog>
 #include <QFile>
 #include <QFileDialog>
@@ -64,7 +64,7 @@ QString WithEnding(const QString& path, const QStringList& patterns) {
 /// Gives the name the ending of its filter, and asks before it writes over the file of that name.
 class SaveDialog final : public QFileDialog {
   public:
-    SaveDialog(QWidget* parent, const std::string& filter) : QFileDialog(parent), filters_(filter) {
+    explicit SaveDialog(const std::string& filter) : filters_(filter) {
         setAcceptMode(AcceptSave);
         setFileMode(AnyFile);
         setOption(DontConfirmOverwrite);
@@ -115,6 +115,7 @@ bool AskForFile(QFileDialog& dialog, const CommonDialog& settings, const std::st
     const QFileInfo file(FromPath(proposed));
     // The name of a document that was never saved is nothing to open.
     if (dialog.acceptMode() == QFileDialog::AcceptSave || file.exists()) dialog.selectFile(file.fileName());
+    PlaceOverOwner(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
     const qsizetype chosen = filters.IndexOf(dialog.selectedNameFilter());
     if (chosen >= 0) filterIndex = static_cast<int>(chosen) + 1;
@@ -138,7 +139,7 @@ void CommonDialog::TakeChoice(const std::string& path) {
 }
 
 void CommonDialog::ShowOpen() {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog;
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     const bool chosen = AskForFile(dialog, *this, proposed_, LastFolder(), FilterIndex);
@@ -146,18 +147,19 @@ void CommonDialog::ShowOpen() {
 }
 
 void CommonDialog::ShowSave() {
-    SaveDialog dialog(QApplication::activeWindow(), Filter);
+    SaveDialog dialog(Filter);
     const bool chosen = AskForFile(dialog, *this, proposed_, LastFolder(), FilterIndex);
     TakeChoice(chosen ? ToPath(dialog.path) : std::string());
 }
 
 void CommonDialog::ShowColor() {
     const Pixel now = PixelOf(Color);
-    QColorDialog dialog(QApplication::activeWindow());
+    QColorDialog dialog;
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     if (!DialogTitle.empty()) dialog.setWindowTitle(QString::fromStdString(DialogTitle));
     dialog.setCurrentColor(QColor(static_cast<int>(now & 0xFF), static_cast<int>(now >> 8 & 0xFF),
                                   static_cast<int>(now >> 16 & 0xFF)));
+    PlaceOverOwner(dialog);
     if (dialog.exec() != QDialog::Accepted) {
         if (CancelError) throw RuntimeError(kDialogCancelled);
         return;

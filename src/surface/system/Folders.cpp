@@ -25,23 +25,31 @@ std::string HomeFolder() {
     return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
 }
 
-std::string OurFolder(const char* variable, const char* belowHome) {
+std::string FolderOfUser(const char* variable, const char* belowHome) {
     const std::string wanted = PathIn(variable);
-    return (wanted.empty() ? HomeFolder() + belowHome : wanted) + "/Pintalux64";
+    return wanted.empty() ? HomeFolder() + belowHome : wanted;
 }
 
 } // namespace
 
+std::string ConfigHome() {
+    return FolderOfUser("XDG_CONFIG_HOME", "/.config");
+}
+
+std::string DataHome() {
+    return FolderOfUser("XDG_DATA_HOME", "/.local/share");
+}
+
 std::string SettingsFolder() {
-    return OurFolder("XDG_CONFIG_HOME", "/.config");
+    return ConfigHome() + "/Pintalux64";
 }
 
 std::string DataFolder() {
-    return OurFolder("XDG_DATA_HOME", "/.local/share");
+    return DataHome() + "/Pintalux64";
 }
 
 std::string StateFolder() {
-    return OurFolder("XDG_STATE_HOME", "/.local/state");
+    return FolderOfUser("XDG_STATE_HOME", "/.local/state") + "/Pintalux64";
 }
 
 std::string RuntimeFolder() {

@@ -7,6 +7,8 @@
 namespace pintalux {
 
 // Without a trailing separator; none is made here.
+std::string ConfigHome();     ///< $XDG_CONFIG_HOME, which all programs share
+std::string DataHome();       ///< $XDG_DATA_HOME, the same for data
 std::string SettingsFolder(); ///< $XDG_CONFIG_HOME/Pintalux64
 std::string DataFolder();     ///< $XDG_DATA_HOME/Pintalux64
 std::string StateFolder();    ///< $XDG_STATE_HOME/Pintalux64

@@ -1,10 +1,10 @@
 #include "surface/system/MsgBox.h"
 
 #include "surface/system/App.h"
+#include "surface/window/DialogOwner_native.h"
 
 #include <algorithm>
 #include <cctype>
-#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <vector>
@@ -65,8 +65,7 @@ Choice ChoiceOf(BoxAnswer answer) {
 /// A box over the active window with its buttons, from left to right; the last is what closing it means.
 class Box {
   public:
-    Box(const std::string& text, BoxIcon icon, const std::string& title)
-        : box_(QApplication::activeWindow()) {
+    Box(const std::string& text, BoxIcon icon, const std::string& title) {
         box_.setWindowTitle(QString::fromStdString(title.empty() ? App.Title() : title));
         box_.setTextFormat(Qt::PlainText); // captions and paths come from outside
         box_.setText(QString::fromStdString(text));
@@ -83,6 +82,7 @@ class Box {
     std::size_t Ask(std::size_t defaultButton) {
         box_.setDefaultButton(buttons_[defaultButton]);
         box_.setEscapeButton(buttons_.back());
+        PlaceOverOwner(box_);
         box_.exec();
         const auto pressed = std::find(buttons_.begin(), buttons_.end(), box_.clickedButton());
         return pressed == buttons_.end() ? buttons_.size() - 1

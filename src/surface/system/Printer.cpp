@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "surface/system/ToolkitImages_native.h"
 #include "surface/window/Control.h"
+#include "surface/window/DialogOwner_native.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -104,6 +105,8 @@ void PrinterObject::PaintPicture(const Picture& picture, double x, double y, dou
     if (columns == 0 || rows == 0) return;
     const QRectF place(x * scale, y * scale, width * scale * columns / picture.Width(),
                        height * scale * rows / picture.Height());
+    // A page keeps the image's own colours: a PDF would hold them as JPEG.
+    native_->painter.setRenderHint(QPainter::LosslessImageRendering);
     native_->painter.setClipRect(QRectF(0, 0, page.width(), page.height()));
     native_->painter.drawImage(place, ImageOf(Part(picture, columns, rows)));
 }
@@ -120,11 +123,12 @@ void PrinterObject::EndDoc() {
 }
 
 bool PrinterObject::ShowSetup() {
-    QPrintDialog dialog(&native_->Device(), QApplication::activeWindow());
+    QPrintDialog dialog(&native_->Device());
     dialog.setWindowTitle("Configurar Impressora");
     // Nothing is printed from here: the button keeps the settings.
     if (auto* buttons = dialog.findChild<QDialogButtonBox*>())
         if (auto* accept = buttons->button(QDialogButtonBox::Ok)) accept->setText("OK");
+    PlaceOverOwner(dialog);
     return dialog.exec() == QDialog::Accepted;
 }
 

@@ -1,0 +1,130 @@
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+
+#include "devices/PrintCommands.h"
+#include "surface/system/Printer.h"
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace pintalux {
+
+namespace {
+
+// Prints to a PDF file and reads the page back as pixels of 1/96 inch, the size of an image's own.
+class PrintTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        Start();
+        file_ = Folder("pictures") + "/page.pdf";
+        Printer().PrintToFileForTests(file_);
+    }
+    void TearDown() override {
+        Printer().PrintToFileForTests("");
+        ProgramTest::TearDown();
+    }
+
+    struct Page {
+        int width = 0, height = 0;
+        std::string bytes; ///< Three a pixel, red first.
+        std::array<int, 3> At(int x, int y) const {
+            const auto at = static_cast<std::size_t>(3 * (y * width + x));
+            const auto byte = [&](std::size_t i) {
+                return static_cast<int>(static_cast<unsigned char>(bytes[i]));
+            };
+            return {byte(at), byte(at + 1), byte(at + 2)};
+        }
+    };
+    Page ReadBack() const {
+        const std::string base = Folder("pictures") + "/page";
+        const std::string command = "pdftoppm -r 96 -singlefile " + file_ + " " + base;
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        std::ifstream in(base + ".ppm", std::ios::binary);
+        std::string kind;
+        int largest = 0;
+        Page page;
+        in >> kind >> page.width >> page.height >> largest;
+        in.get();
+        page.bytes.assign(std::istreambuf_iterator<char>(in), {});
+        EXPECT_EQ(kind, "P6");
+        return page;
+    }
+    /// Where the page's printable part begins, in pixels of the page read back.
+    std::array<int, 2> Corner(const Page& page) const {
+        for (int y = 0; y < page.height; ++y) {
+            for (int x = 0; x < page.width; ++x) {
+                if (page.At(x, y) != std::array{255, 255, 255}) return {x, y};
+            }
+        }
+        return {-1, -1};
+    }
+    std::string file_;
+};
+
+TEST_F(PrintTest, AnImageIsPrintedAtItsOwnSizeFromTheTopLeftCorner) {
+    OpenPicture("vermelha.bmp", Solid(120, 60, 0x0000FF));
+    mnuFilePrinterPrint_Click();
+    const Page page = ReadBack();
+    const auto [left, top] = Corner(page);
+    EXPECT_LT(left, page.width / 8);
+    EXPECT_LT(top, page.height / 8);
+    EXPECT_EQ(page.At(left + 2, top + 2), (std::array{255, 0, 0}));
+    EXPECT_EQ(page.At(left + 117, top + 57), (std::array{255, 0, 0}));
+    EXPECT_EQ(page.At(left + 123, top + 30), (std::array{255, 255, 255}));
+    EXPECT_EQ(page.At(left + 60, top + 63), (std::array{255, 255, 255}));
+}
+
+TEST_F(PrintTest, AnImageWiderThanThePageIsCutOffAtItsEdge) {
+    Picture wide(4000, 30, 0x0000FF);
+    const std::vector<Pixel> blue(2000, 0xFF0000);
+    for (int y = 0; y < 30; ++y)
+        wide.WriteRow(2000, y, blue); // beyond any usual page
+    OpenPicture("larga.bmp", wide);
+    mnuFilePrinterPrint_Click();
+    const Page page = ReadBack();
+    const auto [left, top] = Corner(page);
+    int right = left + 1;
+    while (right < page.width && page.At(right, top + 10) == std::array{255, 0, 0})
+        ++right;
+    EXPECT_GT(right, page.width * 3 / 4);
+    for (int x = 0; x < page.width; ++x)
+        EXPECT_NE(page.At(x, top + 10), (std::array{0, 0, 255})) << x;
+}
+
+TEST_F(PrintTest, WhatFloatsAndWhatWasJustDrawnIsNotPrinted) {
+    frmImage& image = OpenPicture("vermelha.bmp", Solid(120, 60, 0x0000FF));
+    image.PicMerge.LineBF(0, 0, 119, 59, 0x00FF00);
+    mnuFilePrinterPrint_Click();
+    const Page page = ReadBack();
+    const auto [left, top] = Corner(page);
+    EXPECT_EQ(page.At(left + 60, top + 30), (std::array{255, 0, 0}));
+}
+
+TEST_F(PrintTest, AnImageThatHoldsNoPictureIsNotPrintedAndSaysSo) {
+    NewDocument(20, 20);
+    const DialogScript script({PressesButton("OK")});
+    mnuFilePrinterPrint_Click();
+    EXPECT_EQ(script.Count(), 1U);
+    EXPECT_NE(script.Dialog(0).text.find("nada foi impresso"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(file_));
+}
+
+TEST_F(PrintTest, AMissingPrinterIsAnUntrappedError) {
+    Printer().PrintToFileForTests("");
+    OpenPicture("vermelha.bmp", Solid(20, 20, 0x0000FF));
+    try {
+        mnuFilePrinterPrint_Click();
+        FAIL() << "this machine has a printer";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), kDeviceUnavailable);
+    }
+}
+
+} // namespace
+
+} // namespace pintalux

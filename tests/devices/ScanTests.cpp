@@ -1,0 +1,162 @@
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+
+#include "devices/frmScan.h"
+#include "devices/frmScanSource.h"
+#include "devices/modTwain.h"
+#include "devices/sane/SaneCalls.h"
+#include "devices/ScanCommands.h"
+#include "document/Globals.h"
+
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <fstream>
+#include <QListWidget>
+#include <QWidget>
+
+namespace pintalux {
+
+namespace {
+
+// The scan commands with the test device of the scanner library.
+class ScanTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        Start();
+        ForgetScanner();
+        kept_ = OpenScannerLibrary;
+        OpenScannerLibrary = [] { return dlopen("libsane.so.1", RTLD_LAZY | RTLD_LOCAL); };
+        if (OpenScannerLibrary() == nullptr) GTEST_SKIP() << "the scanner library is not installed";
+        configuration_ = Folder("settings");
+        ::setenv("SANE_CONFIG_DIR", configuration_.c_str(), 1);
+        Configure(1);
+    }
+    void TearDown() override {
+        EndSane();
+        OpenScannerLibrary = kept_;
+        ::unsetenv("SANE_CONFIG_DIR");
+        ProgramTest::TearDown();
+    }
+    void Configure(int devices, const std::string& more = "") {
+        EndSane();
+        std::ofstream(configuration_ + "/dll.conf") << (devices > 0 ? "test\n" : "# none\n");
+        std::ofstream(configuration_ + "/test.conf")
+            << "number_of_devices " << devices
+            << "\nresolution_min 1\nresolution_max 1200\nresolution 50\ngeometry_min 0\ngeometry_max 200\n"
+               "geometry_quant 1\ntest-picture \"Solid white\"\n"
+            << more;
+    }
+
+    /// The windows that wait for the device come and go by themselves.
+    static DialogScript::Step Waits() {
+        return [](QWidget&) {};
+    }
+    static DialogScript::Step Scans(const std::function<void()>& set) {
+        return [set](QWidget&) {
+            set();
+            ClickWidget(WidgetFor(frmScan->cmdOK));
+        };
+    }
+    static void Area(int width, int height) {
+        frmScan->VSWidth.Value(frmScan->VSWidth.Max() - width);
+        frmScan->VSHeight.Value(frmScan->VSHeight.Max() - height);
+    }
+    /// The pages that lie in the program's folder.
+    std::vector<std::string> PagesLeft() const {
+        std::vector<std::string> names = NamesIn(Folder("program"));
+        std::erase_if(names, [](const std::string& name) { return !name.starts_with("Untitled"); });
+        return names;
+    }
+
+  private:
+    std::function<void*()> kept_;
+    std::string configuration_;
+};
+
+TEST_F(ScanTest, APageBecomesANewDocumentWithTwoEqualStates) {
+    // Found, connected, asked, read.
+    const DialogScript script({Waits(), Waits(), Scans([] {
+                                   frmScan->cboResolution.ListIndex(2); // 100 dots an inch
+                                   Area(51, 25);
+                               }),
+                               Waits()});
+    mnuFileAquire_Click();
+    ASSERT_EQ(ImageCount, 1);
+    const auto& image = static_cast<frmImage&>(*frmMain->ActiveForm());
+    EXPECT_NEAR(image.PicMerge.Width(), 51 / 25.4 * 100, 1);
+    EXPECT_NEAR(image.PicMerge.Height(), 25 / 25.4 * 100, 1);
+    EXPECT_EQ(CornerOf(image), kWhite);
+    EXPECT_EQ(EntriesOf(image.ListBUorder), (std::vector<std::string>{"0", "1"}));
+    EXPECT_EQ(image.Caption(), "Untitled.bmp");
+    EXPECT_EQ(image.AFCurfile, Folder("program") + "/Untitled.bmp");
+    EXPECT_TRUE(PagesLeft().empty());
+    EXPECT_FALSE(ScreenLocked());
+}
+
+TEST_F(ScanTest, ACancelledDialogOpensNothingAndSaysSo) {
+    const DialogScript script({Waits(), Waits(), PressesEscape(), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_EQ(ImageCount, 0);
+    EXPECT_EQ(script.Dialog(3).text, "Operação Abortada. Erro:0");
+    EXPECT_EQ(script.Dialog(3).title, "VALMERO Multimédia");
+}
+
+TEST_F(ScanTest, WithoutADeviceTheUserIsToldWhatToDo) {
+    Configure(0);
+    const DialogScript script({Waits(), PressesButton("OK"), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_NE(script.Dialog(1).text.find("Não foi encontrado nenhum digitalizador."), std::string::npos);
+    EXPECT_EQ(script.Dialog(2).text, "Operação Abortada. Erro:0");
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(ScanTest, AFaultOfTheDeviceIsToldInItsOwnWords) {
+    Configure(1, "read-status-code \"SANE_STATUS_COVER_OPEN\"\n");
+    const DialogScript script(
+        {Waits(), Waits(), Scans([] { Area(20, 20); }), Waits(), PressesButton("OK"), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_NE(script.Dialog(4).text.find("A tampa do digitalizador está aberta."), std::string::npos);
+    EXPECT_EQ(ImageCount, 0);
+    EXPECT_TRUE(PagesLeft().empty());
+}
+
+TEST_F(ScanTest, APageWithoutRowsOpensNothing) {
+    Configure(1, "read-status-code \"SANE_STATUS_EOF\"\n");
+    const DialogScript script({Waits(), Waits(), Scans([] { Area(20, 20); }), Waits(), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_EQ(ImageCount, 0);
+    EXPECT_TRUE(PagesLeft().empty());
+}
+
+TEST_F(ScanTest, AFileOfTheSameNameIsNotOverwritten) {
+    PutBytes(Folder("program") + "/Untitled.bmp", "mine");
+    const DialogScript script({Waits(), Waits(), Scans([] { Area(20, 20); }), Waits()});
+    mnuFileAquire_Click();
+    EXPECT_EQ(BytesOf(Folder("program") + "/Untitled.bmp"), "mine");
+    EXPECT_EQ(static_cast<frmImage&>(*frmMain->ActiveForm()).Caption(), "Untitled1.bmp");
+}
+
+TEST_F(ScanTest, OfSeveralDevicesTheUserChoosesOnceForTheRun) {
+    Configure(2);
+    {
+        const DialogScript script({Waits(), [](QWidget&) {
+                                       EXPECT_EQ(frmScanSource->lstDevices.ListCount(), 2);
+                                       frmScanSource->lstDevices.ListIndex(1);
+                                       ClickWidget(WidgetFor(frmScanSource->cmdOK));
+                                   }});
+        mnuFileTSelect_Click();
+        EXPECT_EQ(script.Count(), 2U);
+    }
+    const DialogScript script({Waits(), Scans([] { Area(20, 20); }), Waits()});
+    mnuFileAquire_Click();
+    EXPECT_EQ(script.Count(), 3U);
+    EXPECT_EQ(ImageCount, 1);
+}
+
+} // namespace
+
+} // namespace pintalux
