@@ -257,15 +257,4 @@ TEST_F(CommandTest, WindowsAreArranged) {
     EXPECT_NE(first.Top(), second.Top());
 }
 
-TEST_F(CommandTest, ItemsStillToComeDoNothing) {
-    NewDocument(10, 10);
-    const DialogScript nothingShows;
-    for (const MenuItem* item : {&frmMain->mnuFilePrinterPrint, &frmMain->mnuFileAquire,
-                                 &frmMain->mnuFileTSelect, &frmMain->mnuImageProperties, &frmMain->mnuResize,
-                                 &frmMain->mnuAddBorders, &frmMain->mnuBorderWiz}) {
-        if (item->Click) Choose(*item);
-    }
-    EXPECT_EQ(ImageCount, 1);
-}
-
 } // namespace pintalux
