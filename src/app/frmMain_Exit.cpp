@@ -3,6 +3,10 @@
 #include "app/frmSplash.h"
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
+#include "devices/frmScan.h"
+#include "devices/frmScanSource.h"
+#include "devices/frmScanWait.h"
+#include "document/frmImgprops.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "imageops/frmFiltBrow.h"
@@ -38,6 +42,10 @@ void frmMainForm::MDIForm_Unload() {
 void frmMainForm::UnloadDialogs() {
     frmNew.Unload();
     frmFiltBrow.Unload();
+    frmImgprops.Unload();
+    frmScan.Unload();
+    frmScanSource.Unload();
+    frmScanWait.Unload();
     frmSplash.Unload();
     frmPrefs.Unload();
 }
