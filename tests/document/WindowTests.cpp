@@ -156,6 +156,7 @@ TEST_F(DocumentWindowTest, TheViewportFillsTheClientArea) {
 
 TEST_F(DocumentWindowTest, WithRulersTheViewportStandsBesideThem) {
     frmImage& image = NewDocument(1000, 800);
+    image.Timer2.Enabled(false); // It would show the rulers, and widen the window for them.
     RulersOn = true;
     image.Width(4500);
     PassEvents();
