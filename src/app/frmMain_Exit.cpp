@@ -3,6 +3,10 @@
 #include "app/frmSplash.h"
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
+#include "devices/frmScan.h"
+#include "devices/frmScanSource.h"
+#include "devices/frmScanWait.h"
+#include "document/frmImgprops.h"
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "imageops/frmAddBord.h"
@@ -44,6 +48,10 @@ void frmMainForm::UnloadDialogs() {
     frmFiltBrow.Unload();
     frmAddBord.Unload();
     frmBWiz.Unload();
+    frmImgprops.Unload();
+    frmScan.Unload();
+    frmScanSource.Unload();
+    frmScanWait.Unload();
     frmSplash.Unload();
     frmPrefs.Unload();
 }
