@@ -8,6 +8,7 @@
 #pragma once
 
 #include "base/Flag.h"
+#include "base/Registered.h"
 #include "colour/ModHSL.h"
 #include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
@@ -17,6 +18,11 @@
 #include <string>
 
 namespace pintalux {
+
+struct ColourPanel;
+
+/// The panel of the running program.
+inline Registered<ColourPanel> TheColourPanel;
 
 struct ColourPanel {
     explicit ColourPanel(Container& window);
@@ -77,10 +83,9 @@ struct ColourPanel {
     void SetRgbSide(Colour c);
     void SetHslSide(Colour c);
     void ShowCaptionContrast();
-};
 
-/// The panel of the running program; null before it is made.
-inline ColourPanel* TheColourPanel = nullptr;
+    Registered<ColourPanel>::Entry entry_{TheColourPanel, *this};
+};
 
 /// The one current colour.
 inline Colour CurrentColour() {
