@@ -56,7 +56,7 @@ std::optional<RescuedImage> Rescue(const frmImage& image) {
 
 std::vector<RescuedImage> RescueDocuments() {
     std::vector<RescuedImage> images;
-    if (TheWorkspace.window == nullptr) return images;
+    if (!TheWorkspace.window) return images;
     ResumeNext([] { States().Settle(); });
     for (const auto& child : TheWorkspace.window->Children()) {
         ResumeNext([&] {
@@ -116,7 +116,7 @@ bool ToldLately(const ToldError& error) {
 
 // Before the main window shows there is nothing to go on with, and at the end its parts are gone.
 bool CanGoOn() {
-    return TheWorkspace.window != nullptr && TheWorkspace.window->Visible() && !frmMainForm::Closing;
+    return TheWorkspace.window && TheWorkspace.window->Visible() && !frmMainForm::Closing;
 }
 
 bool GoesOn(const RuntimeError& error) {

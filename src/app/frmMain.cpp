@@ -27,15 +27,11 @@ frmMainForm::frmMainForm()
       ColourPanel(static_cast<Container&>(*this)), Timer1(kPollInterval), Timer2(kStartInterval) {
     MDIForm::Caption("Pintalux 64");
     IconResource(":/app.svg");
-    TheWorkspace = {this, this, this,
-                    [](frmImage& image) {
-                        ConnectTools(image);
-                        ConnectSelection(image);
-                    },
-                    [](frmImage& image) { image.NeedtoPaste(); }};
-    TheToolSettings = this;
-    TheClipTray = this;
-    TheColourPanel = this;
+    TheWorkspace.ConnectTools = [](frmImage& image) {
+        ConnectTools(image);
+        ConnectSelection(image);
+    };
+    TheWorkspace.MergeByCommand = [](frmImage& image) { image.NeedtoPaste(); };
     ConnectFloatingSteps();
     ConnectTextSteps();
     MainMenu::AddTo(*this);
@@ -51,10 +47,6 @@ frmMainForm::frmMainForm()
 frmMainForm::~frmMainForm() {
     // A window that goes leaves those that hear of the clipboard.
     SetClipboardViewer({});
-    TheWorkspace = {};
-    TheToolSettings = nullptr;
-    TheClipTray = nullptr;
-    TheColourPanel = nullptr;
 }
 
 std::string HandOffFile() {

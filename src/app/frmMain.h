@@ -44,11 +44,15 @@ class frmMainForm : public MDIForm,
     void Timer2_Timer();
     void TB2_ButtonClick(ToolButton& button);
 
+    void mnuFileExit_Click();
     void mnuEditClip_Click();
     void mnuViewToolbar_Click();
     void mnuViewColorBox_Click();
     void mnuViewSettingsBar_Click();
     void mnuViewRulers_Click();
+    void mnuWindowCascade_Click();
+    void mnuWindowTileHorizontal_Click();
+    void mnuWindowTileVertical_Click();
 
   protected:
     void MDIForm_Load() override;
@@ -75,6 +79,7 @@ class frmMainForm : public MDIForm,
     void PollPaste();
     void PollDocument();
     void PollUndo();
+    void PollShown();
     // frmMain_Exit.cpp
     void UnloadDialogs();
     void SaveViews();
@@ -83,9 +88,16 @@ class frmMainForm : public MDIForm,
     bool commandFileGiven_ = false;
     bool handedOver_ = false;
     std::int16_t tickCounter_ = 0;
+    Flag cutWaits_; ///< Cut and Copy come back when a document shows again.
+    Registered<MDIForm>::Entry entry_{TheWorkspace.window, *this};
 };
 
 extern AutoForm<frmMainForm> frmMain;
+
+/// The Preferences.
+void mnuFileSaveOptions_Click();
+/// File New.
+void mnuWindowNewWindow_Click();
 
 /// The file by which a second instance hands its picture to the one that holds the lock; empty where the user
 /// has no folder for it.

@@ -1,5 +1,4 @@
-// What menu items and buttons do. Items whose function is still to come stand in the menu and follow the
-// enable rules.
+// What menu items and buttons do.
 #include "app/frmMain.h"
 #include "devices/PrintCommands.h"
 #include "devices/ScanCommands.h"
@@ -34,55 +33,64 @@ constexpr BarCommand kBarCommands[] = {
 
 } // namespace
 
-void frmMainForm::ConnectMenus() {
-    mnuFileNew.Click = [] { mnuFileNew_Click(); };
-    mnuFileOpen.Click = [] { mnuFileOpen_Click(); };
-    mnuFileClose.Click = [] { mnuFileClose_Click(); };
-    mnuFileSave.Click = [] { mnuFileSave_Click(); };
-    mnuFileSaveAs.Click = [] { mnuFileSaveAs_Click(); };
-    mnuFileAquire.Click = [] { mnuFileAquire_Click(); };
-    mnuFileTSelect.Click = [] { mnuFileTSelect_Click(); };
-    mnuFilePrinterSetup.Click = [] { mnuFilePrinterSetup_Click(); };
-    mnuFilePrinterPrint.Click = [] { mnuFilePrinterPrint_Click(); };
-    mnuFileSaveOptions.Click = [] { frmPrefs->ShowModal(); };
-    mnuFileMRU.Click = [](int Index) { mnuFileMRU_Click(Index); };
-    mnuFileExit.Click = [this] { Unload(); };
+void mnuFileSaveOptions_Click() {
+    frmPrefs->ShowModal();
+}
 
-    mnuEditUndo.Click = [] { mnuEditUndo_Click(); };
-    mnuEditRedo.Click = [] { mnuEditRedo_Click(); };
-    mnuEditCut.Click = [] { mnuEditCut_Click(); };
-    mnuEditCopy.Click = [] { mnuEditCopy_Click(); };
-    mnuEditPaste.Click = [] { mnuEditPaste_Click(); };
-    mnuEditPasteNew.Click = [] { mnuEditPasteNew_Click(); };
-    mnuEditSelectAll.Click = [] { mnuEditSelectAll_Click(); };
-    mnuEditSelectNone.Click = [] { mnuEditSelectNone_Click(); };
+void mnuWindowNewWindow_Click() {
+    mnuFileNew_Click();
+}
+
+void frmMainForm::ConnectMenus() {
+    mnuFileNew.Click = mnuFileNew_Click;
+    mnuFileOpen.Click = mnuFileOpen_Click;
+    mnuFileClose.Click = mnuFileClose_Click;
+    mnuFileSave.Click = mnuFileSave_Click;
+    mnuFileSaveAs.Click = mnuFileSaveAs_Click;
+    mnuFileAquire.Click = mnuFileAquire_Click;
+    mnuFileTSelect.Click = mnuFileTSelect_Click;
+    mnuFilePrinterSetup.Click = mnuFilePrinterSetup_Click;
+    mnuFilePrinterPrint.Click = mnuFilePrinterPrint_Click;
+    mnuFileSaveOptions.Click = mnuFileSaveOptions_Click;
+    mnuFileMRU.Click = mnuFileMRU_Click;
+    mnuFileExit.Click = [this] { mnuFileExit_Click(); };
+
+    mnuEditUndo.Click = mnuEditUndo_Click;
+    mnuEditRedo.Click = mnuEditRedo_Click;
+    mnuEditCut.Click = mnuEditCut_Click;
+    mnuEditCopy.Click = mnuEditCopy_Click;
+    mnuEditPaste.Click = mnuEditPaste_Click;
+    mnuEditPasteNew.Click = mnuEditPasteNew_Click;
+    mnuEditSelectAll.Click = mnuEditSelectAll_Click;
+    mnuEditSelectNone.Click = mnuEditSelectNone_Click;
     mnuEditClip.Click = [this] { mnuEditClip_Click(); };
 
-    mnuImageProperties.Click = [] { mnuImageProperties_Click(); };
-    mnuFlipV.Click = [] { mnuFlipV_Click(); };
-    mnuFlipH.Click = [] { mnuFlipH_Click(); };
-    mnuRotate90.Click = [] { mnuRotate90_Click(); };
-    mnuRotate180.Click = [] { mnuRotate180_Click(); };
-    mnuRotate270.Click = [] { mnuRotate270_Click(); };
-    mnuResize.Click = [] { mnuResize_Click(); };
-    mnuAddBorders.Click = [] { mnuAddBorders_Click(); };
-    mnuBorderWiz.Click = [] { mnuBorderWiz_Click(); };
-    mnuFiltBrow.Click = [] { mnuFiltBrow_Click(); };
-    mnuColInc.Click = [](int Index) { mnuColInc_Click(Index); };
-    mnuColRed.Click = [](int Index) { mnuColRed_Click(Index); };
+    mnuImageProperties.Click = mnuImageProperties_Click;
+    mnuFlipV.Click = mnuFlipV_Click;
+    mnuFlipH.Click = mnuFlipH_Click;
+    mnuRotate90.Click = mnuRotate90_Click;
+    mnuRotate180.Click = mnuRotate180_Click;
+    mnuRotate270.Click = mnuRotate270_Click;
+    mnuResize.Click = mnuResize_Click;
+    mnuAddBorders.Click = mnuAddBorders_Click;
+    mnuBorderWiz.Click = mnuBorderWiz_Click;
+    mnuFiltBrow.Click = mnuFiltBrow_Click;
+    mnuColInc.Click = mnuColInc_Click;
+    mnuColRed.Click = mnuColRed_Click;
 
     mnuViewToolbar.Click = [this] { mnuViewToolbar_Click(); };
     mnuViewColorBox.Click = [this] { mnuViewColorBox_Click(); };
     mnuViewSettingsBar.Click = [this] { mnuViewSettingsBar_Click(); };
     mnuViewRulers.Click = [this] { mnuViewRulers_Click(); };
-    mnuZoomActual.Click = [] { mnuZoomActual_Click(); };
-    mnuZoomInX.Click = [](int Index) { mnuZoomInX_Click(Index); };
-    mnuZoomOutX.Click = [](int Index) { mnuZoomOutX_Click(Index); };
+    mnuZoomActual.Click = mnuZoomActual_Click;
+    mnuZoomInX.Click = mnuZoomInX_Click;
+    mnuZoomOutX.Click = mnuZoomOutX_Click;
 
-    mnuWindowNewWindow.Click = [] { mnuFileNew_Click(); };
-    mnuWindowCascade.Click = [this] { Arrange(0); };
-    mnuWindowTileHorizontal.Click = [this] { Arrange(1); };
-    mnuWindowTileVertical.Click = [this] { Arrange(2); };
+    mnuWindowNewWindow.Click = mnuWindowNewWindow_Click;
+    mnuWindowCascade.Click = [this] { mnuWindowCascade_Click(); };
+    mnuWindowTileHorizontal.Click = [this] { mnuWindowTileHorizontal_Click(); };
+    mnuWindowTileVertical.Click = [this] { mnuWindowTileVertical_Click(); };
+    DisableIdleItems();
 }
 
 void frmMainForm::ConnectBars() {
@@ -128,6 +136,10 @@ void frmMainForm::AfterToolChosen(int toolBefore) {
         });
 }
 
+void frmMainForm::mnuFileExit_Click() {
+    Unload();
+}
+
 void frmMainForm::mnuEditClip_Click() {
     if (mnuEditClip.Checked()) {
         mnuEditClip.Checked(false);
@@ -159,6 +171,18 @@ void frmMainForm::mnuViewSettingsBar_Click() {
 void frmMainForm::mnuViewRulers_Click() {
     mnuViewRulers.Checked(!mnuViewRulers.Checked());
     RulersOn = mnuViewRulers.Checked();
+}
+
+void frmMainForm::mnuWindowCascade_Click() {
+    Arrange(0);
+}
+
+void frmMainForm::mnuWindowTileHorizontal_Click() {
+    Arrange(1);
+}
+
+void frmMainForm::mnuWindowTileVertical_Click() {
+    Arrange(2);
 }
 
 } // namespace pintalux

@@ -6,11 +6,15 @@
 #include "document/frmImage.h"
 #include "document/Globals.h"
 #include "document/ImageMenus.h"
+#include "document/Selection.h"
 #include "document/Workspace.h"
+#include "document/Zoom.h"
 #include "files/FileNames.h"
 #include "surface/system/App.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/FileLayer.h"
+
+#include <utility>
 
 namespace pintalux {
 
@@ -18,6 +22,7 @@ void frmMainForm::Timer1_Timer() {
     TakeHandOff();
     PollPaste();
     PollDocument();
+    PollShown();
 }
 
 // Intended: the file is deleted before its picture is opened, so that a picture that fails is not tried for
@@ -53,6 +58,19 @@ void frmMainForm::PollDocument() {
     mnuEditSelectAll.Enabled(true);
     TB2.Buttons(kSaveButton).Enabled(true);
     PollUndo();
+}
+
+// What is out of sight is neither cut nor copied, nor brought back to its natural size. A document that was
+// minimised gets the commands back with its window.
+void frmMainForm::PollShown() {
+    if (ADocumentShows()) {
+        if (std::exchange(cutWaits_, false)) EnableCutAndCopy(true);
+        mnuZoomActual.Enabled(ActiveImage().factorlevel != kActualLevel);
+        return;
+    }
+    cutWaits_ = ImageCount > 0 && (cutWaits_ || mnuEditCut.Enabled());
+    EnableCutAndCopy(false);
+    mnuZoomActual.Enabled(false);
 }
 
 void frmMainForm::PollUndo() {

@@ -6,15 +6,13 @@ AutoForm<frmSplashForm> frmSplash;
 
 namespace {
 
-constexpr int kSecond = 1000; // milliseconds
 constexpr int kTicks = 3;
 constexpr double kWidth = 480; // pixels
 constexpr double kHeight = 300;
 
 } // namespace
 
-frmSplashForm::frmSplashForm()
-    : Form("frmSplash", Kind::Splash), picSplash(*this, "picSplash"), Timer1(kSecond) {
+frmSplashForm::frmSplashForm() : Form("frmSplash", Kind::Splash) {
     Width(kWidth * kTwipsPerPixel);
     Height(kHeight * kTwipsPerPixel);
     picSplash.Move(0, 0, Width(), Height());

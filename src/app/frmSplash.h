@@ -11,8 +11,8 @@ class frmSplashForm : public Form {
   public:
     frmSplashForm();
 
-    Display picSplash;
-    Timer Timer1;
+    Display picSplash{*this, "picSplash"};
+    Timer Timer1{1000}; ///< Ticks each second.
 
   protected:
     void Form_Load() override;

@@ -12,6 +12,7 @@
 #pragma once
 
 #include "base/Flag.h"
+#include "base/Registered.h"
 #include "colour/CollectionFile.h"
 #include "colour/ModHSL.h"
 #include "surface/window/Display.h"
@@ -28,6 +29,11 @@ namespace pintalux {
 
 inline Flag ColorLock;                   ///< On: committed colours are not added to the collection.
 inline std::int16_t CollectionCount = 0; ///< The cell last filled, 1 to 78; 0 while there is none.
+
+struct ColourPanel;
+
+/// The panel of the running program.
+inline Registered<ColourPanel> TheColourPanel;
 
 struct ColourPanel {
     explicit ColourPanel(Container& window);
@@ -135,10 +141,9 @@ struct ColourPanel {
 
     // The pointer's last place in each handler that samples: where it stands still, nothing is sampled anew.
     CursorPosition overBlowup_, spectrumPress_, overSpectrum_;
-};
 
-/// The panel of the running program; null before it is made.
-inline ColourPanel* TheColourPanel = nullptr;
+    Registered<ColourPanel>::Entry entry_{TheColourPanel, *this};
+};
 
 /// The one current colour.
 inline Colour CurrentColour() {

@@ -37,7 +37,7 @@ void TellAborted(int errorNumber) {
 // Intended: a scanned document begins with two equal states, so that a first undo stays on the page, and
 // keeps the name of a file that is gone, so that the next save asks for one.
 void OpenScan(const std::string& path) {
-    LockWindowUpdate(TheWorkspace.window);
+    LockWindowUpdate(&*TheWorkspace.window);
     NewImageWindow();
     frmImage& image = ActiveImage();
     image.AFCurfile = path;
@@ -57,7 +57,7 @@ void mnuFileAquire_Click() {
     const WaitPointer wait;
     try {
         const std::string path = UniqueFileName(App.Path() + "/Untitled.bmp");
-        if (TWAIN_AcquireToFilename(TheWorkspace.window, path) == 0) {
+        if (TWAIN_AcquireToFilename(&*TheWorkspace.window, path) == 0) {
             OpenScan(path);
         } else {
             TellAborted(0);
@@ -68,7 +68,7 @@ void mnuFileAquire_Click() {
 }
 
 void mnuFileTSelect_Click() {
-    TWAIN_SelectImageSource(TheWorkspace.window);
+    TWAIN_SelectImageSource(&*TheWorkspace.window);
 }
 
 } // namespace pintalux

@@ -43,7 +43,7 @@ constexpr double kGap = 8;
 } // namespace
 
 CommandBar::CommandBar(Container& window, const std::vector<ToolBar::Row>& tools)
-    : ToolsTB(window, "ToolsTB"), TB2(ToolsTB, "TB2", CommandsAnd(tools)), Pb(ToolsTB, "Pb") {
+    : ToolsTB(window, "ToolsTB"), TB2(ToolsTB, "TB2", CommandsAnd(tools)) {
     ToolsTB.BackColor(kButtonFaceColour);
     TB2.AccessibleName("Caixa de ferramentas");
     Pb.AccessibleName("Progresso");

@@ -3,6 +3,7 @@
 // long operations.
 #pragma once
 
+#include "document/Workspace.h"
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Surface.h"
 #include "surface/window/ToolBar.h"
@@ -17,10 +18,12 @@ struct CommandBar {
 
     Surface ToolsTB;
     ToolBar TB2;
-    ProgressBar Pb;
+    ProgressBar Pb{ToolsTB, "Pb"};
 
   private:
     void Fit();
+
+    Registered<CommandBar>::Entry entry_{TheWorkspace.bar, *this};
 };
 
 } // namespace pintalux

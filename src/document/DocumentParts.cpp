@@ -26,16 +26,7 @@ void MakePreview(Overlay& overlay) {
 
 } // namespace
 
-DocumentSurfaces::DocumentSurfaces(Form& window)
-    : PicFrame(window, "PicFrame"), PicBG(PicFrame, "PicBG"), Image1(PicBG, "Image1"), Line1(PicBG, "Line1"),
-      SelectShape(PicBG, "SelectShape"), ShSquare(PicBG, "ShSquare"), lbltext(PicBG, "lbltext"),
-      PicSelect(PicBG, "PicSelect"), SelectImage(PicSelect, "SelectImage"),
-      PicSelectShape(PicSelect, "PicSelectShape"), PicFreeSelect(PicBG, "PicFreeSelect"),
-      PicMerge(PicFrame, "PicMerge"), SelHolder(PicFrame, "SelHolder"),
-      HS(PicFrame, "HS", ScrollBar::Direction::Horizontal),
-      VS(PicFrame, "VS", ScrollBar::Direction::Vertical), piccorner(PicFrame, "piccorner"),
-      picsource(PicFrame, "picsource"), Pic1BU(PicFrame, "Pic1BU"), PicMask(PicFrame, "PicMask"),
-      picsource1(window, "picsource1") {
+DocumentSurfaces::DocumentSurfaces(Form& window) : window_(window) {
     PicFrame.BackColor(kWorkspaceColour);
     Image1.AccessibleName("Imagem");
     for (Surface* surface :
@@ -59,11 +50,7 @@ DocumentSurfaces::DocumentSurfaces(Form& window)
     VS.AccessibleName("Deslocamento vertical");
 }
 
-DocumentRulers::DocumentRulers(Form& window)
-    : TopRuler(window, "TopRuler"), LeftRuler(window, "LeftRuler"), ImgTrule(TopRuler, "ImgTrule"),
-      ImgLrule(LeftRuler, "ImgLrule"), LineX(TopRuler, "LineX"), LineY(LeftRuler, "LineY"),
-      Picture1(TopRuler, "Picture1"), lblx(Picture1, "lblx"), lbly(Picture1, "lbly"),
-      PicTrule(window, "PicTrule"), PicLrule(window, "PicLrule") {
+DocumentRulers::DocumentRulers(Form& window) : window_(window) {
     for (Surface* surface : {&TopRuler, &LeftRuler, &Picture1, &PicTrule, &PicLrule}) {
         surface->BackColor(kWhite);
     }

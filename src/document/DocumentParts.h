@@ -20,39 +20,49 @@ namespace pintalux {
 struct DocumentSurfaces {
     explicit DocumentSurfaces(Form& window);
 
-    Surface PicFrame; ///< The viewport.
+  private:
+    Form& window_;
 
-    Surface PicBG;  ///< The backing panel that is moved to scroll; as large as `Image1`.
-    Display Image1; ///< What the user sees of `PicMerge`, stretched by `factor`.
-    LineControl Line1;
-    ShapeControl SelectShape, ShSquare;
-    Label lbltext;
-    Surface PicSelect;
-    Display SelectImage;
-    ShapeControl PicSelectShape;
-    Surface PicFreeSelect;
+  public:
+    Surface PicFrame{window_, "PicFrame"}; ///< The viewport.
 
-    Surface PicMerge;  ///< The document's image, never visible: the one truth.
-    Surface SelHolder; ///< The floating piece at 1:1.
-    ScrollBar HS, VS;
-    Surface piccorner;
-    Surface picsource; ///< The read side of an image operation.
-    Surface Pic1BU;    ///< The clean image under a selection.
-    Surface PicMask;   ///< The mask of a freehand selection.
+    Surface PicBG{PicFrame, "PicBG"};  ///< The backing panel that is moved to scroll; as large as `Image1`.
+    Display Image1{PicBG, "Image1"};   ///< What the user sees of `PicMerge`, stretched by `factor`.
+    LineControl Line1{PicBG, "Line1"}; ///< The preview of lines and of round shapes.
+    ShapeControl SelectShape{PicBG, "SelectShape"}, ShSquare{PicBG, "ShSquare"};
+    Label lbltext{PicBG, "lbltext"};
+    Surface PicSelect{PicBG, "PicSelect"};
+    Display SelectImage{PicSelect, "SelectImage"};
+    ShapeControl PicSelectShape{PicSelect, "PicSelectShape"};
+    Surface PicFreeSelect{PicBG, "PicFreeSelect"};
 
-    Surface picsource1; ///< Second source, for resizing.
+    Surface PicMerge{PicFrame, "PicMerge"};   ///< The document's image, never visible: the one truth.
+    Surface SelHolder{PicFrame, "SelHolder"}; ///< The floating piece at 1:1.
+    ScrollBar HS{PicFrame, "HS", ScrollBar::Direction::Horizontal};
+    ScrollBar VS{PicFrame, "VS", ScrollBar::Direction::Vertical};
+    Surface piccorner{PicFrame, "piccorner"};
+    Surface picsource{PicFrame, "picsource"}; ///< The read side of an image operation.
+    Surface Pic1BU{PicFrame, "Pic1BU"};       ///< The clean image under a selection.
+    Surface PicMask{PicFrame, "PicMask"};     ///< The mask of a freehand selection.
+
+    Surface picsource1{window_, "picsource1"}; ///< Second source, for resizing.
 };
 
 /// Ruler strips along the top and the left edge, hidden until the rulers are switched on.
 struct DocumentRulers {
     explicit DocumentRulers(Form& window);
 
-    Surface TopRuler, LeftRuler;
-    Display ImgTrule, ImgLrule; ///< Show the painted scales and move with the image.
-    LineControl LineX, LineY;   ///< Mark the pointer.
-    Surface Picture1;           ///< The corner with the readout.
-    Label lblx, lbly;
-    Surface PicTrule, PicLrule; ///< The scales are painted here.
+  private:
+    Form& window_;
+
+  public:
+    Surface TopRuler{window_, "TopRuler"}, LeftRuler{window_, "LeftRuler"};
+    /// They show the painted scales and move with the image.
+    Display ImgTrule{TopRuler, "ImgTrule"}, ImgLrule{LeftRuler, "ImgLrule"};
+    LineControl LineX{TopRuler, "LineX"}, LineY{LeftRuler, "LineY"}; ///< Mark the pointer.
+    Surface Picture1{TopRuler, "Picture1"};                          ///< The corner with the readout.
+    Label lblx{Picture1, "lblx"}, lbly{Picture1, "lbly"};
+    Surface PicTrule{window_, "PicTrule"}, PicLrule{window_, "PicLrule"}; ///< The scales are painted here.
 };
 
 /// The undo history: files of states, and the walkable order of them.

@@ -66,7 +66,7 @@ void mnuFileNew_Click() {
 }
 
 void OpenDocument(const std::string& path) try {
-    LockWindowUpdate(TheWorkspace.window);
+    LockWindowUpdate(&*TheWorkspace.window);
     NewImageWindow();
     frmImage& image = ActiveImage();
     image.PicMerge.Picture(LoadPicture(path));
@@ -154,7 +154,7 @@ void mnuFileMRU_Click(int Index) {
         return;
     }
     try {
-        LockWindowUpdate(TheWorkspace.window);
+        LockWindowUpdate(&*TheWorkspace.window);
         NewImageWindow();
         frmImage& image = ActiveImage();
         image.PicMerge.Picture(LoadPicture(path));

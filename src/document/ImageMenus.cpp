@@ -5,15 +5,34 @@
 #include "document/MainMenu.h"
 #include "document/Workspace.h"
 
-#include <initializer_list>
+#include <span>
 
 namespace pintalux {
 
 namespace {
 
-void EnableItems(std::initializer_list<MenuItem MainMenu::*> items, bool value) {
-    for (const auto item : items)
-        (TheWorkspace.menu->*item).Enabled(value);
+using Item = MenuItem MainMenu::*;
+using M = MainMenu;
+
+// What works on any image.
+constexpr Item kImageItems[] = {&M::mnuImageProperties, &M::mnuFlipH,     &M::mnuFlipV,    &M::mnuRotate90,
+                                &M::mnuRotate180,       &M::mnuRotate270, &M::mnuFiltBrow, &M::mnuIncCol,
+                                &M::mnuRedCol,          &M::mnuFileClose, &M::mnuFileSave, &M::mnuFileSaveAs};
+// What an image that has just come into being allows too.
+constexpr Item kSizeItems[] = {&M::mnuAddBorders,
+                               &M::mnuResize,
+                               &M::mnuBorderWiz,
+                               &M::mnuWindowCascade,
+                               &M::mnuWindowTileHorizontal,
+                               &M::mnuWindowTileVertical};
+constexpr Item kZoomItems[] = {&M::mnuZoomIn, &M::mnuZoomOut};
+constexpr Item kUndoItems[] = {&M::mnuEditUndo, &M::mnuEditRedo};
+
+void EnableItems(std::span<const Item> items, bool value) {
+    for (const Item item : items) {
+        MenuItem& found = (*TheWorkspace.menu).*item;
+        found.Enabled(value && found.HasCommand());
+    }
 }
 
 void EnableButtons(std::initializer_list<int> positions, bool value) {
@@ -21,53 +40,25 @@ void EnableButtons(std::initializer_list<int> positions, bool value) {
         TheWorkspace.bar->TB2.Buttons(position).Enabled(value);
 }
 
-using M = MainMenu;
-
 } // namespace
 
 void ImgMenuEnable(bool value) {
-    EnableItems({&M::mnuAddBorders,
-                 &M::mnuImageProperties,
-                 &M::mnuFlipH,
-                 &M::mnuFlipV,
-                 &M::mnuRotate90,
-                 &M::mnuRotate180,
-                 &M::mnuRotate270,
-                 &M::mnuResize,
-                 &M::mnuBorderWiz,
-                 &M::mnuFiltBrow,
-                 &M::mnuIncCol,
-                 &M::mnuRedCol,
-                 &M::mnuZoomIn,
-                 &M::mnuZoomOut,
-                 &M::mnuWindowCascade,
-                 &M::mnuWindowTileHorizontal,
-                 &M::mnuWindowTileVertical,
-                 &M::mnuFileClose,
-                 &M::mnuFileSave,
-                 &M::mnuFileSaveAs},
-                value);
+    EnableItems(kImageItems, value);
+    EnableItems(kSizeItems, value);
+    EnableItems(kZoomItems, value);
     EnableButtons({kColorPickTool, kMagTool, kTextTool}, value);
 }
 
 void EnableImageMenus() {
-    EnableItems({&M::mnuFlipV, &M::mnuFlipH, &M::mnuRotate90, &M::mnuRotate180, &M::mnuRotate270,
-                 &M::mnuFiltBrow, &M::mnuIncCol, &M::mnuRedCol, &M::mnuFileSave, &M::mnuBorderWiz,
-                 &M::mnuAddBorders, &M::mnuResize, &M::mnuFileSaveAs, &M::mnuFileClose,
-                 &M::mnuImageProperties, &M::mnuWindowCascade, &M::mnuWindowTileHorizontal,
-                 &M::mnuWindowTileVertical},
-                true);
+    EnableItems(kImageItems, true);
+    EnableItems(kSizeItems, true);
 }
 
 void DisableImageMenus(bool& all) {
-    EnableItems({&M::mnuFlipV, &M::mnuFlipH, &M::mnuRotate90, &M::mnuRotate180, &M::mnuRotate270,
-                 &M::mnuFiltBrow, &M::mnuIncCol, &M::mnuRedCol, &M::mnuFileSave, &M::mnuFileSaveAs,
-                 &M::mnuFileClose, &M::mnuImageProperties},
-                false);
+    EnableItems(kImageItems, false);
     if (all) {
-        EnableItems({&M::mnuBorderWiz, &M::mnuAddBorders, &M::mnuResize, &M::mnuEditUndo, &M::mnuEditRedo,
-                     &M::mnuWindowCascade, &M::mnuWindowTileHorizontal, &M::mnuWindowTileVertical},
-                    false);
+        EnableItems(kSizeItems, false);
+        EnableItems(kUndoItems, false);
         EnableButtons({kSaveButton, kUndoButton, kRedoButton}, false);
     }
     all = false;

@@ -6,10 +6,11 @@
 
 namespace pintalux {
 
-/// Undo and redo, menu items and buttons 9 and 10, from the cursor of a history.
+/// Undo and redo, menu items and buttons, from the cursor of a history.
 void ShowUndoState(const ListStore& order);
 
-/// The commands that need a document, and buttons 22 to 24.
+/// The commands that need a document, and the eye-dropper, the magnifier and the text tool. Here and below,
+/// an item without a command stays off.
 void ImgMenuEnable(bool value);
 
 /// The commands on the image.

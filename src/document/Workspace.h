@@ -1,6 +1,7 @@
-// What documents need of the main window. The main window fills it when it is made; tests may put parts of
-// their own in.
+// What documents need of the main window. The main window and its parts enter themselves when they are made.
 #pragma once
+
+#include "base/Registered.h"
 
 #include <functional>
 
@@ -12,17 +13,20 @@ struct CommandBar;
 struct MainMenu;
 
 struct Workspace {
-    MDIForm* window = nullptr;
-    MainMenu* menu = nullptr;
-    CommandBar* bar = nullptr;
+    Registered<MDIForm> window;
+    Registered<MainMenu> menu;
+    Registered<CommandBar> bar;
     /// Connects the pointer events of a new document to the tools.
     std::function<void(frmImage&)> ConnectTools;
     /// Merges what floats over a document and records it.
     std::function<void(frmImage&)> MergeByCommand;
 };
-extern Workspace TheWorkspace;
+inline Workspace TheWorkspace;
 
-/// The active document. Error 91 if there is none.
+/// The active document, minimised or not. Error 91 if there is none.
 frmImage& ActiveImage();
+
+/// The active document can be seen: there is one, and it is not minimised.
+bool ADocumentShows();
 
 } // namespace pintalux

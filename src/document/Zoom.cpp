@@ -151,6 +151,7 @@ void RescaleSelection() {
 }
 
 void mnuZoomActual_Click() {
+    if (!ADocumentShows()) return;
     frmImage& image = ActiveImage();
     if (!ViewFits(image, kActualLevel)) return;
     MergePlacedFreehand(image);

@@ -20,9 +20,6 @@ namespace pintalux {
 
 namespace {
 
-constexpr int kDragInterval = 20;    // milliseconds
-constexpr int kRulersInterval = 250; // milliseconds
-
 // What the desktop's frame takes of a window, in twips.
 constexpr double kFrameWidth = 120;
 constexpr double kFrameHeight = 420;
@@ -36,19 +33,20 @@ SaveResult SaveForClose() {
 
 } // namespace
 
-Workspace TheWorkspace;
-
 frmImage& ActiveImage() {
-    Form* active = TheWorkspace.window != nullptr ? TheWorkspace.window->ActiveForm() : nullptr;
+    Form* active = TheWorkspace.window->ActiveForm();
     if (active == nullptr) throw RuntimeError(kObjectNotSet);
     return static_cast<frmImage&>(*active);
 }
 
+bool ADocumentShows() {
+    const Form* active = TheWorkspace.window->ActiveForm();
+    return active != nullptr && active->WindowState() != kMinimised;
+}
+
 frmImage::frmImage()
     : Form("frmImage", Kind::Child), DocumentRulers(static_cast<Form&>(*this)),
-      DocumentSurfaces(static_cast<Form&>(*this)), Timer1(kDragInterval, EventKind::Pointer),
-      Timer3(kDragInterval, EventKind::Pointer), TimerFS(kDragInterval, EventKind::Pointer),
-      Timer2(kRulersInterval) {
+      DocumentSurfaces(static_cast<Form&>(*this)) {
     IconResource(":/icons/document.svg");
     ConnectScrollBars();
     Timer2.Tick = [this] { Timer2_Timer(); };

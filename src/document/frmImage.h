@@ -56,8 +56,11 @@ class frmImage : public Form,
     /// `CloseCancelled`.
     void CheckChanged();
 
-    Timer Timer1, Timer3, TimerFS; ///< Drags of `PicSelect`, `lbltext`, `PicFreeSelect`.
-    Timer Timer2;                  ///< The rulers follow `RulersOn`.
+    static constexpr int kDragInterval = 20;          // milliseconds
+    Timer Timer1{kDragInterval, EventKind::Pointer};  ///< A drag of `PicSelect`.
+    Timer Timer3{kDragInterval, EventKind::Pointer};  ///< A drag of `lbltext`.
+    Timer TimerFS{kDragInterval, EventKind::Pointer}; ///< A drag of `PicFreeSelect`.
+    Timer Timer2{250};                                ///< The rulers follow `RulersOn`.
 
   protected:
     void Form_Load() override;

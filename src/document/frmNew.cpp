@@ -37,14 +37,7 @@ Colour BackgroundOf(int listIndex) {
 
 } // namespace
 
-frmNewForm::frmNewForm()
-    : Form("frmNew", Kind::Dialog), lblWidth(*this, "lblWidth", "&Largura"), txtPXw(*this, "txtPXw"),
-      VSPXw(*this, "VSPXw", ScrollBar::Direction::Vertical), lblWidthUnit(*this, "lblWidthUnit", "pixeis"),
-      lblHeight(*this, "lblHeight", "&Altura"), txtPXh(*this, "txtPXh"),
-      VSPXh(*this, "VSPXh", ScrollBar::Direction::Vertical), lblHeightUnit(*this, "lblHeightUnit", "pixeis"),
-      lblColour(*this, "lblColour", "&Cor do Fundo"),
-      Combo1(*this, "Combo1", {"Branco", "Preto", "Vermelho", "Verde", "Azul", "Cor actual"}),
-      cmdOK(*this, "cmdOK", "OK"), cmdCancel(*this, "cmdCancel", "Cancelar") {
+frmNewForm::frmNewForm() : Form("frmNew", Kind::Dialog) {
     Caption("Nova Imagem");
     BindSpinner(txtPXw, VSPXw);
     BindSpinner(txtPXh, VSPXh);

@@ -12,17 +12,18 @@ class frmNewForm : public Form {
   public:
     frmNewForm();
 
-    Label lblWidth;
-    TextBox txtPXw;
-    ScrollBar VSPXw;
-    Label lblWidthUnit;
-    Label lblHeight;
-    TextBox txtPXh;
-    ScrollBar VSPXh;
-    Label lblHeightUnit;
-    Label lblColour;
-    ComboBox Combo1;
-    CommandButton cmdOK, cmdCancel;
+    Label lblWidth{*this, "lblWidth", "&Largura"};
+    TextBox txtPXw{*this, "txtPXw"};
+    ScrollBar VSPXw{*this, "VSPXw", ScrollBar::Direction::Vertical};
+    Label lblWidthUnit{*this, "lblWidthUnit", "pixeis"};
+    Label lblHeight{*this, "lblHeight", "&Altura"};
+    TextBox txtPXh{*this, "txtPXh"};
+    ScrollBar VSPXh{*this, "VSPXh", ScrollBar::Direction::Vertical};
+    Label lblHeightUnit{*this, "lblHeightUnit", "pixeis"};
+    Label lblColour{*this, "lblColour", "&Cor do Fundo"};
+    ComboBox Combo1{*this, "Combo1", {"Branco", "Preto", "Vermelho", "Verde", "Azul", "Cor actual"}};
+    CommandButton cmdOK{*this, "cmdOK", "OK"};
+    CommandButton cmdCancel{*this, "cmdCancel", "Cancelar"};
 
     void cmdOK_Click();
 

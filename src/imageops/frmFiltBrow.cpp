@@ -58,15 +58,6 @@ const Filter& FilterAt(int index) {
     return kFilters[index];
 }
 
-/// The texts of the list.
-std::vector<std::string> OfferedFilters() {
-    std::vector<std::string> texts;
-    for (const Filter& filter : kFilters) {
-        if (filter.listText != nullptr) texts.emplace_back(filter.listText);
-    }
-    return texts;
-}
-
 /// The row of the n-th entry of the list, which leaves out the rows without a text.
 int RowOfEntry(int entry) {
     for (int row = 0; row < static_cast<int>(std::size(kFilters)); ++row) {
@@ -81,12 +72,16 @@ void RunFilter(int index, Surface& work, Surface& live, std::int16_t level, Prog
     FilterAt(index).run(work, live, Pb, level);
 }
 
+std::vector<std::string> frmFiltBrowForm::OfferedFilters() {
+    std::vector<std::string> texts;
+    for (const Filter& filter : kFilters) {
+        if (filter.listText != nullptr) texts.emplace_back(filter.listText);
+    }
+    return texts;
+}
+
 frmFiltBrowForm::frmFiltBrowForm()
-    : Form("frmFiltBrow", Kind::Dialog), SampleParts(static_cast<Form&>(*this)),
-      lblFilter(*this, "lblFilter", "Filtro"), FiltList(*this, "FiltList", OfferedFilters()),
-      LevelArea(*this, "LevelArea"), lblFiltLevel(LevelArea, "lblFiltLevel"),
-      Slider1(LevelArea, "Slider1", 1, 10), Command1(*this, "Command1", "Ver Amostra"),
-      cmdApply(*this, "cmdApply", "Actualizar"), cmdCancel(*this, "cmdCancel", "Cancelar") {
+    : Form("frmFiltBrow", Kind::Dialog), SampleParts(static_cast<Form&>(*this)) {
     Caption("Filtros de Imagem");
     Command1.Enabled(false);
     cmdApply.Enabled(false);

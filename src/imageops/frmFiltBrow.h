@@ -9,6 +9,8 @@
 #include "surface/window/Inputs.h"
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace pintalux {
 
@@ -25,12 +27,14 @@ class frmFiltBrowForm : public Form, public SampleParts {
   public:
     frmFiltBrowForm();
 
-    Label lblFilter; ///< Heads the list.
-    ListBox FiltList;
-    Surface LevelArea; ///< Keeps the room of the level while it is hidden.
-    Label lblFiltLevel;
-    Slider Slider1;
-    CommandButton Command1, cmdApply, cmdCancel;
+    Label lblFilter{*this, "lblFilter", "Filtro"}; ///< Heads the list.
+    ListBox FiltList{*this, "FiltList", OfferedFilters()};
+    Surface LevelArea{*this, "LevelArea"}; ///< Keeps the room of the level while it is hidden.
+    Label lblFiltLevel{LevelArea, "lblFiltLevel"};
+    Slider Slider1{LevelArea, "Slider1", 1, 10};
+    CommandButton Command1{*this, "Command1", "Ver Amostra"};
+    CommandButton cmdApply{*this, "cmdApply", "Actualizar"};
+    CommandButton cmdCancel{*this, "cmdCancel", "Cancelar"};
 
     void FiltList_Click();
     void Command1_Click();
@@ -41,6 +45,7 @@ class frmFiltBrowForm : public Form, public SampleParts {
     void Form_Unload() override;
 
   private:
+    static std::vector<std::string> OfferedFilters(); ///< The texts of the list.
     void LayOut();
     void ShowLevel(bool shown);
     void TellLevel();

@@ -11,7 +11,6 @@ namespace pintalux {
 
 namespace {
 
-constexpr int kTrayPage = 4;
 constexpr int kSlots = 6;
 
 // Twips, as all measures here.
@@ -23,21 +22,9 @@ constexpr double kRows[] = {720, 1560, 2400};
 
 constexpr std::int16_t kEmptyHeight = 580;
 
-ControlArray<Display> MakeThumbnails(const ControlArray<Surface>& frames) {
-    ControlArray<Display> thumbnails;
-    for (int i = 0; i < kSlots; ++i)
-        thumbnails.Add(frames(i), "ImgClip" + NumberText(i));
-    return thumbnails;
-}
-
 } // namespace
 
-ClipTray::ClipTray(ToolSettingsPanel& panel)
-    : ChClipLock(panel.PicTools(kTrayPage), "ChClipLock", "TRANSFERÊNCIA"),
-      cmdClear(panel.PicTools(kTrayPage), "cmdClear", "LIMPAR"), ShClip(panel.PicTools(kTrayPage), "ShClip"),
-      ClipStore(panel.PicTools(kTrayPage), "ClipStore"), PicClip(ClipStore, "PicClip", kSlots),
-      PicClipBG(panel.PicTools(kTrayPage), "PicClipBG", kSlots), ImgClip(MakeThumbnails(PicClipBG)),
-      panel_(panel) {
+ClipTray::ClipTray(ToolSettingsPanel& panel) : panel_(panel), page_(panel.PicTools(kClipPage)) {
     Procedure = [](ClipTray&, std::uint32_t, std::intptr_t, std::intptr_t) { return std::intptr_t{0}; };
     LayOut();
     ChClipLock.Click = [this] { ChClipLock_Click(); };
@@ -46,6 +33,13 @@ ClipTray::ClipTray(ToolSettingsPanel& panel)
         ImgClip(i).Click = [this, i] { ImgClip_Click(i); };
         PicClipBG(i).Click = [this, i] { PicClipBG_Click(i); };
     }
+}
+
+ControlArray<Display> ClipTray::MakeThumbnails(const ControlArray<Surface>& frames) {
+    ControlArray<Display> thumbnails;
+    for (int i = 0; i < frames.Count(); ++i)
+        thumbnails.Add(frames(i), "ImgClip" + NumberText(i));
+    return thumbnails;
 }
 
 void ClipTray::LayOut() {
@@ -128,7 +122,7 @@ void ClipTray::FollowFilledSlots() {
     if (filled > 0) panel_.ClipPanelHeight = 1500;
     if (filled > 2) panel_.ClipPanelHeight = 2400;
     if (filled > 4) panel_.ClipPanelHeight = 3300;
-    Surface& page = panel_.PicTools(kTrayPage);
+    Surface& page = panel_.PicTools(kClipPage);
     if (page.Height() > kClosedPageHeight) page.Height(panel_.ClipPanelHeight);
 }
 

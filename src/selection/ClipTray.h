@@ -2,6 +2,7 @@
 // clipboard as thumbnails; a click on one puts its bitmap back on the clipboard.
 #pragma once
 
+#include "base/Registered.h"
 #include "selection/ModClipHook.h"
 #include "surface/window/ControlArray.h"
 #include "surface/window/Display.h"
@@ -14,17 +15,29 @@ namespace pintalux {
 
 struct ToolSettingsPanel;
 
+struct ClipTray;
+
+/// The tray of the running program.
+inline Registered<ClipTray> TheClipTray;
+
 struct ClipTray {
     explicit ClipTray(ToolSettingsPanel& panel);
 
-    CheckBox ChClipLock;    ///< "TRANSFERÊNCIA": 1 locks the tray.
-    CommandButton cmdClear; ///< "LIMPAR"; enabled while a slot is filled.
-    ShapeControl ShClip;    ///< Marks the slot that was filled or clicked last.
+  private:
+    ToolSettingsPanel& panel_;
+    Surface& page_;
 
-    Surface ClipStore; ///< Never shown. It counts in pixels, so that the sides of the largest fit 16 bits.
-    ControlArray<Surface> PicClip;   ///< Hidden; the bitmaps. `Tag` of a filled one is "free" or "standard".
-    ControlArray<Surface> PicClipBG; ///< The frames, seen while their slot is filled.
-    ControlArray<Display> ImgClip;   ///< The thumbnails, at most 615 by 615 twips.
+  public:
+    CheckBox ChClipLock{page_, "ChClipLock", "TRANSFERÊNCIA"}; ///< 1 locks the tray.
+    CommandButton cmdClear{page_, "cmdClear", "LIMPAR"};       ///< Enabled while a slot is filled.
+    ShapeControl ShClip{page_, "ShClip"}; ///< Marks the slot that was filled or clicked last.
+
+    Surface ClipStore{page_, "ClipStore"}; ///< Never shown. It counts in pixels, so that the sides of the
+                                           ///< largest fit 16 bits.
+    ControlArray<Surface> PicClip{ClipStore, "PicClip", 6}; ///< Hidden; the bitmaps. `Tag` of a filled one is
+                                                            ///< "free" or "standard".
+    ControlArray<Surface> PicClipBG{page_, "PicClipBG", 6}; ///< The frames, seen while their slot is filled.
+    ControlArray<Display> ImgClip{MakeThumbnails(PicClipBG)}; ///< At most 615 by 615 twips.
 
     std::int16_t NextClip = 0;     ///< The slot that the next capture fills.
     std::int16_t SelectedClip = 0; ///< The slot whose tag a paste reads.
@@ -42,16 +55,14 @@ struct ClipTray {
     void cmdClear_Click();
 
   private:
+    static ControlArray<Display> MakeThumbnails(const ControlArray<Surface>& frames);
     void LayOut();
     void TakeBitmap();
     void FitThumbnail(int slot, std::int16_t width, std::int16_t height);
     void MarkSlot(int slot);
     void FollowFilledSlots();
 
-    ToolSettingsPanel& panel_;
+    Registered<ClipTray>::Entry entry_{TheClipTray, *this};
 };
-
-/// The tray of the running program; null before it is made.
-inline ClipTray* TheClipTray = nullptr;
 
 } // namespace pintalux

@@ -188,6 +188,7 @@ void MergeAnything(frmImage& image) {
 
 // The commands may be on for another document, or after a path that enclosed nothing.
 void mnuEditCopy_Click() {
+    if (!ADocumentShows()) return;
     frmImage& image = ActiveImage();
     if (!PieceFloats(image)) return EnableCutAndCopy(false);
     if (image.PicSelect.Visible()) {
@@ -199,6 +200,7 @@ void mnuEditCopy_Click() {
 }
 
 void mnuEditCut_Click() {
+    if (!ADocumentShows()) return;
     frmImage& image = ActiveImage();
     if (!PieceFloats(image)) return EnableCutAndCopy(false);
     if (image.PicSelect.Visible()) {
@@ -219,7 +221,7 @@ void PasteFromBar() {
 void mnuEditPasteNew_Click() {
     const Picture bitmap = BitmapToPaste(nullptr);
     if (bitmap.Empty()) return;
-    LockWindowUpdate(TheWorkspace.window);
+    LockWindowUpdate(&*TheWorkspace.window);
     NewImageWindow();
     frmImage& image = ActiveImage();
     image.PicMerge.Picture(bitmap);

@@ -2,7 +2,6 @@
 
 #include "base/NumberText.h"
 #include "document/Globals.h"
-#include "tools/ToolTable.h"
 
 namespace pintalux {
 
@@ -16,9 +15,8 @@ constexpr double kLabelHeight = 225;
 constexpr double kSliderHeight = 330;
 constexpr double kBarHeight = 420;
 
-constexpr int kPages = 5;
-const char* const kPageTitles[kPages] = {"Caneta", "Texturas", "Selecção", "Alterar Cores",
-                                         "Area Transfêrencia"};
+constexpr const char* kPageTitles[] = {"Caneta", "Texturas", "Selecção", "Alterar Cores",
+                                       "Area Transfêrencia"};
 
 const std::vector<ToolBar::Row> kBrushes = {
     {"round", "Round", ":/icons/brush-round.svg", ButtonStyle::ButtonGroup, "Round"},
@@ -47,29 +45,9 @@ void SetUpSlider(Slider& slider, const char* name, int ticks, int largeChange) {
     slider.LargeChange(largeChange);
 }
 
-ControlArray<CommandButton> MakePageButtons(const ControlArray<Surface>& pages) {
-    ControlArray<CommandButton> buttons;
-    for (int i = 0; i < kPages; ++i)
-        buttons.Add(pages(i), "cmdTools" + NumberText(i), kPageTitles[i]);
-    return buttons;
-}
-
 } // namespace
 
-ToolSettingsPanel::ToolSettingsPanel(Container& window)
-    : ToolSettings(window, "ToolSettings"), Picture2(ToolSettings, "Picture2"),
-      Command1(Picture2, "Command1", ""), PicTools(ToolSettings, "PicTools", kPages),
-      cmdTools(MakePageButtons(PicTools)), Toolbar1(PicTools(0), "Toolbar1", kBrushes),
-      Label1(PicTools(0), "Label1", "LARGURA"), Slider1(PicTools(0), "Slider1", 1, 50),
-      Label2(PicTools(0), "Label2", "GROSSURA"), Slider2(PicTools(0), "Slider2", 1, 50),
-      Toolbar2(PicTools(1), "Toolbar2", kShapes), Option1(PicTools(1), "Option1", "LINHA DE FORA"),
-      Option2(PicTools(1), "Option2", "PREENCHIDO"), Label3(PicTools(1), "Label3", "LARGURA DA LINHA"),
-      Slider3(PicTools(1), "Slider3", 1, 50), Option4(PicTools(2), "Option4", "CURTAR E ARRASTAR"),
-      Option3(PicTools(2), "Option3", "COPIAR E LARGAR"),
-      Combo2(PicTools(3), "Combo2", {"Brilho", "Escurecer", "Vermelho", "Verde", "Azul", "Cor actual"}),
-      Label4(PicTools(3), "Label4", "INTENSIDADE"), Label5(PicTools(3), "Label5", "RAIO"),
-      Label6(PicTools(3), "Label6", "PASSOS"), Slider4(PicTools(3), "Slider4", 1, 10),
-      Slider5(PicTools(3), "Slider5", 1, 100), Slider6(PicTools(3), "Slider6", 10, 50) {
+ToolSettingsPanel::ToolSettingsPanel(Container& window) : window_(window) {
     ToolSettings.ScaleMode(kScaleTwips);
     ToolSettings.BackColor(kButtonFaceColour);
     ToolSettings.Width(kPanelWidth);
@@ -82,8 +60,23 @@ ToolSettingsPanel::ToolSettingsPanel(Container& window)
     StackPages();
 }
 
+ControlArray<CommandButton> ToolSettingsPanel::PageButtons(const ControlArray<Surface>& pages) {
+    ControlArray<CommandButton> buttons;
+    for (int i = 0; i < pages.Count(); ++i)
+        buttons.Add(pages(i), "cmdTools" + NumberText(i), kPageTitles[i]);
+    return buttons;
+}
+
+const std::vector<ToolBar::Row>& ToolSettingsPanel::BrushButtons() {
+    return kBrushes;
+}
+
+const std::vector<ToolBar::Row>& ToolSettingsPanel::ShapeButtons() {
+    return kShapes;
+}
+
 void ToolSettingsPanel::MakePages() {
-    for (int i = 0; i < kPages; ++i) {
+    for (int i = 0; i < PicTools.Count(); ++i) {
         Surface& page = PicTools(i);
         page.ScaleMode(kScaleTwips);
         page.BackColor(kButtonFaceColour);
@@ -182,12 +175,12 @@ void ToolSettingsPanel::cmdTools_Click(int Index) {
 }
 
 void ToolSettingsPanel::StackPages() {
-    for (int i = 1; i < kPages; ++i)
+    for (int i = 1; i < PicTools.Count(); ++i)
         PicTools(i).Top(PicTools(i - 1).Top() + PicTools(i - 1).Height());
 }
 
 double ToolSettingsPanel::BottomOfPages() const {
-    return PicTools(4).Top() + PicTools(4).Height();
+    return PicTools(kClipPage).Top() + PicTools(kClipPage).Height();
 }
 
 // From the bottom up, until there is room. Page 0, the pen's, is never closed this way.

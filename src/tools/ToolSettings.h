@@ -7,6 +7,7 @@
 #include "surface/window/Inputs.h"
 #include "surface/window/Surface.h"
 #include "surface/window/ToolBar.h"
+#include "tools/ToolTable.h"
 
 #include <cstdint>
 
@@ -14,34 +15,51 @@ namespace pintalux {
 
 inline constexpr double kClosedPageHeight = 300; // twips
 
+struct ToolSettingsPanel;
+
+/// The panel of the running program.
+inline Registered<ToolSettingsPanel> TheToolSettings;
+
 struct ToolSettingsPanel {
     explicit ToolSettingsPanel(Container& window);
 
-    Surface ToolSettings;
-    Surface Picture2;               ///< The title strip.
-    CommandButton Command1;         ///< Hides the panel.
-    ControlArray<Surface> PicTools; ///< The pages 0 to 4; closed ones are 300 twips high.
-    ControlArray<CommandButton> cmdTools;
+  private:
+    Container& window_;
 
-    // Page 0, the pen
-    ToolBar Toolbar1;
-    Label Label1; ///< "LARGURA", of the brush tip.
-    Slider Slider1;
-    Label Label2; ///< "GROSSURA", of the pen.
-    Slider Slider2;
-    // Page 1, shapes
-    ToolBar Toolbar2;
-    OptionButton Option1, Option2; ///< Outline or filled.
-    Label Label3;                  ///< "LARGURA DA LINHA"
-    Slider Slider3;
-    // Page 2, selections
-    OptionButton Option4, Option3; ///< Cut or copy.
-    // Page 3, the wand
-    ComboBox Combo2;
-    Label Label4, Label5, Label6;
-    Slider Slider4, Slider5, Slider6;
+  public:
+    Surface ToolSettings{window_, "ToolSettings"};
+    Surface Picture2{ToolSettings, "Picture2"};       ///< The title strip.
+    CommandButton Command1{Picture2, "Command1", ""}; ///< Hides the panel.
+    ControlArray<Surface> PicTools{ToolSettings, "PicTools",
+                                   5}; ///< A `SettingsPage` each; closed 300 twips high.
+    ControlArray<CommandButton> cmdTools{PageButtons(PicTools)}; ///< Heads the pages.
 
-    std::int16_t ClipPanelHeight = 580; ///< Full height in twips of page 4, the clip tray.
+    // The pen
+    ToolBar Toolbar1{PicTools(kPenPage), "Toolbar1", BrushButtons()};
+    Label Label1{PicTools(kPenPage), "Label1", "LARGURA"}; ///< Of the brush tip.
+    Slider Slider1{PicTools(kPenPage), "Slider1", 1, 50};
+    Label Label2{PicTools(kPenPage), "Label2", "GROSSURA"}; ///< Of the pen.
+    Slider Slider2{PicTools(kPenPage), "Slider2", 1, 50};
+    // Shapes
+    ToolBar Toolbar2{PicTools(kShapesPage), "Toolbar2", ShapeButtons()};
+    OptionButton Option1{PicTools(kShapesPage), "Option1", "LINHA DE FORA"};
+    OptionButton Option2{PicTools(kShapesPage), "Option2", "PREENCHIDO"};
+    Label Label3{PicTools(kShapesPage), "Label3", "LARGURA DA LINHA"};
+    Slider Slider3{PicTools(kShapesPage), "Slider3", 1, 50};
+    // Selections
+    OptionButton Option4{PicTools(kSelectionPage), "Option4", "CURTAR E ARRASTAR"};
+    OptionButton Option3{PicTools(kSelectionPage), "Option3", "COPIAR E LARGAR"};
+    // The wand
+    ComboBox Combo2{
+        PicTools(kWandPage), "Combo2", {"Brilho", "Escurecer", "Vermelho", "Verde", "Azul", "Cor actual"}};
+    Label Label4{PicTools(kWandPage), "Label4", "INTENSIDADE"};
+    Label Label5{PicTools(kWandPage), "Label5", "RAIO"};
+    Label Label6{PicTools(kWandPage), "Label6", "PASSOS"};
+    Slider Slider4{PicTools(kWandPage), "Slider4", 1, 10};
+    Slider Slider5{PicTools(kWandPage), "Slider5", 1, 100};
+    Slider Slider6{PicTools(kWandPage), "Slider6", 10, 50};
+
+    std::int16_t ClipPanelHeight = 580; ///< Full height in twips of the clip tray's page.
     std::int16_t BrushShape = 0; ///< 0 round, 1 left slash, 2 right slash, 3 horizontal bar, 4 vertical bar.
     std::int16_t ShapeType = 0;  ///< 0 square, 1 rectangle, 2 circle, 3 ellipse.
 
@@ -57,6 +75,9 @@ struct ToolSettingsPanel {
     std::function<void(int tool)> ChooseTool;
 
   private:
+    static ControlArray<CommandButton> PageButtons(const ControlArray<Surface>& pages);
+    static const std::vector<ToolBar::Row>& BrushButtons();
+    static const std::vector<ToolBar::Row>& ShapeButtons();
     void MakePages();
     void LayOutPen();
     void LayOutShapes();
@@ -67,9 +88,8 @@ struct ToolSettingsPanel {
     void CloseOthers(int open);
     double BottomOfPages() const;
     double FullHeight(int page) const;
-};
 
-/// The panel of the running program; null before it is made.
-inline ToolSettingsPanel* TheToolSettings = nullptr;
+    Registered<ToolSettingsPanel>::Entry entry_{TheToolSettings, *this};
+};
 
 } // namespace pintalux

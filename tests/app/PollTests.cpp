@@ -49,7 +49,7 @@ class PollTest : public ProgramTest {
     }
     static void ExpectImageItems(bool enabled) {
         for (const MenuItem* item : ImageItems())
-            EXPECT_EQ(item->Enabled(), enabled) << item->Name();
+            EXPECT_EQ(item->Enabled(), enabled && item->HasCommand()) << item->Name();
         for (const int position : {22, 23, 24})
             EXPECT_EQ(frmMain->TB2.Buttons(position).Enabled(), enabled) << position;
     }
@@ -57,6 +57,14 @@ class PollTest : public ProgramTest {
         EXPECT_EQ(frmMain->mnuEditPaste.Enabled(), paste);
         EXPECT_EQ(frmMain->mnuEditPasteNew.Enabled(), pasteNew);
         EXPECT_EQ(frmMain->TB2.Buttons(7).Enabled(), pasteNew);
+    }
+    // Those that need a document in sight.
+    static void ExpectSightCommands(bool enabled) {
+        EXPECT_EQ(frmMain->mnuEditCut.Enabled(), enabled);
+        EXPECT_EQ(frmMain->mnuEditCopy.Enabled(), enabled);
+        EXPECT_EQ(frmMain->TB2.Buttons("Cut").Enabled(), enabled);
+        EXPECT_EQ(frmMain->TB2.Buttons("Copy").Enabled(), enabled);
+        EXPECT_EQ(frmMain->mnuZoomActual.Enabled(), enabled);
     }
     static void ExpectUndo(bool undo, bool redo) {
         EXPECT_EQ(frmMain->mnuEditUndo.Enabled(), undo);
@@ -100,6 +108,58 @@ TEST_F(PollTest, AfterTheLastDocumentClosedTheyAreOffAgain) {
     ASSERT_TRUE(image.Unload());
     Poll();
     ExpectImageItems(false);
+}
+
+TEST_F(PollTest, ADocumentLeftMinimisedWhenTheOtherOneClosesKeepsItsCommands) {
+    frmImage& one = NewDocument(10, 10);
+    frmImage& two = NewDocument(20, 10);
+    one.WindowState(kMinimised);
+    PassEvents();
+    ASSERT_TRUE(two.Unload());
+    PassEvents();
+    EXPECT_EQ(&ActiveImage(), &one);
+    Poll();
+    ExpectImageItems(true);
+    Edit(one, kBlack);
+    Poll();
+    ExpectUndo(true, false);
+    Choose(frmMain->mnuEditUndo);
+    EXPECT_EQ(CornerOf(one), kWhite);
+}
+
+TEST_F(PollTest, WhatIsOutOfSightIsNeitherCutNorCopiedNorShownAtItsSize) {
+    frmImage& image = NewDocument(20, 10);
+    Choose(frmMain->mnuZoomInX(2));
+    Choose(frmMain->mnuEditSelectAll);
+    ExpectSightCommands(true);
+    image.WindowState(kMinimised);
+    PassEvents();
+    Poll();
+    ExpectSightCommands(false);
+    for (const MenuItem* item : {&frmMain->mnuEditCut, &frmMain->mnuEditCopy, &frmMain->mnuZoomActual})
+        Choose(*item);
+    EXPECT_TRUE(image.PicSelect.Visible());
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_BITMAP));
+    EXPECT_EQ(image.factor, 3);
+    image.WindowState(kNormal);
+    PassEvents();
+    Poll();
+    ExpectSightCommands(true);
+}
+
+TEST_F(PollTest, WithoutADocumentCutCopyAndTheNaturalSizeDoNothing) {
+    frmImage& image = NewDocument(20, 10);
+    Choose(frmMain->mnuZoomInX(2));
+    Choose(frmMain->mnuEditSelectAll);
+    ASSERT_TRUE(image.Unload());
+    Poll();
+    ExpectSightCommands(false);
+    for (const MenuItem* item : {&frmMain->mnuEditCut, &frmMain->mnuEditCopy, &frmMain->mnuZoomActual})
+        Choose(*item);
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_BITMAP));
+    NewDocument(20, 10);
+    Poll();
+    EXPECT_FALSE(frmMain->mnuEditCut.Enabled()) << "nothing floats in the new one";
 }
 
 TEST_F(PollTest, ABitmapOnTheClipboardAllowsPastingAsNew) {
@@ -220,9 +280,8 @@ TEST_F(PollTest, DisablingSomeLeavesBordersResizingAndArranging) {
     DisableImageMenus(all);
     EXPECT_FALSE(frmMain->mnuFileSaveAs.Enabled());
     EXPECT_FALSE(frmMain->mnuImageProperties.Enabled());
-    EXPECT_TRUE(frmMain->mnuResize.Enabled());
-    EXPECT_TRUE(frmMain->mnuAddBorders.Enabled());
-    EXPECT_TRUE(frmMain->mnuBorderWiz.Enabled());
+    for (const MenuItem* item : {&frmMain->mnuResize, &frmMain->mnuAddBorders, &frmMain->mnuBorderWiz})
+        EXPECT_EQ(item->Enabled(), item->HasCommand()) << item->Name();
     EXPECT_TRUE(frmMain->mnuWindowCascade.Enabled());
 }
 

@@ -107,7 +107,7 @@ TEST_F(ClipTrayTest, FramesStandInTwoColumnsAndThreeRows) {
     EXPECT_FALSE(frmMain->ShClip.Visible());
     EXPECT_FALSE(frmMain->cmdClear.Enabled());
     EXPECT_EQ(frmMain->ChClipLock.Value(), 0);
-    EXPECT_EQ(TheClipTray, &*frmMain);
+    EXPECT_EQ(&*TheClipTray, &*frmMain);
 }
 
 TEST_F(ClipTrayTest, CopiedBitmapIsInTheTrayBeforeTheCopyReturns) {
@@ -457,7 +457,7 @@ TEST_F(ClipTrayTest, AfterTheExitACopyIsHeardByNobody) {
     Choose(frmMain->mnuFileExit);
     PassEvents();
     ASSERT_FALSE(frmMain.Loaded());
-    EXPECT_EQ(TheClipTray, nullptr);
+    EXPECT_FALSE(TheClipTray);
     Copy();
     EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP));
 }

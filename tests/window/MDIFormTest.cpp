@@ -228,6 +228,19 @@ TEST_F(MDITest, ClosingTheMaximisedChildMaximisesTheNext) {
     EXPECT_EQ(one.WindowState(), kMaximised);
 }
 
+TEST_F(MDITest, AMinimisedChildIsActiveWhenTheLastOpenOneCloses) {
+    PlainForm& one = ShowChild("one");
+    PlainForm& two = ShowChild("two");
+    one.WindowState(kMinimised);
+    LetEventsRun();
+    two.Unload();
+    LetEventsRun();
+    EXPECT_EQ(main.ActiveForm(), &one);
+    EXPECT_EQ(one.WindowState(), kMinimised);
+    one.Unload();
+    EXPECT_EQ(main.ActiveForm(), nullptr);
+}
+
 QRect PlaceOf(const std::string& name) {
     return FindWidget(name)->geometry();
 }

@@ -181,6 +181,14 @@ void MDINative::ActivatedByToolkit(const QWidget* window) {
     }
 }
 
+Form* MDINative::LastMinimised(const Form& gone) const {
+    Form* last = nullptr;
+    for (const std::unique_ptr<Form>& child : form.children_) {
+        if (child.get() != &gone && child->visible_) last = child.get();
+    }
+    return last;
+}
+
 void MDINative::TakeOut(Form& child) {
     QMdiSubWindow* window = FormNative::Of(child).SubWindow();
     const bool maximised = window && window->isMaximized();
@@ -196,9 +204,10 @@ void MDINative::TakeOut(Form& child) {
     active = nullptr;
     if (closing) return;
     const std::vector<Form*> left = Arrangeable();
-    if (left.empty()) return;
-    if (maximised) left.back()->WindowState(kMaximised);
-    RunEvent(EventKind::Ordinary, [&] { Activate(*left.back()); });
+    if (!left.empty() && maximised) left.back()->WindowState(kMaximised);
+    Form* next = left.empty() ? LastMinimised(child) : left.back();
+    if (next == nullptr) return;
+    RunEvent(EventKind::Ordinary, [&] { Activate(*next); });
 }
 
 // Ctrl+Tab and Ctrl+F6, with Shift backwards, wherever the focus is.

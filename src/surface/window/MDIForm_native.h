@@ -39,6 +39,8 @@ struct MDINative {
     void Activate(Form& child);
     /// Takes an unloaded document window off the screen; the one that was active before follows it.
     void TakeOut(Form& child);
+    /// The document window that was made last, but for one that goes; for when all of them are minimised.
+    Form* LastMinimised(const Form& gone) const;
     void ActivatedByToolkit(const QWidget* window);
     void ConnectKeys();
     QPoint NextPlace();

@@ -84,6 +84,10 @@ void MenuItem::InsertAfter(MenuItem& after, MenuItem& item) {
     menu->insertAction(place < actions.size() ? actions[place] : nullptr, item.native_->action);
 }
 
+bool MenuItem::HasCommand() const {
+    return Click || !native_->menu.isNull();
+}
+
 void MenuItem::Remove(MenuItem& item) {
     if (native_->menu) native_->menu->removeAction(item.native_->action);
 }

@@ -36,6 +36,8 @@ class MenuItem {
     void Remove(MenuItem& item);
 
     std::function<void()> Click;
+    /// It does something when it is chosen, or opens a menu.
+    bool HasCommand() const;
 
     MenuNative& Native() const { return *native_; }
 
