@@ -212,6 +212,29 @@ void ShowNewSize(frmImage& image, double factor) {
     ShowMerge(image);
 }
 
+void GrowCanvas(frmImage& image, const Margins& margins, Colour colour) {
+    image.SelectLeft = margins.left;
+    image.SelectTop = margins.top;
+    image.Selectwidth = image.PicMerge.Width();
+    image.Selectheight = image.PicMerge.Height();
+    image.picsource.Picture({});
+    image.picsource.Width(image.PicMerge.Width());
+    image.picsource.Height(image.PicMerge.Height());
+    image.picsource.Picture(image.PicMerge.Image());
+    image.PicMerge.Picture({});
+    image.PicMerge.Width(image.PicMerge.Width() + margins.left + margins.right);
+    image.PicMerge.Height(image.PicMerge.Height() + margins.top + margins.bottom);
+    image.Pic1BU.Picture({});
+    image.Pic1BU.Width(image.PicMerge.Width());
+    image.Pic1BU.Height(image.PicMerge.Height());
+    image.Pic1BU.BackColor(colour);
+    const Extent old = SelectionExtent(image);
+    StretchBlt(image.Pic1BU.hDC(), old, image.picsource.hDC(), {0, 0, old.width, old.height}, SRCCOPY);
+    image.PicMerge.Picture(image.Pic1BU.Image());
+    ShowNewSize(image, image.factor);
+    if (image.PicSelect.Visible()) TakeMembers(image, image.PicSelect);
+}
+
 void ShowActualSize(frmImage& image) {
     const double factor = image.factor;
     image.factorlevel = kActualLevel;

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "base/Flag.h"
+#include "surface/raster/Colour.h"
 
 #include <functional>
 
@@ -107,6 +108,15 @@ void FinishOperation(frmImage& image);
 
 /// Shows an image whose size has changed, at `factor` view pixels for each of its own.
 void ShowNewSize(frmImage& image, double factor);
+
+/// Margins in pixels.
+struct Margins {
+    int left, top, right, bottom;
+};
+
+/// Gives the image margins in a colour and shows it at the zoom that there is. The members of the selection
+/// hold the place of the old image meanwhile. A rectangle that floats stays where it is on the view.
+void GrowCanvas(frmImage& image, const Margins& margins, Colour colour);
 
 /// Shows the active document, whose size has changed, pixel for pixel, so that tools hit what they point at:
 /// its window fits, its scroll bars and rulers follow.

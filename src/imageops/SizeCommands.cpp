@@ -42,12 +42,12 @@ void StretchImage(frmImage& image) {
 
 void mnuBorderWiz_Click() {
     frmImage& image = ImageForOperation();
-    if (image.PicFreeSelect.Visible()) {
+    const Target target = ChooseTarget(image);
+    if (target == Target::Freehand) {
         MsgBox("A area a seleccionar terá que ser rectangular.", BoxButtons::Ok, BoxIcon::None,
                kMessageTitle);
         return;
     }
-    const Target target = ChooseTarget(image);
     PrepareSample(image, target, *frmBWiz);
     frmBWiz->ShowLastState();
     frmBWiz->ShowModal();

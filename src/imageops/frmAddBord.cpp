@@ -7,7 +7,6 @@
 #include "document/Selection.h"
 #include "document/Workspace.h"
 #include "imageops/Scaffold.h"
-#include "surface/raster/Transfer.h"
 #include "surface/system/MsgBox.h"
 #include "surface/system/Pictures.h"
 #include "surface/window/Layout.h"
@@ -22,11 +21,6 @@ AutoForm<frmAddBordForm> frmAddBord;
 namespace {
 
 constexpr int kWidest = 400; // pixels of a margin
-
-/// Margins in pixels.
-struct Margins {
-    int left, top, right, bottom;
-};
 
 Colour BorderColour(int listIndex) {
     switch (listIndex) {
@@ -60,31 +54,6 @@ bool CanGrow(const frmImage& image, const Margins& m) {
                ". A imagem ficou como estava: escolha margens mais pequenas.",
            BoxButtons::Ok, BoxIcon::Critical, kMessageTitle);
     return false;
-}
-
-// The members of the selection hold the place of the old image in the new one; no selection exists
-// because of it, and one that floats keeps its place on the view.
-void GrowImage(frmImage& image, const Margins& m, Colour colour) {
-    image.SelectLeft = m.left;
-    image.SelectTop = m.top;
-    image.Selectwidth = image.PicMerge.Width();
-    image.Selectheight = image.PicMerge.Height();
-    image.picsource.Picture({});
-    image.picsource.Width(image.PicMerge.Width());
-    image.picsource.Height(image.PicMerge.Height());
-    image.picsource.Picture(image.PicMerge.Image());
-    image.PicMerge.Picture({});
-    image.PicMerge.Width(image.PicMerge.Width() + m.left + m.right);
-    image.PicMerge.Height(image.PicMerge.Height() + m.top + m.bottom);
-    image.Pic1BU.Picture({});
-    image.Pic1BU.Width(image.PicMerge.Width());
-    image.Pic1BU.Height(image.PicMerge.Height());
-    image.Pic1BU.BackColor(colour);
-    const int width = ToInt32(image.Selectwidth);
-    const int height = ToInt32(image.Selectheight);
-    StretchBlt(image.Pic1BU.hDC(), {m.left, m.top, width, height}, image.picsource.hDC(),
-               {0, 0, width, height}, SRCCOPY);
-    image.PicMerge.Picture(image.Pic1BU.Image());
 }
 
 } // namespace
@@ -174,10 +143,7 @@ void frmAddBordForm::cmdApply_Click() {
     WholeImageForOperation();
     EndFreehandPiece(image);
     LockWindowUpdate(image.hWnd());
-    GrowImage(image, margins, colour);
-    ShowNewSize(image, image.factor);
-    // A rectangle that floats stays where it is on the view, and has its members back.
-    if (image.PicSelect.Visible()) TakeMembers(image, image.PicSelect);
+    GrowCanvas(image, margins, colour);
     image.Backup();
     LockWindowUpdate(nullptr);
     BordersAdded = true;
