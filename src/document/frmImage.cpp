@@ -20,9 +20,9 @@ namespace pintalux {
 
 namespace {
 
-// What the desktop's frame takes of a window, in twips.
-constexpr double kFrameWidth = 120;
-constexpr double kFrameHeight = 420;
+// Intended: a fitted window is 100 twips higher than its frame and its image, so that no upright scroll bar
+// comes for want of a pixel.
+constexpr int kFittedFrameHeight = kChildFrameHeight + 100;
 
 // Whatever ends the save in the middle makes it a failed one.
 SaveResult SaveForClose() {
@@ -133,10 +133,11 @@ void frmImage::Form_Resize() {
     const double left = RulersOn ? LeftRuler.Width() : 0;
     const double top = RulersOn ? TopRuler.Height() : 0;
     ResumeNext([&] { PicFrame.Top(top); }, [&] { PicFrame.Left(left); },
-               [&] { PicFrame.Width(Width() - left - kFrameWidth); },
-               [&] { PicFrame.Height(Height() - top - kFrameHeight); }, [&] { PicBG.Top(0); },
-               [&] { Image1.Top(0); }, [&] { Picsize(); }, [&] { TopRuler.Width(Width() - kFrameWidth); },
-               [&] { LeftRuler.Height(Height() - top - kFrameHeight); }, [&] { drawrulers(); });
+               [&] { PicFrame.Width(Width() - left - kChildFrameWidth); },
+               [&] { PicFrame.Height(Height() - top - kChildFrameHeight); }, [&] { PicBG.Top(0); },
+               [&] { Image1.Top(0); }, [&] { Picsize(); },
+               [&] { TopRuler.Width(Width() - kChildFrameWidth); },
+               [&] { LeftRuler.Height(Height() - top - kChildFrameHeight); }, [&] { drawrulers(); });
 }
 
 void NewImageWindow() {
@@ -160,8 +161,8 @@ void FitImageWindow() {
     if (image.PicBG.Top() > 0) image.PicBG.Top(0);
     // A maximised window is not resized, which would lay out the image again.
     if (image.WindowState() == kMaximised) return image.Picsize();
-    const double width = image.PicBG.Width() * Screen.TwipsPerPixelX() + 120;
-    const double height = image.PicBG.Height() * Screen.TwipsPerPixelY() + 520;
+    const double width = image.PicBG.Width() * Screen.TwipsPerPixelX() + kChildFrameWidth;
+    const double height = image.PicBG.Height() * Screen.TwipsPerPixelY() + kFittedFrameHeight;
     if (image.Width() > width) image.Width(width);
     if (image.Height() > height) image.Height(height);
 }

@@ -98,11 +98,11 @@ std::string frmImage::MyRedo() {
 void frmImage::Blankme() {
     PicMerge.Picture(LoadPicture());
     if (RulersOn) {
-        Width(LeftRuler.Width() + PicBG.Width() + 120);
-        Height(TopRuler.Height() + PicBG.Height() + 420);
+        Width(LeftRuler.Width() + PicBG.Width() + kChildFrameWidth);
+        Height(TopRuler.Height() + PicBG.Height() + kChildFrameHeight);
     } else {
-        Width(PicBG.Width() + 120);
-        Height(PicBG.Height() + 420);
+        Width(PicBG.Width() + kChildFrameWidth);
+        Height(PicBG.Height() + kChildFrameHeight);
     }
     Form_Resize();
 }

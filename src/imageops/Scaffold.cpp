@@ -250,8 +250,8 @@ void FitWindow(frmImage& image) {
     if (image.WindowState() == kMaximised) return;
     const double oldWidth = image.Width();
     const double oldHeight = image.Height();
-    const double width = image.PicMerge.ScaleWidth() * Screen.TwipsPerPixelX() + 120;
-    const double height = image.PicMerge.ScaleHeight() * Screen.TwipsPerPixelY() + 420;
+    const double width = image.PicMerge.ScaleWidth() * Screen.TwipsPerPixelX() + kChildFrameWidth;
+    const double height = image.PicMerge.ScaleHeight() * Screen.TwipsPerPixelY() + kChildFrameHeight;
     image.Width(RulersOn ? image.LeftRuler.Width() + width : width);
     image.Height(RulersOn ? image.TopRuler.Height() + height : height);
     if (image.Width() > oldWidth || image.Height() > oldHeight) StayInWorkspace(image);

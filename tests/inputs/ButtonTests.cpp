@@ -50,6 +50,13 @@ TEST_F(ButtonTest, EscapeInATextBoxPressesCancel) {
     EXPECT_EQ(oks, 0);
 }
 
+TEST_F(ButtonTest, EscapeWithoutACancelButtonDoesNothing) {
+    cancel.Cancel(false);
+    Key(ToolkitOf<QLineEdit>(box), Qt::Key_Escape);
+    EXPECT_EQ(cancels, 0);
+    EXPECT_TRUE(WidgetOf(window)->isVisible());
+}
+
 TEST_F(ButtonTest, EnterPressesTheFocusedButtonInsteadOfTheDefault) {
     cancel.SetFocus();
     Key(ToolkitOf<QPushButton>(cancel), Qt::Key_Return, "\r");

@@ -5,6 +5,7 @@
 #include "support/UntrappedErrors.h"
 #include "support/Waiting.h"
 #include "surface/window/Control_native.h"
+#include "surface/window/Form.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
@@ -13,17 +14,15 @@
 
 namespace pintalux {
 
-/// A shown window of 600 by 400 pixels whose children are placed in twips.
-class TestWindow final : public Container {
+/// A dialog that shows, of 600 by 400 pixels, whose children are placed in twips.
+class TestWindow final : public Form {
   public:
-    TestWindow() : Container(nullptr, "TestWindow", kScaleTwips) {
-        InstallWidget(*this, new QWidget);
-        WidgetOf(*this)->resize(600, 400);
-        WidgetOf(*this)->show();
+    TestWindow() : Form("TestWindow", Kind::Dialog) {
+        Width(600 * kTwipsPerPixel);
+        Height(400 * kTwipsPerPixel);
+        Show();
         WidgetOf(*this)->activateWindow();
     }
-    int PixelWidth() const override { return 600; }
-    int PixelHeight() const override { return 400; }
 };
 
 template <class Widget>

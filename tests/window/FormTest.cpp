@@ -1,8 +1,12 @@
+#include "surface/window/Display.h"
+#include "surface/window/Inputs.h"
+#include "surface/window/Layout.h"
 #include "surface/window/Surface.h"
 #include "surface/window/Timer.h"
 #include "window/WindowTest.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 
 namespace pintalux {
 namespace {
@@ -213,6 +217,73 @@ TEST(ModalForm, GivesTheFocusBack) {
     QTimer::singleShot(1, qApp, [&] { dialog.Hide(); });
     dialog.ShowModal();
     EXPECT_TRUE(WaitFor([&] { return QApplication::focusWidget() == widget; }));
+}
+
+TEST(ModalForm, StandsOverTheMiddleOfTheActiveWindow) {
+    PlainForm form;
+    form.Move(1500, 1500, 6000, 4500);
+    form.Show();
+    FindWidget("plain")->activateWindow();
+    ASSERT_TRUE(WaitFor([] { return FindWidget("plain")->isActiveWindow(); }));
+    PlainForm dialog("dialog", Form::Kind::Dialog);
+    dialog.Width(3000);
+    dialog.Height(1500);
+    QPoint middle;
+    QTimer::singleShot(1, qApp, [&] {
+        EXPECT_TRUE(FindWidget("dialog")->isModal());
+        middle = FindWidget("dialog")->geometry().center();
+        dialog.Hide();
+    });
+    dialog.ShowModal();
+    EXPECT_FALSE(FindWidget("dialog")->isModal());
+    // The frame is only guessed before the dialog shows.
+    EXPECT_LE((middle - FindWidget("plain")->geometry().center()).manhattanLength(), 40);
+}
+
+TEST(ModalForm, FirstControlHasTheFocusAtEachShowing) {
+    PlainForm dialog("dialog", Form::Kind::Dialog);
+    Label label(dialog, "label", "&Largura");
+    TextBox first(dialog, "first");
+    TextBox second(dialog, "second");
+    CommandButton ok(dialog, "cmdOK", "OK");
+    ok.Default(true);
+    int presses = 0;
+    ok.Click = [&] {
+        ++presses;
+        dialog.Hide();
+    };
+    LayOutGrid(dialog, {{&label, 0, 0}, {&first, 0, 1}, {&second, 1, 1}, {&ok, 2, 1}});
+    for (int showing = 1; showing <= 2; ++showing) {
+        QTimer::singleShot(1, qApp, [&] {
+            EXPECT_EQ(FindWidget("dialog")->focusWidget()->objectName(), "first") << showing;
+            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
+            QCoreApplication::sendEvent(FindWidget("first"), &enter);
+            if (dialog.Visible()) dialog.Hide();
+        });
+        dialog.ShowModal();
+        EXPECT_EQ(presses, showing);
+    }
+}
+
+TEST(Form, LifeGoesFromMadeToGone) {
+    PlainForm form;
+    EXPECT_FALSE(form.Loaded());
+    EXPECT_TRUE(form.Unload()); // nothing to unload
+    EXPECT_EQ(form.queries, 0);
+    form.Show(); // loads it first
+    EXPECT_EQ(form.loads, 1);
+    EXPECT_TRUE(form.Loaded());
+    form.refuse = true;
+    EXPECT_FALSE(form.Unload());
+    FindWidget("plain")->resize(250, 120); // it is shown as before
+    LetEventsRun();
+    EXPECT_EQ(form.Width(), 3750);
+    form.refuse = false;
+    EXPECT_TRUE(form.Unload());
+    EXPECT_FALSE(form.Loaded());
+    form.Show(); // nothing leads back
+    EXPECT_FALSE(FindWidget("plain")->isVisible());
+    EXPECT_EQ(form.loads, 1);
 }
 
 TEST(LockWindowUpdate, LocksOneWindowAtATime) {

@@ -1,10 +1,10 @@
 #include "surface/window/Buttons.h"
 
+#include "surface/window/FormWindow_native.h"
 #include "surface/window/Inputs_native.h"
 
 #include <QFile>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyle>
@@ -16,19 +16,11 @@ namespace pintalux {
 
 namespace {
 
-/// A push button that hears Enter and Escape of its whole window: what no control of the window took arrives
-/// there.
+/// A push button that may show a colour instead of the desktop's face.
 class PushWidget final : public QPushButton {
   public:
     using QPushButton::QPushButton;
-    bool isDefaultOfForm = false;
-    bool isCancelOfForm = false;
-    std::optional<QColor> face; ///< Shown instead of the desktop's.
-
-    void ListenToWindow() {
-        window()->removeEventFilter(this);
-        window()->installEventFilter(this);
-    }
+    std::optional<QColor> face;
 
   protected:
     // A style would mix the colour with light and shade.
@@ -47,23 +39,6 @@ class PushWidget final : public QPushButton {
             flags |= Qt::TextHideMnemonic;
         painter.drawText(rect(), flags, text());
     }
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != window() || event->type() != QEvent::KeyPress) return false;
-        const auto* key = static_cast<QKeyEvent*>(event);
-        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-        const bool escape = key->key() == Qt::Key_Escape;
-        if (!(enter && isDefaultOfForm) && !(escape && isCancelOfForm)) return false;
-        if (!isVisible() || !isEnabled()) return false;
-        // A held key must not press the button of the window that comes next.
-        if (!key->isAutoRepeat()) click();
-        return true;
-    }
-    void initStyleOption(QStyleOptionButton* option) const override {
-        QPushButton::initStyleOption(option);
-        const auto* focused = qobject_cast<QPushButton*>(window()->focusWidget());
-        const bool enterPressesIt = focused == nullptr ? isDefaultOfForm : focused == this;
-        option->features.setFlag(QStyleOptionButton::DefaultButton, enterPressesIt);
-    }
 };
 
 } // namespace
@@ -71,7 +46,7 @@ class PushWidget final : public QPushButton {
 CommandButton::CommandButton(Container& parent, std::string name, std::string caption)
     : Control(&parent, std::move(name)), caption_(std::move(caption)) {
     auto* widget = new PushWidget(ToQString(caption_), ClientWidgetOf(parent));
-    widget->setAutoDefault(true); // Enter presses it while it has the focus
+    widget->setAutoDefault(true); // Enter presses it while it has the focus, also outside a dialog.
     InstallWidget(*this, widget, true);
     QObject::connect(widget, &QPushButton::clicked, widget, [this] { RunByHand(Click); });
 }
@@ -83,18 +58,11 @@ void CommandButton::Caption(std::string value) {
 }
 
 void CommandButton::Default(bool value) {
-    if (auto* widget = WidgetAs<PushWidget>(*this)) {
-        widget->isDefaultOfForm = value;
-        widget->ListenToWindow();
-        widget->update();
-    }
+    if (auto* widget = WidgetAs<QPushButton>(*this)) widget->setDefault(value);
 }
 
 void CommandButton::Cancel(bool value) {
-    if (auto* widget = WidgetAs<PushWidget>(*this)) {
-        widget->isCancelOfForm = value;
-        widget->ListenToWindow();
-    }
+    if (QWidget* widget = WidgetOf(*this)) widget->setProperty(kCancelMark, value);
 }
 
 void CommandButton::Picture(const std::string& resource) {
@@ -118,13 +86,11 @@ Frame::Frame(Container& parent, std::string name, std::string caption)
 }
 
 int Frame::PixelWidth() const {
-    const QWidget* widget = WidgetOf(*this);
-    return widget == nullptr ? 0 : widget->width();
+    return WidgetSize(*this).width();
 }
 
 int Frame::PixelHeight() const {
-    const QWidget* widget = WidgetOf(*this);
-    return widget == nullptr ? 0 : widget->height();
+    return WidgetSize(*this).height();
 }
 
 } // namespace pintalux

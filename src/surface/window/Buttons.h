@@ -15,8 +15,8 @@ class CommandButton : public Control {
     CommandButton(Container& parent, std::string name, std::string caption);
     const std::string& Caption() const { return caption_; }
     void Caption(std::string value);
-    void Default(bool value);                  ///< Pressed by Enter anywhere on the form.
-    void Cancel(bool value);                   ///< Pressed by Escape.
+    void Default(bool value);                  ///< Pressed by Enter anywhere on the dialog.
+    void Cancel(bool value);                   ///< Pressed by Escape anywhere on the dialog.
     void Picture(const std::string& resource); ///< An icon beside or instead of the caption.
     /// The colour of the face, a `SystemColour` at the start. Another is shown exactly, with the caption in
     /// black or white on it, whichever can be read.

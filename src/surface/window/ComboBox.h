@@ -1,7 +1,7 @@
 // Lists that drop down.
 #pragma once
 
-#include "surface/window/Control.h"
+#include "surface/window/ListControl.h"
 
 #include <string>
 #include <vector>
@@ -9,21 +9,14 @@
 namespace pintalux {
 
 /// A list that drops down; the user picks, never types.
-class ComboBox : public Control {
+class ComboBox : public ListControl {
   public:
     ComboBox(Container& parent, std::string name, std::vector<std::string> items);
-    void AddItem(std::string text);
-    void Clear(); ///< `ListIndex` becomes -1; runs nothing.
-    int ListCount() const { return static_cast<int>(items_.size()); }
-    std::string List(int index) const; ///< Empty outside.
-    int ListIndex() const { return listIndex_; }
-    void ListIndex(int value); ///< -1 to ListCount - 1, else error 380. Runs `Click` if it changes.
-    std::string Text() const { return List(listIndex_); }
 
-  private:
-    void ShowState();
-    std::vector<std::string> items_;
-    int listIndex_ = -1;
+  protected:
+    void ShowItem(const std::string& text) override;
+    void ShowNone() override;
+    void ShowIndex() override;
 };
 
 } // namespace pintalux

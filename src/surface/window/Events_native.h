@@ -1,9 +1,24 @@
-// How deep the program is inside its own handlers.
+// Where the program stands: how deep inside its own handlers, and whether what is reported is its own doing.
 #pragma once
 
 #include <functional>
+#include <utility>
 
 namespace pintalux {
+
+/// "This comes from us": sets a mark as long as it exists. Where the mark is set, what the toolkit reports is
+/// the program's own doing, and no news.
+class FromUs {
+  public:
+    explicit FromUs(bool& mark) : mark_(mark), before_(std::exchange(mark, true)) {}
+    ~FromUs() { mark_ = before_; }
+    FromUs(const FromUs&) = delete;
+    FromUs& operator=(const FromUs&) = delete;
+
+  private:
+    bool& mark_;
+    bool before_;
+};
 
 /// Counts a handler (or a modal loop) as running while it exists.
 class RunningHandler {

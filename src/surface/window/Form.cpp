@@ -4,7 +4,8 @@
 #include "surface/window/Control_native.h"
 #include "surface/window/Events_native.h"
 #include "surface/window/Form_native.h"
-#include "surface/window/MDIForm_native.h"
+
+#include <utility>
 
 #include <QIcon>
 #include <QWindow>
@@ -19,46 +20,46 @@ Form::Form(std::string name, Kind kind)
 }
 
 Form::~Form() {
-    loaded_ = false;
+    life_ = Life::Gone;
     delete native_->widget.data();
 }
 
 void Form::Caption(std::string value) {
     caption_ = std::move(value);
     if (QWidget* window = WidgetOf(*this)) window->setWindowTitle(ToQString(caption_));
-    if (form_->mdi) form_->mdi->RefreshWindowList();
+    if (form_->host) form_->host->Retitled();
 }
 
 int Form::WindowState() const {
     const QWidget* window = WidgetOf(*this);
-    if (!window || !form_->shown) return form_->state;
+    if (!window || !form_->WasShown()) return form_->state;
     return window->isMinimized() ? kMinimised : window->isMaximized() ? kMaximised : kNormal;
 }
 
 void Form::WindowState(int value) {
     if (value < kNormal || value > kMaximised) throw RuntimeError(kInvalidPropertyValue);
     form_->state = value;
-    if (!form_->shown || !visible_ || !WidgetOf(*this)) return;
+    if (!form_->WasShown() || !visible_ || !WidgetOf(*this)) return;
     form_->ShowWindow();
     form_->PlaceKeptSize();
 }
 
 void Form::Show() {
-    MDINative* mdi = form_->mdi;
-    if (!WidgetOf(*this) || (form_->IsChild() && !mdi)) return;
+    RunLoad();
+    FormHost* host = form_->host;
+    if (!Loaded() || !WidgetOf(*this) || (form_->IsChild() && !host)) return;
     visible_ = true;
-    if (form_->shown) {
+    if (form_->WasShown()) {
         form_->ShowWindow();
     } else {
         form_->FirstShowing();
     }
-    if (mdi) mdi->Activate(*this);
+    if (host) host->Activate(*this);
 }
 
 void Form::Hide() {
     visible_ = false;
     if (QWidget* window = WidgetOf(*this)) window->hide();
-    if (form_->modal) form_->modal->quit();
 }
 
 void Form::VisibleChanged() {
@@ -70,30 +71,32 @@ void Form::VisibleChanged() {
 }
 
 bool Form::Unload() {
-    if (!loaded_) return true;
-    if (form_->unloading) return false; // A handler of the running unload asks again.
-    form_->unloading = true;
+    if (!Loaded()) return true;
+    if (life_ == Life::Unloading) return false; // A handler of the running unload asks again.
+    lifeIfRefused_ = std::exchange(life_, Life::Unloading);
     bool Cancel = false;
     try {
         Form_QueryUnload(Cancel);
         if (!Cancel) Form_Unload();
     } catch (...) {
-        form_->unloading = false;
+        life_ = lifeIfRefused_;
         throw;
     }
-    form_->unloading = false;
-    if (Cancel) return false;
+    if (Cancel) {
+        life_ = lifeIfRefused_;
+        return false;
+    }
     form_->Finish();
     return true;
 }
 
 void Form::RunLoad() {
-    if (loaded_) return;
-    loaded_ = true;
+    if (life_ != Life::Made) return;
+    life_ = Life::Loaded;
     try {
         Form_Load();
     } catch (...) {
-        loaded_ = false;
+        life_ = Life::Made;
         throw;
     }
 }

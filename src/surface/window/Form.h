@@ -15,13 +15,32 @@ namespace pintalux {
 
 enum WindowStateValue : int { kNormal = 0, kMinimised = 1, kMaximised = 2 };
 
+/// What a document window's frame counts, in twips: a client area of 300 by 300 pixels is a `Width` of
+/// 300 * 15 + 120 = 4620 and a `Height` of 300 * 15 + 420 = 4920.
+// Intended: the frame of a document window counts 120 by 420 twips whatever the desktop draws, so that a
+// window fits its image by the same sum on every desktop.
+inline constexpr int kChildFrameWidth = 120;
+inline constexpr int kChildFrameHeight = 420;
+
 struct FormNative;
 
 class Form : public Container {
   public:
+    /// The stations of a form, which it passes from left to right:
+    ///
+    ///     Made --RunLoad--> Loaded --first showing--> Shown
+    ///                         \                        /
+    ///                          \------- Unload -------/
+    ///                                     |
+    ///                                 Unloading --granted--> Gone
+    ///
+    /// A load that fails leads back to Made. An unload that is refused or fails leads back to where it began.
+    /// A form that was hidden is still Shown; `Visible` tells whether it shows. Nothing leads back from Gone.
+    enum class Life { Made, Loaded, Shown, Unloading, Gone };
+
     enum class Kind {
         Dialog, ///< Fixed size, close box only.
-        Window, ///< Can be resized.
+        Window, ///< A dialog that can be resized.
         Splash, ///< No caption, centred on the screen.
         Child,  ///< A document window; `MDIForm::Adopt` takes it in.
         Main,   ///< The main window; made by `MDIForm`.
@@ -34,15 +53,15 @@ class Form : public Container {
     int WindowState() const;
     void WindowState(int value);
 
-    /// Shows the form and, at its first showing, lays it out. Returns at once.
+    /// Shows the form and, at its first showing, lays it out. Loads it before, if need be. Returns at once.
     void Show();
-    /// Shows the form over the active window and returns when it was hidden or unloaded. Timers go on.
+    /// Shows a dialog over the active window and returns when it was hidden or unloaded. Timers go on.
     void ShowModal();
     void Hide();
     /// Unloads the form: `Form_QueryUnload` may refuse, then `Form_Unload` runs. True if it is gone.
     bool Unload();
     /// Whether the form is still loaded (false after a granted unload).
-    bool Loaded() const { return loaded_; }
+    bool Loaded() const { return life_ != Life::Made && life_ != Life::Gone; }
 
     /// An opaque handle for `LockWindowUpdate` and the like.
     Control* hWnd() { return this; }
@@ -55,9 +74,9 @@ class Form : public Container {
     void RunLoad();
     std::function<void()> AfterUnload;
 
-    // Width and height are those of the window: client size in twips plus 120 and 420 for document windows,
-    // whatever frame the desktop draws; plain client size for the rest. Assigned values stay as they are
-    // until the user or the desktop changes the window; while it is maximised an assignment does nothing.
+    // Width and height are those of the window: client size in twips plus `kChildFrameWidth` and
+    // `kChildFrameHeight` for document windows, plain client size for the rest. Assigned values stay as they
+    // are until the user or the desktop changes the window. While it is maximised an assignment does nothing.
 
   protected:
     virtual void Form_Load() {}
@@ -73,7 +92,8 @@ class Form : public Container {
 
     Kind kind_;
     std::string caption_;
-    bool loaded_ = false;
+    Life life_ = Life::Made;
+    Life lifeIfRefused_ = Life::Made; ///< Where a running unload leads back to if it is refused.
     std::unique_ptr<FormNative> form_;
 };
 

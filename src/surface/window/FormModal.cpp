@@ -1,11 +1,13 @@
-// Modal showing: a form over the active window, with an event loop of its own until it is hidden or unloaded.
+// Modal showing: a dialog over the active window, with an event loop of its own until it is hidden or
+// unloaded.
 #include "surface/window/Control_native.h"
-#include "surface/window/Events_native.h"
-#include "surface/window/Form_native.h"
+#include "surface/window/FormWindow_native.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMainWindow>
-#include <QWindow>
+#include <QPushButton>
+#include <QScopeGuard>
 
 namespace pintalux {
 
@@ -22,45 +24,44 @@ QWidget* OwnerOf(const QWidget* dialog) {
     return nullptr;
 }
 
-void GiveFocusBack(QWidget* widget) {
-    if (!widget || !widget->isVisible()) return;
-    widget->activateWindow();
-    widget->setFocus(Qt::OtherFocusReason);
-}
-
 } // namespace
 
+void DialogWindow::reject() {
+    for (QPushButton* button : findChildren<QPushButton*>()) {
+        if (button->property(kCancelMark).toBool() && button->isVisible()) return button->click();
+    }
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event) {
+    // A held key must not press the button of the window that comes next.
+    if (event->isAutoRepeat()) return;
+    QDialog::keyPressEvent(event);
+}
+
+void DialogWindow::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    // A dialog that shows again has lost its focus with its owner: the first control gets it.
+    if (!focusWidget()) focusNextPrevChild(true);
+}
+
 void Form::ShowModal() {
-    QWidget* window = WidgetOf(*this);
-    if (!window || form_->modal) return;
-    const QPointer<QWidget> focused = QApplication::focusWidget();
-    if (window->isVisible()) window->hide();
-    window->setWindowModality(Qt::ApplicationModal);
-    if (QWidget* owner = OwnerOf(window)) {
-        window->winId();
-        window->windowHandle()->setTransientParent(owner->windowHandle());
-        if (window->layout()) window->adjustSize();
-        if (!hasPlace_) form_->CentreOver(owner->frameGeometry());
-    }
-    QEventLoop loop;
-    const RunningHandler
-        running; // What is unloaded meanwhile is kept: its handlers may lie below on the stack.
-    form_->modal = &loop;
-    try {
-        Show();
-        // The first showing may have unloaded the form already.
-        if (visible_) loop.exec(QEventLoop::DialogExec);
-    } catch (...) {
-        form_->modal = nullptr;
-        throw;
-    }
-    form_->modal = nullptr;
-    if (QWidget* remaining = WidgetOf(*this)) {
-        remaining->hide();
-        remaining->setWindowModality(Qt::NonModal);
-    }
-    visible_ = false;
-    GiveFocusBack(focused);
+    auto* dialog = qobject_cast<QDialog*>(WidgetOf(*this));
+    if (!dialog || dialog->isModal()) return;
+    // What is unloaded meanwhile is kept: its handlers may lie below on the stack.
+    const RunningHandler running;
+    dialog->hide();
+    dialog->setParent(OwnerOf(dialog), dialog->windowFlags());
+    dialog->setWindowModality(Qt::ApplicationModal);
+    const auto end = qScopeGuard([this, alive = QPointer<QDialog>(dialog)] {
+        visible_ = false;
+        if (!alive) return;
+        alive->hide();
+        alive->setWindowModality(Qt::NonModal);
+        alive->setParent(nullptr, alive->windowFlags());
+    });
+    Show();
+    // The first showing may have hidden or unloaded the form already.
+    if (visible_) dialog->exec();
 }
 
 } // namespace pintalux

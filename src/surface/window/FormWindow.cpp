@@ -2,7 +2,6 @@
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
 #include "surface/window/FormWindow_native.h"
-#include "surface/window/MDIForm_native.h"
 
 #include <QApplication>
 #include <QLayout>
@@ -15,10 +14,6 @@
 namespace pintalux {
 
 namespace {
-
-/// What a document window's frame counts, in twips.
-constexpr int kFrameWidth = 120;
-constexpr int kFrameHeight = 420;
 
 Qt::WindowFlags FlagsOf(Form::Kind kind) {
     switch (kind) {
@@ -43,11 +38,17 @@ void FormNative::MakeWindow() {
         window = sub;
     } else if (form.kind_ == Form::Kind::Main) {
         window = new FormWindow<QMainWindow>(*this);
-    } else {
+    } else if (form.kind_ == Form::Kind::Splash) {
         window = new FormWindow<QWidget>(*this, nullptr, FlagsOf(form.kind_));
+    } else {
+        window = new DialogWindow(*this, nullptr, FlagsOf(form.kind_));
     }
     InstallWidget(form, window);
     DeleteBeforeExit(window);
+}
+
+Form::Life& FormNative::LastingLife() const {
+    return form.life_ == Form::Life::Unloading ? form.lifeIfRefused_ : form.life_;
 }
 
 QMdiSubWindow* FormNative::SubWindow() const {
@@ -55,8 +56,8 @@ QMdiSubWindow* FormNative::SubWindow() const {
 }
 
 QSize FormNative::WantedClient() const {
-    const double width = form.width_ - (IsChild() ? kFrameWidth : 0);
-    const double height = form.height_ - (IsChild() ? kFrameHeight : 0);
+    const double width = form.width_ - (IsChild() ? kChildFrameWidth : 0);
+    const double height = form.height_ - (IsChild() ? kChildFrameHeight : 0);
     return {std::max(0, PixelsAround(form, width)), std::max(0, PixelsAround(form, height))};
 }
 
@@ -69,9 +70,9 @@ void FormNative::TakeActualSize() {
     const QSize wanted = WantedClient();
     const QSize actual = ActualClient();
     if (actual.width() != wanted.width())
-        form.width_ = actual.width() * kTwipsPerPixel + (IsChild() ? kFrameWidth : 0);
+        form.width_ = actual.width() * kTwipsPerPixel + (IsChild() ? kChildFrameWidth : 0);
     if (actual.height() != wanted.height())
-        form.height_ = actual.height() * kTwipsPerPixel + (IsChild() ? kFrameHeight : 0);
+        form.height_ = actual.height() * kTwipsPerPixel + (IsChild() ? kChildFrameHeight : 0);
 }
 
 /// Sizes the window so that the client area gets what Width and Height say, whatever the frame takes.
@@ -95,17 +96,18 @@ void FormNative::Place() {
     QWidget* window = WidgetOf(form);
     if (!window) return;
     const int current = form.WindowState();
-    if (shown && current == kMaximised) return TakeActualSize();
-    if (shown && current == kMinimised) {
+    if (WasShown() && current == kMaximised) return TakeActualSize();
+    if (WasShown() && current == kMinimised) {
         sizeKept = true;
         return;
     }
     const QPoint place = PixelPlace(form).topLeft();
-    placing = true;
-    if (!IsChild() || shown) SizeWindow();
-    if (form.hasPlace_ && window->pos() != place) window->move(place);
-    placing = false;
-    if (!shown || !form.loaded_ || WantedClient() == heard) return;
+    {
+        const FromUs ours(placing);
+        if (!IsChild() || WasShown()) SizeWindow();
+        if (form.hasPlace_ && window->pos() != place) window->move(place);
+    }
+    if (!WasShown() || WantedClient() == heard) return;
     heard = WantedClient();
     form.Form_Resize();
 }
@@ -126,76 +128,60 @@ void FormNative::ShowWindow() {
 }
 
 void FormNative::FirstShowing() {
+    {
+        const FromUs ours(placing);
+        SizeAndMoveUnseen();
+        if (host) {
+            host->WhileShowing([this] { ShowWindow(); });
+        } else {
+            ShowWindow();
+        }
+        LastingLife() = Form::Life::Shown;
+        // Only a window that shows knows its frame.
+        if (IsChild() && form.WindowState() == kNormal) SizeWindow();
+    }
+    TakeActualSize();
+    heard = WantedClient();
+    form.Form_Resize();
+}
+
+void FormNative::SizeAndMoveUnseen() {
     QWidget* window = WidgetOf(form);
-    placing = true;
-    if (IsChild()) {
-        if (!form.hasPlace_) window->move(mdi->NextPlace());
-    } else {
+    if (!IsChild()) {
         if (window->layout() && form.kind_ != Form::Kind::Main) window->adjustSize();
         SizeWindow();
-        if (!form.hasPlace_ && form.kind_ == Form::Kind::Splash)
-            CentreOver(QGuiApplication::primaryScreen()->geometry());
-        // Also where the window has that place already: only a move tells the desktop not to choose another.
-        if (form.hasPlace_) window->move(PixelPlace(form).topLeft());
     }
-    if (mdi) mdi->switching = true;
-    ShowWindow();
-    if (mdi) mdi->switching = false;
-    shown = true;
-    // Only a window that shows knows its frame.
-    if (IsChild() && form.WindowState() == kNormal) SizeWindow();
-    placing = false;
-    TakeActualSize();
-    FocusFirst();
-    heard = WantedClient();
-    if (form.loaded_) form.Form_Resize();
-}
-
-/// Puts the focus on the first control of the Tab order, as a dialog's user expects.
-void FormNative::FocusFirst() const {
-    QWidget* window = WidgetOf(form);
-    if (IsChild() || form.kind_ == Form::Kind::Main || window->focusWidget()) return;
-    for (QWidget* at = window->nextInFocusChain(); at != window; at = at->nextInFocusChain()) {
-        if (at->focusPolicy() & Qt::TabFocus && at->isVisible() && at->isEnabled())
-            return at->setFocus(Qt::OtherFocusReason);
-    }
-}
-
-void FormNative::CentreOver(const QRect& area) const {
-    QWidget* window = WidgetOf(form);
-    const QRect screen = window->screen()->availableGeometry();
-    const QPoint place = area.center() - QPoint(window->width() / 2, window->height() / 2);
-    window->move(
-        std::clamp(place.x(), screen.left(), std::max(screen.left(), screen.right() - window->width())),
-        std::clamp(place.y(), screen.top(), std::max(screen.top(), screen.bottom() - window->height())));
+    // Also where the window has that place already: only a move tells the desktop not to choose another.
+    if (form.hasPlace_) return window->move(PixelPlace(form).topLeft());
+    if (IsChild()) window->move(host->NextPlace());
+    if (form.kind_ == Form::Kind::Splash)
+        window->move(QGuiApplication::primaryScreen()->geometry().center() - window->rect().center());
 }
 
 void FormNative::Finish() {
-    form.loaded_ = false;
+    form.life_ = Form::Life::Gone;
     form.visible_ = false;
-    shown = false;
-    if (mdi) {
-        mdi->TakeOut(form);
+    if (host) {
+        host->TakeOut(form);
     } else if (QWidget* window = WidgetOf(form)) {
         window->hide();
     }
-    if (modal) modal->quit();
     if (form.kind_ == Form::Kind::Main) QCoreApplication::exit();
     // The handler may own the form: nothing here may touch it afterwards.
     if (const std::function<void()> after = form.AfterUnload) after();
 }
 
 void FormNative::Resized() {
-    if (placing || !shown || sizeKept || !WidgetOf(form)) return;
+    if (placing || !WasShown() || sizeKept || !WidgetOf(form)) return;
     if (form.WindowState() == kMinimised) return;
     TakeActualSize();
     if (WantedClient() == heard) return;
     heard = WantedClient();
-    if (form.loaded_) RunEvent(EventKind::Ordinary, [this] { form.Form_Resize(); });
+    RunEvent(EventKind::Ordinary, [this] { form.Form_Resize(); });
 }
 
 void FormNative::Moved() {
-    if (placing || !shown) return;
+    if (placing || !WasShown()) return;
     const QPoint place = WidgetOf(form)->pos();
     if (PixelPlace(form).topLeft() == place) return;
     form.left_ = place.x() * kTwipsPerPixel;
@@ -203,7 +189,7 @@ void FormNative::Moved() {
 }
 
 void FormNative::StateChanged() {
-    if (!shown) return;
+    if (!WasShown()) return;
     state = form.WindowState();
     if (!sizeKept || state != kNormal) return;
     // Later: the toolkit still puts the old size back after it told of the new state.
@@ -223,7 +209,7 @@ void FormNative::CloseBox() {
 }
 
 void FormNative::Activated() {
-    if (IsChild() || !form.loaded_ || !shown) return;
+    if (IsChild() || !WasShown()) return;
     RunEvent(EventKind::Ordinary, [this] { form.Form_Activate(); });
 }
 

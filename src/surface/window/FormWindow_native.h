@@ -1,15 +1,18 @@
-// The toolkit's window of a form, whatever its base: reports to the form and never closes by itself.
+// The toolkit's windows as they serve a form: they tell it what happens to them and never close by
+// themselves.
 #pragma once
 
 #include "surface/window/Form_native.h"
 
 #include <QCloseEvent>
+#include <QDialog>
 #include <QWidget>
 
 #include <utility>
 
 namespace pintalux {
 
+/// A window of the toolkit's class `Base`.
 template <class Base>
 class FormWindow : public Base {
   public:
@@ -40,8 +43,23 @@ class FormWindow : public Base {
     FormNative& native_;
 };
 
+/// The window of a dialog. Default button, place over its owner and modality are the toolkit's.
+class DialogWindow final : public FormWindow<QDialog> {
+  public:
+    using FormWindow::FormWindow;
+    /// Escape: presses the button that is marked as `kCancelMark`. Without one it does nothing.
+    void reject() override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+};
+
+/// The name of the toolkit property that marks a dialog's cancel button.
+inline constexpr char kCancelMark[] = "cancelsDialog";
+
 /// The client area of a document window.
-class ClientArea : public QWidget {
+class ClientArea final : public QWidget {
   public:
     ClientArea(FormNative& native, QWidget* parent) : QWidget(parent), native_(native) {}
 

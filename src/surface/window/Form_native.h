@@ -1,59 +1,83 @@
-// The toolkit half of a form: its window, and what of the window's own changes reaches the form.
+// The toolkit half of a form: the window behind it, and what the window tells of itself.
+//
+// A form and its window influence each other. What the program assigns goes from the form to the window
+// (`Place`, `ShowWindow`). What the user or the desktop does goes from the window to the form (`Resized`,
+// `Moved`, `StateChanged`). The toolkit reports both, so a `FromUs` marks the first: while one exists the
+// reports are ignored.
 #pragma once
 
+#include "surface/window/Events_native.h"
 #include "surface/window/Form.h"
 
-#include <QEventLoop>
+#include <functional>
+#include <QPoint>
 #include <QSize>
 
 class QMdiSubWindow;
 
 namespace pintalux {
 
-struct MDINative;
+/// What a document window needs of the window around it. Nothing else of that window is known here.
+struct FormHost {
+    virtual ~FormHost() = default;
+    /// Runs `show`, which brings a document window to the screen, and does not take it for the user's choice.
+    virtual void WhileShowing(const std::function<void()>& show) = 0;
+    /// Where the next window without a place of its own begins, in pixels of the workspace.
+    virtual QPoint NextPlace() = 0;
+    /// Makes a document window that shows the active one, at once.
+    virtual void Activate(Form& child) = 0;
+    /// The caption of a document window changed.
+    virtual void Retitled() = 0;
+    /// Takes a document window that was unloaded off the screen.
+    virtual void TakeOut(Form& child) = 0;
+};
 
 struct FormNative {
     explicit FormNative(Form& owner) : form(owner) {}
 
     Form& form;
-    MDINative* mdi = nullptr;    ///< The main window of a document window.
-    QEventLoop* modal = nullptr; ///< Runs while the form is shown modally.
-    bool placing = false;        ///< The program assigns; what the toolkit tells is no news.
-    bool shown = false;          ///< Was shown once.
-    bool unloading = false;
-    bool sizeKept = false; ///< A size was assigned while minimised; it counts at the restoring.
-    int state = kNormal;   ///< The state to show with.
-    QSize heard;           ///< The client size that the last Form_Resize heard of.
+    FormHost* host = nullptr; ///< Of a document window; null for the others, and once the host is gone.
+    bool placing = false;     ///< The mark of a `FromUs`: the program places or shows the window.
+    bool sizeKept = false; ///< A size was assigned to the minimised window. It gets it when it is restored.
+    int state = kNormal;   ///< The `WindowState` that the next showing takes.
+    QSize heard;           ///< The client size in pixels that the last `Form_Resize` was run for.
 
     void MakeWindow();
     QMdiSubWindow* SubWindow() const;
     bool IsChild() const { return form.kind_ == Form::Kind::Child; }
+    /// The life of the form, or the one it goes back to if a running unload is refused.
+    Form::Life& LastingLife() const;
+    /// Whether the form was shown before. That a running unload asks changes nothing about it.
+    bool WasShown() const { return LastingLife() == Form::Life::Shown; }
 
-    /// The client size that Width and Height stand for, in pixels, and the one that the window has.
+    /// The size of the client area that Width and Height ask for, in pixels.
     QSize WantedClient() const;
+    /// The size of the client area that the window has, in pixels.
     QSize ActualClient() const;
 
+    /// Gives the window the place and size of the form. Runs `Form_Resize` if the size is another.
     void Place();
-    /// Gives a restored window the size that was assigned while it was minimised.
+    /// Gives a window that was restored the size that was assigned while it was minimised.
     void PlaceKeptSize();
+    /// Sizes the window so that its client area is `WantedClient`, whatever the frame around it takes.
     void SizeWindow();
+    /// Gives Width and Height the size that the window has.
     void TakeActualSize();
     void FirstShowing();
+    /// The first half of it: the size as far as it is known before, and the place.
+    void SizeAndMoveUnseen();
     void ShowWindow();
-    void FocusFirst() const;
-    /// Out of sight for good; the owner is told.
+    /// Ends the life of the form: its window hides, its host and its owner are told.
     void Finish();
 
-    // What the toolkit reports.
+    // What the window tells.
     void Resized();
     void Moved();
     void StateChanged();
     void CloseBox();
     void Activated();
 
-    /// Of `form`; null once the toolkit is gone.
     static FormNative& Of(Form& form) { return *form.form_; }
-    void CentreOver(const QRect& area) const;
 };
 
 } // namespace pintalux

@@ -1,16 +1,17 @@
 // What the input controls share on the toolkit's side.
 #pragma once
 
+#include "base/RuntimeError.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
 #include "surface/window/Painting_native.h"
 #include "surface/window/SystemColours.h"
 
 #include <functional>
-#include <QAbstractSlider>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QSignalBlocker>
+#include <QSize>
 
 namespace pintalux {
 
@@ -42,9 +43,39 @@ inline QColor DesktopColour(Colour colour) {
     return ToQColor(colour);
 }
 
-/// Routes what the hand does to a bar or slider: `moved` takes the new value and is true if it was another;
-/// then `scroll` runs while the thumb is held, `change` otherwise and at the release of a thumb that moved.
-void RouteSlider(QAbstractSlider& slider, std::function<bool(int)> moved, std::function<void()> scroll,
-                 std::function<void()> change);
+// The rules of a value, for every control that has one (`Value`, `ListIndex`, `Tab`).
+
+/// The value itself; error 380 outside `least` to `largest`, both included.
+template <class T>
+T Within(T value, T least, T largest) {
+    // The order counts: what is not a number is outside too.
+    if (!(value >= least && value <= largest)) throw RuntimeError(kInvalidPropertyValue);
+    return value;
+}
+
+/// An assignment from code. The same value does nothing. Another is stored, shown by `show`, and `event` runs
+/// nested: its errors pass to the assigning statement.
+template <class T, class Show>
+void AssignValue(T& stored, const T& value, Show show, const std::function<void()>& event) {
+    if (value == stored) return;
+    stored = value;
+    show();
+    if (event) event();
+}
+
+/// The hand brought the widget to a value, which shows already. `event` runs under `RunEvent` if it is
+/// another.
+template <class T>
+void TakeByHand(T& stored, const T& value, const std::function<void()>& event) {
+    if (value == stored) return;
+    stored = value;
+    RunByHand(event);
+}
+
+/// The widget's size in pixels; 0 by 0 once the toolkit has deleted it.
+inline QSize WidgetSize(const Control& control) {
+    const QWidget* widget = WidgetOf(control);
+    return widget ? widget->size() : QSize(0, 0);
+}
 
 } // namespace pintalux

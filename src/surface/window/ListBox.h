@@ -1,30 +1,22 @@
 // Lists that stand open.
 #pragma once
 
-#include "surface/window/Control.h"
+#include "surface/window/ListControl.h"
 
 #include <string>
 #include <vector>
 
 namespace pintalux {
 
-/// A list of texts of which at most one is chosen.
-class ListBox : public Control {
+class ListBox : public ListControl {
   public:
     ListBox(Container& parent, std::string name, std::vector<std::string> items = {});
-    void AddItem(std::string text);
-    void Clear(); ///< `ListIndex` becomes -1; runs nothing.
-    int ListCount() const { return static_cast<int>(items_.size()); }
-    std::string List(int index) const; ///< Empty outside.
-    int ListIndex() const { return listIndex_; }
-    void ListIndex(int value); ///< -1 to ListCount - 1, else error 380. Runs `Click` if it changes.
-    bool Selected(int index) const { return index >= 0 && index == listIndex_; }
-    std::string Text() const { return List(listIndex_); }
+    bool Selected(int index) const { return index >= 0 && index == ListIndex(); }
 
-  private:
-    void ShowState();
-    std::vector<std::string> items_;
-    int listIndex_ = -1;
+  protected:
+    void ShowItem(const std::string& text) override;
+    void ShowNone() override;
+    void ShowIndex() override;
 };
 
 } // namespace pintalux

@@ -66,7 +66,7 @@ MDIForm::~MDIForm() {
     mdi_->closing = true;
     mdi_->active = nullptr;
     for (const std::unique_ptr<Form>& child : children_)
-        FormNative::Of(*child).mdi = nullptr;
+        FormNative::Of(*child).host = nullptr;
     children_.clear();
     delete native_->widget.data();
 }
@@ -97,11 +97,10 @@ Form* MDIForm::ActiveForm() const {
 Form& MDIForm::Adopt(std::unique_ptr<Form> child) {
     Form& form = *child;
     FormNative& native = FormNative::Of(form);
-    native.mdi = mdi_.get();
+    native.host = mdi_.get();
     if (mdi_->area) {
-        mdi_->switching = true;
+        const FromUs ours(mdi_->switching);
         mdi_->area->addSubWindow(native.SubWindow());
-        mdi_->switching = false;
         TranslateSystemMenu(*native.SubWindow());
     }
     children_.push_back(std::move(child));
@@ -156,25 +155,29 @@ void MDIForm::WindowListMenu(MenuItem& menu) {
 
 void MDINative::Activate(Form& child) {
     if (area) {
-        switching = true;
+        const FromUs ours(switching);
         QMdiSubWindow* window = FormNative::Of(child).SubWindow();
         area->setActiveSubWindow(window);
         // Behind a dialog the main window only notes who has the focus: without this the document before
         // would have it again, and the front place, as soon as the dialog has gone.
         if (window && !area->isActiveWindow()) window->setFocus(Qt::OtherFocusReason);
-        switching = false;
     }
     if (active == &child || closing) return;
     active = &child;
     RefreshWindowList();
-    if (child.loaded_) child.Form_Activate();
+    if (child.Loaded()) child.Form_Activate();
+}
+
+void MDINative::WhileShowing(const std::function<void()>& show) {
+    const FromUs ours(switching);
+    show();
 }
 
 void MDINative::ActivatedByToolkit(const QWidget* window) {
     // None: the main window lost the focus; the active document stays the active one.
     if (!window || switching || closing) return;
     for (const std::unique_ptr<Form>& child : form.children_) {
-        if (WidgetOf(*child) != window || !child->loaded_ || child.get() == active) continue;
+        if (WidgetOf(*child) != window || !child->Loaded() || child.get() == active) continue;
         active = child.get();
         RefreshWindowList();
         return RunEvent(EventKind::Ordinary, [this] { active->Form_Activate(); });
@@ -193,13 +196,12 @@ void MDINative::TakeOut(Form& child) {
     QMdiSubWindow* window = FormNative::Of(child).SubWindow();
     const bool maximised = window && window->isMaximized();
     if (window && area) {
-        switching = true;
+        const FromUs ours(switching);
         if (maximised) window->showNormal(); // Takes its buttons out of the menu bar.
         window->hide();
         area->removeSubWindow(window);
-        switching = false;
     }
-    FormNative::Of(child).mdi = nullptr;
+    FormNative::Of(child).host = nullptr;
     if (active != &child) return;
     active = nullptr;
     if (closing) return;
@@ -210,7 +212,6 @@ void MDINative::TakeOut(Form& child) {
     RunEvent(EventKind::Ordinary, [&] { Activate(*next); });
 }
 
-// Ctrl+Tab and Ctrl+F6, with Shift backwards, wherever the focus is.
 void MDINative::ConnectKeys() {
     const auto connect = [this](QKeySequence::StandardKey key, void (QMdiArea::*step)()) {
         auto* shortcut = new QShortcut(key, Window());

@@ -1,6 +1,12 @@
-// The toolkit half of the multiple-document main window.
+// The toolkit half of the multiple-document main window: the panels along its edges, the workspace between
+// them, and which document window is the active one.
+//
+// The toolkit knows no active document window while a dialog or another program has the focus. The program
+// needs one then too, so it keeps its own (`active`) and takes over what the toolkit reports of the user's
+// choice.
 #pragma once
 
+#include "surface/window/Form_native.h"
 #include "surface/window/MDIForm.h"
 
 #include <QAction>
@@ -12,7 +18,7 @@
 
 namespace pintalux {
 
-struct MDINative {
+struct MDINative final : FormHost {
     struct Panel {
         Surface* surface;
         Align edge;
@@ -24,33 +30,38 @@ struct MDINative {
     QPointer<QWidget> frame; ///< Below the menu bar: the panels around the area.
     QPointer<QMdiArea> area;
     std::vector<Panel> panels;
-    Form* active = nullptr;
-    MenuItem* windowList = nullptr;
-    std::vector<QPointer<QAction>> listEntries;
+    Form* active = nullptr;         ///< The document window that `ActiveForm` gives.
+    MenuItem* windowList = nullptr; ///< The menu that ends with the list of the open windows; null: none.
+    std::vector<QPointer<QAction>> listEntries; ///< Of that list; the first is the separator above it.
     int placed = 0;         ///< Document windows shown so far; each starts a step further down.
-    bool switching = false; ///< The program changes the active window; the toolkit's reports are no news.
-    bool closing = false;
-    bool layingOut = false;
+    bool switching = false; ///< The mark of a `FromUs`: the program changes the active window.
+    bool layingOut = false; ///< The mark of a `FromUs`: the program places the panels.
+    bool closing = false;   ///< The unload was granted: no document window follows the one that goes.
 
     void MakeWindow();
     QMainWindow* Window() const;
 
-    /// Makes a shown document window the active one, at once.
-    void Activate(Form& child);
-    /// Takes an unloaded document window off the screen; the one that was active before follows it.
-    void TakeOut(Form& child);
+    void WhileShowing(const std::function<void()>& show) override;
+    QPoint NextPlace() override;
+    void Activate(Form& child) override;
+    void Retitled() override { RefreshWindowList(); }
+    /// The document window that was active before follows it.
+    void TakeOut(Form& child) override;
     /// The document window that was made last, but for one that goes; for when all of them are minimised.
     Form* LastMinimised(const Form& gone) const;
-    void ActivatedByToolkit(const QWidget* window);
-    void ConnectKeys();
-    QPoint NextPlace();
 
-    /// Gives panels and area their places; a panel whose size changed hears of it, but for the one just
-    /// assigned.
+    void ActivatedByToolkit(const QWidget* window);
+    /// Ctrl+Tab and Ctrl+F6 go to the next document window, with Shift to the one before, wherever the focus
+    /// is.
+    void ConnectKeys();
+
+    /// Gives the panels and the workspace their places and runs `Resize` of each panel whose size changed.
+    /// The panel `assigned` is left out: the program gave it its size itself.
     void LayOut(const Surface* assigned = nullptr);
-    /// The panels whose size changed.
+    /// The first half of it; gives the panels whose size changed.
     std::vector<Surface*> PlacePanels();
 
+    /// Writes the list of the open windows anew.
     void RefreshWindowList();
 
     /// Document windows that show and are not minimised, the active one last.

@@ -4,8 +4,6 @@
 #include "surface/window/MDIForm_native.h"
 #include "surface/window/Surface_native.h"
 
-#include <QScopeGuard>
-
 #include <algorithm>
 
 namespace pintalux {
@@ -18,43 +16,18 @@ bool IsRow(Align edge) {
 
 /// Cuts the panel's place off the room that is left.
 QRect CutOff(QRect& room, Align edge, int depth) {
-    QRect place = room;
-    if (IsRow(edge)) {
-        place.setHeight(std::min(depth, room.height()));
-    } else {
-        place.setWidth(std::min(depth, room.width()));
-    }
-    switch (edge) {
-    case Align::Top:
-        room.setTop(place.bottom() + 1);
-        break;
-    case Align::Bottom:
-        place.moveBottom(room.bottom());
-        room.setBottom(place.top() - 1);
-        break;
-    case Align::Left:
-        room.setLeft(place.right() + 1);
-        break;
-    case Align::Right:
-        place.moveRight(room.right());
-        room.setRight(place.left() - 1);
-        break;
-    }
+    const bool row = IsRow(edge);
+    const int taken = std::min(depth, row ? room.height() : room.width());
+    QRect place(room.topLeft(), row ? QSize(room.width(), taken) : QSize(taken, room.height()));
+    if (edge == Align::Bottom) place.moveBottom(room.bottom());
+    if (edge == Align::Right) place.moveRight(room.right());
+    room.adjust(edge == Align::Left ? taken : 0, edge == Align::Top ? taken : 0,
+                edge == Align::Right ? -taken : 0, edge == Align::Bottom ? -taken : 0);
     return place;
 }
 
 int DepthOf(const Surface& panel, Align edge) {
     return PixelsAround(panel, IsRow(edge) ? panel.Height() : panel.Width());
-}
-
-/// The depth stays as assigned, even where the window is too small for it.
-QRect StoredPlace(const Surface& panel, Align edge, QRect place) {
-    if (IsRow(edge)) {
-        place.setHeight(DepthOf(panel, edge));
-    } else {
-        place.setWidth(DepthOf(panel, edge));
-    }
-    return place;
 }
 
 } // namespace
@@ -74,8 +47,7 @@ void MDINative::LayOut(const Surface* assigned) {
 }
 
 std::vector<Surface*> MDINative::PlacePanels() {
-    layingOut = true;
-    const auto done = qScopeGuard([this] { layingOut = false; });
+    const FromUs ours(layingOut);
     QRect room = frame->rect();
     std::vector<Surface*> changed;
     // Panels at the top and bottom have the full width; those at the sides share what is left.
@@ -84,9 +56,12 @@ std::vector<Surface*> MDINative::PlacePanels() {
             Surface& surface = *panel.surface;
             if (IsRow(panel.edge) != rows || !surface.Visible() || !WidgetOf(surface)) continue;
             const QSize before(surface.PixelWidth(), surface.PixelHeight());
-            const QRect place = CutOff(room, panel.edge, DepthOf(surface, panel.edge));
+            const int depth = DepthOf(surface, panel.edge);
+            QRect place = CutOff(room, panel.edge, depth);
             WidgetOf(surface)->setGeometry(place);
-            SurfaceNative::TakePlace(surface, StoredPlace(surface, panel.edge, place));
+            // The depth stays as assigned, even where the window is too small for it.
+            rows ? place.setHeight(depth) : place.setWidth(depth);
+            SurfaceNative::TakePlace(surface, place);
             const QSize after(surface.PixelWidth(), surface.PixelHeight());
             if (before != after) changed.push_back(panel.surface);
         }

@@ -1,6 +1,5 @@
 #include "surface/window/Options.h"
 
-#include "base/RuntimeError.h"
 #include "surface/window/Inputs_native.h"
 
 #include <QCheckBox>
@@ -24,18 +23,14 @@ CheckBox::CheckBox(Container& parent, std::string name, std::string caption)
     : Control(&parent, std::move(name)) {
     auto* widget = new QCheckBox(ToQString(caption), ClientWidgetOf(parent));
     InstallWidget(*this, widget, true);
-    QObject::connect(widget, &QCheckBox::clicked, widget, [this](bool checked) {
-        value_ = checked ? 1 : 0;
-        RunByHand(Click);
-    });
+    QObject::connect(widget, &QCheckBox::clicked, widget,
+                     [this](bool checked) { TakeByHand(value_, checked ? 1 : 0, Click); });
 }
 
 void CheckBox::Value(int value) {
-    if (value != 0 && value != 1) throw RuntimeError(kInvalidPropertyValue);
-    if (value == value_) return;
-    value_ = value;
-    Quietly<QCheckBox>(*this, [&](QCheckBox& box) { box.setChecked(value == 1); });
-    if (Click) Click();
+    const auto show = [&](QCheckBox& box) { box.setChecked(value == 1); };
+    AssignValue(
+        value_, Within(value, 0, 1), [&] { Quietly<QCheckBox>(*this, show); }, Click);
 }
 
 OptionButton::OptionButton(Container& parent, std::string name, std::string caption)
@@ -43,9 +38,8 @@ OptionButton::OptionButton(Container& parent, std::string name, std::string capt
     auto* widget = new OptionWidget(*this, ToQString(caption), ClientWidgetOf(parent));
     InstallWidget(*this, widget, true);
     QObject::connect(widget, &QRadioButton::clicked, widget, [this] {
-        if (value_) return;
-        Choose();
-        RunByHand(Click);
+        ClearSiblings();
+        TakeByHand(value_, true, Click);
     });
 }
 
@@ -65,22 +59,21 @@ std::vector<OptionButton*> OptionButton::Siblings() const {
     return siblings;
 }
 
-void OptionButton::Choose() {
-    value_ = true;
+void OptionButton::ClearSiblings() {
     for (OptionButton* sibling : Siblings())
         sibling->value_ = false;
 }
 
 void OptionButton::Value(bool value) {
-    if (value == value_) return;
-    value_ = value;
-    if (value) Choose();
-    Quietly<QRadioButton>(*this, [&](QRadioButton& button) {
-        button.setAutoExclusive(value); // the toolkit refuses to clear the chosen one of a group
+    const auto show = [value](QRadioButton& button) {
+        button.setAutoExclusive(value); // The toolkit refuses to clear the chosen one of a group.
         button.setChecked(value);
         button.setAutoExclusive(true);
-    });
-    if (value && Click) Click();
+    };
+    if (value) ClearSiblings();
+    const std::function<void()> nothing;
+    AssignValue(
+        value_, value, [&] { Quietly<QRadioButton>(*this, show); }, value ? Click : nothing);
 }
 
 } // namespace pintalux

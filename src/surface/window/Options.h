@@ -27,9 +27,9 @@ class OptionButton : public Control {
     void Value(bool value); ///< Runs `Click` when it becomes true by a change.
 
   private:
-    void Choose();
-    bool value_ = false;
+    void ClearSiblings();
     std::vector<OptionButton*> Siblings() const;
+    bool value_ = false;
 };
 
 } // namespace pintalux

@@ -1,10 +1,10 @@
 #include "surface/window/ProgressBar.h"
 
 #include "base/Arithmetic.h"
-#include "base/RuntimeError.h"
 #include "surface/window/Inputs_native.h"
 
 #include <algorithm>
+#include <limits>
 #include <QElapsedTimer>
 #include <QProgressBar>
 #include <QTimer>
@@ -56,17 +56,13 @@ ProgressBar::ProgressBar(Container& parent, std::string name) : Control(&parent,
 }
 
 void ProgressBar::Max(double value) {
-    if (!(value >= 0)) throw RuntimeError(kInvalidPropertyValue);
-    max_ = value;
+    max_ = Within(value, 0.0, std::numeric_limits<double>::infinity());
     value_ = std::min(value_, max_);
     ShowState();
 }
 
 void ProgressBar::Value(double value) {
-    if (!(value >= 0 && value <= max_)) throw RuntimeError(kInvalidPropertyValue);
-    if (value == value_) return;
-    value_ = value;
-    ShowState();
+    AssignValue(value_, Within(value, 0.0, max_), [this] { ShowState(); }, {});
 }
 
 void ProgressBar::ShowState() {

@@ -18,14 +18,8 @@ class TabPage final : public Container {
         InstallWidget(*this, page);
         tabs.addTab(page, caption);
     }
-    int PixelWidth() const override {
-        const QWidget* widget = WidgetOf(*this);
-        return widget == nullptr ? 0 : widget->width();
-    }
-    int PixelHeight() const override {
-        const QWidget* widget = WidgetOf(*this);
-        return widget == nullptr ? 0 : widget->height();
-    }
+    int PixelWidth() const override { return WidgetSize(*this).width(); }
+    int PixelHeight() const override { return WidgetSize(*this).height(); }
 };
 
 } // namespace
@@ -38,9 +32,7 @@ SSTab::SSTab(Container& parent, std::string name, const std::vector<std::string>
         pages_.push_back(std::make_unique<TabPage>(&parent, Name() + "_" + std::to_string(pages_.size()),
                                                    *widget, ToQString(caption)));
     QObject::connect(widget, &QTabWidget::currentChanged, widget, [this](int index) {
-        if (index < 0 || index == tab_) return;
-        tab_ = index;
-        RunByHand(Click);
+        if (index >= 0) TakeByHand(tab_, index, Click);
     });
 }
 
@@ -54,11 +46,10 @@ Container& SSTab::Page(int index) {
 }
 
 void SSTab::Tab(int index) {
-    if (index < 0 || index >= static_cast<int>(pages_.size())) throw RuntimeError(kInvalidPropertyValue);
-    if (index == tab_) return;
-    tab_ = index;
-    Quietly<QTabWidget>(*this, [&](QTabWidget& tabs) { tabs.setCurrentIndex(index); });
-    if (Click) Click();
+    const int last = static_cast<int>(pages_.size()) - 1;
+    const auto show = [&](QTabWidget& tabs) { tabs.setCurrentIndex(index); };
+    AssignValue(
+        tab_, Within(index, 0, last), [&] { Quietly<QTabWidget>(*this, show); }, Click);
 }
 
 } // namespace pintalux

@@ -1,7 +1,6 @@
 #include "surface/window/ScrollBar.h"
 
 #include "base/Arithmetic.h"
-#include "base/RuntimeError.h"
 #include "surface/window/Inputs_native.h"
 
 #include <algorithm>
@@ -57,13 +56,9 @@ class ScrollWidget final : public QScrollBar {
         return (Upright() ? place.y() * 2 < height() : place.x() * 2 < width()) ? kFirst : kSecond;
     }
     QRect RectOf(Half half) const {
-        const QRect all = rect();
-        if (Upright()) {
-            const int middle = height() / 2;
-            return half == kFirst ? QRect(0, 0, width(), middle) : all.adjusted(0, middle, 0, 0);
-        }
-        const int middle = width() / 2;
-        return half == kFirst ? QRect(0, 0, middle, height()) : all.adjusted(middle, 0, 0, 0);
+        const QPoint middle = Upright() ? QPoint(0, height() / 2) : QPoint(width() / 2, 0);
+        const QSize first = Upright() ? QSize(width(), middle.y()) : QSize(middle.x(), height());
+        return half == kFirst ? QRect(QPoint(0, 0), first) : rect().adjusted(middle.x(), middle.y(), 0, 0);
     }
     void PaintArrows() {
         QPainter painter(this);
@@ -95,79 +90,45 @@ class ScrollWidget final : public QScrollBar {
 };
 
 int NotNegative(double value) {
-    const int whole = ToInt16(value);
-    if (whole < 0) throw RuntimeError(kInvalidPropertyValue);
-    return whole;
+    return Within(int{ToInt16(value)}, 0, 32767);
 }
 
 } // namespace
 
 ScrollBar::ScrollBar(Container& parent, std::string name, Direction direction)
-    : Control(&parent, std::move(name)) {
-    auto* widget = new ScrollWidget(direction == Direction::Vertical ? Qt::Vertical : Qt::Horizontal,
-                                    ClientWidgetOf(parent));
-    InstallWidget(*this, widget);
-    ShowState();
-    RouteSlider(
-        *widget,
-        [this](int value) {
-            const bool moves = value != value_;
-            value_ = value;
-            return moves;
-        },
-        [this] {
-            if (Scroll) Scroll();
-        },
-        [this] {
-            if (Change) Change();
-        });
+    : RangeControl(parent, std::move(name), 0, 32767) {
+    const Qt::Orientation way = direction == Direction::Vertical ? Qt::Vertical : Qt::Horizontal;
+    InstallWidget(*this, new ScrollWidget(way, ClientWidgetOf(parent)));
+    Follow();
+    ShowSteps();
+}
+
+int ScrollBar::Whole(double value) const {
+    return ToInt16(value);
 }
 
 void ScrollBar::Min(double value) {
-    min_ = ToInt16(value);
-    RangeChanged();
+    Range(ToInt16(value), Max());
 }
 
 void ScrollBar::Max(double value) {
-    max_ = ToInt16(value);
-    RangeChanged();
-}
-
-void ScrollBar::RangeChanged() {
-    const int kept = std::clamp(value_, std::min(min_, max_), std::max(min_, max_));
-    const bool moves = kept != value_;
-    value_ = kept;
-    ShowState();
-    if (moves && Change) Change();
-}
-
-void ScrollBar::Value(double value) {
-    const int whole = ToInt16(value);
-    if (whole < std::min(min_, max_) || whole > std::max(min_, max_))
-        throw RuntimeError(kInvalidPropertyValue);
-    if (whole == value_) return;
-    value_ = whole;
-    ShowState();
-    if (Change) Change();
+    Range(Min(), ToInt16(value));
 }
 
 void ScrollBar::SmallChange(double value) {
     smallChange_ = NotNegative(value);
-    ShowState();
+    ShowSteps();
 }
 
 void ScrollBar::LargeChange(double value) {
     largeChange_ = NotNegative(value);
-    ShowState();
+    ShowSteps();
 }
 
-void ScrollBar::ShowState() {
+void ScrollBar::ShowSteps() {
     Quietly<QScrollBar>(*this, [this](QScrollBar& bar) {
-        bar.setRange(std::min(min_, max_), std::max(min_, max_));
-        bar.setInvertedAppearance(min_ > max_);
         bar.setSingleStep(std::max(smallChange_, 1));
         bar.setPageStep(std::max(largeChange_, 1));
-        bar.setValue(value_);
     });
 }
 

@@ -1,4 +1,4 @@
-// The toolkit half of a surface.
+// The toolkit half of a surface: the widget that shows its bitmap, and what of it is out of date.
 #pragma once
 
 #include "surface/window/Painting_native.h"
@@ -11,16 +11,20 @@ namespace pintalux {
 
 struct SurfaceNative {
     QPointer<PaintedWidget> widget;
-    Box pending; ///< What was marked for painting and is not painted yet.
-    int borderStyle = 0;
-    QRegion edge; ///< The pixels along the edge of the region that clips the surface; dotted when painted.
+    Box pending;         ///< What was marked for painting and is not painted yet, in pixels.
+    int borderStyle = 0; ///< 1: a thin line is painted along the edge of the widget.
+    /// The pixels along the edge of the region that clips the surface. They are painted as dots. Empty: the
+    /// surface is not clipped.
+    QRegion edge;
 
     /// Takes a place that the toolkit gave, in pixels of the container; the bitmap follows.
     static void TakePlace(Surface& surface, const QRect& place);
     static SurfaceNative& Of(const Surface& surface) { return *surface.surface_; }
 
+    /// Paints what the event names; `backColor` shows where the bitmap ends.
     void Paint(const Bitmap& bitmap, QPaintEvent& event, Colour backColor);
     void PaintEdge(const QRegion& exposed);
+    /// Has a part of the bitmap painted at the next occasion.
     void Mark(const Box& box);
 };
 

@@ -1,9 +1,9 @@
 #include "surface/window/TextBox.h"
 
-#include "base/RuntimeError.h"
 #include "surface/window/Inputs_native.h"
 #include "surface/window/KeyCodes_native.h"
 
+#include <limits>
 #include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -127,10 +127,8 @@ class LineWidget final : public QLineEdit {
 TextBox::TextBox(Container& parent, std::string name) : Control(&parent, std::move(name)) {
     auto* widget = new LineWidget(*this, ClientWidgetOf(parent));
     InstallWidget(*this, widget);
-    QObject::connect(widget, &QLineEdit::textChanged, widget, [this](const QString& text) {
-        text_ = text.toStdString();
-        RunByHand(Change);
-    });
+    QObject::connect(widget, &QLineEdit::textChanged, widget,
+                     [this](const QString& text) { TakeByHand(text_, text.toStdString(), Change); });
 }
 
 TextBox::~TextBox() {
@@ -143,16 +141,13 @@ TextBox::~TextBox() {
 void TextBox::Text(const std::string& value) {
     QString shown = ToQString(value);
     if (maxLength_ > 0) shown.truncate(maxLength_);
-    const std::string text = shown.toStdString();
-    if (text == text_) return;
-    text_ = text;
-    Quietly<QLineEdit>(*this, [&](QLineEdit& line) { line.setText(shown); });
-    if (Change) Change();
+    const auto show = [&](QLineEdit& line) { line.setText(shown); };
+    AssignValue(
+        text_, shown.toStdString(), [&] { Quietly<QLineEdit>(*this, show); }, Change);
 }
 
 void TextBox::MaxLength(int value) {
-    if (value < 0) throw RuntimeError(kInvalidPropertyValue);
-    maxLength_ = value;
+    maxLength_ = Within(value, 0, std::numeric_limits<int>::max());
     Quietly<QLineEdit>(*this,
                        [&](QLineEdit& line) { line.setMaxLength(value == 0 ? kToolkitLongest : value); });
 }

@@ -29,8 +29,8 @@ void ToolButton::Enabled(bool value) {
 }
 
 void ToolButton::Value(int value) {
-    if (value != 0 && value != 1) throw RuntimeError(kInvalidPropertyValue);
-    if (value == value_ || style_ == ButtonStyle::Default || style_ == ButtonStyle::Separator) return;
+    if (Within(value, 0, 1) == value_ || style_ == ButtonStyle::Default || style_ == ButtonStyle::Separator)
+        return;
     if (value == 1) {
         bar_.Press(*this);
     } else {

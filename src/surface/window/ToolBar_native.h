@@ -12,8 +12,8 @@ struct ToolButtonNative {
     QPointer<QToolButton> button; ///< Null for a separator.
 };
 
-/// Lays its buttons out itself. One button at a time is reached by the Tab key, the arrow keys move among
-/// them.
+/// The toolkit's own tool bar hides in a menu what does not fit; this one goes on in a second row. The Tab
+/// key reaches one button of it, from where the arrow keys, Home and End move to the others.
 class BarWidget final : public QWidget {
   public:
     explicit BarWidget(QWidget* parent);
@@ -38,9 +38,11 @@ class BarWidget final : public QWidget {
         QToolButton* button; ///< Null for a separator.
         QRect place;
     };
-    /// The size that the items take in a width; moves them there if asked.
+    /// The size in pixels that the items take in a width; moves them there if asked.
     QSize Flow(int width, bool move) const;
+    /// Where an arrow key, Home or End leads from a button. False if the button is switched off.
     bool MoveFocus(const QToolButton* from, int key);
+    /// Has the Tab key stop at this button alone.
     void MakeTabStop(QToolButton* button);
 
     mutable std::vector<Item> items_;
