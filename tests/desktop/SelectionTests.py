@@ -743,7 +743,6 @@ def PieceGoesFromOneDocumentToAnother(desktop):
     desktop.menu("j", "1")
     easel.turn_to(distinct())
     easel.lift_rectangle((120, 40), (160, 74))
-    easel.floating.pasted = True  # while one is waiting, no grab leaves a hole in any document
     easel.carry(20, 60)
     easel.merge_by_press(2, 3)
     first = easel.picture
