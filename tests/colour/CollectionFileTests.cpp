@@ -74,7 +74,7 @@ TEST_F(CollectionFileTest, NumbersThatAreNoColoursAreLeftOut) {
 TEST_F(CollectionFileTest, FilesOfAnotherShapeHoldNoColours) {
     EXPECT_EQ(Reading(""), Colours{});
     EXPECT_EQ(Reading("0=1\n1=2\n"), Colours{});
-    EXPECT_EQ(Reading(std::string("BM\0\1\2\3[]]=\n\xFF\xFE\x80", 18)), Colours{});
+    EXPECT_EQ(Reading(std::string("BM\0\1\2\3[]]=\n\xFF\xFE\x80", 14)), Colours{});
     EXPECT_EQ(Reading(std::string(500000, '\n')), Colours{});
     EXPECT_EQ(Reading("[Colors"), Colours{});
     EXPECT_EQ(Reading("[Colors]\n0=" + std::string(900000, '1')), Colours{});

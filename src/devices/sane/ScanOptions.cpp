@@ -89,7 +89,7 @@ std::vector<int> ScanOptions::Resolutions() const {
         std::copy_if(kUsual.begin(), kUsual.end(), std::back_inserter(found),
                      [&](int dots) { return dots >= least && dots <= most; });
     }
-    if (const std::optional<double> now = Number(kResolution)) found.push_back(static_cast<int>(*now));
+    if (const double now = Number(kResolution).value_or(0); now >= 1) found.push_back(static_cast<int>(now));
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;
