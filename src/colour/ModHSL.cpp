@@ -13,7 +13,9 @@ std::int16_t RedOf(Colour c) {
 // Intended: the mask keeps bit 24, so that a colour beyond 24 bits is noticed as an overflow and not bent
 // silently.
 std::int16_t GreenOf(Colour c) {
-    return ToInt16((c & 0x0100FF00) / 256.0);
+    constexpr Colour kBit24 = 0x01000000;
+    const int green = (c & (kBit24 | 0xFF00)) / 256;
+    return c & kBit24 ? ToInt16(green) : static_cast<std::int16_t>(green);
 }
 
 std::int16_t BlueOf(Colour c) {
@@ -27,6 +29,18 @@ std::int16_t MaxOf(std::int16_t a, std::int16_t b) {
 std::int16_t MinOf(std::int16_t a, std::int16_t b) {
     return std::min(a, b);
 }
+
+namespace {
+
+/// `ToInt16` without its check, for values that lie within 16 bits whatever the colour: both conversions run
+/// once for each pixel of a bevel. Doubles around 1.5 * 2^52 have no fraction, so that the sum rounds, half
+/// to even.
+std::int16_t Rounded(double value) {
+    constexpr double kWholeNumbersOnly = 6755399441055744.0;
+    return static_cast<std::int16_t>(value + kWholeNumbersOnly - kWholeNumbersOnly);
+}
+
+} // namespace
 
 // The order of the operations is part of the result: each line rounds where it stands.
 HslValue RgbToHsl(Colour c) {
@@ -42,22 +56,20 @@ HslValue RgbToHsl(Colour c) {
     double S = 0;
     if (delta != 0) {
         S = (delta * 240.0 + 0.5) / (L <= 120 ? sum : 510 - sum);
-        const double Rd = (40.0 * (cMax - R) + 0.5) / delta;
-        const double Gd = (40.0 * (cMax - G) + 0.5) / delta;
-        const double Bd = (40.0 * (cMax - B) + 0.5) / delta;
+        const auto distance = [cMax, delta](int channel) { return (40.0 * (cMax - channel) + 0.5) / delta; };
         if (R == cMax) {
-            H = Bd - Gd;
+            H = distance(B) - distance(G);
         } else if (G == cMax) {
-            H = 80.0 + Rd - Bd;
+            H = 80.0 + distance(R) - distance(B);
         } else {
-            H = 160.0 + Gd - Rd;
+            H = 160.0 + distance(G) - distance(R);
         }
         if (H < 0) H = H + 240.0;
     }
     HslValue hsl;
-    hsl.Hue = ToInt16(H);
-    hsl.Lum = ToInt16(L);
-    hsl.Sat = ToInt16(S);
+    hsl.Hue = Rounded(H);
+    hsl.Lum = Rounded(L);
+    hsl.Sat = Rounded(S);
     return hsl;
 }
 
@@ -87,7 +99,7 @@ Colour HslToRgb(const HslValue& hsl) {
         G = (HueToRgb(m1, m2, H) * 255 + 0.5) / 240;
         B = (HueToRgb(m1, m2, H - 80) * 255 + 0.5) / 240;
     }
-    const auto channel = [](double value) { return ToInt16(std::clamp(value, 0.0, 255.0)); };
+    const auto channel = [](double value) { return Rounded(std::clamp(value, 0.0, 255.0)); };
     return RGB(channel(R), channel(G), channel(B));
 }
 

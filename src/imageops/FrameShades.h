@@ -24,10 +24,9 @@ inline Pixel Darkened(Pixel pixel, int by) {
 
 /// The pixel with no channel above 160.
 inline Pixel CutTo160(Pixel pixel) {
-    constexpr std::int16_t kBrightest = 160;
-    const auto c = static_cast<Colour>(pixel);
-    return PixelOf(
-        RGB(MinOf(RedOf(c), kBrightest), MinOf(GreenOf(c), kBrightest), MinOf(BlueOf(c), kBrightest)));
+    static constexpr Pixel kBrightest = 160;
+    const auto cut = [pixel](int shift) { return std::min(pixel >> shift & 0xFF, kBrightest) << shift; };
+    return cut(0) | cut(8) | cut(16);
 }
 
 } // namespace pintalux
