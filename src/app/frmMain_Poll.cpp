@@ -30,6 +30,9 @@ void frmMainForm::Timer1_Timer() {
 void frmMainForm::TakeHandOff() {
     // Of several instances the one that holds the lock takes it; when that one has ended, the next.
     if (App.PrevInstance() || !FileExists(HandOffFile())) return;
+    // While the start still owes its first document, the hand-off waits, so that the file that was asked for
+    // last lies on top.
+    if (Timer2.Enabled()) return;
     std::string path;
     ResumeNext([&] { path = ReadTextFile(HandOffFile()); }, [] { DeleteFile(HandOffFile()); });
     if (!FileExists(path)) return;
@@ -49,10 +52,12 @@ void frmMainForm::PollDocument() {
         ImgMenuEnable(false);
         mnuEditSelectNone.Enabled(false);
         mnuEditSelectAll.Enabled(false);
+        mnuFilePrinterPrint.Enabled(false);
         TB2.Buttons(kSaveButton).Enabled(false);
         return;
     }
     ImgMenuEnable(true);
+    mnuFilePrinterPrint.Enabled(true);
     const frmImage& image = ActiveImage();
     if (image.PicFreeSelect.Visible() || image.PicSelect.Visible()) mnuEditSelectNone.Enabled(true);
     mnuEditSelectAll.Enabled(true);

@@ -1,6 +1,7 @@
 #include "devices/PrintCommands.h"
 
 #include "document/frmImage.h"
+#include "document/Globals.h"
 #include "document/Workspace.h"
 #include "surface/system/MsgBox.h"
 #include "surface/system/Printer.h"
@@ -14,6 +15,7 @@ void mnuFilePrinterSetup_Click() {
 // Intended: the stored picture is printed, without strokes that have not become part of it and without what
 // floats, so that a page shows what an operation, an undo or a file has last settled.
 void mnuFilePrinterPrint_Click() {
+    if (ImageCount == 0) return;
     const Picture picture = ActiveImage().PicMerge.Picture();
     if (picture.Empty()) {
         MsgBox("Esta imagem ainda só tem traços por guardar, por isso nada foi impresso. A imagem continua "

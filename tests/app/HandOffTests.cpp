@@ -96,6 +96,17 @@ TEST_F(HandOffTest, AFileHandedOverOpensAndTheHandOffGoes) {
     EXPECT_FALSE(ScreenLocked());
 }
 
+TEST_F(HandOffTest, AFileHandedOverDuringTheStartOpensAfterTheOneOfTheStart) {
+    SavePicture(Solid(4, 4, kBlack), File("first.bmp"));
+    SavePicture(Solid(6, 6, kBlack), File("second.bmp"));
+    App.CommandForTests(File("first.bmp"));
+    PutBytes(HandOffFile(), File("second.bmp") + "\n");
+    frmMain->Timer1_Timer(); // the window is there, the fifth tick of the start is still to come
+    EXPECT_EQ(ImageCount, 0);
+    ASSERT_TRUE(WaitFor([] { return ImageCount == 2; }));
+    EXPECT_EQ(Image().Caption(), "second.bmp");
+}
+
 TEST_F(HandOffTest, ARefusedPictureHandedToAnEmptyProgramIsWindowNumber1) {
     Start();
     PutBytes(File("a.bmp"), "garbage");

@@ -90,6 +90,8 @@ TEST_F(PollTest, WithoutADocumentImageCommandsAreOff) {
     EXPECT_FALSE(frmMain->mnuEditSelectAll.Enabled());
     EXPECT_FALSE(frmMain->mnuEditSelectNone.Enabled());
     EXPECT_FALSE(frmMain->TB2.Buttons(3).Enabled());
+    EXPECT_FALSE(frmMain->mnuFilePrinterPrint.Enabled());
+    EXPECT_TRUE(frmMain->mnuFilePrinterSetup.Enabled());
     EXPECT_TRUE(frmMain->mnuFileNew.Enabled());
     EXPECT_TRUE(frmMain->mnuFileOpen.Enabled());
 }
@@ -100,6 +102,7 @@ TEST_F(PollTest, WithADocumentTheyAreOn) {
     ExpectImageItems(true);
     EXPECT_TRUE(frmMain->mnuEditSelectAll.Enabled());
     EXPECT_TRUE(frmMain->TB2.Buttons(3).Enabled());
+    EXPECT_TRUE(frmMain->mnuFilePrinterPrint.Enabled());
 }
 
 TEST_F(PollTest, AfterTheLastDocumentClosedTheyAreOffAgain) {

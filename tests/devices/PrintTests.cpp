@@ -114,6 +114,11 @@ TEST_F(PrintTest, AnImageThatHoldsNoPictureIsNotPrintedAndSaysSo) {
     EXPECT_FALSE(std::filesystem::exists(file_));
 }
 
+TEST_F(PrintTest, WithoutADocumentNothingIsPrinted) {
+    mnuFilePrinterPrint_Click();
+    EXPECT_FALSE(std::filesystem::exists(file_));
+}
+
 TEST_F(PrintTest, AMissingPrinterIsAnUntrappedError) {
     Printer().PrintToFileForTests("");
     OpenPicture("vermelha.bmp", Solid(20, 20, 0x0000FF));
