@@ -2,7 +2,7 @@
 
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
-#include "colour/ColourPanel.h"
+#include "colour/ListedColour.h"
 #include "document/Globals.h"
 #include "surface/system/MsgBox.h"
 #include "surface/window/Layout.h"
@@ -17,23 +17,6 @@ namespace {
 // Intended: sizes above 32000 are refused although the message before names 32767, so that no later size
 // overflows.
 constexpr std::int32_t kLargestSide = 32000;
-
-Colour BackgroundOf(int listIndex) {
-    switch (listIndex) {
-    case 1:
-        return 0;
-    case 2:
-        return 0x0000FF;
-    case 3:
-        return 0x00FF00;
-    case 4:
-        return 0xFF0000;
-    case 5:
-        return CurrentColour();
-    default:
-        return 0xFFFFFF;
-    }
-}
 
 } // namespace
 
@@ -83,7 +66,7 @@ void frmNewForm::cmdOK_Click() {
     }
     const std::int32_t height = ToInt32(Val(txtPXh.Text()));
     const std::int32_t width = ToInt32(Val(txtPXw.Text()));
-    NewBackColor = BackgroundOf(Combo1.ListIndex());
+    NewBackColor = ListedColour(Combo1.ListIndex(), kWhite);
     NewColorIndex = ToInt16(Combo1.ListIndex());
     // Intended: this refusal comes after the colour was noted, so that the next New proposes it; the size is
     // not taken, since no state of such an image could be recorded.

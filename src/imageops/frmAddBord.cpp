@@ -2,7 +2,7 @@
 
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
-#include "colour/ColourPanel.h"
+#include "colour/ListedColour.h"
 #include "document/frmImage.h"
 #include "document/Selection.h"
 #include "document/Workspace.h"
@@ -21,23 +21,6 @@ AutoForm<frmAddBordForm> frmAddBord;
 namespace {
 
 constexpr int kWidest = 400; // pixels of a margin
-
-Colour BorderColour(int listIndex) {
-    switch (listIndex) {
-    case 0:
-        return 0xFFFFFF;
-    case 2:
-        return 0x0000FF;
-    case 3:
-        return 0x00FF00;
-    case 4:
-        return 0xFF0000;
-    case 5:
-        return CurrentColour();
-    default:
-        return 0;
-    }
-}
 
 /// What a box shows. A number that was pasted and never reached its bar counts as the widest margin at most.
 int MarginIn(const TextBox& text) {
@@ -137,7 +120,7 @@ void frmAddBordForm::Form_Activate() {
 
 void frmAddBordForm::cmdApply_Click() {
     frmImage& image = ActiveImage();
-    const Colour colour = BorderColour(Combo1.ListIndex());
+    const Colour colour = ListedColour(Combo1.ListIndex(), kBlack);
     const Margins margins{MarginIn(txtLeft), MarginIn(txtTop), MarginIn(txtRight), MarginIn(txtBottom)};
     if (!CanGrow(image, margins)) return;
     WholeImageForOperation();

@@ -9,8 +9,6 @@
 
 namespace pintalux {
 
-namespace {
-
 QWidget* OwnerOf(const QDialog& dialog) {
     for (QWidget* candidate : {QApplication::activeModalWidget(), QApplication::activeWindow()}) {
         if (candidate && candidate != &dialog && candidate->isVisible()) return candidate;
@@ -20,8 +18,6 @@ QWidget* OwnerOf(const QDialog& dialog) {
     }
     return nullptr;
 }
-
-} // namespace
 
 void PlaceOverOwner(QDialog& dialog) {
     QWidget* owner = OwnerOf(dialog);

@@ -1,30 +1,14 @@
 // Modal showing: a dialog over the active window, with an event loop of its own until it is hidden or
 // unloaded.
 #include "surface/window/Control_native.h"
+#include "surface/window/DialogOwner_native.h"
 #include "surface/window/FormWindow_native.h"
 
-#include <QApplication>
 #include <QKeyEvent>
-#include <QMainWindow>
 #include <QPushButton>
 #include <QScopeGuard>
 
 namespace pintalux {
-
-namespace {
-
-/// The window that a dialog belongs to: the modal one on top, the active one, or the main window.
-QWidget* OwnerOf(const QWidget* dialog) {
-    for (QWidget* candidate : {QApplication::activeModalWidget(), QApplication::activeWindow()}) {
-        if (candidate && candidate != dialog && candidate->isVisible()) return candidate;
-    }
-    for (QWidget* candidate : QApplication::topLevelWidgets()) {
-        if (qobject_cast<QMainWindow*>(candidate) && candidate->isVisible()) return candidate;
-    }
-    return nullptr;
-}
-
-} // namespace
 
 void DialogWindow::reject() {
     for (QPushButton* button : findChildren<QPushButton*>()) {
@@ -50,7 +34,7 @@ void Form::ShowModal() {
     // What is unloaded meanwhile is kept: its handlers may lie below on the stack.
     const RunningHandler running;
     dialog->hide();
-    dialog->setParent(OwnerOf(dialog), dialog->windowFlags());
+    dialog->setParent(OwnerOf(*dialog), dialog->windowFlags());
     dialog->setWindowModality(Qt::ApplicationModal);
     const auto end = qScopeGuard([this, alive = QPointer<QDialog>(dialog)] {
         visible_ = false;
