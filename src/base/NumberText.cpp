@@ -25,9 +25,7 @@ std::string NumberPrefix(std::string_view text) {
     for (const char c : text) {
         const bool afterExponent = exponent && (number.back() == 'e');
         if (IsBlank(c)) continue;
-        if (IsDigit(c)) {
-            number += c;
-        } else if ((c == '+' || c == '-') && (number.empty() || afterExponent)) {
+        if (IsDigit(c) || ((c == '+' || c == '-') && (number.empty() || afterExponent))) {
             number += c;
         } else if (c == '.' && !point && !exponent) {
             point = true;

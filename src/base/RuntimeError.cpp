@@ -43,7 +43,7 @@ std::string ErrorText(int number) {
 }
 
 RuntimeError::RuntimeError(int number, std::string detail) : number_(number), text_(ErrorText(number)) {
-    if (!detail.empty()) text_ += ": " + detail;
+    if (!detail.empty()) text_ += ": " + std::move(detail);
 }
 
 RuntimeError CurrentError() {

@@ -81,7 +81,7 @@ class frmImage : public Form,
     void HideRulers();
     void TrimHistory();
 
-    Flag rulersShown; ///< The value of `RulersOn` that this window has acted on.
+    Flag rulersShown_; ///< The value of `RulersOn` that this window has acted on.
 };
 
 /// Makes a new document window, numbers it, shows it. It is the active one afterwards.

@@ -63,13 +63,13 @@ void DrawScale(int pixels, double factor, const ScalePen& pen) {
 
 void frmImage::Timer2_Timer() {
     const Flag wanted = RulersOn;
-    if (wanted == rulersShown) return;
+    if (wanted == rulersShown_) return;
     if (RulersOn) {
         ShowRulers();
     } else {
         HideRulers();
     }
-    rulersShown = wanted;
+    rulersShown_ = wanted;
 }
 
 void frmImage::ShowRulers() {

@@ -25,7 +25,7 @@ void WalkEllipse(const LongBox& box, Visit visit) {
     const Int128 b = box.bottom - 1 - box.top;
     const std::int64_t odd = (box.Height() - 1) & 1;
     Int128 dx = 4 * (1 - a) * b * b;
-    Int128 dy = 4 * (odd + 1) * a * a;
+    Int128 dy = 4 * a * a * (odd + 1);
     Int128 error = dx + dy + odd * a * a;
     OutlineStep at{box.left, box.right - 1, 0, box.top + box.Height() / 2};
     at.upper = at.lower - odd;

@@ -45,16 +45,11 @@ class RowPainter {
 
 } // namespace
 
-ThinLine::ThinLine(LongPoint from, LongPoint to) {
-    const std::int64_t dx = to.x - from.x;
-    const std::int64_t dy = to.y - from.y;
-    upright_ = std::abs(dy) > std::abs(dx);
-    steps_ = std::max(std::abs(dx), std::abs(dy));
-    along_ = upright_ ? from.y : from.x;
-    cross_ = upright_ ? from.x : from.y;
-    direction_ = (upright_ ? dy : dx) < 0 ? -1 : 1;
-    crossExtent_ = upright_ ? dx : dy;
-}
+ThinLine::ThinLine(LongPoint from, LongPoint to)
+    : upright_(std::abs(to.y - from.y) > std::abs(to.x - from.x)),
+      steps_(std::max(std::abs(to.x - from.x), std::abs(to.y - from.y))), along_(upright_ ? from.y : from.x),
+      direction_((upright_ ? to.y - from.y : to.x - from.x) < 0 ? -1 : 1), cross_(upright_ ? from.x : from.y),
+      crossExtent_(upright_ ? to.x - from.x : to.y - from.y) {}
 
 std::int64_t ThinLine::CrossAt(std::int64_t step) const {
     if (steps_ == 0) return cross_;

@@ -44,8 +44,8 @@ Blocks& TheBlocks() {
 }
 
 Block* BlockOf(void* tile) {
-    const auto address = reinterpret_cast<std::uintptr_t>(tile);
-    return reinterpret_cast<Block*>(address & ~(std::uintptr_t{kBlockSize} - 1));
+    const auto inBlock = reinterpret_cast<std::uintptr_t>(tile) % kBlockSize;
+    return reinterpret_cast<Block*>(static_cast<std::byte*>(tile) - inBlock);
 }
 
 void Link(Blocks& blocks, Block& block) {
