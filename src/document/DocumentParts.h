@@ -82,8 +82,9 @@ struct DocumentView {
 
 /// What a stroke keeps between press, moves and release.
 struct StrokeState {
-    Flag swallowed; ///< The press merged what floats: nothing is drawn until its release.
-    Flag curpoly;   ///< The next press starts a new chain of lines.
+    Flag unrecorded; ///< Text was printed by a press whose release takes no state: the next state has it.
+    Flag swallowed;  ///< The press merged what floats: nothing is drawn until its release.
+    Flag curpoly;    ///< The next press starts a new chain of lines.
     std::int16_t sx = 0,
                  sy = 0; ///< Anchor or last point, image pixels (view pixels for the rectangle selection).
     Colour curtranscolor = 0; ///< The image's background when the stroke began.

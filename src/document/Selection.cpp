@@ -59,6 +59,11 @@ void MergePlacedPiece(frmImage& image) {
 void MergeFloating(frmImage& image) {
     MergePlacedPiece(image);
     if (image.lbltext.Visible()) Merge(image);
+    RecordText(image);
+}
+
+void RecordText(frmImage& image) {
+    if (image.unrecorded) image.Backup();
 }
 
 void MakeRoomForPiece(frmImage& image) {

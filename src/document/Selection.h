@@ -42,8 +42,10 @@ bool PieceIsPlaced(const frmImage& image);
 /// with the states of `NeedtoPaste`. One that was only lifted goes on floating.
 void MergePlacedPiece(frmImage& image);
 /// Before a save, and before the question whether to save: merges a placed piece or floating text, so that
-/// what is written is what is seen.
+/// what is written is what is seen. Text that was printed without a state gets its state.
 void MergeFloating(frmImage& image);
+/// Before an undo or a redo, which would take it away for good: text that was printed without a state gets one.
+void RecordText(frmImage& image);
 /// Before another piece floats: what floats is merged, a piece that was only lifted is discarded.
 void MakeRoomForPiece(frmImage& image);
 /// Before a zoom, which a clipped surface cannot follow: a freehand piece that was placed is merged.

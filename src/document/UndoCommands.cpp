@@ -53,13 +53,13 @@ void WalkTo(const std::string& path, std::string (frmImage::*move)()) {
 
 void mnuEditUndo_Click() {
     ResumeNext(
-        [] { AbandonPath(ActiveImage()); },
+        [] { AbandonPath(ActiveImage()); }, [] { RecordText(ActiveImage()); },
         [] { WalkTo(StateAt(ActiveImage(), ActiveImage().ListBUorder.ListIndex() - 1), &frmImage::MyUndo); });
 }
 
 void mnuEditRedo_Click() {
     ResumeNext(
-        [] { AbandonPath(ActiveImage()); },
+        [] { AbandonPath(ActiveImage()); }, [] { RecordText(ActiveImage()); },
         [] { WalkTo(StateAt(ActiveImage(), ActiveImage().ListBUorder.ListIndex() + 1), &frmImage::MyRedo); });
 }
 

@@ -49,6 +49,7 @@ void ShowUndoState(const ListStore& order) {
 // Intended: a state always goes to the end, also after some undos. Nothing that was undone is ever cut off;
 // undo from the new state walks back through it.
 void frmImage::Backup() {
+    unrecorded = false;
     FollowWithCleanCopy(*this);
     if (MakeTempFileName("", "BI", 0, sfilename)) {
         States().SaveBehind(PicMerge.Image(), sfilename);

@@ -4,6 +4,7 @@
 #include "colour/ColourPanel.h"
 #include "document/frmImage.h"
 #include "document/Globals.h"
+#include "document/Selection.h"
 #include "surface/window/Screen.h"
 #include "tools/AutoScroll.h"
 #include "tools/Text.h"
@@ -50,10 +51,11 @@ void Run(StrokeStep step, frmImage& image, double X, double Y) {
 bool MergeWhatFloats(frmImage& image, const Tool& tool) {
     if (image.lbltext.Visible()) {
         Run(TheFloatingSteps.commitTextByPress, image);
-        // The release of other tools shows and records the text.
+        // The release of other tools shows and records the text; with these the next state takes it.
         if (tool.atRelease == AtRelease::Nothing) {
             ShowImage(image);
-            image.Backup();
+            FollowWithCleanCopy(image);
+            image.unrecorded = true;
         }
         return true;
     }
