@@ -44,7 +44,8 @@ void MergePlacedPiece(frmImage& image);
 /// Before a save, and before the question whether to save: merges a placed piece or floating text, so that
 /// what is written is what is seen. Text that was printed without a state gets its state.
 void MergeFloating(frmImage& image);
-/// Before an undo or a redo, which would take it away for good: text that was printed without a state gets one.
+/// Before an undo or a redo, which would take it away for good: text that was printed without a state gets
+/// one.
 void RecordText(frmImage& image);
 /// Before another piece floats: what floats is merged, a piece that was only lifted is discarded.
 void MakeRoomForPiece(frmImage& image);

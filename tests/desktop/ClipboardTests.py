@@ -8,7 +8,7 @@ from pathlib import Path
 
 from desktop import PATIENCE, desktop_test, wait_for
 from pictures import Picture, expect_same, read_any, read_bmp, write_bmp
-from roads import NEW, leave, sample
+from roads import NEW, QUESTION, leave, sample
 
 SIDE = 41  # pixels: a picture of this size is shown unscaled in the tray
 COLUMN = 58  # pixels from a slot to the one beside it
@@ -175,6 +175,27 @@ def SilentOwnerDelaysOnceAndIsPassedOver(desktop):
     assert desktop.wait_for_picture(sample(SIDE, SIDE, seed=50)) == (place[0] + COLUMN, place[1]), "the first slot was free"
     leave(desktop)
     assert desktop.wait_for_end(process) == 0
+
+
+@desktop_test
+def PasteFromASilentOwnerSaysSoAndChangesNothing(desktop):
+    picture = sample()
+    write_bmp(desktop.pictures / "picture.bmp", picture)
+    desktop.large_window_settings(Clipmon=0)  # the tray would have found out before
+    process = desktop.start(desktop.pictures / "picture.bmp")
+    desktop.wait_for_picture(picture)
+    for keys in (["ctrl+v"], ["alt+e", "Up", "Up", "Up", "Up", "Return"]):  # into the document, and as a new one
+        other_client(desktop, "silent")
+        time.sleep(0.5)  # until the poll has offered the paste
+        desktop.keys(*keys)
+        desktop.wait_for_window(QUESTION)
+        desktop.keys("Return")
+        desktop.wait_until_gone(QUESTION)
+        desktop.wait_for_picture(picture)
+    assert len(desktop.state_files()) == 1
+    leave(desktop)  # nothing was changed, so that nothing is asked
+    assert desktop.wait_for_end(process) == 0
+    expect_same(read_bmp(desktop.pictures / "picture.bmp"), picture)
 
 
 @desktop_test

@@ -4,7 +4,7 @@ from pathlib import Path
 
 from desktop import desktop_test, wait_for
 from pictures import expect_same, is_whole_bmp, read_bmp, write_bmp
-from roads import (BLACK, BROWSER, NEW, QUESTION, STOP, leave, open_browser, paint_and_wait, sample, start_with_picture,
+from roads import (BLACK, BROWSER, NEW, QUESTION, STOP, draw, leave, open_browser, paint_and_wait, sample, start_with_picture,
                    with_stroke)
 
 STROKE = [(40, 30), (90, 30)]
@@ -71,6 +71,28 @@ def PaintingOnAFullDiskLosesNothing(desktop):
     desktop.keys("s")
     assert desktop.wait_for_end(process) == 0
     expect_same(read_bmp(desktop.pictures / "picture.bmp"), twice)
+
+
+@desktop_test
+def ATemporaryFolderThatTakesNoFileIsPassedOver(desktop):
+    write_bmp(desktop.pictures / "picture.bmp", sample())
+    desktop.large_window_settings()
+    desktop.environment["TMPDIR"] = "/proc"  # not even for the superuser
+    process = desktop.start(desktop.pictures / "picture.bmp")
+    desktop.environment["TMPDIR"] = str(desktop.temporary)  # the tools of the test need one
+    left, top = desktop.wait_for_picture(sample())
+    draw(desktop, left, top, STROKE)
+    once = with_stroke(sample(), STROKE)
+    desktop.wait_for_picture(once)
+    desktop.keys("ctrl+d")
+    desktop.wait_for_picture(sample())
+    desktop.menu("e", "Return")  # with nothing left to undo the menu opens on redo
+    desktop.wait_for_picture(once)
+    leave(desktop)
+    desktop.wait_for_window(QUESTION)
+    desktop.keys("s")
+    assert desktop.wait_for_end(process) == 0
+    expect_same(read_bmp(desktop.pictures / "picture.bmp"), once)
 
 
 @desktop_test
