@@ -1,10 +1,13 @@
 // Floating text: its drag and its print.
 #include "tools/Text.h"
 
+#include "surface/window/Screen.h"
 #include "tools/TextTest.h"
 
+#include <algorithm>
 #include <QCoreApplication>
 #include <QCursor>
+#include <QFontDatabase>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPixmap>
@@ -172,6 +175,22 @@ TEST_F(TextTest, MagnifierLeavesTheTextFloating) {
     EXPECT_EQ(InkIn(ImageOf(image)), 0);
 }
 
+/// Prints the text that floats by a press, and expects the pixels that the view showed of it.
+void ExpectThePrintOfWhatFloats(frmImage& image) {
+    PassEvents();
+    const QImage floating = WidgetFor(image.PicBG).grab().toImage();
+    Press(image, 150, 90);
+    Release(image, 150, 90);
+    const Picture printed = ImageOf(image);
+    for (int y = 0; y < printed.Height(); ++y) {
+        for (int x = 0; x < printed.Width(); ++x) {
+            const QRgb seen = floating.pixel(x, y);
+            ASSERT_EQ(static_cast<Pixel>(RGB(qRed(seen), qGreen(seen), qBlue(seen))), printed.At(x, y))
+                << x << ", " << y;
+        }
+    }
+}
+
 // The label on the view and the print in the image are the same glyphs.
 TEST_F(TextTest, LabelShowsThePixelsThatArePrinted) {
     frmMain->MDIForm::Move(0, 0, 12000, 9000);
@@ -180,18 +199,34 @@ TEST_F(TextTest, LabelShowsThePixelsThatArePrinted) {
     Compose("Água");
     image.lbltext.Left(20);
     image.lbltext.Top(10);
-    PassEvents();
-    const QImage floating = WidgetFor(image.PicBG).grab().toImage();
-    Press(image, 150, 90);
-    Release(image, 150, 90);
-    const Picture printed = ImageOf(image);
-    ASSERT_GT(InkIn(printed), 30);
-    for (int y = 0; y < 100; ++y) {
-        for (int x = 0; x < 200; ++x) {
-            const QRgb seen = floating.pixel(x, y);
-            ASSERT_EQ(static_cast<Pixel>(RGB(qRed(seen), qGreen(seen), qBlue(seen))), printed.At(x, y))
-                << x << ", " << y;
-        }
+    ExpectThePrintOfWhatFloats(image);
+    EXPECT_GT(InkIn(ImageOf(image)), 30);
+}
+
+TEST_F(TextTest, FontWithoutAStyleShowsWhatItPrintsInEveryStyle) {
+    const std::vector<std::string>& fonts = Screen.Fonts();
+    const auto lacking = std::find_if(fonts.begin(), fonts.end(), [](const std::string& font) {
+        const QString family = QString::fromStdString(font);
+        const QStringList styles = QFontDatabase::styles(family);
+        return std::none_of(styles.begin(), styles.end(),
+                            [&](const QString& style) { return QFontDatabase::italic(family, style); });
+    });
+    if (lacking == fonts.end()) GTEST_SKIP() << "every font of this machine has an italic";
+    frmMain->MDIForm::Move(0, 0, 12000, 9000);
+    frmMain->Show();
+    for (int style = 0; style < 4; ++style) {
+        SCOPED_TRACE(*lacking + ", style " + std::to_string(style));
+        frmImage& image = NewDocument(200, 100);
+        WithDialog([&] {
+            frmText->rtftext.Text("abc 123");
+            frmText->ComboFont.ListIndex(static_cast<int>(lacking - fonts.begin()));
+            frmText->ComboStyle.ListIndex(style);
+            frmText->ComboSize.ListIndex(11);
+            frmText->Command2_Click();
+        });
+        EXPECT_EQ(image.lbltext.FontName(), *lacking);
+        ExpectThePrintOfWhatFloats(image);
+        EXPECT_GT(InkIn(ImageOf(image)), 0);
     }
 }
 
