@@ -38,33 +38,54 @@ inline Registered<ColourPanel> TheColourPanel;
 struct ColourPanel {
     explicit ColourPanel(Container& window);
 
-    Surface ColTB;
-    Surface Picture1;           ///< The title strip.
-    CommandButton Command2;     ///< Hides the panel.
-    Surface TheColor;           ///< Its background colour is the current colour.
-    Label LblCurCol;            ///< "ACTUAL", laid over `TheColor`.
-    Surface Picture4, Picture5; ///< Fixed swatches, white and black.
-    Label lblColor;             ///< The readout.
+  private:
+    Container& window_;
+    static constexpr ScrollBar::Direction kUpright = ScrollBar::Direction::Vertical;
 
-    Label lblRed, lblGreen, lblBlue, lblHue, lblSat, lblLum;
-    TextBox txtRed;
-    ScrollBar VSred;
-    TextBox txtGreen;
-    ScrollBar VSgreen;
-    TextBox txtBlue;
-    ScrollBar VSblue;
-    TextBox txtHue;
-    ScrollBar VShue;
-    TextBox txtSat;
-    ScrollBar VSsat;
-    TextBox txtLum;
-    ScrollBar VSlum;
+  public:
+    Surface ColTB{window_, "ColTB"};
+    Surface Picture1{ColTB, "Picture1"};              ///< The title strip.
+    CommandButton Command2{Picture1, "Command2", ""}; ///< Hides the panel.
+    Surface TheColor{ColTB, "TheColor"};              ///< Its background colour is the current colour.
+    Label LblCurCol{TheColor, "LblCurCol", "ACTUAL"}; ///< Laid over `TheColor`.
+    Surface Picture4{ColTB, "Picture4"}, Picture5{ColTB, "Picture5"}; ///< Fixed swatches, white and black.
+    Label lblColor{ColTB, "lblColor"};                                ///< The readout.
 
-    ToolBar Toolbar3;     ///< The commands of the collection.
-    Surface ColorBox;     ///< Spectrum above Y 155, the collection's grid below.
-    Display Image1;       ///< The spectrum.
-    Surface Picture6;     ///< The working colour: follows the pointer over pictures and palettes.
-    Surface picColBlowup; ///< Shades around a colour, hidden until a right press asks for them.
+    Label lblRed{ColTB, "lblRed", "R"};
+    TextBox txtRed{ColTB, "txtRed"};
+    ScrollBar VSred{ColTB, "VSred", kUpright};
+    Label lblGreen{ColTB, "lblGreen", "G"};
+    TextBox txtGreen{ColTB, "txtGreen"};
+    ScrollBar VSgreen{ColTB, "VSgreen", kUpright};
+    Label lblBlue{ColTB, "lblBlue", "B"};
+    TextBox txtBlue{ColTB, "txtBlue"};
+    ScrollBar VSblue{ColTB, "VSblue", kUpright};
+    Label lblHue{ColTB, "lblHue", "H"};
+    TextBox txtHue{ColTB, "txtHue"};
+    ScrollBar VShue{ColTB, "VShue", kUpright};
+    Label lblSat{ColTB, "lblSat", "S"};
+    TextBox txtSat{ColTB, "txtSat"};
+    ScrollBar VSsat{ColTB, "VSsat", kUpright};
+    Label lblLum{ColTB, "lblLum", "L"};
+    TextBox txtLum{ColTB, "txtLum"};
+    ScrollBar VSlum{ColTB, "VSlum", kUpright};
+
+    /// The commands of the collection.
+    ToolBar Toolbar3{
+        ColTB,
+        "Toolbar3",
+        {{"Lock", "Bloquear a alteração de cores", ":/icons/lock.svg"},
+         {"Unlock2", "Inserir automaticamente na minha selecção de cores", ":/icons/unlock.svg"},
+         {"Clear", "Remover a cor da selecção.", ":/icons/clear.svg"},
+         {"ColDlg", "Usar o selector de cores do Windows.", ":/icons/coldlg.svg"},
+         {"OpenCol2", "Abrir uma selecção de cores gravada anteriormente.", ":/icons/opencol.svg"},
+         {"SaveCols", "Salvar a minha selecção de cores", ":/icons/savecols.svg"}}};
+    Surface ColorBox{ColTB, "ColorBox"}; ///< Spectrum above Y 155, the collection's grid below.
+    Display Image1{ColorBox, "Image1"};  ///< The spectrum.
+    /// The working colour: follows the pointer over pictures and palettes.
+    Surface Picture6{ColorBox, "Picture6"};
+    /// Shades around a colour, hidden until a right press asks for them.
+    Surface picColBlowup{ColorBox, "picColBlowup"};
 
     Flag ColorUpdating;          ///< While the panel moves its own scroll bars.
     std::int16_t TypedValue = 0; ///< The number last typed into one of the six boxes.

@@ -6,15 +6,6 @@ namespace pintalux {
 
 namespace {
 
-const std::vector<ToolBar::Row> kCommands = {
-    {"Lock", "Bloquear a alteração de cores", ":/icons/lock.svg"},
-    {"Unlock2", "Inserir automaticamente na minha selecção de cores", ":/icons/unlock.svg"},
-    {"Clear", "Remover a cor da selecção.", ":/icons/clear.svg"},
-    {"ColDlg", "Usar o selector de cores do Windows.", ":/icons/coldlg.svg"},
-    {"OpenCol2", "Abrir uma selecção de cores gravada anteriormente.", ":/icons/opencol.svg"},
-    {"SaveCols", "Salvar a minha selecção de cores", ":/icons/savecols.svg"},
-};
-
 constexpr double kWidth = 148;
 constexpr double kTitleHeight = 22;
 constexpr double kMargin = 8;
@@ -35,7 +26,6 @@ constexpr double kShadesWidth = 26;
 constexpr double kShadesHeight = 102; // two rows a shade: from 25 below the colour to 25 above
 constexpr double kBoxWidth = 34;
 constexpr double kBarWidth = 16;
-constexpr ScrollBar::Direction kUpright = ScrollBar::Direction::Vertical;
 
 void LayOutSpinner(Label& label, TextBox& text, ScrollBar& bar, double left, double top, const char* name) {
     constexpr double kLabelWidth = 14;
@@ -51,18 +41,7 @@ void LayOutSpinner(Label& label, TextBox& text, ScrollBar& bar, double left, dou
 
 } // namespace
 
-ColourPanel::ColourPanel(Container& window)
-    : ColTB(window, "ColTB"), Picture1(ColTB, "Picture1"), Command2(Picture1, "Command2", ""),
-      TheColor(ColTB, "TheColor"), LblCurCol(TheColor, "LblCurCol", "ACTUAL"), Picture4(ColTB, "Picture4"),
-      Picture5(ColTB, "Picture5"), lblColor(ColTB, "lblColor"), lblRed(ColTB, "lblRed", "R"),
-      lblGreen(ColTB, "lblGreen", "G"), lblBlue(ColTB, "lblBlue", "B"), lblHue(ColTB, "lblHue", "H"),
-      lblSat(ColTB, "lblSat", "S"), lblLum(ColTB, "lblLum", "L"), txtRed(ColTB, "txtRed"),
-      VSred(ColTB, "VSred", kUpright), txtGreen(ColTB, "txtGreen"), VSgreen(ColTB, "VSgreen", kUpright),
-      txtBlue(ColTB, "txtBlue"), VSblue(ColTB, "VSblue", kUpright), txtHue(ColTB, "txtHue"),
-      VShue(ColTB, "VShue", kUpright), txtSat(ColTB, "txtSat"), VSsat(ColTB, "VSsat", kUpright),
-      txtLum(ColTB, "txtLum"), VSlum(ColTB, "VSlum", kUpright), Toolbar3(ColTB, "Toolbar3", kCommands),
-      ColorBox(ColTB, "ColorBox"), Image1(ColorBox, "Image1"), Picture6(ColorBox, "Picture6"),
-      picColBlowup(ColorBox, "picColBlowup") {
+ColourPanel::ColourPanel(Container& window) : window_(window) {
     // Both belong to the program, which starts with an unlocked, empty grid.
     ColorLock = false;
     CollectionCount = 0;

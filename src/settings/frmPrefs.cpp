@@ -14,22 +14,7 @@ namespace pintalux {
 
 AutoForm<frmPrefsForm> frmPrefs;
 
-frmPrefsForm::frmPrefsForm()
-    : Form("frmPrefs", Kind::Dialog), SSTab1(*this, "SSTab1", {"Geral", "Memória", "JPEG"}),
-      Check1(SSTab1.Page(0), "Check1", "Mostrar ecrã inicial no arranque"),
-      Check2(SSTab1.Page(0), "Check2", "Associar o programa com ficheiros bmp, jpg e gif"),
-      Check3(SSTab1.Page(0), "Check3", "Monitor da Area de Transferência no arranque"),
-      Check4(SSTab1.Page(0), "Check4", "Não perguntar se pretende Salvar as alterações ao Sair"),
-      Label1(SSTab1.Page(1), "Label1", "Limitar a abertura em simultâneo a"),
-      Combo1(SSTab1.Page(1), "Combo1", {"3", "5", "7", "10", "15"}),
-      Label4(SSTab1.Page(1), "Label4", "Imagens."),
-      Check5(SSTab1.Page(1), "Check5", "Refazer e desfazer ilimitado"),
-      Label5(SSTab1.Page(1), "Label5", "Limitar o Refazer e Desfazer a"),
-      Combo2(SSTab1.Page(1), "Combo2", {"5", "10", "15", "20", "25", "30"}),
-      Label6(SSTab1.Page(1), "Label6", "passos."),
-      Frame1(SSTab1.Page(2), "Frame1", "JPEG Qualidade de Gravação"), Label2(Frame1, "Label2", "POUCA"),
-      Slider1(Frame1, "Slider1", 10, 90), Label3(Frame1, "Label3", "MUITA"),
-      Command1(*this, "Command1", "OK"), Command2(*this, "Command2", "Cancelar") {
+frmPrefsForm::frmPrefsForm() : Form("frmPrefs", Kind::Dialog) {
     Caption("Preferências");
     Slider1.SmallChange(1);
     Slider1.LargeChange(5);

@@ -13,24 +13,31 @@ class frmPrefsForm : public Form {
   public:
     frmPrefsForm();
 
-    SSTab SSTab1;
-    // "Geral"
-    CheckBox Check1, Check2, Check3, Check4;
-    // "Memória"
-    Label Label1;
-    ComboBox Combo1;
-    Label Label4;
-    CheckBox Check5;
-    Label Label5;
-    ComboBox Combo2;
-    Label Label6;
-    // "JPEG"
-    Frame Frame1;
-    Label Label2;
-    Slider Slider1;
-    Label Label3;
+    SSTab SSTab1{*this, "SSTab1", {"Geral", "Memória", "JPEG"}};
 
-    CommandButton Command1, Command2;
+    // "Geral"
+    CheckBox Check1{SSTab1.Page(0), "Check1", "Mostrar ecrã inicial no arranque"};
+    CheckBox Check2{SSTab1.Page(0), "Check2", "Associar o programa com ficheiros bmp, jpg e gif"};
+    CheckBox Check3{SSTab1.Page(0), "Check3", "Monitor da Area de Transferência no arranque"};
+    CheckBox Check4{SSTab1.Page(0), "Check4", "Não perguntar se pretende Salvar as alterações ao Sair"};
+
+    // "Memória"
+    Label Label1{SSTab1.Page(1), "Label1", "Limitar a abertura em simultâneo a"};
+    ComboBox Combo1{SSTab1.Page(1), "Combo1", {"3", "5", "7", "10", "15"}};
+    Label Label4{SSTab1.Page(1), "Label4", "Imagens."};
+    CheckBox Check5{SSTab1.Page(1), "Check5", "Refazer e desfazer ilimitado"};
+    Label Label5{SSTab1.Page(1), "Label5", "Limitar o Refazer e Desfazer a"};
+    ComboBox Combo2{SSTab1.Page(1), "Combo2", {"5", "10", "15", "20", "25", "30"}};
+    Label Label6{SSTab1.Page(1), "Label6", "passos."};
+
+    // "JPEG"
+    Frame Frame1{SSTab1.Page(2), "Frame1", "JPEG Qualidade de Gravação"};
+    Label Label2{Frame1, "Label2", "POUCA"};
+    Slider Slider1{Frame1, "Slider1", 10, 90};
+    Label Label3{Frame1, "Label3", "MUITA"};
+
+    CommandButton Command1{*this, "Command1", "OK"};
+    CommandButton Command2{*this, "Command2", "Cancelar"};
 
     void Check5_Click();
     void Command1_Click();

@@ -84,7 +84,7 @@ void frmTextForm::LayOut() {
                        {&Command1, 3, 2, 1, 1, Place::Left},
                        {&chkStrikeTh, 3, 3},
                        {&chkUnderlined, 3, 4},
-                       {&lblSample, 4, 0},
+                       {&lblSample, 4, 0, 1, 1, Place::Top},
                        {&picSample, 4, 1, 1, 4},
                        {&Command2, 0, 5},
                        {&Command3, 1, 5}});

@@ -22,6 +22,8 @@ Qt::Alignment AlignmentOf(Place place) {
         return Qt::AlignLeft | Qt::AlignVCenter;
     case Place::Right:
         return Qt::AlignRight | Qt::AlignVCenter;
+    case Place::Top:
+        return Qt::AlignTop;
     case Place::Centre:
         return Qt::AlignCenter;
     default:

@@ -7,7 +7,7 @@
 
 namespace pintalux {
 
-enum class Place { Fill, Left, Right, Centre };
+enum class Place { Fill, Left, Right, Centre, Top };
 
 /// One control in the grid. A null control leaves room that stretches.
 struct GridItem {
