@@ -116,7 +116,7 @@ void Flood(benchmark::State& state, const Bitmap& start) {
     DrawAttributes attributes;
     attributes.FillStyle = kFillSolid;
     attributes.FillColor = 0x0000FF;
-    const DeviceContext hdc(bits, attributes);
+    DeviceContext hdc(bits, attributes);
     for (auto _ : state) {
         bits = start;
         benchmark::DoNotOptimize(ExtFloodFill(hdc, 0, 0, kWhite, FLOODFILLSURFACE));
@@ -281,7 +281,7 @@ void CopyByBitBlt(benchmark::State& state) {
     Bitmap to(2100, 1600, 0);
     DrawAttributes attributes;
     const DeviceContext source(from, attributes);
-    const DeviceContext target(to, attributes);
+    DeviceContext target(to, attributes);
     const int shift = static_cast<int>(state.range(0));
     for (auto _ : state)
         BitBlt(target, shift, shift, 2000, 1500, source, 0, 0, SRCCOPY);
@@ -314,7 +314,7 @@ void SnapshotAndDot(benchmark::State& state) {
     bits.Detach(bits.Bounds());
     DrawAttributes attributes;
     attributes.DrawWidth = 5;
-    const DeviceContext hdc(bits, attributes);
+    DeviceContext hdc(bits, attributes);
     for (auto _ : state) {
         const Bitmap before = bits;
         DrawDot(hdc, 100, 100, 0);
@@ -327,7 +327,7 @@ void WideLine(benchmark::State& state) {
     Bitmap bits(kWidth, kHeight, kWhite);
     DrawAttributes attributes;
     attributes.DrawWidth = static_cast<int>(state.range(0));
-    const DeviceContext hdc(bits, attributes);
+    DeviceContext hdc(bits, attributes);
     for (auto _ : state)
         DrawLine(hdc, 10, 10, 5900, 3900, 0);
 }
@@ -337,7 +337,7 @@ void BigEllipse(benchmark::State& state) {
     Bitmap bits(kWidth, kHeight, kWhite);
     DrawAttributes attributes;
     attributes.DrawWidth = static_cast<int>(state.range(0));
-    const DeviceContext hdc(bits, attributes);
+    DeviceContext hdc(bits, attributes);
     for (auto _ : state)
         Ellipse(hdc, 100, 100, 5900, 3900);
 }

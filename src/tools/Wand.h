@@ -31,7 +31,7 @@ WandShift ChosenShift();
 /// Reads and writes go to `hDC`, the source's; its image becomes the picture of the destination and of the
 /// source. X and Y are whole image pixels and may lie off the image. Error 6 for a radius above 181, whose
 /// square is no 16-bit number. Costs what the disc has pixels, not the image.
-void WandApply(Surface& destination, Surface& source, const DeviceContext& hDC, float X, float Y,
+void WandApply(Surface& destination, Surface& source, DeviceContext& hDC, float X, float Y,
                const WandShift& shift, std::int16_t radius, std::int16_t steps);
 
 void WandPress(frmImage& image, double X, double Y);

@@ -59,7 +59,7 @@ void ShiftRow(Bitmap& bits, const WandShift& shift, const Repeats& repeats, int 
 }
 
 /// All rows of the disc that lie on the bitmap.
-void ShiftDisc(const DeviceContext& hDC, int X, int Y, const WandShift& shift, const Repeats& repeats) {
+void ShiftDisc(DeviceContext& hDC, int X, int Y, const WandShift& shift, const Repeats& repeats) {
     const int reach = repeats.empty() ? -1 : static_cast<int>(std::sqrt(repeats.size() - 1));
     const PixelWrite write(hDC, {X - reach, Y - reach, X + reach + 1, Y + reach + 1});
     const Box& disc = write.Area();
@@ -74,7 +74,7 @@ void ShiftDisc(const DeviceContext& hDC, int X, int Y, const WandShift& shift, c
 
 } // namespace
 
-void WandApply(Surface& destination, Surface& source, const DeviceContext& hDC, float X, float Y,
+void WandApply(Surface& destination, Surface& source, DeviceContext& hDC, float X, float Y,
                const WandShift& shift, std::int16_t radius, std::int16_t steps) {
     const Repeats repeats = RepeatsByDistance(radius, steps);
     ShiftDisc(hDC, ToInt32(static_cast<double>(X)), ToInt32(static_cast<double>(Y)), Cut(shift), repeats);

@@ -55,7 +55,8 @@ TEST(DrawBox, FillsInsideTheOutline) {
     attributes.FillStyle = kFillSolid;
     attributes.FillColor = 0x0000FF;
     Bitmap bits(5, 5, kWhite);
-    DrawBox(DeviceContext(bits, attributes), 0, 0, 4, 3, 0xFF0000);
+    DeviceContext hdc(bits, attributes);
+    DrawBox(hdc, 0, 0, 4, 3, 0xFF0000);
     ExpectSamePixels(bits, PictureOf({"bbbbb", "brrrb", "brrrb", "bbbbb", "....."}));
 }
 
@@ -67,7 +68,8 @@ TEST(DrawBox, InvertTurnsOutlineAndFillingOnce) {
         SCOPED_TRACE(width);
         attributes.DrawWidth = width;
         Bitmap bits(12, 12, kWhite);
-        DrawBox(DeviceContext(bits, attributes), 3, 3, 8, 8, 0);
+        DeviceContext bitsContext(bits, attributes);
+        DrawBox(bitsContext, 3, 3, 8, 8, 0);
         for (int i = 3; i <= 8; ++i) {
             EXPECT_EQ(bits.At(i, i), 0U);
             EXPECT_EQ(bits.At(3, i), 0U);
@@ -123,7 +125,8 @@ TEST(DrawCircle, FilledHasTheFillColourInside) {
     attributes.FillStyle = kFillSolid;
     attributes.FillColor = 0x0000FF;
     Bitmap bits(7, 7, kWhite);
-    DrawCircle(DeviceContext(bits, attributes), 3, 3, 2, kBlack);
+    DeviceContext bitsContext(bits, attributes);
+    DrawCircle(bitsContext, 3, 3, 2, kBlack);
     ExpectSamePixels(
         bits, PictureOf({".......", "..###..", ".#rrr#.", ".#rrr#.", ".#rrr#.", "..###..", "......."}));
 }
@@ -148,10 +151,12 @@ TEST(DrawCircle, InvertsAFilledCircleOnce) {
         attributes.FillStyle = kFillSolid;
         attributes.DrawWidth = width;
         Bitmap drawn(60, 60, kWhite);
-        DrawCircle(DeviceContext(drawn, attributes), 30, 30, 20, kBlack);
+        DeviceContext drawnContext(drawn, attributes);
+        DrawCircle(drawnContext, 30, 30, 20, kBlack);
         attributes.DrawMode = kDrawInvert;
         Bitmap inverted(60, 60, kWhite);
-        DrawCircle(DeviceContext(inverted, attributes), 30, 30, 20, 0x0000FF);
+        DeviceContext invertedContext(inverted, attributes);
+        DrawCircle(invertedContext, 30, 30, 20, 0x0000FF);
         ExpectSamePixels(inverted, drawn);
     }
 }
@@ -259,9 +264,11 @@ TEST(Ellipse, PartOutsideChangesNothingInside) {
         attributes.FillStyle = kFillSolid;
         attributes.FillColor = 0x0000FF;
         Bitmap large(120, 120, kWhite);
-        Ellipse(DeviceContext(large, attributes), 20, 30, 100, 90);
+        DeviceContext largeContext(large, attributes);
+        Ellipse(largeContext, 20, 30, 100, 90);
         Bitmap small(50, 40, kWhite);
-        Ellipse(DeviceContext(small, attributes), -20, -10, 60, 50);
+        DeviceContext smallContext(small, attributes);
+        Ellipse(smallContext, -20, -10, 60, 50);
         Bitmap part(50, 40, kWhite);
         part.Copy(0, 0, large, {40, 40, 90, 80});
         ExpectSamePixels(small, part);
@@ -273,7 +280,8 @@ TEST(Ellipse, WithoutAPenIsFilledAtFullSize) {
     attributes.FillStyle = kFillSolid;
     attributes.DrawStyle = kDrawNone;
     Bitmap bits(5, 5, kWhite);
-    Ellipse(DeviceContext(bits, attributes), 0, 0, 5, 5);
+    DeviceContext bitsContext(bits, attributes);
+    Ellipse(bitsContext, 0, 0, 5, 5);
     ExpectSamePixels(bits, PictureOf({".###.", "#####", "#####", "#####", ".###."}));
 }
 

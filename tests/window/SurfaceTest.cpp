@@ -150,7 +150,7 @@ TEST_F(SurfaceTest, WithoutAutoRedrawARefreshLosesTheDrawing) {
 }
 
 TEST_F(SurfaceTest, DeviceContextFollowsAutoRedraw) {
-    const DeviceContext& hdc = surface.hDC();
+    DeviceContext& hdc = surface.hDC();
     surface.AutoRedraw(false);
     SetPixel(hdc, 0, 0, kRed);
     surface.AutoRedraw(true);

@@ -22,6 +22,7 @@ struct DrawAttributes {
     int DrawWidth = 1; ///< Pen width in pixels, 1 or more.
 };
 
+/// Drawing calls take it by reference; a const one, which a const surface gives, is only read from.
 class DeviceContext {
   public:
     DeviceContext() = default;
@@ -29,14 +30,15 @@ class DeviceContext {
     DeviceContext(Bitmap& bits, DrawAttributes& attributes, std::function<void(const Box&)> touched = {})
         : bits_(&bits), attributes_(&attributes), touched_(std::move(touched)) {}
 
-    Bitmap& Bits() const { return *bits_; }
+    Bitmap& Bits() { return *bits_; }
+    const Bitmap& Bits() const { return *bits_; }
     const DrawAttributes& Attributes() const { return *attributes_; }
 
     /// Sends further drawing to another bitmap.
     void Redirect(Bitmap& bits) { bits_ = &bits; }
 
     /// Tells the owner that the pixels of `box` changed. Every drawing call does so once, for what it drew.
-    void Touched(const Box& box) const {
+    void Touched(const Box& box) {
         if (touched_ && !box.Empty()) touched_(box);
     }
 

@@ -11,32 +11,32 @@ namespace pintalux {
 Colour GetPixel(const DeviceContext& hdc, int x, int y);
 
 /// Sets one pixel, or inverts it in draw mode 6; outside nothing happens.
-void SetPixel(const DeviceContext& hdc, int x, int y, Colour colour);
+void SetPixel(DeviceContext& hdc, int x, int y, Colour colour);
 
 /// The pen's line from (x1, y1) to (x2, y2) without its last point if the pen is 1 wide; draw width, style
 /// and mode from the context.
-void PenLine(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
+void PenLine(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
 
 /// The surface's line: like `PenLine`, both ends painted; from a point to itself one dot.
-void DrawLine(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
+void DrawLine(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
 
 /// One dot of the draw width.
-void DrawDot(const DeviceContext& hdc, int x, int y, Colour colour);
+void DrawDot(DeviceContext& hdc, int x, int y, Colour colour);
 
 /// The box with both corners in it: outlined by the pen, filled as `FillStyle` and `FillColor` say.
-void DrawBox(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
+void DrawBox(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
 
 /// Every pixel of the box with both corners in it, in one colour; the draw mode applies.
-void DrawFilledBox(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
+void DrawFilledBox(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
 
 /// The circle around x, y; the radius is whole pixels, 0 gives one dot. Filled as `FillStyle` says.
-void DrawCircle(const DeviceContext& hdc, int x, int y, int radius, Colour colour);
+void DrawCircle(DeviceContext& hdc, int x, int y, int radius, Colour colour);
 
 /// The ellipse inside the box (right and bottom exclusive, corners in any order) with a pen of `ForeColor`
 /// and `DrawWidth`, filled as `FillStyle` and `FillColor` say. A box without extent draws nothing.
-void Ellipse(const DeviceContext& hdc, int left, int top, int right, int bottom);
+void Ellipse(DeviceContext& hdc, int left, int top, int right, int bottom);
 
 /// The rectangle inside the box, pen and fill as for `Ellipse`.
-void Rectangle(const DeviceContext& hdc, int left, int top, int right, int bottom);
+void Rectangle(DeviceContext& hdc, int left, int top, int right, int bottom);
 
 } // namespace pintalux

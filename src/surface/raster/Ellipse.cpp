@@ -22,7 +22,7 @@ void AddThinRing(Figure& ring, const LongBox& box) {
 // halves of a flat ellipse share their middle row, the invert mode turns those pixels back.
 class ThinChain {
   public:
-    ThinChain(const DeviceContext& hdc, Colour colour) : hdc_(hdc), pixel_(PixelOf(colour)) {}
+    ThinChain(DeviceContext& hdc, Colour colour) : hdc_(hdc), pixel_(PixelOf(colour)) {}
 
     void Add(const OutlineStep& step) {
         PaintHalf(step, step.lower);
@@ -44,13 +44,13 @@ class ThinChain {
         painted_ = Union(painted_, at);
     }
 
-    const DeviceContext& hdc_;
+    DeviceContext& hdc_;
     Pixel pixel_;
     bool first_ = true;
     Box painted_;
 };
 
-Box PaintThinRing(const DeviceContext& hdc, const LongBox& box, Colour colour) {
+Box PaintThinRing(DeviceContext& hdc, const LongBox& box, Colour colour) {
     ThinChain chain(hdc, colour);
     WalkEllipse(box, [&](const OutlineStep& step) { chain.Add(step); });
     return chain.Painted();
@@ -109,7 +109,7 @@ void AddWideRing(Figure& ring, const LongBox& box, int width) {
 
 } // namespace
 
-void DrawEllipseIn(const DeviceContext& hdc, const LongBox& corners, Colour penColour) {
+void DrawEllipseIn(DeviceContext& hdc, const LongBox& corners, Colour penColour) {
     const LongBox box = Sorted(corners);
     if (box.Empty()) return;
     if (box.Width() <= 2 || box.Height() <= 2) return DrawRectangleIn(hdc, box, penColour);
@@ -137,7 +137,7 @@ void DrawEllipseIn(const DeviceContext& hdc, const LongBox& corners, Colour penC
     hdc.Touched(painted);
 }
 
-void Ellipse(const DeviceContext& hdc, int left, int top, int right, int bottom) {
+void Ellipse(DeviceContext& hdc, int left, int top, int right, int bottom) {
     DrawEllipseIn(hdc, {left, top, right, bottom}, hdc.Attributes().ForeColor);
 }
 

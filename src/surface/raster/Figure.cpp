@@ -94,7 +94,7 @@ void PaintSpan(Bitmap& bits, int y, int left, int right, Pixel pixel, int mode) 
     }
 }
 
-void PaintFigure(const DeviceContext& hdc, const Figure& figure, Colour colour) {
+void PaintFigure(DeviceContext& hdc, const Figure& figure, Colour colour) {
     hdc.Touched(figure.Paint(hdc.Bits(), PixelOf(colour), hdc.Attributes().DrawMode));
 }
 

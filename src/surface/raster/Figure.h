@@ -72,6 +72,6 @@ void PaintSpan(Bitmap& bits, int y, int left, int right, Pixel pixel, int mode);
 Box Union(const Box& a, const Box& b);
 
 /// Paints the figure in the context's draw mode and tells the owner.
-void PaintFigure(const DeviceContext& hdc, const Figure& figure, Colour colour);
+void PaintFigure(DeviceContext& hdc, const Figure& figure, Colour colour);
 
 } // namespace pintalux

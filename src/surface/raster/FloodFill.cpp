@@ -189,7 +189,7 @@ class Flood {
 
 } // namespace
 
-bool ExtFloodFill(const DeviceContext& hdc, int x, int y, Colour colour, int kind) {
+bool ExtFloodFill(DeviceContext& hdc, int x, int y, Colour colour, int kind) {
     if (kind != FLOODFILLSURFACE && kind != FLOODFILLBORDER) throw RuntimeError(kInvalidArgument);
     Bitmap& bits = hdc.Bits();
     const FloodArea area{static_cast<Pixel>(colour), kind == FLOODFILLSURFACE};

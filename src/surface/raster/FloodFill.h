@@ -12,6 +12,6 @@ inline constexpr int FLOODFILLSURFACE = 1;
 /// `kind`, what has exactly `colour` (FLOODFILLSURFACE) or what does not (FLOODFILLBORDER); another kind is
 /// error 5. Gives true if the start pixel belongs to it; otherwise, or outside, does nothing and gives false.
 /// A transparent fill style changes no pixel.
-bool ExtFloodFill(const DeviceContext& hdc, int x, int y, Colour colour, int kind);
+bool ExtFloodFill(DeviceContext& hdc, int x, int y, Colour colour, int kind);
 
 } // namespace pintalux

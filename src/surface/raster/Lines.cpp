@@ -6,7 +6,7 @@ namespace pintalux {
 
 namespace {
 
-void PaintLine(const DeviceContext& hdc, LongPoint from, LongPoint to, LastPoint last, Colour colour) {
+void PaintLine(DeviceContext& hdc, LongPoint from, LongPoint to, LastPoint last, Colour colour) {
     const DrawAttributes& attributes = hdc.Attributes();
     if (attributes.DrawStyle == kDrawNone) return;
     if (attributes.DrawWidth <= 1) {
@@ -21,11 +21,11 @@ void PaintLine(const DeviceContext& hdc, LongPoint from, LongPoint to, LastPoint
 
 } // namespace
 
-void PenLine(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour) {
+void PenLine(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour) {
     PaintLine(hdc, {x1, y1}, {x2, y2}, LastPoint::LeftOut, colour);
 }
 
-void DrawLine(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour) {
+void DrawLine(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour) {
     PaintLine(hdc, {x1, y1}, {x2, y2}, LastPoint::Painted, colour);
 }
 

@@ -7,10 +7,10 @@ namespace pintalux {
 
 /// The ellipse inside `box`, right and bottom exclusive, corners in any order: pen of the context's width,
 /// style and mode in `penColour`, filling as the context says. A box without extent draws nothing.
-void DrawEllipseIn(const DeviceContext& hdc, const LongBox& box, Colour penColour);
+void DrawEllipseIn(DeviceContext& hdc, const LongBox& box, Colour penColour);
 
 /// The rectangle inside `box`, likewise.
-void DrawRectangleIn(const DeviceContext& hdc, const LongBox& box, Colour penColour);
+void DrawRectangleIn(DeviceContext& hdc, const LongBox& box, Colour penColour);
 
 /// How an outline is put together.
 struct OutlineWays {

@@ -10,10 +10,10 @@ namespace pintalux {
 class PixelWrite {
   public:
     /// The box is cut to the bitmap.
-    PixelWrite(const DeviceContext& hdc, const Box& box)
+    PixelWrite(DeviceContext& hdc, const Box& box)
         : hdc_(hdc), box_(Intersection(box, hdc.Bits().Bounds())) {}
     /// The whole bitmap.
-    explicit PixelWrite(const DeviceContext& hdc) : PixelWrite(hdc, hdc.Bits().Bounds()) {}
+    explicit PixelWrite(DeviceContext& hdc) : PixelWrite(hdc, hdc.Bits().Bounds()) {}
     ~PixelWrite() { hdc_.Touched(box_); }
     PixelWrite(const PixelWrite&) = delete;
     PixelWrite& operator=(const PixelWrite&) = delete;
@@ -22,7 +22,7 @@ class PixelWrite {
     const Box& Area() const { return box_; }
 
   private:
-    const DeviceContext& hdc_;
+    DeviceContext& hdc_;
     Box box_;
 };
 

@@ -7,13 +7,13 @@ Colour GetPixel(const DeviceContext& hdc, int x, int y) {
     return hdc.Bits().Holds(x, y) ? static_cast<Colour>(hdc.Bits().At(x, y)) : -1;
 }
 
-void SetPixel(const DeviceContext& hdc, int x, int y, Colour colour) {
+void SetPixel(DeviceContext& hdc, int x, int y, Colour colour) {
     if (!hdc.Bits().Holds(x, y)) return;
     PaintSpan(hdc.Bits(), y, x, x + 1, PixelOf(colour), hdc.Attributes().DrawMode);
     hdc.Touched({x, y, x + 1, y + 1});
 }
 
-void DrawDot(const DeviceContext& hdc, int x, int y, Colour colour) {
+void DrawDot(DeviceContext& hdc, int x, int y, Colour colour) {
     const DrawAttributes& attributes = hdc.Attributes();
     if (attributes.DrawStyle == kDrawNone) return;
     if (attributes.DrawWidth <= 1) return SetPixel(hdc, x, y, colour);

@@ -32,7 +32,7 @@ void AddRows(Figure& figure, const LongBox& box) {
 
 // The thin edges are lines of their own: where a box one pixel wide brings two together, the invert mode
 // turns their pixels back.
-Box PaintThinEdges(const DeviceContext& hdc, const LongBox& box, Colour colour) {
+Box PaintThinEdges(DeviceContext& hdc, const LongBox& box, Colour colour) {
     const auto corners = Round(box);
     // One pixel has four edges without length.
     if (box.Width() == 1 && box.Height() == 1) {
@@ -52,7 +52,7 @@ LongBox FillingOf(const LongBox& box, bool penned) {
     return {box.left, box.top, box.right - 1, box.bottom - 1};
 }
 
-Box PaintBox(const DeviceContext& hdc, const LongBox& box, Colour colour) {
+Box PaintBox(DeviceContext& hdc, const LongBox& box, Colour colour) {
     const Box inside = Cut(box, hdc.Bits().Bounds());
     if (hdc.Attributes().DrawMode == kDrawInvert) {
         for (int y = inside.top; y < inside.bottom; ++y) {
@@ -66,7 +66,7 @@ Box PaintBox(const DeviceContext& hdc, const LongBox& box, Colour colour) {
 
 } // namespace
 
-void DrawRectangleIn(const DeviceContext& hdc, const LongBox& corners, Colour penColour) {
+void DrawRectangleIn(DeviceContext& hdc, const LongBox& corners, Colour penColour) {
     const LongBox box = Sorted(corners);
     if (box.Empty()) return;
     const DrawAttributes& attributes = hdc.Attributes();
@@ -89,11 +89,11 @@ void DrawRectangleIn(const DeviceContext& hdc, const LongBox& corners, Colour pe
     hdc.Touched(painted);
 }
 
-void Rectangle(const DeviceContext& hdc, int left, int top, int right, int bottom) {
+void Rectangle(DeviceContext& hdc, int left, int top, int right, int bottom) {
     DrawRectangleIn(hdc, {left, top, right, bottom}, hdc.Attributes().ForeColor);
 }
 
-void DrawBox(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour) {
+void DrawBox(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour) {
     if (x1 == x2 && y1 == y2) return DrawDot(hdc, x1, y1, colour);
     LongBox box = Sorted({x1, y1, x2, y2});
     ++box.right;
@@ -101,7 +101,7 @@ void DrawBox(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour co
     DrawRectangleIn(hdc, box, colour);
 }
 
-void DrawFilledBox(const DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour) {
+void DrawFilledBox(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour) {
     LongBox box = Sorted({x1, y1, x2, y2});
     ++box.right;
     ++box.bottom;

@@ -102,7 +102,7 @@ ThinLine::Steps ThinLine::Inside(const Box& clip, LastPoint last) const {
     return {first, end};
 }
 
-Box PaintThinLine(const DeviceContext& hdc, const ThinLine& line, LastPoint last, Colour colour) {
+Box PaintThinLine(DeviceContext& hdc, const ThinLine& line, LastPoint last, Colour colour) {
     const DrawAttributes& attributes = hdc.Attributes();
     RowPainter painter(hdc.Bits(), PixelOf(colour), attributes.DrawMode);
     const bool dashed = attributes.DrawStyle == kDrawDash;

@@ -46,7 +46,7 @@ inline constexpr std::int64_t kDashPeriod = 24;
 
 /// Paints the line in the context's draw style and mode, whatever its draw width, and gives the box around
 /// what it painted.
-Box PaintThinLine(const DeviceContext& hdc, const ThinLine& line, LastPoint last, Colour colour);
+Box PaintThinLine(DeviceContext& hdc, const ThinLine& line, LastPoint last, Colour colour);
 
 template <class Plot>
 void ThinLine::Walk(const Box& clip, bool dashed, LastPoint last, Plot plot) const {

@@ -112,7 +112,7 @@ void CopyEqualSize(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel 
     });
 }
 
-void Stretch(const DeviceContext& to, const Extent& place, const Bitmap& source, const Extent& fromPlace,
+void Stretch(DeviceContext& to, const Extent& place, const Bitmap& source, const Extent& fromPlace,
              std::uint32_t rop) {
     if (rop != SRCCOPY && rop != NOTSRCCOPY) throw RuntimeError(kInvalidArgument);
     const Bitmap from = source; // Keeps what is read as it was if both are one bitmap.
@@ -215,22 +215,22 @@ void CopyUnlessKey(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel 
 
 } // namespace
 
-void BitBlt(const DeviceContext& to, int x, int y, int width, int height, const DeviceContext& from,
+void BitBlt(DeviceContext& to, int x, int y, int width, int height, const DeviceContext& from,
             int fromX, int fromY, std::uint32_t rop) {
     Stretch(to, {x, y, width, height}, from.Bits(), {fromX, fromY, width, height}, rop);
 }
 
-void StretchBlt(const DeviceContext& to, const Extent& place, const DeviceContext& from,
+void StretchBlt(DeviceContext& to, const Extent& place, const DeviceContext& from,
                 const Extent& fromPlace, std::uint32_t rop) {
     Stretch(to, place, from.Bits(), fromPlace, rop);
 }
 
-void StretchBits(const DeviceContext& to, const Extent& place, const Bitmap& from, const Extent& fromPlace,
+void StretchBits(DeviceContext& to, const Extent& place, const Bitmap& from, const Extent& fromPlace,
                  std::uint32_t rop) {
     Stretch(to, place, from, fromPlace, rop);
 }
 
-void TransparentBlt(const DeviceContext& to, const Extent& place, const DeviceContext& source,
+void TransparentBlt(DeviceContext& to, const Extent& place, const DeviceContext& source,
                     const Extent& fromPlace, Colour key) {
     const Bitmap from = source.Bits();
     const StretchMap map(to.Bits(), place, from, fromPlace);

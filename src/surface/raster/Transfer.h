@@ -27,19 +27,19 @@ struct Extent {
 int StretchedCell(int d, int source, int destination);
 
 /// Copies without stretching.
-void BitBlt(const DeviceContext& to, int x, int y, int width, int height, const DeviceContext& from,
+void BitBlt(DeviceContext& to, int x, int y, int width, int height, const DeviceContext& from,
             int fromX, int fromY, std::uint32_t rop);
 
 /// Copies the source extent to the destination extent. `rop` is SRCCOPY or NOTSRCCOPY; another is error 5.
-void StretchBlt(const DeviceContext& to, const Extent& place, const DeviceContext& from,
+void StretchBlt(DeviceContext& to, const Extent& place, const DeviceContext& from,
                 const Extent& fromPlace, std::uint32_t rop);
 
 /// The same from a bitmap that has no context.
-void StretchBits(const DeviceContext& to, const Extent& place, const Bitmap& from, const Extent& fromPlace,
+void StretchBits(DeviceContext& to, const Extent& place, const Bitmap& from, const Extent& fromPlace,
                  std::uint32_t rop);
 
 /// Copies like `StretchBlt`, leaving the destination alone where the stretched pixel has the key colour.
-void TransparentBlt(const DeviceContext& to, const Extent& place, const DeviceContext& from,
+void TransparentBlt(DeviceContext& to, const Extent& place, const DeviceContext& from,
                     const Extent& fromPlace, Colour key);
 
 /// The part `visible` of `source` shown at `width` by `height` pixels: what a stretching display puts on the

@@ -56,7 +56,8 @@ class Surface : public Container {
     AutoSize(bool value); ///< Switched on, the surface takes the size of its picture at once, if it has one.
 
     /// The device context; refers to the persistent bitmap, or to the screen while `AutoRedraw` is off.
-    const DeviceContext& hDC() const { return dc_; }
+    DeviceContext& hDC() { return dc_; }
+    const DeviceContext& hDC() const { return dc_; } ///< To read from.
 
     Colour ForeColor() const { return attributes_.ForeColor; }
     void ForeColor(Colour value) { attributes_.ForeColor = value; }
