@@ -16,6 +16,7 @@ constexpr std::size_t kLongestFile = std::size_t{1} << 20;
 // The blank of the formatted number belongs to the key; whoever reads the profile drops it again.
 std::vector<SettingText> Keys() {
     std::vector<SettingText> keys;
+    keys.reserve(kCollectionCells);
     for (int i = 0; i < kCollectionCells; ++i)
         keys.push_back({FormattedNumber(i), {}});
     return keys;

@@ -1,6 +1,8 @@
 // The marks and numbers of the rulers' scales.
 #include "document/Globals.h"
 #include "document/Zoom.h"
+#include "imageops/frmResize.h"
+#include "support/DialogScript.h"
 #include "support/Documents.h"
 #include "support/Program.h"
 
@@ -95,6 +97,28 @@ TEST_F(RulerScaleTest, MarksAtEveryKindOfZoom) {
                    31);
         EXPECT_TRUE(image.Unload());
     }
+}
+
+TEST_F(RulerScaleTest, ANewSizeDrawsTheScalesAnew) {
+    frmImage& image = NewDocument(230, 110);
+    image.drawrulers();
+    const auto expectScalesOf = [&image](int width, int height) {
+        const Picture top = image.PicTrule.Image();
+        const Picture left = image.PicLrule.Image();
+        CheckMarks([&top](int across, int at) { return top.At(at, across); }, width, 1, 18, 15, 23);
+        CheckMarks([&left](int across, int at) { return left.At(across, at); }, height, 1, 26, 23, 31);
+    };
+    expectScalesOf(230, 110);
+    Choose(frmMain->mnuRotate90);
+    expectScalesOf(110, 230);
+    const DialogScript script({[](QWidget&) {
+        frmResize->ChAspRatio.Value(0);
+        frmResize->txtPXw.Text("310");
+        frmResize->txtPXh.Text("160");
+        ClickWidget(WidgetFor(frmResize->cmdOK));
+    }});
+    Choose(frmMain->mnuResize);
+    expectScalesOf(310, 160);
 }
 
 TEST_F(RulerScaleTest, OriginIsARedLineFromAboveTheMarks) {

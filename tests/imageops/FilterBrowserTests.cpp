@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QTimer>
+#include <utility>
 
 namespace pintalux {
 namespace {
@@ -291,6 +292,25 @@ TEST_F(FilterBrowserTest, EveryEntryCanBePreviewed) {
             ExpectSamePixels(frmFiltBrow->PicDest.Image(), sample);
         }
     });
+}
+
+TEST_F(FilterBrowserTest, ALongImageIsPreviewedToItsLastPixel) {
+    for (const auto& [width, height] : {std::pair{300, 60}, {60, 300}}) {
+        OpenPicture("a.bmp", RandomPicture(width, height, 9));
+        InBrowser([width = width, height = height] {
+            const Picture sample = Shown();
+            EXPECT_EQ(sample.Width() > sample.Height(), width > height);
+            EXPECT_EQ(std::max(sample.Width(), sample.Height()), 258);
+            Picture inverted = sample;
+            for (int y = 0; y < sample.Height(); ++y) {
+                for (int x = 0; x < sample.Width(); ++x)
+                    inverted.Set(x, y, sample.At(x, y) ^ 0xFFFFFF);
+            }
+            frmFiltBrow->FiltList.ListIndex(4);
+            PressPreview();
+            ExpectSamePixels(Shown(), inverted);
+        });
+    }
 }
 
 TEST_F(FilterBrowserTest, TheSampleNeedsNoDisk) {

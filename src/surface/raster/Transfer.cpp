@@ -215,13 +215,13 @@ void CopyUnlessKey(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel 
 
 } // namespace
 
-void BitBlt(DeviceContext& to, int x, int y, int width, int height, const DeviceContext& from,
-            int fromX, int fromY, std::uint32_t rop) {
+void BitBlt(DeviceContext& to, int x, int y, int width, int height, const DeviceContext& from, int fromX,
+            int fromY, std::uint32_t rop) {
     Stretch(to, {x, y, width, height}, from.Bits(), {fromX, fromY, width, height}, rop);
 }
 
-void StretchBlt(DeviceContext& to, const Extent& place, const DeviceContext& from,
-                const Extent& fromPlace, std::uint32_t rop) {
+void StretchBlt(DeviceContext& to, const Extent& place, const DeviceContext& from, const Extent& fromPlace,
+                std::uint32_t rop) {
     Stretch(to, place, from.Bits(), fromPlace, rop);
 }
 

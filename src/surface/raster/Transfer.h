@@ -27,12 +27,12 @@ struct Extent {
 int StretchedCell(int d, int source, int destination);
 
 /// Copies without stretching.
-void BitBlt(DeviceContext& to, int x, int y, int width, int height, const DeviceContext& from,
-            int fromX, int fromY, std::uint32_t rop);
+void BitBlt(DeviceContext& to, int x, int y, int width, int height, const DeviceContext& from, int fromX,
+            int fromY, std::uint32_t rop);
 
 /// Copies the source extent to the destination extent. `rop` is SRCCOPY or NOTSRCCOPY; another is error 5.
-void StretchBlt(DeviceContext& to, const Extent& place, const DeviceContext& from,
-                const Extent& fromPlace, std::uint32_t rop);
+void StretchBlt(DeviceContext& to, const Extent& place, const DeviceContext& from, const Extent& fromPlace,
+                std::uint32_t rop);
 
 /// The same from a bitmap that has no context.
 void StretchBits(DeviceContext& to, const Extent& place, const Bitmap& from, const Extent& fromPlace,
