@@ -53,7 +53,8 @@ std::string UniqueFileName(const std::string& path) {
     const std::string extension = ExtensionOf(path, true);
     const std::string base = path.substr(0, path.size() - extension.size());
     for (int number = 1;; ++number) {
-        std::string candidate = base + NumberText(number) + extension;
+        std::string candidate = base;
+        candidate.append(NumberText(number)).append(extension);
         if (!FileExists(candidate)) return candidate;
     }
 }

@@ -38,7 +38,6 @@ frmTextForm::frmTextForm() : Form("frmText", Kind::Dialog) {
     picSample.BackColor(kWhite);
     picSample.BorderStyle(1);
     lblDisplay.AccessibleName("Amostra");
-    Command1.AccessibleName("Escolher a cor do texto");
     Command1.ToolTipText("Escolher a cor do texto");
     Command2.Default(true);
     Command3.Cancel(true);
@@ -71,6 +70,7 @@ void frmTextForm::LayOut() {
     LabelFor(lblSize, ComboSize);
     LabelFor(lblText, rtftext);
     LabelFor(lblFontcol, Command1);
+    Command1.AccessibleName("Escolher a cor do texto");
     LayOutGrid(*this, {{&lblText, 0, 0},
                        {&rtftext, 0, 1, 1, 4},
                        {&lblFont, 1, 0},

@@ -1,0 +1,187 @@
+// Every window of the program as a text: names, places, captions, what screen readers hear, tips, ticks. The
+// texts are kept in tests/data/windows; a change that is meant is taken over by running with PINTALUX_KEEP=1
+// and read in the difference.
+#include "support/Documents.h"
+#include "support/Program.h"
+
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
+#include "devices/frmScan.h"
+#include "devices/frmScanSource.h"
+#include "devices/frmScanWait.h"
+#include "document/frmImgprops.h"
+#include "document/frmNew.h"
+#include "imageops/frmAddBord.h"
+#include "imageops/frmBWiz.h"
+#include "imageops/frmFiltBrow.h"
+#include "imageops/frmResize.h"
+#include "settings/frmPrefs.h"
+#include "surface/system/Clipboard.h"
+#include "tools/frmText.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLayout>
+#include <QListWidget>
+#include <QMenu>
+#include <QTabBar>
+#include <QWidget>
+#include <set>
+#include <sstream>
+
+namespace pintalux {
+namespace {
+
+std::string Quoted(const QString& text) {
+    QString line = text;
+    return '"' + line.replace('\n', "\\n").toStdString() + '"';
+}
+
+/// The rank of a coordinate among those of the siblings: a grid's row or column, whatever the font's size.
+template <class Coordinate>
+int Rank(const QWidget& widget, Coordinate coordinate) {
+    std::set<int> places;
+    for (const QObject* sibling : widget.parentWidget()->children()) {
+        const auto* other = qobject_cast<const QWidget*>(sibling);
+        if (other && !other->isWindow() && !other->objectName().isEmpty()) places.insert(coordinate(*other));
+    }
+    return static_cast<int>(std::distance(places.begin(), places.find(coordinate(widget))));
+}
+
+std::string PlaceOf(const QWidget& widget) {
+    std::ostringstream text;
+    if (widget.parentWidget()->layout()) {
+        text << "row " << Rank(widget, [](const QWidget& w) { return w.geometry().center().y() / 4; })
+             << " column " << Rank(widget, [](const QWidget& w) { return w.x() / 4; });
+    } else {
+        text << widget.x() << ',' << widget.y() << ' ' << widget.width() << 'x' << widget.height();
+    }
+    return text.str();
+}
+
+std::string ValuesOf(const QWidget& widget) {
+    std::string text;
+    for (const char* name : {"minimum", "maximum", "value"}) {
+        const QVariant value = widget.property(name);
+        if (value.isValid()) text += std::string(" ") + name + " " + value.toString().toStdString();
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        if (button->isCheckable()) text += button->isChecked() ? " ticked" : " clear";
+    }
+    if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
+        text += " choice " + std::to_string(box->currentIndex()) + " of";
+        // The fonts of the machine are its own.
+        if (box->objectName() == "ComboFont") return text + " all fonts";
+        for (int i = 0; i < box->count(); ++i)
+            text += " " + Quoted(box->itemText(i));
+    }
+    if (const auto* list = qobject_cast<const QListWidget*>(&widget)) {
+        for (int i = 0; i < list->count(); ++i)
+            text += " " + Quoted(list->item(i)->text());
+    }
+    return text;
+}
+
+/// The height of the menu bar, and so what it leaves to the window's own parts, is the font's: these tell no
+/// place.
+std::string LineOf(const QWidget& widget, bool ofWindow) {
+    std::string line = widget.objectName().toStdString();
+    if (!ofWindow || widget.parentWidget()->layout()) line += " at " + PlaceOf(widget);
+    const auto add = [&line](const char* name, const QString& text) {
+        if (!text.isEmpty()) line += std::string(" ") + name + " " + Quoted(text);
+    };
+    for (const char* caption : {"text", "title"})
+        add("caption", widget.property(caption).toString());
+    add("spoken", widget.accessibleName());
+    add("tip", widget.toolTip());
+    line += ValuesOf(widget);
+    if (!widget.isEnabled()) line += " off";
+    if (!widget.isVisibleTo(widget.parentWidget())) line += " hidden";
+    return line;
+}
+
+void Describe(const QWidget& parent, int depth, std::string& text) {
+    for (const QObject* child : parent.children()) {
+        const auto* widget = qobject_cast<const QWidget*>(child);
+        // Documents are windows of their own; what has no name, and a tab bar's buttons, are the toolkit's.
+        if (!widget || widget->isWindow() || qobject_cast<const QMenu*>(widget)) continue;
+        const bool named = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_") &&
+                           !qobject_cast<const QTabBar*>(&parent);
+        if (named)
+            text +=
+                std::string(2 * static_cast<std::size_t>(depth), ' ') + LineOf(*widget, depth == 1) + "\n";
+        Describe(*widget, depth + (named ? 1 : 0), text);
+    }
+}
+
+std::string TextOf(QWidget& window) {
+    window.ensurePolished();
+    QList<QWidget*> widgets = window.findChildren<QWidget*>();
+    widgets.append(&window);
+    for (QWidget* widget : widgets)
+        if (widget->layout()) widget->layout()->activate();
+    std::string text = "window " + Quoted(window.windowTitle()) + "\n";
+    Describe(window, 1, text);
+    return text;
+}
+
+std::string KeptIn(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class KeptTextTest : public ProgramTest {
+  protected:
+    static void Expect(const std::string& name, QWidget& window) {
+        const std::string path = std::string(TEST_DATA "/windows/") + name + ".txt";
+        const std::string text = TextOf(window);
+        if (std::getenv("PINTALUX_KEEP") != nullptr) std::ofstream(path) << text;
+        EXPECT_EQ(KeptIn(path), text) << path;
+    }
+    template <class F>
+    static void ExpectForm(const std::string& name, AutoForm<F>& form) {
+        Expect(name, WidgetFor(*form));
+        form.Unload();
+    }
+};
+
+} // namespace
+
+TEST_F(KeptTextTest, MainWindow) {
+    Start();
+    frmMain->MDIForm::Move(0, 0, 18000, 14000);
+    Clipboard.Clear();
+    frmMain->Timer1_Timer();
+    Expect("frmMain", WidgetFor(*frmMain));
+}
+
+TEST_F(KeptTextTest, Document) {
+    Start();
+    Expect("frmImage", WidgetFor(NewDocument(120, 80)));
+}
+
+TEST_F(KeptTextTest, Dialogs) {
+    Start();
+    NewDocument(120, 80);
+    ExpectForm("frmNew", frmNew);
+    ExpectForm("frmPrefs", frmPrefs);
+    ExpectForm("frmText", frmText);
+    ExpectForm("frmFiltBrow", frmFiltBrow);
+    ExpectForm("frmBWiz", frmBWiz);
+    ExpectForm("frmAddBord", frmAddBord);
+    ExpectForm("frmResize", frmResize);
+    ExpectForm("frmImgprops", frmImgprops);
+    ExpectForm("frmSplash", frmSplash);
+}
+
+TEST_F(KeptTextTest, ScanDialogs) {
+    Start();
+    ExpectForm("frmScan", frmScan);
+    ExpectForm("frmScanSource", frmScanSource);
+    ExpectForm("frmScanWait", frmScanWait);
+}
+
+} // namespace pintalux
