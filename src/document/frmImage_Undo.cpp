@@ -52,7 +52,7 @@ void frmImage::Backup() {
     unrecorded = false;
     FollowWithCleanCopy(*this);
     if (MakeTempFileName("", "BI", 0, sfilename)) {
-        States().SaveBehind(PicMerge.Image(), sfilename);
+        States().SaveBehind(PicMerge.Image(), sfilename, this);
         ListBackup.AddItem(sfilename);
         ListBUorder.AddItem(NumberText(ListBackup.ListCount() - 1));
         ListBUorder.ListIndex(ListBUorder.ListCount() - 1);

@@ -5,6 +5,7 @@
 #include "system/Sandbox.h"
 
 #include <cerrno>
+#include <filesystem>
 
 namespace pintalux {
 namespace {
@@ -206,6 +207,77 @@ TEST(StateFiles, EndWaitsForTheWriter) {
     }
     for (const std::string& path : paths)
         EXPECT_EQ(FileLength(path), BmpFileLength(800, 600));
+}
+
+// Whatever ends the process then, the file of the state before is whole.
+TEST(StateFiles, NextStateOfADocumentWaitsForTheOneBefore) {
+    const Sandbox box;
+    StateFiles states;
+    const int document = 0;
+    std::string before;
+    for (unsigned i = 1; i < 12; ++i) {
+        const std::string path = NewFile(box);
+        states.SaveBehind(Pattern(1200, 900, i), path, &document);
+        if (!before.empty()) {
+            EXPECT_TRUE(LoadPicture(before) == Pattern(1200, 900, i - 1)) << i;
+        }
+        before = path;
+    }
+}
+
+TEST(StateFiles, RefusedStateIsTriedAgainWithTheNextOne) {
+    const Sandbox box;
+    StateFiles states;
+    const std::string refused = NewFile(box);
+    FailFileOperation(1, ENOSPC);
+    states.SaveBehind(Pattern(30, 20, 1), refused);
+    EXPECT_EQ(states.Settle(), std::vector<std::string>{refused});
+    FailFileOperation(0, 0);
+    states.SaveBehind(Pattern(30, 20, 2), NewFile(box));
+    EXPECT_TRUE(states.Settle().empty());
+    EXPECT_TRUE(LoadPicture(refused) == Pattern(30, 20, 1));
+}
+
+TEST(StateFiles, StateOfAnotherRunIsTakenIfItIsWhole) {
+    const Sandbox box;
+    const std::string whole = NewFile(box);
+    const std::string cut = NewFile(box);
+    {
+        StateFiles before;
+        before.SaveBehind(Pattern(31, 20), whole);
+        before.SaveBehind(Pattern(31, 20), cut);
+    }
+    std::filesystem::resize_file(cut, 1000);
+    StateFiles states;
+    EXPECT_TRUE(states.Adopt(whole));
+    EXPECT_TRUE(states.LoadState(whole) == Pattern(31, 20));
+    EXPECT_FALSE(states.Adopt(cut));
+    EXPECT_FALSE(states.Adopt(box / "gone.tmp"));
+    EXPECT_FALSE(states.Adopt(box.Folder()));
+    EXPECT_FALSE(states.Exists(cut));
+    states.Forget(whole);
+    EXPECT_FALSE(std::filesystem::exists(whole));
+}
+
+TEST(StateFiles, TextIsWrittenBehindForTheUserAlone) {
+    const Sandbox box;
+    StateFiles states;
+    for (const char* text : {"one", "two", "three"})
+        states.WriteBehind(box / "note", text);
+    EXPECT_TRUE(states.Settle().empty());
+    EXPECT_EQ(BytesOf(box / "note"), "three");
+    EXPECT_EQ(ModeOf(box / "note"), 0600U);
+    states.WriteBehind(box / "no/note", "lost");
+    EXPECT_TRUE(states.Settle().empty());
+}
+
+TEST(StateFiles, SignalWaitsUntilAllIsWritten) {
+    const Sandbox box;
+    StateFiles states;
+    const std::string path = NewFile(box);
+    states.SaveBehind(Pattern(2000, 1500), path);
+    states.WaitInSignal(std::chrono::seconds(20));
+    EXPECT_TRUE(LoadPicture(path) == Pattern(2000, 1500));
 }
 
 } // namespace

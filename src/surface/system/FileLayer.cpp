@@ -239,6 +239,10 @@ void DeleteFile(const std::string& path) {
     if (Operation([&] { return ::unlink(path.c_str()); }) != 0) RaiseFileError(errno, path);
 }
 
+void RenameFile(const std::string& from, const std::string& to) {
+    if (Operation([&] { return ::rename(from.c_str(), to.c_str()); }) != 0) RaiseFileError(errno, to);
+}
+
 std::string ReadWholeFile(const std::string& path, std::size_t limit) {
     File file = File::OpenForReading(path);
     const std::uint64_t length = file.Length();

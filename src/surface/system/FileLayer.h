@@ -70,6 +70,7 @@ void WriteFileAside(const std::string& path, const std::function<void(File&)>& w
 bool FileDateReadable(const std::string& path);
 std::optional<std::uint64_t> FileLength(const std::string& path); ///< Empty if there is no such file.
 void DeleteFile(const std::string& path);                         ///< Error 53 if it does not exist.
+void RenameFile(const std::string& from, const std::string& to);  ///< What stands at `to` is replaced.
 /// Error 75 if the file has more than `limit` bytes.
 std::string ReadWholeFile(const std::string& path, std::size_t limit);
 /// In place; whoever may be read meanwhile writes aside instead.

@@ -1,12 +1,16 @@
 #include "surface/system/StateFiles.h"
 
 #include "base/RuntimeError.h"
+#include "surface/system/BmpHeader.h"
 #include "surface/system/BmpWriter.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"
 
 #include <algorithm>
+#include <atomic>
 #include <condition_variable>
+#include <ctime>
+#include <fcntl.h>
 #include <list>
 #include <map>
 #include <mutex>
@@ -14,14 +18,16 @@
 #include <system_error>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace pintalux {
 
 namespace {
 
 struct State {
-    Picture picture;          // empty once the file is complete
-    std::uint64_t length = 0; // of the complete file
+    Picture picture;            // empty once the file is complete
+    std::uint64_t length = 0;   // of the complete file
+    std::uint64_t sequence = 0; // in which it came
 };
 
 /// Writes a state to its file; false on any failure, with the file emptied: a full disk needs the room.
@@ -42,63 +48,177 @@ void LowerPriorityOfThread() {
         ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), kBackground);
 }
 
+void WriteNote(const std::string& path, const std::string& text) {
+    const std::string aside = path + ".new";
+    File file = File::OpenForWriting(aside, true);
+    file.Write(std::as_bytes(std::span(text)));
+    file.Close();
+    RenameFile(aside, path);
+}
+
+/// Brings what was written to the disk itself. What is gone meanwhile, or cannot be brought there, stays as
+/// it is: there is nobody to tell.
+void MakeDurable(const std::string& path) {
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (descriptor < 0) return;
+    ::fdatasync(descriptor);
+    ::close(descriptor);
+}
+
+/// The length of a BMP file as we write them; 0 if it is another one, or one that broke off.
+std::uint64_t WholeLength(const std::string& path) {
+    File file = File::OpenForReading(path);
+    const BmpHeader header = ReadBmpHeader(file);
+    const std::uint64_t length = BmpFileLength(header.width, header.height);
+    return header.bits == 24 && file.Length() == length ? length : 0;
+}
+
+// A disk that was full is asked again after this time, and whenever it took another state.
+constexpr std::chrono::seconds kRetryAfter{5};
+
+struct Pending {
+    std::string path;
+    const void* document;
+    bool superseded = false; // a newer state of the document waits, or was written
+};
+
 } // namespace
 
-/// What the interface thread and the writer have in common; `mutex` guards all of it but `writer`.
+/// What the interface thread and the writers have in common; `mutex` guards all of it but the threads and
+/// `toDo`.
 struct StateFiles::Shared {
     std::mutex mutex;
-    std::condition_variable work; // told to the writer
-    std::condition_variable done; // told by the writer
+    std::condition_variable work;     // told to the writer
+    std::condition_variable done;     // told by the writer
+    std::condition_variable sleeping; // told to the one that makes durable
     std::map<std::string, State> states;
-    std::list<std::string> pending; // the first one stays until it is written
-    bool writing = false;           // the first one is at the writer
+    std::list<Pending> pending; // what is at the writer stays until it is written
+    const Pending* writing = nullptr;
     std::vector<std::string> failed;
+    std::map<std::string, std::string> notes;
+    std::vector<std::string> toSync;
+    std::atomic<std::size_t> toDo = 0; // states and notes that are not written
+    std::uint64_t sequence = 0;
     bool stopping = false;
     std::thread writer;
+    std::thread syncer;
 
+    void Start();
     void Run();
-    void WriteFirst(std::unique_lock<std::mutex>& lock);
+    void WriteNotes(std::unique_lock<std::mutex>& lock);
+    void WriteNext(std::unique_lock<std::mutex>& lock);
+    void RetryFailed();
+    void RunSyncer();
     void Withdraw(std::unique_lock<std::mutex>& lock, const std::string& path);
-    bool BeingWritten(const std::string& path) const { return writing && pending.front() == path; }
+    void CountToDo() { toDo = pending.size() + notes.size(); }
+    bool Waits(const void* document) const;
+    bool BeingWritten(const std::string& path) const { return writing != nullptr && writing->path == path; }
 };
+
+void StateFiles::Shared::Start() {
+    if (!writer.joinable()) writer = std::thread([this] { Run(); });
+    if (!syncer.joinable()) syncer = std::thread([this] { RunSyncer(); });
+}
 
 void StateFiles::Shared::Run() {
     LowerPriorityOfThread();
     std::unique_lock lock(mutex);
     for (;;) {
-        work.wait(lock, [&] { return stopping || !pending.empty(); });
-        if (pending.empty()) return;
-        WriteFirst(lock);
+        const auto called = [&] { return stopping || !pending.empty() || !notes.empty(); };
+        if (failed.empty()) {
+            work.wait(lock, called);
+        } else if (!work.wait_for(lock, kRetryAfter, called)) {
+            RetryFailed();
+        }
+        if (!notes.empty()) {
+            WriteNotes(lock);
+        } else if (!pending.empty()) {
+            WriteNext(lock);
+        } else if (stopping) {
+            return;
+        }
     }
 }
 
-void StateFiles::Shared::WriteFirst(std::unique_lock<std::mutex>& lock) {
-    const std::string& path = pending.front(); // stays put, whatever joins or leaves the list
+void StateFiles::Shared::WriteNotes(std::unique_lock<std::mutex>& lock) {
+    const auto note = *notes.begin();
+    lock.unlock();
+    ResumeNext([&] { WriteNote(note.first, note.second); });
+    lock.lock();
+    toSync.push_back(note.first);
+    // A newer text came meanwhile.
+    if (notes.at(note.first) == note.second) notes.erase(note.first);
+    CountToDo();
+    done.notify_all();
+    sleeping.notify_one();
+}
+
+void StateFiles::Shared::WriteNext(std::unique_lock<std::mutex>& lock) {
+    auto next = std::find_if(pending.begin(), pending.end(), [](const Pending& p) { return !p.superseded; });
+    if (next == pending.end()) next = pending.begin();
+    writing = &*next; // stays put, whatever joins or leaves the list
+    const std::string path = next->path;
     Picture picture = states.at(path).picture;
-    writing = true;
     lock.unlock();
     const bool written = WriteState(picture, path);
     picture = {};
     lock.lock();
     Picture released;
-    if (written)
+    if (written) {
         std::swap(released, states.at(path).picture);
-    else
+        toSync.push_back(path);
+        RetryFailed();
+    } else {
         failed.push_back(path);
-    writing = false;
-    pending.pop_front();
+    }
+    writing = nullptr;
+    pending.erase(next);
+    CountToDo();
     done.notify_all();
+    sleeping.notify_one();
     lock.unlock();
     released = {}; // Freeing many tiles takes a while: nobody waits for it.
     lock.lock();
 }
 
+/// The disk takes files again: those that it refused go behind what waits.
+void StateFiles::Shared::RetryFailed() {
+    for (const std::string& path : failed)
+        pending.push_back({path, nullptr, true});
+    failed.clear();
+    CountToDo();
+}
+
+void StateFiles::Shared::RunSyncer() {
+    LowerPriorityOfThread();
+    constexpr std::chrono::milliseconds kDelay{500}; // several that come close together go at once
+    std::unique_lock lock(mutex);
+    for (;;) {
+        sleeping.wait(lock, [&] { return stopping || !toSync.empty(); });
+        if (stopping) return;
+        sleeping.wait_for(lock, kDelay, [&] { return stopping; });
+        const std::vector<std::string> paths = std::exchange(toSync, {});
+        lock.unlock();
+        for (const std::string& path : paths)
+            MakeDurable(path);
+        lock.lock();
+    }
+}
+
 /// Takes a state out of all lists; the writer has left it when this returns.
 void StateFiles::Shared::Withdraw(std::unique_lock<std::mutex>& lock, const std::string& path) {
     done.wait(lock, [&] { return !BeingWritten(path); });
-    std::erase(pending, path);
+    std::erase_if(pending, [&](const Pending& p) { return p.path == path; });
     std::erase(failed, path);
     states.erase(path);
+    CountToDo();
+}
+
+/// Whether the newest state of the document still waits for the writer.
+bool StateFiles::Shared::Waits(const void* document) const {
+    return document != nullptr && std::any_of(pending.begin(), pending.end(), [&](const Pending& p) {
+               return p.document == document && !p.superseded;
+           });
 }
 
 StateFiles::StateFiles() : shared_(std::make_unique<Shared>()) {}
@@ -108,28 +228,61 @@ StateFiles::~StateFiles() {
         const std::lock_guard lock(shared_->mutex);
         shared_->stopping = true;
         shared_->work.notify_one();
+        shared_->sleeping.notify_one();
     }
     if (shared_->writer.joinable()) shared_->writer.join();
+    if (shared_->syncer.joinable()) shared_->syncer.join();
 }
 
-void StateFiles::SaveBehind(const Picture& picture, const std::string& path) {
+void StateFiles::SaveBehind(const Picture& picture, const std::string& path, const void* document) {
     if (picture.Empty()) throw RuntimeError(kInvalidPicture, path);
     std::unique_lock lock(shared_->mutex);
     shared_->Withdraw(lock, path);
+    shared_->done.wait_for(lock, kLongestWait, [&] { return !shared_->Waits(document); });
     shared_->done.wait(lock, [&] { return shared_->pending.size() < kMostPending; });
     try {
         // The writer must not need memory to say that it failed.
         shared_->failed.reserve(shared_->failed.size() + kMostPending + 1);
-        shared_->states[path] = {picture, BmpFileLength(picture.Width(), picture.Height())};
-        shared_->pending.push_back(path);
-        if (!shared_->writer.joinable())
-            shared_->writer = std::thread([shared = shared_.get()] { shared->Run(); });
+        shared_->states[path] = {picture, BmpFileLength(picture.Width(), picture.Height()),
+                                 ++shared_->sequence};
+        for (Pending& older : shared_->pending)
+            if (document != nullptr && older.document == document) older.superseded = true;
+        shared_->pending.push_back({path, document});
+        shared_->CountToDo();
+        shared_->Start();
     } catch (const std::exception&) { // no memory, or no thread
-        std::erase(shared_->pending, path);
+        std::erase_if(shared_->pending, [&](const Pending& p) { return p.path == path; });
+        shared_->CountToDo();
         shared_->states.erase(path);
         throw RuntimeError(kOutOfMemory);
     }
     shared_->work.notify_one();
+}
+
+bool StateFiles::Adopt(const std::string& path) try {
+    const std::lock_guard lock(shared_->mutex);
+    const std::uint64_t length = WholeLength(path);
+    if (length == 0) return false;
+    shared_->states[path] = {{}, length, ++shared_->sequence};
+    return true;
+} catch (const RuntimeError&) {
+    return false;
+}
+
+void StateFiles::WriteBehind(const std::string& path, const std::string& text) {
+    const std::lock_guard lock(shared_->mutex);
+    shared_->notes[path] = text;
+    shared_->CountToDo();
+    shared_->Start();
+    shared_->work.notify_one();
+}
+
+void StateFiles::WaitInSignal(std::chrono::milliseconds longest) const {
+    constexpr long kStep = 5; // milliseconds
+    for (long waited = 0; shared_->toDo != 0 && waited < longest.count(); waited += kStep) {
+        const timespec step = {0, kStep * 1000000};
+        ::nanosleep(&step, nullptr);
+    }
 }
 
 bool StateFiles::Exists(const std::string& path) const {
@@ -168,8 +321,12 @@ void StateFiles::Forget(const std::string& path) {
 
 std::vector<std::string> StateFiles::Settle() {
     std::unique_lock lock(shared_->mutex);
-    shared_->done.wait(lock, [&] { return shared_->pending.empty(); });
-    return shared_->failed;
+    shared_->done.wait(lock, [&] { return shared_->toDo == 0; });
+    std::vector<std::string> paths = shared_->failed;
+    std::sort(paths.begin(), paths.end(), [&](const std::string& a, const std::string& b) {
+        return shared_->states.at(a).sequence < shared_->states.at(b).sequence;
+    });
+    return paths;
 }
 
 } // namespace pintalux

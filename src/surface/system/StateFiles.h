@@ -4,12 +4,16 @@
 // stays in memory, so that whoever asks gets the whole state. A file of another length than was written
 // counts as disappeared. All calls come from the interface thread.
 //
-// At most `kMostPending` states wait for the writer: where edits come faster than the disk takes them,
-// `SaveBehind` waits for the oldest, so that memory stays bounded.
+// Whatever ends the process, the newest state on disk is at most one edit behind: `SaveBehind` waits until
+// the state before of the same document is written. A disk that hangs is waited for `kLongestWait` only; the
+// writer then takes the newest state of each document first, and at most `kMostPending` wait, so that memory
+// stays bounded. States that a disk refused are tried again with each later one. What is written is made
+// durable behind, half a second later.
 #pragma once
 
 #include "surface/raster/Bitmap.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +23,7 @@ namespace pintalux {
 class StateFiles {
   public:
     static constexpr int kMostPending = 8;
+    static constexpr std::chrono::milliseconds kLongestWait{2000};
 
     StateFiles();
     ~StateFiles(); ///< Waits for the writer to finish what it was given.
@@ -26,9 +31,16 @@ class StateFiles {
     StateFiles& operator=(const StateFiles&) = delete;
 
     /// Takes the picture for `path`, whose file exists already (made by the temporary-name routine), and
-    /// writes it behind. A file that vanished meanwhile is made again, for the user alone. Error 7 if memory
-    /// runs out, 481 for the empty picture.
-    void SaveBehind(const Picture& picture, const std::string& path);
+    /// writes it behind. A file that vanished meanwhile is made again, for the user alone. `document` tells
+    /// whose state it is; null for nobody's. Error 7 if memory runs out, 481 for the empty picture.
+    void SaveBehind(const Picture& picture, const std::string& path, const void* document = nullptr);
+
+    /// Takes a file that another run wrote as a state; false if it is no whole one.
+    bool Adopt(const std::string& path);
+
+    /// Replaces the file with the text, behind, before the states that still wait; of several texts for it
+    /// the last one. It is made for the user alone, aside and renamed. What cannot be written is given up.
+    void WriteBehind(const std::string& path, const std::string& text);
 
     /// True if `LoadState` would succeed: in memory, or on disk at the right length.
     bool Exists(const std::string& path) const;
@@ -44,6 +56,10 @@ class StateFiles {
     /// Waits until all writes so far are done; gives the paths of all kept states whose writing failed, in
     /// order. Those states are in memory only.
     std::vector<std::string> Settle();
+
+    /// For a signal that ends the process: waits until the writer has nothing left to do, or for that long.
+    /// Takes no lock and no memory.
+    void WaitInSignal(std::chrono::milliseconds longest) const;
 
   private:
     struct Shared;
