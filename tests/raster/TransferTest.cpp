@@ -117,6 +117,23 @@ TEST(StretchBlt, MatchesTheSlowTwin) {
     }
 }
 
+TEST(StretchBlt, OverManyTilesMatchesTheSlowTwin) {
+    const Bitmap source = RandomPicture(700, 150, 11);
+    const std::vector<Extent> places = {{0, 0, 350, 75},    {0, 0, 1400, 300},    {37, 5, 1111, 233},
+                                        {250, 30, 333, 64}, {1400, 0, -900, 300}, {3, 300, 1300, -290}};
+    for (const Extent& place : places) {
+        for (const std::uint32_t operation : {SRCCOPY, NOTSRCCOPY}) {
+            SCOPED_TRACE(testing::Message() << place.x << ' ' << place.y << ' ' << place.width << ' '
+                                            << place.height << ", " << operation);
+            Target target(Bitmap(1400, 300, 0x112233));
+            StretchBits(target.hdc, place, source, {0, 0, 700, 150}, operation);
+            Bitmap expected(1400, 300, 0x112233);
+            SlowStretch(expected, place, source, {0, 0, 700, 150}, operation == SRCCOPY ? 0 : 0xFFFFFF);
+            ExpectSamePixels(target.bits, expected);
+        }
+    }
+}
+
 TEST(StretchBlt, OntoItselfReadsBeforeItWrites) {
     std::mt19937 random(3);
     for (int i = 0; i < 300; ++i) {

@@ -62,4 +62,13 @@ std::vector<TileColumns> ColumnsByTile(const AxisMap& columns) {
     return stretches;
 }
 
+std::vector<std::uint8_t> PlacesInTile(const AxisMap& columns) {
+    static_assert(Bitmap::kTileWidth <= 256);
+    std::vector<std::uint8_t> places;
+    places.reserve(columns.source.size());
+    for (const int column : columns.source)
+        places.push_back(static_cast<std::uint8_t>(column % Bitmap::kTileWidth));
+    return places;
+}
+
 } // namespace pintalux

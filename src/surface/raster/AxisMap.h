@@ -39,4 +39,7 @@ struct TileColumns {
 /// Cuts the map of a row into stretches of one tile each, so that a row is read tile by tile.
 std::vector<TileColumns> ColumnsByTile(const AxisMap& columns);
 
+/// Where in its tile each mapped column lies.
+std::vector<std::uint8_t> PlacesInTile(const AxisMap& columns);
+
 } // namespace pintalux

@@ -58,9 +58,7 @@ class ScreenStretch {
     /// Only the pixels shown are read: for reductions.
     void Reduce() {
         parts_ = ColumnsByTile(columns_);
-        inTile_.reserve(columns_.source.size());
-        for (const int column : columns_.source)
-            inTile_.push_back(static_cast<std::uint8_t>(column % Bitmap::kTileWidth));
+        inTile_ = PlacesInTile(columns_);
         const std::int64_t pixels = std::int64_t{rows_.Size()} * columns_.Size();
         if (pixels < kWorthSplitting) return ReduceRows(0, rows_.Size());
         SplitOverCores(rows_.Size(), [this](int begin, int end) { ReduceRows(begin, end); });
@@ -148,7 +146,6 @@ class ScreenStretch {
     AxisMap rows_;
     std::vector<TileColumns> parts_;   // Of a reduction: the columns by tile,
     std::vector<std::uint8_t> inTile_; // and where in its tile each lies.
-    static_assert(Bitmap::kTileWidth <= 256);
     std::uint32_t* out_;
     std::ptrdiff_t stride_;
 };

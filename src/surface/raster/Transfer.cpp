@@ -2,8 +2,8 @@
 
 #include "base/Parallel.h"
 #include "base/RuntimeError.h"
-#include "surface/raster/AxisMap.h"
 #include "surface/raster/StreamCopy.h"
+#include "surface/raster/StretchCopy.h"
 
 #include <algorithm>
 #include <array>
@@ -13,23 +13,9 @@ namespace pintalux {
 
 namespace {
 
-// The destination cells of a copy, column by column and row by row.
-struct StretchMap {
-    AxisMap columns;
-    AxisMap rows;
-
-    StretchMap(const Bitmap& to, const Extent& place, const Bitmap& from, const Extent& fromPlace)
-        : columns(MapAxis({place.x, place.width}, to.Width(), {fromPlace.x, fromPlace.width}, from.Width())),
-          rows(MapAxis({place.y, place.height}, to.Height(), {fromPlace.y, fromPlace.height},
-                       from.Height())) {}
-
-    bool Empty() const { return columns.source.empty() || rows.source.empty(); }
-    Box Place() const { return {columns.first, rows.first, columns.End(), rows.End()}; }
-};
-
 // Calls write(y, pixels) for each destination row with the source pixels that belong there.
 template <class Write>
-void ForStretchedRows(const Bitmap& from, const StretchMap& map, Pixel inversion, Write write) {
+void ForStretchedRows(const Bitmap& from, const StretchMap& map, Write write) {
     const std::vector<TileColumns> stretches = ColumnsByTile(map.columns);
     std::vector<Pixel> row(map.columns.source.size());
     int composed = -1;
@@ -40,7 +26,7 @@ void ForStretchedRows(const Bitmap& from, const StretchMap& map, Pixel inversion
                 const Pixel* pixels = from.Run(part.tile, sourceY).data();
                 for (int column = part.begin; column < part.end; ++column) {
                     const auto at = static_cast<std::size_t>(column);
-                    row[at] = pixels[map.columns.source[at] - part.tile] ^ inversion;
+                    row[at] = pixels[map.columns.source[at] - part.tile];
                 }
             }
             composed = sourceY;
@@ -127,8 +113,7 @@ void Stretch(DeviceContext& to, const Extent& place, const Bitmap& source, const
     } else if (EqualSize(place, fromPlace)) {
         CopyEqualSize(to.Bits(), map, from, inversion);
     } else {
-        ForStretchedRows(from, map, inversion,
-                         [&](int y, auto row) { to.Bits().WriteRow(map.columns.first, y, row); });
+        CopyStretched(to.Bits(), map, from, inversion);
     }
     to.Touched(map.Place());
 }
@@ -239,7 +224,7 @@ void TransparentBlt(DeviceContext& to, const Extent& place, const DeviceContext&
     if (EqualSize(place, fromPlace) && SameDirection(place, fromPlace)) {
         CopyUnlessKey(to.Bits(), map, from, keyPixel);
     } else {
-        ForStretchedRows(from, map, 0, [&](int y, auto row) {
+        ForStretchedRows(from, map, [&](int y, auto row) {
             WriteUnlessKey(to.Bits(), map.columns.first, y, row, keyPixel);
         });
     }
