@@ -123,8 +123,7 @@ void frmAddBordForm::cmdApply_Click() {
     const Colour colour = ListedColour(Combo1.ListIndex(), kBlack);
     const Margins margins{MarginIn(txtLeft), MarginIn(txtTop), MarginIn(txtRight), MarginIn(txtBottom)};
     if (!CanGrow(image, margins)) return;
-    WholeImageForOperation();
-    EndFreehandPiece(image);
+    EndFreehandPiece(image); // A rectangle floats on over the larger image.
     LockWindowUpdate(image.hWnd());
     GrowCanvas(image, margins, colour);
     image.Backup();

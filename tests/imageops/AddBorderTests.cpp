@@ -1,11 +1,9 @@
 // The dialog that grows the canvas: its boxes and bars, what it makes of the document, what it refuses.
-#include "support/DialogScript.h"
-#include "support/Documents.h"
-#include "support/Pictures.h"
-#include "support/Program.h"
+#include "imageops/ImageDialogTest.h"
 
 #include "document/Globals.h"
 #include "imageops/frmAddBord.h"
+#include "surface/system/TempNames.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -14,19 +12,10 @@
 namespace pintalux {
 namespace {
 
-class AddBorderTest : public ProgramTest {
+class AddBorderTest : public ImageDialogTest {
   protected:
-    void SetUp() override {
-        ProgramTest::SetUp();
-        Start();
-    }
     static void InDialog(const std::function<void()>& act) {
-        const DialogScript script({[&](QWidget&) {
-            act();
-            if (frmAddBord.Loaded()) ClickWidget(WidgetFor(frmAddBord->cmdCancel));
-        }});
-        Choose(frmMain->mnuAddBorders);
-        EXPECT_FALSE(frmAddBord.Loaded());
+        InDialogOf(frmMain->mnuAddBorders, frmAddBord, act);
     }
     static void PressApply() { ClickWidget(WidgetFor(frmAddBord->cmdApply)); }
     static std::vector<std::string> Texts() {
@@ -39,12 +28,6 @@ class AddBorderTest : public ProgramTest {
         frmAddBord->VSLeft.Value(400 - left);
         frmAddBord->VSRight.Value(400 - right);
     }
-    static void Retype(TextBox& box, const std::string& text) {
-        auto& line = dynamic_cast<QLineEdit&>(WidgetFor(box));
-        line.selectAll();
-        Type(line, text);
-    }
-    static int StateCount(const frmImage& image) { return image.ListBUorder.ListCount(); }
 };
 
 } // namespace
@@ -139,13 +122,29 @@ TEST_F(AddBorderTest, OnlyDigitsAreTyped) {
     });
 }
 
-// No key is released by a paste of the pointer, so that the bar does not hear of it.
-TEST_F(AddBorderTest, WhatIsPastedIsDigitsAndAtMost400) {
+TEST_F(AddBorderTest, OfWhatThePointerPastesTheDigitsCountUpTo400) {
+    const auto widthWith = [&](const char* pasted) {
+        frmImage& image = NewDocument(20, 10, 0x3264C8);
+        InDialog([=] {
+            PasteByPointer(frmAddBord->txtLeft, pasted);
+            PressApply();
+        });
+        return ImageOf(image).Width();
+    };
+    EXPECT_EQ(widthWith("99999999999999999999"), 420);
+    EXPECT_EQ(widthWith("1x2"), 32);
+    EXPECT_EQ(widthWith("-5"), 25);
+    EXPECT_EQ(widthWith("abc"), 20);
+    EXPECT_EQ(widthWith("1e3"), 33);
+    EXPECT_TRUE(untrapped.empty());
+}
+
+// Nor does a text count for more that came past the keys and the bar.
+TEST_F(AddBorderTest, ATextThatNoKeyBroughtIsAtMost400) {
     frmImage& image = NewDocument(20, 10, 0x3264C8);
     InDialog([] {
-        auto& line = dynamic_cast<QLineEdit&>(WidgetFor(frmAddBord->txtLeft));
-        line.clear();
-        line.insert("99999999999999999999");
+        frmAddBord->txtLeft.Text("1e9");
+        frmAddBord->txtRight.Text("-7");
         PressApply();
     });
     EXPECT_EQ(ImageOf(image).Width(), 420);
@@ -167,19 +166,8 @@ TEST_F(AddBorderTest, EmptyBoxesGiveTheSameImageAndAState) {
 
 TEST_F(AddBorderTest, EveryOtherWayOutChangesNothing) {
     frmImage& image = NewDocument(20, 10, 0x3264C8);
-    const double width = image.Width();
-    for (const DialogScript::Step& leave :
-         {DialogScript::Step([](QWidget&) { ClickWidget(WidgetFor(frmAddBord->cmdCancel)); }),
-          PressesEscape(), ClosesDialog()}) {
-        const DialogScript script({[&](QWidget& dialog) {
-            SetMargins(9, 9, 9, 9);
-            leave(dialog);
-        }});
-        Choose(frmMain->mnuAddBorders);
-        ExpectSamePixels(ImageOf(image), Solid(20, 10, 0x3264C8));
-        EXPECT_EQ(StateCount(image), 1);
-        EXPECT_EQ(image.Width(), width);
-    }
+    ExpectOtherWaysOutChangeNothing(image, frmMain->mnuAddBorders, frmAddBord,
+                                    [] { SetMargins(9, 9, 9, 9); });
 }
 
 // A side above 32000 could not be recorded.
@@ -218,6 +206,104 @@ TEST_F(AddBorderTest, WithRulersTheWindowHasRoomForThem) {
     EXPECT_EQ(image.Width(), image.LeftRuler.Width() + 40 * 15 + 120);
     EXPECT_EQ(image.Height(), image.TopRuler.Height() + 31 * 15 + 420);
     Choose(frmMain->mnuViewRulers);
+}
+
+// A margin that no 16-bit number could count any more is refused like one that no file could hold.
+TEST_F(AddBorderTest, ARefusedSizeLeavesTheDocumentWhole) {
+    frmImage& image = NewDocument(32000, 2, 0x3264C8);
+    FloatRectangle(image, 3, 0, 2, 2);
+    const DialogScript script({[](QWidget&) {
+                                   SetMargins(0, 0, 400, 400);
+                                   PressApply();
+                                   EXPECT_TRUE(frmAddBord.Loaded());
+                                   ClickWidget(WidgetFor(frmAddBord->cmdCancel));
+                               },
+                               PressesButton("OK")});
+    Choose(frmMain->mnuAddBorders);
+    EXPECT_NE(script.Dialog(1).text.find("32800 por 2"), std::string::npos) << script.Dialog(1).text;
+    EXPECT_EQ(script.Dialog(1).icon, "critical");
+    EXPECT_TRUE(ImageOf(image) == Solid(32000, 2, 0x3264C8));
+    EXPECT_TRUE(image.PicSelect.Visible());
+    EXPECT_EQ(image.SelectLeft, 3);
+    EXPECT_EQ(image.Selectwidth, 2);
+    EXPECT_EQ(StateCount(image), 1);
+    EXPECT_FALSE(ScreenLocked());
+    EXPECT_TRUE(untrapped.empty());
+}
+
+TEST_F(AddBorderTest, WithoutATemporaryFolderTheBordersAreThereUnrecorded) {
+    const Picture picture = RandomPicture(20, 10, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    TempFoldersForTests(false);
+    InDialog([] { PressApply(); });
+    TempFoldersForTests(true);
+    ExpectSamePixels(ImageOf(image), With(Solid(20, 11, kWhite), 0, 1, picture));
+    EXPECT_EQ(StateCount(image), 1);
+    EXPECT_FALSE(image.alreadysaved);
+}
+
+TEST_F(AddBorderTest, AFullDiskKeepsTheStepsInMemory) {
+    const Picture picture = RandomPicture(200, 100, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    SettleStates();
+    const FullDisk full(1000);
+    InDialog([] { PressApply(); });
+    ExpectDone(image, picture, With(Solid(200, 101, kWhite), 0, 1, picture));
+}
+
+TEST_F(AddBorderTest, AMaximisedWindowIsLeftAlone) {
+    frmImage& image = NewDocument(20, 10);
+    image.WindowState(kMaximised);
+    PassEvents();
+    const double width = image.Width();
+    InDialog([] { PressApply(); });
+    EXPECT_EQ(image.WindowState(), kMaximised);
+    EXPECT_EQ(image.Width(), width);
+    EXPECT_EQ(ImageOf(image).Height(), 11);
+}
+
+// The piece and its dashes are away before the image grows; the image is the clean one.
+TEST_F(AddBorderTest, AFreehandPieceThatWasOnlyLiftedGoes) {
+    const Picture picture = RandomPicture(30, 20, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    FloatFreehand(image, 5, 4, {".###.", "#####", ".###."});
+    image.piece = PieceState::Lifted;
+    InDialog([] { PressApply(); });
+    EXPECT_FALSE(image.PicFreeSelect.Visible());
+    ExpectDone(image, picture, With(Solid(30, 21, kWhite), 0, 1, picture));
+}
+
+TEST_F(AddBorderTest, AFreehandPieceThatWasMovedIsLandedFirst) {
+    frmImage& image = OpenPicture("a.bmp", Solid(30, 20, 0x3264C8));
+    FloatFreehand(image, 5, 4, {".###.", "#####", ".###."});
+    image.SelHolder.LineBF(1, 1, 3, 1, 0x0000FF);
+    image.piece = PieceState::Grabbed;
+    InDialog([] { PressApply(); });
+    Picture landed = Solid(30, 20, 0x3264C8);
+    landed.Fill({6, 5, 9, 6}, 0x0000FF);
+    ExpectSamePixels(ImageOf(image), With(Solid(30, 21, kWhite), 0, 1, landed));
+    EXPECT_FALSE(image.PicFreeSelect.Visible());
+}
+
+TEST_F(AddBorderTest, ARectangleThatWasMovedFloatsOnOverTheLargerImage) {
+    const Picture picture = RandomPicture(30, 20, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    FloatRectangle(image, 5, 4, 8, 6);
+    const Picture piece = image.SelHolder.Image();
+    image.PicSelect.Move(12, 9, 8, 6);
+    image.piece = PieceState::Grabbed;
+    InDialog([] {
+        SetMargins(2, 0, 3, 0);
+        PressApply();
+    });
+    const Picture grown = With(Solid(33, 22, kWhite), 3, 2, picture);
+    ExpectSamePixels(ImageOf(image), grown);
+    EXPECT_TRUE(image.PicSelect.Visible());
+    EXPECT_EQ(image.PicSelect.Left(), 12);
+    EXPECT_EQ(image.PicSelect.Top(), 9);
+    EXPECT_EQ(StateCount(image), 2);
+    image.NeedtoPaste();
+    ExpectSamePixels(ImageOf(image), With(grown, 12, 9, piece));
 }
 
 // The piece was lifted at 5, 4; over the larger image it lies at 5, 4 still, and drops there.
