@@ -160,6 +160,8 @@ void frmResizeForm::Write(Number& number, const std::string& text) {
     number.settled = text;
 }
 
+// Intended: without the aspect, too, both groups show one size, so that a number of pixels that is no whole
+// percentage goes to one that is.
 void frmResizeForm::Bar_Change(Number& number) {
     const double n = number.bar.Max() - number.bar.Value();
     Write(number, KeepAlnum(FormattedNumber(n)));

@@ -31,12 +31,13 @@ class frmResizeForm : public Form {
     Label lblPXh{Frame1, "lblPXh", "x  &Altura"};
     TextBox txtPXh{Frame1, "txtPXh"};
     ScrollBar VSPXh{Frame1, "VSPXh", ScrollBar::Direction::Vertical};
+    // The letters of the labels are those of the other group: only one of the two takes input.
     OptionButton Option2{*this, "Option2", "&Percentagem"};
     Frame Frame2{*this, "Frame2", ""};
-    Label lblPCw{Frame2, "lblPCw", "Largura"};
+    Label lblPCw{Frame2, "lblPCw", "&Largura"};
     TextBox txtPCw{Frame2, "txtPCw"};
     ScrollBar VSPCw{Frame2, "VSPCw", ScrollBar::Direction::Vertical};
-    Label lblPCh{Frame2, "lblPCh", "x  Altura"};
+    Label lblPCh{Frame2, "lblPCh", "x  &Altura"};
     TextBox txtPCh{Frame2, "txtPCh"};
     ScrollBar VSPCh{Frame2, "VSPCh", ScrollBar::Direction::Vertical};
     CheckBox ChAspRatio{*this, "ChAspRatio", "&Manter o aspecto da Imagem"};

@@ -1,12 +1,10 @@
 // The resize dialog: its four numbers and how they follow each other; what the command makes of the document.
-#include "support/DialogScript.h"
-#include "support/Documents.h"
-#include "support/Pictures.h"
-#include "support/Program.h"
+#include "imageops/ImageDialogTest.h"
 
 #include "document/Globals.h"
 #include "imageops/frmResize.h"
 #include "surface/raster/Transfer.h"
+#include "surface/system/TempNames.h"
 
 #include <cstdint>
 #include <QApplication>
@@ -16,26 +14,10 @@
 namespace pintalux {
 namespace {
 
-class ResizeTest : public ProgramTest {
+class ResizeTest : public ImageDialogTest {
   protected:
-    void SetUp() override {
-        ProgramTest::SetUp();
-        Start();
-    }
-    static void InDialog(const std::function<void()>& act) {
-        const DialogScript script({[&](QWidget&) {
-            act();
-            if (frmResize.Loaded()) ClickWidget(WidgetFor(frmResize->cmdCancel));
-        }});
-        Choose(frmMain->mnuResize);
-        EXPECT_FALSE(frmResize.Loaded());
-    }
+    static void InDialog(const std::function<void()>& act) { InDialogOf(frmMain->mnuResize, frmResize, act); }
     static void PressOk() { ClickWidget(WidgetFor(frmResize->cmdOK)); }
-    static void Retype(TextBox& box, const std::string& text) {
-        auto& line = dynamic_cast<QLineEdit&>(WidgetFor(box));
-        line.selectAll();
-        Type(line, text);
-    }
     // Width and height in pixels, then in percent, as the boxes show them.
     static std::vector<std::string> Texts() {
         return {frmResize->txtPXw.Text(), frmResize->txtPXh.Text(), frmResize->txtPCw.Text(),
@@ -230,6 +212,18 @@ TEST_F(ResizeTest, WithoutTheAspectTheTypedNumberCountsUncut) {
     });
 }
 
+// 1 of 200 is half a percent, which becomes 1: a width of 2. 25 is 12.5 percent, which become 13: 26.
+TEST_F(ResizeTest, WithoutTheAspectATypedNumberGoesToAWholePercentage) {
+    NewDocument(200, 100);
+    InDialog([] {
+        frmResize->ChAspRatio.Value(0);
+        Retype(frmResize->txtPXw, "1");
+        EXPECT_EQ(Texts(), (T{"2", " 100", "1", "100"}));
+        Type(WidgetFor(frmResize->txtPXw), "5");
+        EXPECT_EQ(Texts(), (T{"26", " 100", "13", "100"}));
+    });
+}
+
 TEST_F(ResizeTest, TooManyDigitsGiveTheLastGoodTextBack) {
     NewDocument(100, 50);
     InDialog([] {
@@ -356,18 +350,168 @@ TEST_F(ResizeTest, AfterwardsTheImageIsShownPixelForPixel) {
 
 TEST_F(ResizeTest, EveryOtherWayOutChangesNothing) {
     frmImage& image = NewDocument(60, 40, 0x3264C8);
-    for (const DialogScript::Step& leave :
-         {DialogScript::Step([](QWidget&) { ClickWidget(WidgetFor(frmResize->cmdCancel)); }), PressesEscape(),
-          ClosesDialog()}) {
-        const DialogScript script({[&](QWidget& dialog) {
-            frmResize->VSPXw.Value(32767 - 10);
-            leave(dialog);
-        }});
-        Choose(frmMain->mnuResize);
-        EXPECT_TRUE(ResizeCancelled);
-        ExpectSamePixels(ImageOf(image), Solid(60, 40, 0x3264C8));
-        EXPECT_EQ(image.ListBUorder.ListCount(), 1);
-    }
+    ExpectOtherWaysOutChangeNothing(image, frmMain->mnuResize, frmResize,
+                                    [] { frmResize->VSPXw.Value(32767 - 10); });
+    EXPECT_TRUE(ResizeCancelled);
+}
+
+// Too many digits give the last good text back.
+TEST_F(ResizeTest, OfWhatThePointerPastesTheDigitsCount) {
+    frmImage& image = NewDocument(100, 100, 0x3264C8);
+    InDialog([] {
+        frmResize->ChAspRatio.Value(0);
+        PasteByPointer(frmResize->txtPXw, "1x2");
+        EXPECT_EQ(Texts(), (T{"12", " 100", "12", "100"}));
+        PasteByPointer(frmResize->txtPXh, "-7.");
+        EXPECT_EQ(Texts(), (T{"12", "7", "12", "7"}));
+        PasteByPointer(frmResize->txtPXh, "12345");
+        EXPECT_EQ(frmResize->txtPXh.Text(), "7");
+        PasteByPointer(frmResize->txtPXh, "9a");
+        PressOk();
+    });
+    EXPECT_EQ(ImageOf(image).Width(), 12);
+    EXPECT_EQ(ImageOf(image).Height(), 9);
+}
+
+// What was chosen in the box stays where nothing comes in its place.
+TEST_F(ResizeTest, LettersThatThePointerPastesChangeNothing) {
+    const Picture picture = RandomPicture(60, 40, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    InDialog([] {
+        PasteByPointer(frmResize->txtPXw, "abc");
+        EXPECT_EQ(Texts(), (T{" 60", " 40", "100", "100"}));
+        PressOk();
+    });
+    ExpectSamePixels(ImageOf(image), picture);
+    EXPECT_TRUE(untrapped.empty());
+}
+
+// 0 percent is a size of 0, which is one pixel.
+TEST_F(ResizeTest, ZeroPercentGivesOnePixel) {
+    frmImage& image = NewDocument(60, 40, 0x3264C8);
+    InDialog([] {
+        frmResize->Option2.Value(true);
+        Retype(frmResize->txtPCw, "0");
+        EXPECT_EQ(Numbers(), (N{0, 0, 0, 0}));
+        PressOk();
+    });
+    ExpectSamePixels(ImageOf(image), Solid(1, 1, 0x3264C8));
+    EXPECT_TRUE(untrapped.empty());
+}
+
+TEST_F(ResizeTest, TheBarsOfPercentagesEndAt32766) {
+    NewDocument(60, 40);
+    InDialog([] {
+        frmResize->ChAspRatio.Value(0);
+        frmResize->VSPCw.Value(frmResize->VSPCw.Min());
+        EXPECT_EQ(frmResize->txtPCw.Text(), "32766");
+        EXPECT_EQ(frmResize->txtPXw.Text(), "19660"); // 60 * 327.66 = 19659.6
+    });
+}
+
+// The last good text of each box is its own, from when a key was last released in it.
+TEST_F(ResizeTest, EachBoxKeepsItsLastGoodText) {
+    NewDocument(100, 100);
+    InDialog([] {
+        frmResize->ChAspRatio.Value(0);
+        Retype(frmResize->txtPXw, "150");
+        Retype(frmResize->txtPXh, "75");
+        frmResize->VSPXw.Value(32767 - 90);
+        frmResize->txtPXw.Text("99999");
+        frmResize->txtPXh.Text("99999");
+        EXPECT_EQ(frmResize->txtPXw.Text(), "150");
+        EXPECT_EQ(frmResize->txtPXh.Text(), "75");
+    });
+}
+
+TEST_F(ResizeTest, AHeightThatIsTooLongTakesNoKey) {
+    NewDocument(100, 100);
+    InDialog([] {
+        frmResize->ChAspRatio.Value(0);
+        Retype(frmResize->txtPXh, "75");
+        Type(WidgetFor(frmResize->txtPXh), "123");
+        EXPECT_EQ(frmResize->txtPXh.Text(), "7512");
+    });
+}
+
+TEST_F(ResizeTest, WithoutATemporaryFolderTheImageIsStretchedUnrecorded) {
+    const Picture picture = RandomPicture(20, 10, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    TempFoldersForTests(false);
+    InDialog([] {
+        frmResize->VSPXw.Value(32767 - 10);
+        PressOk();
+    });
+    TempFoldersForTests(true);
+    ExpectSamePixels(ImageOf(image), Stretched(picture, 10, 5));
+    EXPECT_EQ(StateCount(image), 1);
+    EXPECT_FALSE(image.alreadysaved);
+}
+
+TEST_F(ResizeTest, AFullDiskKeepsTheStepsInMemory) {
+    const Picture picture = RandomPicture(200, 100, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    SettleStates();
+    const FullDisk full(1000);
+    InDialog([] {
+        frmResize->VSPXw.Value(32767 - 300);
+        PressOk();
+    });
+    ExpectDone(image, picture, Stretched(picture, 300, 150));
+}
+
+TEST_F(ResizeTest, AMaximisedWindowIsLeftAlone) {
+    frmImage& image = NewDocument(60, 40);
+    image.WindowState(kMaximised);
+    PassEvents();
+    const double width = image.Width();
+    InDialog([] {
+        frmResize->VSPXw.Value(32767 - 30);
+        PressOk();
+    });
+    EXPECT_EQ(image.WindowState(), kMaximised);
+    EXPECT_EQ(image.Width(), width);
+    EXPECT_EQ(ImageOf(image).Width(), 30);
+}
+
+TEST_F(ResizeTest, WithRulersTheWindowHasRoomForThem) {
+    frmImage& image = NewDocument(60, 40);
+    Choose(frmMain->mnuViewRulers);
+    InDialog([] {
+        frmResize->VSPXw.Value(32767 - 30);
+        PressOk();
+    });
+    EXPECT_EQ(image.Width(), image.LeftRuler.Width() + 30 * 15 + 120);
+    EXPECT_EQ(image.Height(), image.TopRuler.Height() + 20 * 15 + 420);
+    Choose(frmMain->mnuViewRulers);
+}
+
+TEST_F(ResizeTest, AFreehandPieceThatWasOnlyLiftedGoes) {
+    const Picture picture = RandomPicture(30, 20, 3);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    FloatFreehand(image, 5, 4, {".###.", "#####", ".###."});
+    image.piece = PieceState::Lifted;
+    InDialog([] {
+        frmResize->VSPXw.Value(32767 - 15);
+        PressOk();
+    });
+    EXPECT_FALSE(image.PicFreeSelect.Visible());
+    ExpectDone(image, picture, Stretched(picture, 15, 10));
+}
+
+TEST_F(ResizeTest, AFreehandPieceThatWasMovedIsLandedFirst) {
+    frmImage& image = OpenPicture("a.bmp", Solid(30, 20, 0x3264C8));
+    FloatFreehand(image, 5, 4, {".###.", "#####", ".###."});
+    image.SelHolder.LineBF(1, 1, 3, 1, 0x0000FF);
+    image.piece = PieceState::Grabbed;
+    InDialog([] {
+        frmResize->VSPXw.Value(32767 - 60);
+        PressOk();
+    });
+    Picture landed = Solid(60, 40, 0x3264C8);
+    landed.Fill({12, 10, 18, 12}, 0x0000FF);
+    ExpectSamePixels(ImageOf(image), landed);
+    EXPECT_FALSE(image.PicFreeSelect.Visible());
 }
 
 } // namespace pintalux
