@@ -1,8 +1,5 @@
 // The frame wizard: what each style shows, the sample, the ways out of it, what it paints.
-#include "support/DialogScript.h"
-#include "support/Documents.h"
-#include "support/Pictures.h"
-#include "support/Program.h"
+#include "imageops/ImageDialogTest.h"
 
 #include "base/Arithmetic.h"
 #include "colour/ColourPanel.h"
@@ -11,8 +8,11 @@
 #include "imageops/frmBWiz.h"
 #include "selection/RectangleSelection.h"
 #include "surface/raster/Transfer.h"
+#include "surface/system/Pictures.h"
+#include "surface/system/TempNames.h"
 #include "surface/window/ProgressBar.h"
 
+#include <filesystem>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
@@ -24,27 +24,14 @@ namespace {
 void PressApply() {
     ClickWidget(WidgetFor(frmBWiz->cmdApply));
 }
-void PressCancel() {
-    ClickWidget(WidgetFor(frmBWiz->cmdCancel));
-}
 void PressPreview() {
     ClickWidget(WidgetFor(frmBWiz->Command1));
 }
 
-class FrameWizardTest : public ProgramTest {
+class FrameWizardTest : public ImageDialogTest {
   protected:
-    void SetUp() override {
-        ProgramTest::SetUp();
-        Start();
-    }
-    // The wizard from the menu, with this done in it. Leaves by "Cancelar" if the act did not.
     static void InWizard(const std::function<void()>& act) {
-        const DialogScript script({[&](QWidget&) {
-            act();
-            if (frmBWiz.Loaded()) PressCancel();
-        }});
-        Choose(frmMain->mnuBorderWiz);
-        EXPECT_FALSE(frmBWiz.Loaded());
+        InDialogOf(frmMain->mnuBorderWiz, frmBWiz, act);
     }
     static void Apply(int style, int first, int second, int third) {
         InWizard([=] {
@@ -55,11 +42,57 @@ class FrameWizardTest : public ProgramTest {
             PressApply();
         });
     }
-    static int StateCount(const frmImage& image) { return image.ListBUorder.ListCount(); }
     static FrameModel ModelFor(const Picture& picture) {
         return {ModelSurface(picture), ModelSurface(picture)};
     }
+    /// The frame of a style on a picture, after its model. `second` and `third` are the sliders where the
+    /// style has them, 0x2040C0 is the colour.
+    static Picture FramedByModel(const Picture& picture, int style, int first, int second, int third) {
+        FrameModel model = ModelFor(picture);
+        if (style == 0) model.Bevel(first, second, third, false, false);
+        if (style == 1) model.FadedBevel(first, second, third, false, false);
+        if (style == 2) model.Mould(first, second, 0xC0C0C0);
+        if (style == 3) model.Mould(first, second, 0x2040C0);
+        if (style == 4) model.Plain(first, 0x2040C0, false, false);
+        if (style == 5) model.Ridge(first, false, false, true);
+        if (style == 6) model.Ridge(first, false, false, false);
+        return model.live.shown;
+    }
+    /// Every style over a picture, as a whole.
+    void ExpectEveryStyleAsModel(const Picture& picture, int first, int second, int third) {
+        for (int style = 0; style < kStyles; ++style) {
+            SCOPED_TRACE(style);
+            frmImage& image = OpenPicture("a.bmp", picture);
+            BWizColour = 0x2040C0;
+            Apply(style, first, second, third);
+            ExpectDone(image, picture, FramedByModel(picture, style, first, second, third));
+        }
+    }
+    /// Every style on a rectangle of a picture. What of it lies outside the picture is white.
+    void ExpectEveryStyleAsModelInside(const Picture& picture, const Box& place, int first, int second,
+                                       int third) {
+        Picture piece(place.Width(), place.Height(), kWhite);
+        piece.Copy(-place.left, -place.top, picture, picture.Bounds());
+        for (int style = 0; style < kStyles; ++style) {
+            SCOPED_TRACE(style);
+            frmImage& image = OpenPicture("a.bmp", picture);
+            FloatRectangle(image, place.left, place.top, place.Width(), place.Height());
+            image.SelHolder.Picture(piece);
+            BWizColour = 0x2040C0;
+            Apply(style, first, second, third);
+            EXPECT_TRUE(SelectionEnded(image));
+            const Picture framed = FramedByModel(piece, style, first, second, third);
+            ExpectDone(image, picture, With(picture, place.left, place.top, framed));
+        }
+    }
+    static constexpr int kStyles = 7;
 };
+
+/// A photograph of the collection; empty where that is not at hand.
+Picture Photograph(const std::string& name) {
+    const std::string path = std::string(SHARED_PICTURES) + "/real/" + name;
+    return std::filesystem::exists(path) ? LoadPicture(path) : Picture();
+}
 
 } // namespace
 
@@ -124,31 +157,39 @@ TEST_F(FrameWizardTest, EachStyleShowsItsControlsOnly) {
     });
 }
 
-// Each style against the model of its frame, with sliders that a style does not take set as well.
+// With sliders set that a style does not take.
 TEST_F(FrameWizardTest, EachStylePaintsItsFrame) {
-    const Picture picture = RandomPicture(90, 70, 4);
-    for (int style = 0; style < 7; ++style) {
-        SCOPED_TRACE(style);
-        frmImage& image = OpenPicture("a.bmp", picture);
-        BWizColour = 0x2040C0;
-        FrameModel expected = ModelFor(picture);
-        if (style == 0) expected.Bevel(24, 40, 90, false, false);
-        if (style == 1) expected.FadedBevel(24, 40, 90, false, false);
-        if (style == 2) expected.Mould(24, 40, 0xC0C0C0);
-        if (style == 3) expected.Mould(24, 40, 0x2040C0);
-        if (style == 4) expected.Plain(24, 0x2040C0, false, false);
-        if (style == 5) expected.Ridge(24, false, false, true);
-        if (style == 6) expected.Ridge(24, false, false, false);
-        Apply(style, 24, 40, 90);
-        ExpectSamePixels(ImageOf(image), expected.live.shown);
-        ExpectSamePixels(image.Image1.Picture(), expected.live.shown);
-        EXPECT_EQ(StateCount(image), 2);
-        EXPECT_EQ(frmMain->Pb.Value(), 0);
-        Choose(frmMain->mnuEditUndo);
-        ExpectSamePixels(ImageOf(image), picture);
-        Choose(frmMain->mnuEditRedo);
-        ExpectSamePixels(ImageOf(image), expected.live.shown);
-    }
+    ExpectEveryStyleAsModel(RandomPicture(90, 70, 4), 24, 40, 90);
+    EXPECT_EQ(frmMain->Pb.Value(), 0);
+}
+
+TEST_F(FrameWizardTest, APhotographIsFramedInEveryStyle) {
+    const Picture photograph = Photograph("harvesters.jpeg");
+    if (photograph.Empty()) GTEST_SKIP() << "no photographs here";
+    ExpectEveryStyleAsModel(photograph, 61, 70, 150);
+}
+
+TEST_F(FrameWizardTest, ARectangleOfAPhotographIsFramedInEveryStyle) {
+    const Picture photograph = Photograph("hibiscus.regular.jpeg");
+    if (photograph.Empty()) GTEST_SKIP() << "no photographs here";
+    ExpectEveryStyleAsModelInside(photograph, {31, 57, 290, 400}, 40, 55, 120);
+}
+
+TEST_F(FrameWizardTest, ARectangleIsFramedInEveryStyle) {
+    ExpectEveryStyleAsModelInside(RandomPicture(70, 60, 5), {9, 11, 50, 45}, 17, 12, 60);
+}
+
+// The frame runs around the whole rectangle; what lies inside the image of it is seen.
+TEST_F(FrameWizardTest, ARectangleThatHangsOffTheImageIsFramedAsAWhole) {
+    const Picture picture = RandomPicture(50, 40, 6);
+    for (const Box place :
+         {Box{-12, -7, 25, 20}, Box{30, 22, 64, 49}, Box{-5, 10, 60, 30}, Box{-9, -9, 70, 60}})
+        ExpectEveryStyleAsModelInside(picture, place, 16, 9, 80);
+}
+
+TEST_F(FrameWizardTest, ARectangleOutsideTheImageLeavesItAsItWas) {
+    const Picture picture = RandomPicture(50, 40, 6);
+    ExpectEveryStyleAsModelInside(picture, {60, 5, 80, 25}, 6, 5, 80);
 }
 
 TEST_F(FrameWizardTest, ALineCountsAsTickedWhereTheStyleHidesIt) {
@@ -228,23 +269,15 @@ TEST_F(FrameWizardTest, ARectangleIsFramedAndDropped) {
 TEST_F(FrameWizardTest, EveryOtherWayOutChangesNothing) {
     frmImage& image = NewDocument(12, 12, 0x3264C8);
     const std::size_t files = StateFileNames().size();
-    for (const DialogScript::Step& leave :
-         {DialogScript::Step([](QWidget&) { PressCancel(); }), PressesEscape(), ClosesDialog()}) {
-        const DialogScript script({[&](QWidget& dialog) {
-            frmBWiz->BordList.ListIndex(4);
-            frmBWiz->SL1.Value(5);
-            PressPreview();
-            leave(dialog);
-        }});
-        Choose(frmMain->mnuBorderWiz);
-        EXPECT_FALSE(frmBWiz.Loaded());
+    ExpectOtherWaysOutChangeNothing(image, frmMain->mnuBorderWiz, frmBWiz, [] {
         EXPECT_FALSE(BWizCancelled);
-        EXPECT_EQ(BWizStyle, 0);
-        EXPECT_EQ(BWizSize, 0);
-        ExpectSamePixels(ImageOf(image), Solid(12, 12, 0x3264C8));
-        EXPECT_EQ(StateCount(image), 1);
-        EXPECT_EQ(StateFileNames().size(), files);
-    }
+        frmBWiz->BordList.ListIndex(4);
+        frmBWiz->SL1.Value(5);
+        PressPreview();
+    });
+    EXPECT_EQ(BWizStyle, 0);
+    EXPECT_EQ(BWizSize, 0);
+    EXPECT_EQ(StateFileNames().size(), files);
 }
 
 // 516 pixels on 258 of the sample: a size of 40 is one of 20 there, and a frame size of 60 one of 30.
@@ -303,14 +336,14 @@ TEST_F(FrameWizardTest, TheCurrentColourIsTakenAndKept) {
 
 TEST_F(FrameWizardTest, AChosenColourClearsTheTickOfTheCurrentOne) {
     NewDocument(40, 30);
-    const DialogScript script({[](QWidget&) {
+    const DialogScript script({[](QWidget& dialog) {
                                    frmBWiz->BordList.ListIndex(4);
                                    frmBWiz->Check3.Value(1);
                                    ClickWidget(WidgetFor(frmBWiz->cmdColorsel));
                                    EXPECT_EQ(frmBWiz->Check3.Value(), 0);
                                    EXPECT_EQ(BWizColour, 0x302010);
                                    EXPECT_EQ(frmBWiz->cmdColorsel.BackColor(), 0x302010);
-                                   PressCancel();
+                                   PressButton(dialog, "Cancelar");
                                },
                                [](QWidget& dialog) {
                                    auto* colours = dynamic_cast<QColorDialog*>(&dialog);
@@ -321,30 +354,50 @@ TEST_F(FrameWizardTest, AChosenColourClearsTheTickOfTheCurrentOne) {
     Choose(frmMain->mnuBorderWiz);
 }
 
-TEST_F(FrameWizardTest, ASizeFarBeyondTheImageStaysWithinIt) {
-    const Picture picture = RandomPicture(10, 10, 4);
-    for (int style = 0; style < 7; ++style) {
-        SCOPED_TRACE(style);
-        frmImage& image = OpenPicture("a.bmp", picture);
-        Apply(style, 100, 100, 200);
-        EXPECT_EQ(ImageOf(image).Width(), 10);
-        EXPECT_EQ(StateCount(image), 2);
-        EXPECT_TRUE(untrapped.empty());
-    }
+TEST_F(FrameWizardTest, AColourDialogThatIsCancelledKeepsTheColour) {
+    NewDocument(40, 30);
+    BWizColour = 0x2040C0;
+    frmMain->SetCurrentColour(0x123456);
+    const DialogScript script({[](QWidget& dialog) {
+                                   EXPECT_EQ(frmBWiz->cmdColorsel.BackColor(), 0x2040C0);
+                                   frmBWiz->BordList.ListIndex(4);
+                                   frmBWiz->Check3.Value(1);
+                                   ClickWidget(WidgetFor(frmBWiz->cmdColorsel));
+                                   EXPECT_EQ(frmBWiz->Check3.Value(), 0);
+                                   EXPECT_EQ(BWizColour, 0x123456);
+                                   EXPECT_EQ(frmBWiz->cmdColorsel.BackColor(), 0x123456);
+                                   PressButton(dialog, "Cancelar");
+                               },
+                               PressesEscape()});
+    Choose(frmMain->mnuBorderWiz);
 }
 
-TEST_F(FrameWizardTest, AnImageOfOnePixelCanBeFramed) {
-    for (int style = 0; style < 7; ++style) {
-        frmImage& image = NewDocument(1, 1, 0x3264C8);
-        InWizard([=] {
-            frmBWiz->BordList.ListIndex(style);
-            frmBWiz->SL1.Value(100);
-            PressPreview();
-            PressApply();
-        });
-        EXPECT_EQ(StateCount(image), 2) << style;
-        EXPECT_TRUE(untrapped.empty()) << style;
-    }
+TEST_F(FrameWizardTest, ASizeFarBeyondTheImageStaysWithinIt) {
+    ExpectEveryStyleAsModel(RandomPicture(10, 10, 4), 100, 100, 200);
+    ExpectEveryStyleAsModelInside(RandomPicture(20, 20, 4), {4, 5, 14, 15}, 100, 30, 200);
+    EXPECT_TRUE(untrapped.empty());
+}
+
+// Row and column 0 belong to no band.
+TEST_F(FrameWizardTest, AnImageOfOnePixelKeepsItInEveryStyle) {
+    ExpectEveryStyleAsModel(Solid(1, 1, 0x3264C8), 100, 100, 200);
+    InWizard([] {
+        frmBWiz->SL1.Value(100);
+        PressPreview();
+    });
+    EXPECT_TRUE(untrapped.empty());
+}
+
+TEST_F(FrameWizardTest, WithoutATemporaryFolderTheFrameIsPaintedUnrecorded) {
+    const Picture picture = RandomPicture(40, 30, 4);
+    frmImage& image = OpenPicture("a.bmp", picture);
+    TempFoldersForTests(false);
+    BWizColour = 0x2040C0;
+    Apply(4, 5, 0, 0);
+    TempFoldersForTests(true);
+    ExpectSamePixels(ImageOf(image), FramedByModel(picture, 4, 5, 0, 0));
+    EXPECT_EQ(StateCount(image), 1);
+    EXPECT_FALSE(image.alreadysaved);
 }
 
 TEST_F(FrameWizardTest, ADocumentClosedBehindTheDialogIsLeftAlone) {
