@@ -4,10 +4,15 @@
 #include "Program.h"
 
 #include "document/States.h"
+#include "imageops/frmAddBord.h"
+#include "imageops/frmBWiz.h"
+#include "imageops/frmResize.h"
 #include "imageops/ImageCommands.h"
+#include "imageops/SizeCommands.h"
 
 #include <chrono>
 #include <fstream>
+#include <QTimer>
 
 namespace pintalux {
 namespace {
@@ -66,11 +71,53 @@ void TurnQuarter(benchmark::State& state) {
 void StepRed(benchmark::State& state) {
     WholeCommand(state, [] { mnuColInc_Click(0); });
 }
+/// A command with a dialog, which is used at once as soon as it shows.
+void WithDialog(void (*command)(), void (*use)()) {
+    QTimer::singleShot(0, use);
+    command();
+}
+void AddBorders(benchmark::State& state) {
+    WholeCommand(state, [] {
+        WithDialog(mnuAddBorders_Click, [] {
+            frmAddBord->ChSym.Value(1);
+            frmAddBord->VSLeft.Value(frmAddBord->VSLeft.Max() - 21);
+            frmAddBord->cmdApply_Click();
+        });
+    });
+}
+/// To the largest size that the dialog allows.
+void ResizeToFit(benchmark::State& state) {
+    WholeCommand(state, [] {
+        WithDialog(mnuResize_Click, [] {
+            frmResize->VSPXw.Value(frmResize->VSPXw.Max() - 2133);
+            frmResize->cmdOK_Click();
+        });
+    });
+}
+template <int style>
+void PaintFrameOfStyle(benchmark::State& state) {
+    WholeCommand(state, [] {
+        WithDialog(mnuBorderWiz_Click, [] {
+            frmBWiz->BordList.ListIndex(style);
+            frmBWiz->SL1.Value(frmBWiz->SL1.Max());
+            frmBWiz->SL2.Value(frmBWiz->SL2.Max());
+            frmBWiz->cmdApply_Click();
+        });
+    });
+}
 
 BENCHMARK(FlipHorizontally)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
 BENCHMARK(TurnHalf)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
 BENCHMARK(TurnQuarter)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
 BENCHMARK(StepRed)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
+BENCHMARK(AddBorders)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+BENCHMARK(ResizeToFit)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(1); // Leaves a small image.
+BENCHMARK(PaintFrameOfStyle<0>)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+BENCHMARK(PaintFrameOfStyle<3>)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+BENCHMARK(PaintFrameOfStyle<4>)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
 
 } // namespace
 } // namespace pintalux
