@@ -17,7 +17,7 @@ AutoForm<frmResizeForm> frmResize;
 
 namespace {
 
-constexpr int kLargestTwips = 32000; // Of a side.
+constexpr double kLargestTwips = 32000; // Of a side.
 constexpr std::size_t kPixelDigits = 4;
 constexpr std::size_t kPercentDigits = 3;
 

@@ -53,7 +53,7 @@ void GatherRun(const Bitmap& from, const StretchMap& map, int i, int sourceY, in
                Pixel* out) {
     const bool mirrored = map.columns.source.front() > map.columns.source.back();
     for (int done = 0; done < count;) {
-        const int column = map.columns.source[static_cast<std::size_t>(i + done)];
+        const int column = map.columns.source[static_cast<std::size_t>(i) + static_cast<std::size_t>(done)];
         if (mirrored) {
             const int first = std::max(column - column % Bitmap::kTileWidth, column - (count - done - 1));
             const Pixel* pixels = from.Run(first, sourceY).data();
