@@ -111,6 +111,19 @@ def SymmetricalBordersFollowEachOther(desktop, picture):
     return grown(picture, 7, 7, 7, 7, (255, 0, 0))
 
 
+@on_sample(BORDERS)
+def BordersFollowTheArrowsOfTheirBars(desktop, picture):
+    desktop.keys("Tab", *["Up"] * 3)  # the top's, from 1
+    desktop.keys("Tab", "Tab", *["Up"] * 6, "Down")
+    return grown(picture, 4, 5, 0, 0, WHITE)
+
+
+@on_sample(RESIZE)
+def SizeFollowsTheArrowsOfItsBar(desktop, picture):
+    desktop.keys("Tab", *["Up"] * 5)
+    return stretched(picture, 125, 94)  # 93.75 high
+
+
 @on_sample(RESIZE)
 def NewWidthTakesTheHeightAlong(desktop, picture):
     desktop.type("80")
