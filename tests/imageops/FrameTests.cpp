@@ -161,6 +161,11 @@ TEST_P(FrameModelTest, TheEndsOfTheSlidersAreAsTheModel) {
     }
 }
 
+// More pixels than a frame takes at a time.
+TEST_P(FrameModelTest, ALargePictureIsAsTheModel) {
+    ExpectAsModel(GetParam(), 8200, 320, 17, {90, 60, 140, 70, true, true});
+}
+
 TEST_P(FrameModelTest, ASideAbove32767IsAnOverflowWithNothingDrawn) {
     for (const PictureSize size : {PictureSize{32769, 1}, PictureSize{1, 32769}}) {
         const Bitmap picture = Flat(size.width, size.height, 0x102030);
