@@ -275,6 +275,7 @@ TEST_F(FrameWizardTest, EveryOtherWayOutChangesNothing) {
         frmBWiz->SL1.Value(5);
         PressPreview();
     });
+    EXPECT_FALSE(BWizCancelled);
     EXPECT_EQ(BWizStyle, 0);
     EXPECT_EQ(BWizSize, 0);
     EXPECT_EQ(StateFileNames().size(), files);
@@ -298,6 +299,29 @@ TEST_F(FrameWizardTest, ThePreviewScalesLengths) {
         EXPECT_TRUE(frmMain->Pb.Visible());
     });
     EXPECT_EQ(BWizFrameSize, 0);
+}
+
+TEST_F(FrameWizardTest, TheSampleShowsTheRectangle) {
+    frmImage& image = NewDocument(40, 40);
+    image.PicMerge.LineBF(10, 10, 19, 19, 0x0000FF);
+    FloatRectangle(image, 10, 10, 10, 10);
+    InWizard([] { ExpectSamePixels(frmBWiz->imgSample.Picture(), Solid(258, 258, 0x0000FF)); });
+    EXPECT_TRUE(image.PicSelect.Visible());
+    EXPECT_EQ(image.PicSelect.Width(), 10);
+}
+
+TEST_F(FrameWizardTest, ARectangleIsFramedInItsOwnPixelsAtEveryZoom) {
+    const Picture picture = RandomPicture(64, 48, 2);
+    for (const double factor : {3.0, 16.0, 0.5, 0.125}) {
+        SCOPED_TRACE(factor);
+        frmImage& image = OpenPicture("a.bmp", picture);
+        ShowAtFactor(image, factor);
+        FloatRectangle(image, 16, 8, 32, 24);
+        const Picture piece = image.SelHolder.Image();
+        BWizColour = 0x2040C0;
+        Apply(4, 5, 0, 0);
+        ExpectSamePixels(ImageOf(image), With(picture, 16, 8, FramedByModel(piece, 4, 5, 0, 0)));
+    }
 }
 
 TEST_F(FrameWizardTest, ThePreviewLeavesIntensitiesAndStartsAfresh) {
