@@ -80,6 +80,8 @@ class frmMainForm : public MDIForm,
     void PollDocument();
     void PollUndo();
     void PollShown();
+    // frmMain_Recovery.cpp
+    void OfferRecovery();
     // frmMain_Exit.cpp
     void UnloadDialogs();
     void SaveViews();

@@ -7,6 +7,7 @@
 #include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
+#include "document/Recovery.h"
 #include "files/FileNames.h"
 #include "settings/frmPrefs.h"
 #include "settings/Setting.h"
@@ -49,7 +50,9 @@ void frmMainForm::MDIForm_Load() try {
     ReadViews();
     ReadRecentFiles();
     TakeCommandLine();
-    if (!handedOver_) StartupConfig();
+    if (handedOver_) return;
+    if (KeepsRuns) BeginRun();
+    StartupConfig();
 } catch (...) {
     MsgBox("Erro de Arranque(Main) nº " + NumberText(CurrentError().Number()));
 }
@@ -133,6 +136,7 @@ void frmMainForm::StartupConfig() {
         cmdTools_Click(0);
         EmptyTray();
         cmdTools_Click(4);
+        if (KeepsRuns) OfferRecovery();
     }
 }
 
@@ -158,6 +162,7 @@ void frmMainForm::Timer2_Timer() {
     SetClipboardViewer(*this);
     Timer2.Enabled(false);
     cmdTools_Click(4);
+    if (KeepsRuns) OfferRecovery();
 }
 
 void frmMainForm::OpenFirstDocument() {

@@ -1,10 +1,14 @@
 // Pintalux 64, a paint and image-retouching program.
 #include "app/frmMain.h"
 #include "app/StopMessage.h"
+#include "document/Recovery.h"
+#include "document/States.h"
 #include "files/FileNames.h"
 #include "surface/system/App.h"
+#include "surface/system/EndSignals.h"
 #include "surface/window/Events.h"
 
+#include <chrono>
 #include <csignal>
 
 int main(int argc, char** argv) {
@@ -12,11 +16,18 @@ int main(int argc, char** argv) {
     // A limit on the size of files is an error of the write, like a full disk; not the end.
     std::signal(SIGXFSZ, SIG_IGN);
     Application application(argc, argv);
+    KeepsRuns = true;
+    OnEndSignal(SettleDocuments);
+    States();
+    OnFault([] { States().WaitInSignal(std::chrono::seconds(10)); });
     OnUntrappedError = StopProgram;
     EndProgram = EndWithMessage;
     RunEvent(EventKind::Ordinary, [] {
         if (frmMain->HandedOver()) EndProcess(0);
         frmMain->Show();
     });
-    return frmMain.Loaded() ? application.Run() : 0; // A start that ended in its unload has no loop to leave.
+    const int code =
+        frmMain.Loaded() ? application.Run() : 0; // A start that ended in its unload has no loop to leave.
+    EndRun();
+    return code;
 }

@@ -5,6 +5,7 @@
 #include "document/frmNew.h"
 #include "document/Globals.h"
 #include "document/MainMenu.h"
+#include "document/Recovery.h"
 #include "document/Selection.h"
 #include "document/Workspace.h"
 #include "files/FileNames.h"
@@ -42,6 +43,7 @@ void TakeFile(frmImage& image, const std::string& path) try {
     image.Caption(FileNameOf(path));
     RememberFile(path);
     image.alreadysaved = true;
+    NoteDocuments();
 } catch (...) {
 }
 
@@ -114,6 +116,7 @@ SaveResult mnuFileSave_Click() {
     }
     if (!Write(image, *format, path)) return SaveResult::Failed;
     image.alreadysaved = true;
+    NoteDocuments();
     return SaveResult::Saved;
 }
 
@@ -165,6 +168,7 @@ void mnuFileMRU_Click(int Index) {
         image.Backup();
         image.Caption(FileNameOf(path));
         LockWindowUpdate(nullptr);
+        NoteDocuments();
     } catch (...) {
         // As in File Open: the empty window stays.
     }

@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
 #include "document/frmImage.h"
+#include "document/Recovery.h"
 #include "document/Selection.h"
 #include "document/States.h"
 #include "document/Workspace.h"
@@ -44,7 +45,7 @@ void WalkTo(const std::string& path, std::string (frmImage::*move)()) {
                BoxButtons::Ok, BoxIcon::Exclamation, kMessageTitle);
         return;
     }
-    ResumeNext([&] { FollowWithCleanCopy(image); }, [&] { (image.*move)(); },
+    ResumeNext([&] { FollowWithCleanCopy(image); }, [&] { (image.*move)(); }, [] { NoteDocuments(); },
                [&] { LockWindowUpdate(image.hWnd()); }, [] { ShowImage(); },
                [] { LockWindowUpdate(nullptr); });
 }

@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
+#include "document/Recovery.h"
 #include "document/Selection.h"
 #include "document/States.h"
 #include "document/Workspace.h"
@@ -97,6 +98,7 @@ void frmImage::Form_QueryUnload(bool& Cancel) {
 }
 
 void frmImage::Form_Unload() {
+    NoteDocuments(this);
     // A file that will not go must not keep the document.
     for (int i = 0; i < ListBackup.ListCount(); ++i)
         ResumeNext([&] { ForgetState(ListBackup.List(i)); });

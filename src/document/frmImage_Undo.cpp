@@ -7,6 +7,7 @@
 #include "document/Globals.h"
 #include "document/ImageMenus.h"
 #include "document/MainMenu.h"
+#include "document/Recovery.h"
 #include "document/Selection.h"
 #include "document/States.h"
 #include "document/Workspace.h"
@@ -61,6 +62,7 @@ void frmImage::Backup() {
     if (ListBUorder.ListIndex() >= 1) EnableImageMenus();
     if (SettingInteger("Undoredo", 1, 0, 1) == 0) TrimHistory();
     alreadysaved = false;
+    NoteDocuments();
 }
 
 void frmImage::TrimHistory() {

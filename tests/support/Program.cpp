@@ -5,6 +5,7 @@
 #include "devices/sane/SaneCalls.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
+#include "document/Recovery.h"
 #include "document/Workspace.h"
 #include "imageops/Frames.h"
 #include "imageops/frmAddBord.h"
@@ -62,6 +63,7 @@ void ResetGlobals() {
     CommonDialog1 = {};
     TheRandomNumbers = RandomNumbers{};
     ProgramClosing = frmMainForm::Closing = false;
+    KeepsRuns = false;
     ColorLock = WandStopped = false;
     CollectionCount = 0;
     LockWindowUpdate(nullptr);
@@ -102,11 +104,12 @@ void SendKey(QWidget& widget, int key, const QString& text,
 void ProgramTest::SetUp() {
     root_ = std::filesystem::temp_directory_path() / ("pintalux-test-" + std::to_string(getpid()));
     std::filesystem::remove_all(root_);
-    for (const char* name : {"settings", "temporary", "program", "pictures"}) {
+    for (const char* name : {"settings", "temporary", "program", "pictures", "state"}) {
         std::filesystem::create_directories(root_ / name);
     }
     setenv("XDG_CONFIG_HOME", (root_ / "settings").c_str(), 1);
     setenv("XDG_RUNTIME_DIR", (root_ / "program").c_str(), 1);
+    setenv("XDG_STATE_HOME", (root_ / "state").c_str(), 1);
     setenv("TMPDIR", (root_ / "temporary").c_str(), 1);
     App.PathForTests((root_ / "program").string());
     App.CommandForTests("");

@@ -238,7 +238,9 @@ void StateFiles::SaveBehind(const Picture& picture, const std::string& path, con
     if (picture.Empty()) throw RuntimeError(kInvalidPicture, path);
     std::unique_lock lock(shared_->mutex);
     shared_->Withdraw(lock, path);
-    shared_->done.wait_for(lock, kLongestWait, [&] { return !shared_->Waits(document); });
+    shared_->done.wait_for(lock, kLongestWait, [&] {
+        return !shared_->Waits(document) && (document == nullptr || shared_->notes.empty());
+    });
     shared_->done.wait(lock, [&] { return shared_->pending.size() < kMostPending; });
     try {
         // The writer must not need memory to say that it failed.

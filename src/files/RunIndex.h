@@ -1,0 +1,66 @@
+// What a run keeps on disk of its open documents, so that the start after a run that died can bring them
+// back.
+//
+// Each run has an index, a text of its own in $XDG_STATE_HOME/Pintalux64, and a lock beside it that dies with
+// its process. An index whose lock nobody holds is left over.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace pintalux {
+
+/// One open document.
+struct RunDocument {
+    std::string file; ///< Its file; empty if it has none.
+    std::string caption;
+    bool saved = false;              ///< Nothing was changed since the last save.
+    int cursor = 0;                  ///< The place of the current state in `order`.
+    std::vector<std::string> states; ///< Paths of the state files.
+    std::vector<int> order;          ///< The undo order: places in `states`.
+    bool operator==(const RunDocument&) const = default;
+};
+
+/// The text of an index, a line for each fact.
+std::string IndexText(const std::vector<RunDocument>& documents);
+/// The documents of an index; what makes no sense is left out.
+std::vector<RunDocument> ReadIndex(const std::string& text);
+/// Those of a file; none if it cannot be read.
+std::vector<RunDocument> ReadIndexFile(const std::string& path);
+
+/// An open file that is locked, until the object goes.
+class RunLock {
+  public:
+    explicit RunLock(int descriptor) : descriptor_(descriptor) {}
+    ~RunLock();
+    RunLock(const RunLock&) = delete;
+    RunLock& operator=(const RunLock&) = delete;
+
+  private:
+    int descriptor_;
+};
+
+/// A run's two files.
+struct RunFiles {
+    std::string index;
+    std::string lock;
+    std::shared_ptr<RunLock> held; ///< While it lives, no other run takes these for left over.
+};
+
+/// Makes the files of a new run, both the user's alone; empty paths where no folder takes them.
+RunFiles MakeRunFiles();
+/// Those of runs that died, the oldest first.
+std::vector<RunFiles> LeftRuns();
+/// The indices of runs that go on, ours included.
+std::vector<std::string> LivingIndices();
+
+void DeleteRunFiles(const RunFiles& files);
+/// Whether a path looks like a state file: an index is believed no further when it comes to deleting.
+bool IsStateName(const std::string& path);
+
+/// Deletes what runs that died left behind more than 30 days ago: state files and halves of saves in the
+/// folders for temporary files and in `folders`, samples, and indices.
+void SweepOldFiles(const std::vector<std::string>& folders);
+
+} // namespace pintalux

@@ -1,0 +1,224 @@
+// What a run that died left behind: asked about at the next start, opened with its history.
+#include "document/Recovery.h"
+
+#include "document/FileCommands.h"
+#include "document/Globals.h"
+#include "document/States.h"
+#include "document/UndoCommands.h"
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+#include "surface/system/FileLayer.h"
+#include "surface/system/Folders.h"
+#include "surface/system/Pictures.h"
+
+#include <gtest/gtest.h>
+
+namespace pintalux {
+namespace {
+
+class RecoveryTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        KeepsRuns = true;
+    }
+    void TearDown() override {
+        ProgramTest::TearDown();
+        EndRun();
+    }
+    std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }
+
+    /// A state file as a run before wrote it.
+    std::string State(const Picture& picture) const {
+        static int number = 0;
+        const std::string path = Folder("temporary") + "/BI" + std::to_string(1000 + ++number) + ".tmp";
+        SavePicture(picture, path);
+        return path;
+    }
+    /// The index of a run that died with these documents open.
+    static void LeaveRun(const std::vector<RunDocument>& documents) {
+        MakeFolders(StateFolder());
+        PutBytes(Index(), IndexText(documents));
+    }
+    static std::string Index() { return StateFolder() + "/run-1-1.index"; }
+    /// A start with a file on its command line, so that no New dialog asks.
+    void StartAfter(const std::vector<DialogScript::Step>& answers) {
+        SavePicture(Solid(4, 4, kBlack), File("first.bmp"));
+        const DialogScript script(answers);
+        StartWhole(File("first.bmp"));
+        EXPECT_EQ(script.Count(), answers.size());
+    }
+    static frmImage& Document(int place) {
+        return static_cast<frmImage&>(*TheWorkspace.window->Children()[static_cast<std::size_t>(place)]);
+    }
+    /// Three states, the second one current.
+    RunDocument Three(const std::string& file) const {
+        return {file,
+                "Imagem 7",
+                false,
+                1,
+                {State(Solid(8, 6, kWhite)), State(Solid(8, 6, 0x11)), State(Solid(8, 6, 0x22))},
+                {0, 1, 2}};
+    }
+};
+
+TEST_F(RecoveryTest, YesOpensEachChangedDocumentWithItsHistory) {
+    LeaveRun({Three(""), Three(File("gone.bmp"))});
+    StartAfter({PressesButton("Sim")});
+    ASSERT_EQ(ImageCount, 3);
+    EXPECT_EQ(Document(1).Caption(), "Imagem 7");
+    EXPECT_EQ(Document(2).AFCurfile, File("gone.bmp"));
+    frmImage& image = Document(2);
+    ExpectSamePixels(ImageOf(image), Solid(8, 6, 0x11));
+    EXPECT_FALSE(image.alreadysaved);
+    mnuEditRedo_Click();
+    ExpectSamePixels(ImageOf(image), Solid(8, 6, 0x22));
+    mnuEditUndo_Click();
+    mnuEditUndo_Click();
+    ExpectSamePixels(ImageOf(image), Solid(8, 6, kWhite));
+    EXPECT_FALSE(std::filesystem::exists(Index()));
+}
+
+TEST_F(RecoveryTest, ADocumentThatCameBackIsAskedAboutAtItsClose) {
+    RunDocument document = Three("");
+    document.cursor = 0;
+    document.states[0] =
+        State(RandomPicture(8, 6, 3)); // a pasted picture: it has no file and no earlier state
+    LeaveRun({document});
+    StartAfter({PressesButton("Sim")});
+    ASSERT_EQ(ImageCount, 2);
+    const DialogScript script({PressesButton("Cancelar")});
+    EXPECT_FALSE(Document(1).Unload());
+    EXPECT_EQ(script.Count(), 1U);
+}
+
+TEST_F(RecoveryTest, WhatCameBackStandsInTheIndexOfThisRun) {
+    const RunDocument document = Three("");
+    LeaveRun({document});
+    StartAfter({PressesButton("Sim")});
+    States().Settle();
+    const std::vector<std::string> ours = LivingIndices();
+    ASSERT_EQ(ours.size(), 1U);
+    const std::vector<RunDocument> noted = ReadIndexFile(ours[0]);
+    ASSERT_EQ(noted.size(), 2U);
+    EXPECT_EQ(noted[1].caption, "Imagem 7");
+    EXPECT_EQ(noted[1].states,
+              (std::vector<std::string>{"", document.states[0], document.states[1], document.states[2]}));
+    EXPECT_EQ(noted[1].order, (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(noted[1].cursor, 1);
+}
+
+TEST_F(RecoveryTest, NoKeepsEverythingForTheNextStart) {
+    const RunDocument document = Three("");
+    LeaveRun({document});
+    StartAfter({PressesButton("Não")});
+    EXPECT_EQ(ImageCount, 1);
+    EXPECT_EQ(ReadIndexFile(Index()), std::vector<RunDocument>{document});
+    EXPECT_EQ(FindLeftDocuments().documents.size(), 1U);
+}
+
+TEST_F(RecoveryTest, DeletingAsksOnceMore) {
+    const RunDocument document = Three("");
+    LeaveRun({document});
+    StartAfter({PressesButton("Apagar"), PressesButton("Não")});
+    EXPECT_TRUE(std::filesystem::exists(document.states[1]));
+    EXPECT_TRUE(std::filesystem::exists(Index()));
+}
+
+TEST_F(RecoveryTest, DeletingTakesStatesAndIndex) {
+    const RunDocument document = Three("");
+    LeaveRun({document});
+    StartAfter({PressesButton("Apagar"), PressesButton("Apagar")});
+    for (const std::string& state : document.states)
+        EXPECT_FALSE(std::filesystem::exists(state));
+    EXPECT_FALSE(std::filesystem::exists(Index()));
+}
+
+TEST_F(RecoveryTest, AnIndexDeletesNothingButStates) {
+    SavePicture(Solid(3, 3, kBlack), File("photo.bmp"));
+    RunDocument document = Three("");
+    document.states.push_back(File("photo.bmp"));
+    LeaveRun({document});
+    StartAfter({PressesButton("Apagar"), PressesButton("Apagar")});
+    EXPECT_TRUE(std::filesystem::exists(File("photo.bmp")));
+}
+
+TEST_F(RecoveryTest, ABrokenStateFallsBackToTheOneBefore) {
+    RunDocument document = Three("");
+    document.cursor = 2;
+    std::filesystem::resize_file(document.states[2], 60);
+    LeaveRun({document});
+    StartAfter({PressesButton("Sim")});
+    ExpectSamePixels(ImageOf(Document(1)), Solid(8, 6, 0x11));
+    EXPECT_EQ(Document(1).ListBUorder.ListCount(), 2);
+}
+
+TEST_F(RecoveryTest, WhatWasSavedOrNeverChangedIsNotAskedAbout) {
+    RunDocument saved = Three(File("a.bmp"));
+    saved.saved = true;
+    RunDocument opened = Three(File("b.bmp"));
+    opened.cursor = 0;
+    RunDocument blank = Three("");
+    blank.cursor = 0;
+    RunDocument gone = Three("");
+    for (const std::string& state : gone.states)
+        std::filesystem::remove(state);
+    LeaveRun({saved, opened, blank, gone});
+    StartAfter({});
+    EXPECT_EQ(ImageCount, 1);
+    EXPECT_FALSE(std::filesystem::exists(Index()));
+    EXPECT_FALSE(std::filesystem::exists(saved.states[0]));
+}
+
+TEST_F(RecoveryTest, ARunThatGoesOnIsNobodysToOpen) {
+    const RunFiles other = MakeRunFiles();
+    PutBytes(other.index, IndexText({Three("")}));
+    StartAfter({});
+    EXPECT_EQ(ImageCount, 1);
+    EXPECT_TRUE(std::filesystem::exists(other.index));
+}
+
+TEST_F(RecoveryTest, TheIndexFollowsEditsUndoSaveAndClose) {
+    StartAfter({});
+    const auto noted = [] {
+        States().Settle();
+        return ReadIndexFile(LivingIndices().at(0));
+    };
+    frmImage& image = Document(0);
+    EXPECT_EQ(noted().at(0).file, File("first.bmp"));
+    Edit(image, 0x123456);
+    EXPECT_EQ(noted().at(0).cursor, 1);
+    mnuEditUndo_Click();
+    EXPECT_EQ(noted().at(0).cursor, 0);
+    mnuEditRedo_Click();
+    EXPECT_FALSE(noted().at(0).saved);
+    mnuFileSave_Click();
+    EXPECT_TRUE(noted().at(0).saved);
+    image.Unload();
+    EXPECT_TRUE(noted().empty());
+}
+
+TEST_F(RecoveryTest, ACleanEndLeavesNothing) {
+    StartAfter({});
+    EXPECT_TRUE(frmMain.Unload());
+    EndRun();
+    EXPECT_TRUE(std::filesystem::is_empty(StateFolder()));
+    EXPECT_TRUE(StateFileNames().empty());
+}
+
+TEST_F(RecoveryTest, WhatFloatsIsRecordedBeforeTheEnd) {
+    StartAfter({});
+    frmImage& image = Document(0);
+    image.lbltext.Caption(" texto");
+    image.lbltext.FontSize(20);
+    image.lbltext.Visible(true);
+    SettleDocuments();
+    EXPECT_FALSE(image.lbltext.Visible());
+    EXPECT_EQ(ReadIndexFile(LivingIndices().at(0)).at(0).cursor, 1);
+    image.alreadysaved = true;
+}
+
+} // namespace
+} // namespace pintalux
