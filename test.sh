@@ -2,7 +2,8 @@
 # test.sh [--quick] [part...]: installs what is missing, builds, runs the tests, and closes with the count.
 #
 # Parts, in this order: unit (unit and form tests, release build), sanitizers (the same under the address and
-# undefined-behaviour sanitizers), checks (rules of the code and the documents), desktop (the real program on a display).
+# undefined-behaviour sanitizers), checks (rules of the code and the documents), desktop (the real program on a display),
+# kill (the program killed at random moments, and what comes back of its documents).
 # Without parts all run; --quick leaves the sanitizers out. The output of each program is kept in build/test-output.
 set -uo pipefail
 cd "$(dirname "$(readlink -f "$0")")" || exit 1
@@ -107,21 +108,26 @@ part_desktop() {
     run_lines desktop tests/desktop/run.py
 }
 
+part_kill() {
+    build release seeded_edits || return
+    run_lines kill tests/kill/run.py
+}
+
 parts=()
 quick=no
 for argument in "$@"; do
     case $argument in
         --quick) quick=yes ;;
-        unit | sanitizers | checks | desktop) parts+=("$argument") ;;
+        unit | sanitizers | checks | desktop | kill) parts+=("$argument") ;;
         *)
-            sed -n '2,6s/^# \{0,1\}//p' "$0" >&2
+            sed -n '2,7s/^# \{0,1\}//p' "$0" >&2
             exit 2
             ;;
     esac
 done
 if [ "${#parts[@]}" -eq 0 ]; then
-    parts=(unit sanitizers checks desktop)
-    if [ "$quick" = yes ]; then parts=(unit checks desktop); fi
+    parts=(unit sanitizers checks desktop kill)
+    if [ "$quick" = yes ]; then parts=(unit checks desktop kill); fi
 fi
 
 scripts/install-packages.sh build run display test || exit 1

@@ -1,0 +1,164 @@
+// seeded_edits: the program, offscreen, edited by a seed until it is killed; and the start after that.
+//
+//   seeded_edits edit <seed> <picture>...   opens the pictures and edits them for ever. Of each edit it
+//   prints
+//                                           "begin <state> <document> <digest>" when the image shows it and
+//                                           "done <state> <document> <digest>" when the edit is finished. The
+//                                           state is 0 for the picture as it was opened.
+//   seeded_edits recover <picture>          starts with the picture, opens what was left and prints
+//                                           "open <states> <document> <digest>" for each.
+#include "app/frmMain.h"
+#include "base/Arithmetic.h"
+#include "base/NumberText.h"
+#include "document/FileCommands.h"
+#include "document/frmImage.h"
+#include "document/Recovery.h"
+#include "document/UndoCommands.h"
+#include "document/Workspace.h"
+#include "imageops/ImageCommands.h"
+#include "surface/system/App.h"
+#include "surface/window/Events.h"
+#include "surface/window/MDIForm.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <QApplication>
+#include <QPushButton>
+#include <QTimer>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace pintalux {
+namespace {
+
+std::uint64_t DigestOf(const Picture& picture) {
+    std::uint64_t digest = 14695981039346656037U;
+    const auto take = [&digest](std::uint64_t value) { digest = (digest ^ value) * 1099511628211U; };
+    take(static_cast<std::uint64_t>(picture.Width()));
+    take(static_cast<std::uint64_t>(picture.Height()));
+    for (int y = 0; y < picture.Height(); ++y) {
+        for (int x = 0; x < picture.Width(); ++x)
+            take(picture.At(x, y));
+    }
+    return digest;
+}
+
+void Say(const char* word, int number, const frmImage& image) {
+    std::printf("%s %d %s %016llx\n", word, number, image.Caption().c_str(),
+                static_cast<unsigned long long>(DigestOf(image.PicMerge.Image())));
+    std::fflush(stdout);
+}
+
+int StateOf(const frmImage& image) {
+    return ToInt32(Val(image.ListBUorder.List(image.ListBUorder.ListIndex())));
+}
+
+std::vector<frmImage*> Documents() {
+    std::vector<frmImage*> documents;
+    for (const auto& child : TheWorkspace.window->Children())
+        documents.push_back(static_cast<frmImage*>(child.get()));
+    return documents;
+}
+
+class Editor {
+  public:
+    explicit Editor(unsigned seed) : random_(seed) {}
+
+    void EditOnce() {
+        const std::vector<frmImage*> documents = Documents();
+        frmImage& image = *documents[Below(documents.size())];
+        image.Show();
+        switch (Below(8)) {
+        case 0:
+            mnuEditUndo_Click();
+            break;
+        case 1:
+            mnuEditRedo_Click();
+            break;
+        case 2:
+            mnuFlipH_Click();
+            break;
+        case 3:
+            mnuRotate90_Click();
+            break;
+        default:
+            Fill(image);
+        }
+        Say("done", StateOf(image), image);
+    }
+
+  private:
+    std::size_t Below(std::size_t count) { return random_() % count; }
+
+    void Fill(frmImage& image) {
+        const auto at = [this](int side) { return static_cast<int>(Below(static_cast<std::size_t>(side))); };
+        const int width = image.PicMerge.PixelWidth();
+        const int height = image.PicMerge.PixelHeight();
+        image.PicMerge.LineBF(at(width), at(height), at(width), at(height),
+                              static_cast<Colour>(Below(0x1000000)));
+        Say("begin", image.ListBackup.ListCount(), image);
+        image.Backup();
+    }
+
+    std::mt19937 random_;
+};
+
+void EditForEver(unsigned seed, const std::vector<std::string>& pictures) {
+    for (std::size_t i = 1; i < pictures.size(); ++i)
+        OpenDocument(pictures[i]);
+    Editor editor(seed);
+    for (;;) {
+        editor.EditOnce();
+        QApplication::processEvents();
+    }
+}
+
+// Presses the button that opens what was left, as soon as the question stands.
+void PressYes() {
+    QWidget* box = QApplication::activeModalWidget();
+    if (box == nullptr) return;
+    for (QPushButton* button : box->findChildren<QPushButton*>())
+        if (button->text().remove('&') == "Sim") return button->click();
+}
+
+int ShowWhatCameBack() {
+    QTimer presser;
+    QObject::connect(&presser, &QTimer::timeout, PressYes);
+    presser.start(5);
+    while (frmMain->Timer2.Enabled())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const std::vector<frmImage*> documents = Documents();
+    for (std::size_t i = 1; i < documents.size(); ++i) {
+        Say("open", documents[i]->ListBUorder.ListCount(), *documents[i]);
+    }
+    std::fflush(stdout);
+    std::_Exit(0);
+}
+
+int Run(const std::string& word, unsigned seed, const std::vector<std::string>& pictures) {
+    KeepsRuns = true;
+    App.CommandForTests(pictures.at(0));
+    frmMain->Show();
+    if (word == "recover") return ShowWhatCameBack();
+    while (frmMain->Timer2.Enabled())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EditForEver(seed, pictures);
+    return 0;
+}
+
+} // namespace
+} // namespace pintalux
+
+int main(int argc, char** argv) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    pintalux::Application application(argc, argv);
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    if (words.size() >= 3 && words[0] == "edit")
+        return pintalux::Run("edit", static_cast<unsigned>(std::stoul(words[1])),
+                             {words.begin() + 2, words.end()});
+    if (words.size() == 2 && words[0] == "recover") return pintalux::Run("recover", 0, {words[1]});
+    std::fputs("seeded_edits edit <seed> <picture>... | recover <picture>\n", stderr);
+    return 2;
+}
