@@ -80,6 +80,7 @@ class frmMainForm : public MDIForm,
     void PollDocument();
     void PollUndo();
     void PollShown();
+    void PollDisk();
     // frmMain_Recovery.cpp
     void OfferRecovery();
     // frmMain_Exit.cpp
@@ -90,7 +91,8 @@ class frmMainForm : public MDIForm,
     bool commandFileGiven_ = false;
     bool handedOver_ = false;
     std::int16_t tickCounter_ = 0;
-    Flag cutWaits_; ///< Cut and Copy come back when a document shows again.
+    Flag toldOfDisk_; ///< The user knows that the disk refuses states.
+    Flag cutWaits_;   ///< Cut and Copy come back when a document shows again.
     Registered<MDIForm>::Entry entry_{TheWorkspace.window, *this};
 };
 

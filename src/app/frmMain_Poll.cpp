@@ -7,12 +7,15 @@
 #include "document/Globals.h"
 #include "document/ImageMenus.h"
 #include "document/Selection.h"
+#include "document/States.h"
 #include "document/Workspace.h"
 #include "document/Zoom.h"
 #include "files/FileNames.h"
 #include "surface/system/App.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/MsgBox.h"
+#include "surface/window/Screen.h"
 
 #include <utility>
 
@@ -23,6 +26,7 @@ void frmMainForm::Timer1_Timer() {
     PollPaste();
     PollDocument();
     PollShown();
+    PollDisk();
 }
 
 // Intended: the file is deleted before its picture is opened, so that a picture that fails is not tried for
@@ -88,6 +92,19 @@ void frmMainForm::PollUndo() {
     mnuEditRedo.Enabled(false);
     TB2.Buttons(kUndoButton).Enabled(false);
     TB2.Buttons(kRedoButton).Enabled(false);
+}
+
+// Once for each time that the disk is full: painting goes on, and what it refused is written when there is
+// room.
+void frmMainForm::PollDisk() {
+    if (!States().Refused()) {
+        toldOfDisk_ = false;
+    } else if (!toldOfDisk_ && !UserIsBusy()) {
+        toldOfDisk_ = true;
+        MsgBox("O disco não aceita mais passos de Desfazer: por agora estão só na memória. Pode continuar; o "
+               "programa guarda-os logo que haja espaço. Salve a imagem, se puder noutro disco.",
+               BoxButtons::Ok, BoxIcon::Exclamation, kMessageTitle);
+    }
 }
 
 } // namespace pintalux

@@ -72,6 +72,7 @@ struct UndoLists {
                            ///< current state.
     ListStore ListBUtemp;  ///< Stays empty.
     std::string sfilename; ///< The newest state file.
+    int before = -1;       ///< The entry of `ListBackup` that was current before the last edit; -1 for none.
 };
 
 /// Zoom level and factor of one window.

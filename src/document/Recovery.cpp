@@ -26,6 +26,7 @@ RunDocument RecordOf(const frmImage& image) {
     document.caption = image.Caption();
     document.saved = image.alreadysaved;
     document.cursor = image.ListBUorder.ListIndex();
+    document.before = image.before;
     for (int i = 0; i < image.ListBackup.ListCount(); ++i)
         document.states.push_back(image.ListBackup.List(i));
     for (int i = 0; i < image.ListBUorder.ListCount(); ++i)
@@ -37,17 +38,24 @@ const std::string& StateAt(const RunDocument& document, int position) {
     return document.states[static_cast<std::size_t>(document.order[static_cast<std::size_t>(position)])];
 }
 
-/// Without the states whose files are gone or broke off. The cursor stays on its state, or goes to the
-/// nearest one before it that is whole, or else to the first one behind.
+/// Without the states whose files are gone or broke off. The cursor stays on its state; where that one broke
+/// off, it goes to what was current before it, or else to the nearest one in front of it that is whole.
 RunDocument WholePart(const RunDocument& document) {
     RunDocument whole = document;
     whole.order.clear();
     whole.cursor = 0;
+    int before = -1;
+    bool cursorIsWhole = false;
     for (int position = 0; position < static_cast<int>(document.order.size()); ++position) {
         if (!States().Adopt(StateAt(document, position))) continue;
-        if (position <= document.cursor) whole.cursor = static_cast<int>(whole.order.size());
-        whole.order.push_back(document.order[static_cast<std::size_t>(position)]);
+        const int place = document.order[static_cast<std::size_t>(position)];
+        const int there = static_cast<int>(whole.order.size());
+        if (place == document.before) before = there;
+        if (position <= document.cursor) whole.cursor = there;
+        if (position == document.cursor) cursorIsWhole = true;
+        whole.order.push_back(place);
     }
+    if (!cursorIsWhole && before >= 0) whole.cursor = before;
     return whole;
 }
 
@@ -127,6 +135,7 @@ void OpenLeftDocument(const RunDocument& document) {
     for (const int place : document.order)
         image.ListBUorder.AddItem(NumberText(place + 1));
     image.ListBUorder.ListIndex(document.cursor);
+    image.before = document.before < 0 ? -1 : document.before + 1;
     image.alreadysaved = false;
     ShowUndoState(image.ListBUorder);
     EnableImageMenus();

@@ -54,6 +54,7 @@ void frmImage::Backup() {
     FollowWithCleanCopy(*this);
     if (MakeTempFileName("", "BI", 0, sfilename)) {
         States().SaveBehind(PicMerge.Image(), sfilename, this);
+        before = ListBUorder.ListIndex() < 0 ? -1 : StateIndex(ListBUorder, ListBUorder.ListIndex());
         ListBackup.AddItem(sfilename);
         ListBUorder.AddItem(NumberText(ListBackup.ListCount() - 1));
         ListBUorder.ListIndex(ListBUorder.ListCount() - 1);

@@ -73,6 +73,7 @@ void TakeLine(const std::string& key, const std::string& value, std::vector<RunD
     if (key == "caption") document.caption = Unescaped(value);
     if (key == "saved") document.saved = value == "1";
     if (key == "cursor") document.cursor = NumberOf(value);
+    if (key == "before") document.before = NumberOf(value);
     if (key == "state") document.states.push_back(Unescaped(value));
     if (key == "order") document.order.push_back(NumberOf(value));
 }
@@ -134,7 +135,8 @@ std::string IndexText(const std::vector<RunDocument>& documents) {
     text << kFirstLine << "\nprocess " << ::getpid() << "\nwritten " << std::time(nullptr) << '\n';
     for (const RunDocument& document : documents) {
         text << "document\nfile " << Escaped(document.file) << "\ncaption " << Escaped(document.caption)
-             << "\nsaved " << document.saved << "\ncursor " << document.cursor << '\n';
+             << "\nsaved " << document.saved << "\ncursor " << document.cursor << "\nbefore "
+             << document.before << '\n';
         for (const std::string& state : document.states)
             text << "state " << Escaped(state) << '\n';
         for (const int place : document.order)

@@ -1,11 +1,15 @@
 // What may be used at a given moment: the poll of the main window.
 #include "support/Documents.h"
+#include "support/Pictures.h"
 #include "support/Program.h"
 
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "document/ImageMenus.h"
+#include "document/States.h"
+#include "support/DialogScript.h"
 #include "surface/system/Clipboard.h"
+#include "surface/system/Pictures.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -286,6 +290,26 @@ TEST_F(PollTest, DisablingSomeLeavesBordersResizingAndArranging) {
     for (const MenuItem* item : {&frmMain->mnuResize, &frmMain->mnuAddBorders, &frmMain->mnuBorderWiz})
         EXPECT_EQ(item->Enabled(), item->HasCommand()) << item->Name();
     EXPECT_TRUE(frmMain->mnuWindowCascade.Enabled());
+}
+
+TEST_F(PollTest, AFullDiskIsToldOnce) {
+    frmImage& image = NewDocument(700, 700);
+    SettleStates();
+    const DialogScript script({PressesButton("OK")});
+    {
+        const FullDisk full(1 << 20);
+        Edit(image, kBlack);
+        SettleStates();
+        Poll();
+        Poll();
+        EXPECT_EQ(script.Count(), 1U);
+    }
+    EXPECT_EQ(script.Dialog(0).icon, "exclamation");
+    EXPECT_NE(script.Dialog(0).text.find("na memória"), std::string::npos);
+    Edit(image, kWhite); // there is room again: what was refused follows what is written
+    SettleStates();
+    EXPECT_FALSE(States().Refused());
+    ExpectSamePixels(LoadPicture(image.ListBackup.List(1)), Solid(700, 700, kBlack));
 }
 
 } // namespace pintalux

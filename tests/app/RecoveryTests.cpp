@@ -55,11 +55,9 @@ class RecoveryTest : public ProgramTest {
     }
     /// Three states, the second one current.
     RunDocument Three(const std::string& file) const {
-        return {file,
-                "Imagem 7",
-                false,
-                1,
-                {State(Solid(8, 6, kWhite)), State(Solid(8, 6, 0x11)), State(Solid(8, 6, 0x22))},
+        return {file,     "Imagem 7",
+                false,    1,
+                0,        {State(Solid(8, 6, kWhite)), State(Solid(8, 6, 0x11)), State(Solid(8, 6, 0x22))},
                 {0, 1, 2}};
     }
 };
@@ -153,6 +151,18 @@ TEST_F(RecoveryTest, ABrokenStateFallsBackToTheOneBefore) {
     StartAfter({PressesButton("Sim")});
     ExpectSamePixels(ImageOf(Document(1)), Solid(8, 6, 0x11));
     EXPECT_EQ(Document(1).ListBUorder.ListCount(), 2);
+}
+
+// It was undone to the first one and edited: what was undone lies between them in the history.
+TEST_F(RecoveryTest, ABrokenStateFallsBackToWhatWasSeenBeforeIt) {
+    RunDocument document = Three("");
+    document.cursor = 2;
+    document.before = 0;
+    document.states[0] = State(RandomPicture(8, 6, 5));
+    std::filesystem::resize_file(document.states[2], 60);
+    LeaveRun({document});
+    StartAfter({PressesButton("Sim")});
+    ExpectSamePixels(ImageOf(Document(1)), RandomPicture(8, 6, 5));
 }
 
 TEST_F(RecoveryTest, WhatWasSavedOrNeverChangedIsNotAskedAbout) {

@@ -60,6 +60,9 @@ def PaintingOnAFullDiskLosesNothing(desktop):
     process, left, top = start_with_stroke(desktop, sample())
     desktop.tool("prlimit", f"--pid={process.pid}", "--fsize=4096:")
     paint_and_wait(desktop, left, top, OTHER_STROKE)
+    desktop.wait_for_window(QUESTION)  # it is told, once
+    desktop.keys("Return")
+    desktop.wait_until_gone(QUESTION)
     once, twice = with_stroke(sample(), STROKE), with_stroke(with_stroke(sample(), STROKE), OTHER_STROKE)
     desktop.keys("ctrl+d")
     desktop.wait_for_picture(once)

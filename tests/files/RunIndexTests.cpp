@@ -13,7 +13,7 @@ namespace pintalux {
 namespace {
 
 RunDocument Example() {
-    return {"/tmp/sol 100%\n.bmp", "sol", true, 1, {"/tmp/BI0001.tmp", "", "/tmp/BI0003.tmp"}, {2, 0}};
+    return {"/tmp/sol 100%\n.bmp", "sol", true, 1, 2, {"/tmp/BI0001.tmp", "", "/tmp/BI0003.tmp"}, {2, 0}};
 }
 
 class RunIndexTest : public testing::Test {
@@ -37,7 +37,7 @@ class RunIndexTest : public testing::Test {
 };
 
 TEST_F(RunIndexTest, DocumentsComeBackAsTheyWere) {
-    const std::vector<RunDocument> documents = {Example(), {"", "Imagem 1", false, 0, {"/a"}, {0}}};
+    const std::vector<RunDocument> documents = {Example(), {"", "Imagem 1", false, 0, -1, {"/a"}, {0}}};
     EXPECT_EQ(ReadIndex(IndexText(documents)), documents);
     EXPECT_TRUE(ReadIndex(IndexText({})).empty());
 }
@@ -105,7 +105,7 @@ TEST_F(RunIndexTest, WhatIsOlderThanThirtyDaysGoes) {
     for (const auto* list : {&stay, &go})
         for (const std::string& path : *list)
             PutBytes(path, "x");
-    PutBytes(living.index, IndexText({{"", "Imagem 1", false, 0, {stay[0]}, {0}}}));
+    PutBytes(living.index, IndexText({{"", "Imagem 1", false, 0, -1, {stay[0]}, {0}}}));
     for (const std::string& path : {stay[0], stay[2], go[0], go[1], go[2], living.index})
         MakeOld(path, 31);
     MakeOld(stay[1], 29);

@@ -47,6 +47,9 @@ def may_come_back(lines):
         # An edit that was begun and is finished is one edit.
         if word == "done" and edits and edits[-1][0] == "begin":
             edits.pop()
+        # A redo at the end of the history is none.
+        if edits and edits[-1] == (word, state, digest):
+            continue
         edits.append((word, state, digest))
     return {name: [(state, digest) for _, state, digest in edits[-3 if edits[-1][0] == "begin" else -2:]]
             for name, edits in shown.items()}

@@ -13,6 +13,10 @@
 
 namespace pintalux {
 
+void StopPoll() {
+    if (frmMain.Loaded()) frmMain->Timer1.Enabled(false);
+}
+
 void Choose(const MenuItem& item) {
     RunEvent(EventKind::Ordinary, item.Click);
 }

@@ -39,10 +39,15 @@ void PutBytes(const std::string& path, const std::string& bytes);
 /// Names in a folder, sorted, hidden files too.
 std::vector<std::string> NamesIn(const std::string& folder);
 
-/// No file grows beyond `bytes` while the object lives, as on a full disk.
+/// The main window, if there is one, polls no more.
+void StopPoll();
+
+/// No file grows beyond `bytes` while the object lives, as on a full disk. The poll, which tells of it,
+/// stops.
 class FullDisk {
   public:
     explicit FullDisk(rlim_t bytes) {
+        StopPoll();
         std::signal(SIGXFSZ, SIG_IGN);
         ::getrlimit(RLIMIT_FSIZE, &before_);
         const rlimit now = {bytes, before_.rlim_max};

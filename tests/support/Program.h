@@ -37,7 +37,8 @@ class ProgramTest : public ::testing::Test {
     /// Writes a BMP file and opens it.
     frmImage& OpenPicture(const std::string& name, const Picture& picture);
 
-    std::string Folder(const std::string& name) const; ///< "settings", "temporary", "program", "pictures" or "state".
+    std::string
+    Folder(const std::string& name) const; ///< "settings", "temporary", "program", "pictures" or "state".
     /// The state files in the temporary folder.
     std::vector<std::string> StateFileNames() const;
 

@@ -279,6 +279,11 @@ void StateFiles::WriteBehind(const std::string& path, const std::string& text) {
     shared_->work.notify_one();
 }
 
+bool StateFiles::Refused() const {
+    const std::lock_guard lock(shared_->mutex);
+    return !shared_->failed.empty();
+}
+
 void StateFiles::WaitInSignal(std::chrono::milliseconds longest) const {
     constexpr long kStep = 5; // milliseconds
     for (long waited = 0; shared_->toDo != 0 && waited < longest.count(); waited += kStep) {

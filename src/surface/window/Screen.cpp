@@ -96,6 +96,11 @@ CursorPosition ScreenObject::Reachable(const CursorPosition& place, int width, i
     return {nearest.x(), nearest.y()};
 }
 
+bool UserIsBusy() {
+    return QApplication::mouseButtons() != Qt::NoButton || QApplication::activeModalWidget() != nullptr ||
+           QApplication::activePopupWidget() != nullptr;
+}
+
 CursorPosition GetCursorPos() {
     const QPoint place = QCursor::pos();
     return {place.x(), place.y()};

@@ -32,6 +32,9 @@ struct ScreenObject {
 };
 extern ScreenObject Screen;
 
+/// A button of the mouse is held, or a modal window or a menu waits for an answer: no time for a message.
+bool UserIsBusy();
+
 /// The pointer's place on the screen, in the toolkit's pixels.
 CursorPosition GetCursorPos();
 
