@@ -71,6 +71,10 @@ frmImage& WholeImageForOperation() {
     return image;
 }
 
+void BringBack(frmImage& image) {
+    if (&ActiveImage() != &image) image.Show();
+}
+
 MaskOnlyFreehand::MaskOnlyFreehand(Target target) : kept_(FreeSelActive) {
     FreeSelActive = target == Target::Freehand;
 }
@@ -186,6 +190,7 @@ void RunOperation(frmImage& image, Target target,
                   const std::function<void(Surface& work, Surface& live)>& routine) {
     DoEvents(); // The dialog leaves the screen before the pixels are worked on.
     if (!image.Loaded()) return;
+    BringBack(image);
     if (target == Target::Rectangle) TakePastedPlace(image);
     const LoadedWork loaded(image, target);
     const auto [work, live] = SurfacesOf(image, target);

@@ -64,6 +64,8 @@ frmImage& ImageForOperation();
 /// The active document, for an operation that takes the whole image whatever floats: a piece that was grabbed
 /// or pasted is merged first.
 frmImage& WholeImageForOperation();
+/// Brings the document of a command back to the front: another one may have opened while its dialog stood.
+void BringBack(frmImage& image);
 
 /// While it lives, a freehand piece is masked and nothing else is: `FreeSelActive` goes by the target. At
 /// other times the flag says what the next paste makes float, and outlives its piece.

@@ -61,6 +61,7 @@ void mnuBorderWiz_Click() {
 
 void mnuAddBorders_Click() {
     frmImage& image = ActiveImage();
+    frmAddBord->document = &image;
     frmAddBord->ShowModal();
     if (BordersAdded && image.Loaded()) FitWindow(image);
 }
@@ -71,6 +72,7 @@ void mnuResize_Click() {
     frmResize->ShowImageSize();
     frmResize->ShowModal();
     if (ResizeCancelled || !image.Loaded()) return;
+    BringBack(image);
     WholeImageForOperation();
     EndFreehandPiece(image);
     StretchImage(image);

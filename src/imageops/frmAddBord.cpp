@@ -119,6 +119,7 @@ void frmAddBordForm::Form_Activate() {
 }
 
 void frmAddBordForm::cmdApply_Click() {
+    if (document != nullptr && document->Loaded()) BringBack(*document);
     frmImage& image = ActiveImage();
     const Colour colour = ListedColour(Combo1.ListIndex(), kBlack);
     const Margins margins{MarginIn(txtLeft), MarginIn(txtTop), MarginIn(txtRight), MarginIn(txtBottom)};

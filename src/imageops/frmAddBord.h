@@ -1,5 +1,5 @@
-// The dialog that grows the canvas: a margin on each side in a chosen colour. It works on the active document
-// itself.
+// The dialog that grows the canvas: a margin on each side in a chosen colour. It works on the document
+// that it was opened for itself.
 #pragma once
 
 #include "base/Flag.h"
@@ -8,6 +8,8 @@
 #include "surface/window/Inputs.h"
 
 namespace pintalux {
+
+class frmImage;
 
 class frmAddBordForm : public Form {
   public:
@@ -29,6 +31,9 @@ class frmAddBordForm : public Form {
     Label lblColour{*this, "lblColour", "&Cor do Bordo :"};
     ComboBox Combo1{*this, "Combo1", {"Branco", "Preto", "Vermelho", "Verde", "Azul", "Cor Actual"}};
     CommandButton cmdApply{*this, "cmdApply", "&Actualizar"}, cmdCancel{*this, "cmdCancel", "Cancelar"};
+
+    /// The document that the dialog was opened for.
+    frmImage* document = nullptr;
 
     void cmdApply_Click();
 

@@ -5,7 +5,11 @@
 #include "support/Program.h"
 
 #include "document/Globals.h"
+#include "imageops/frmAddBord.h"
+#include "imageops/frmFiltBrow.h"
+#include "imageops/frmResize.h"
 #include "surface/system/App.h"
+#include "surface/system/Clipboard.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"
 
@@ -222,6 +226,83 @@ TEST_F(HandOffTest, ASecondInstanceWithoutAFileIsASecondProgram) {
     EXPECT_TRUE(frmMain->Timer1.Enabled());
     EXPECT_FALSE(std::filesystem::exists(HandOffFile()));
     EXPECT_TRUE(WidgetFor(*frmMain).isVisible());
+}
+
+// While a dialog of a command stands.
+
+class HandOffAtADialogTest : public HandOffTest {
+  protected:
+    void TearDown() override {
+        Clipboard.Clear();
+        HandOffTest::TearDown();
+    }
+    /// A white document at 2:1 over which a pasted piece floats at 10, 6 of the image.
+    frmImage& PastedDocument() {
+        Start();
+        frmImage& image = OpenPicture("a.bmp", Solid(60, 40, kWhite));
+        Choose(frmMain->mnuZoomInX(1));
+        Clipboard.SetData(Solid(8, 6, 0x202020));
+        Choose(frmMain->mnuEditPaste);
+        image.PicSelect.Move(20, 12, 16, 12);
+        return image;
+    }
+    static Picture WithPiece(Colour colour) {
+        Picture result = Solid(60, 40, kWhite);
+        result.Copy(10, 6, Solid(8, 6, colour), {0, 0, 8, 6});
+        return result;
+    }
+    /// Runs a command, has another picture handed over while its dialog stands, and goes on with the dialog.
+    void Run(const MenuItem& command, const std::function<void()>& goOn) {
+        SavePicture(Solid(30, 20, kBlack), File("b.bmp"));
+        const DialogScript script({[&](QWidget&) {
+            HandOver(File("b.bmp") + "\n");
+            EXPECT_EQ(Image().Caption(), "b.bmp");
+            goOn();
+        }});
+        Choose(command);
+    }
+    static void ExpectOtherUntouched(const frmImage& image) {
+        EXPECT_EQ(&Image(), &image);
+        ASSERT_EQ(frmMain->Children().size(), 2U);
+        const auto& other = static_cast<const frmImage&>(*frmMain->Children().back());
+        ExpectSamePixels(ImageOf(other), Solid(30, 20, kBlack));
+        EXPECT_EQ(other.ListBUorder.ListCount(), 1);
+    }
+};
+
+TEST_F(HandOffAtADialogTest, AFilterTakesThePieceItWasOpenedFor) {
+    const frmImage& image = PastedDocument();
+    Run(frmMain->mnuFiltBrow, [] {
+        frmFiltBrow->FiltList.ListIndex(4); // inverts
+        ClickWidget(WidgetFor(frmFiltBrow->cmdApply));
+    });
+    ExpectSamePixels(ImageOf(image), WithPiece(0xDFDFDF));
+    EXPECT_FALSE(image.PicSelect.Visible());
+    ExpectOtherUntouched(image);
+}
+
+TEST_F(HandOffAtADialogTest, ANewSizeIsThatOfTheDocumentItWasAskedFor) {
+    const frmImage& image = PastedDocument();
+    Run(frmMain->mnuResize, [] {
+        frmResize->VSPXw.Value(frmResize->VSPXw.Max() - 120);
+        ClickWidget(WidgetFor(frmResize->cmdOK));
+    });
+    Picture expected = Solid(120, 80, kWhite);
+    expected.Copy(20, 12, Solid(16, 12, 0x202020), {0, 0, 16, 12});
+    ExpectSamePixels(ImageOf(image), expected);
+    EXPECT_FALSE(image.PicSelect.Visible());
+    EXPECT_EQ(image.factor, 1);
+    EXPECT_EQ(image.Image1.Width(), 120);
+    ExpectOtherUntouched(image);
+}
+
+TEST_F(HandOffAtADialogTest, BordersGoAroundTheDocumentTheyWereAskedFor) {
+    Start();
+    const frmImage& image = OpenPicture("a.bmp", Solid(60, 40, kBlack));
+    Run(frmMain->mnuAddBorders, [] { ClickWidget(WidgetFor(frmAddBord->cmdApply)); });
+    EXPECT_EQ(ImageOf(image).Width(), 60);
+    EXPECT_EQ(ImageOf(image).Height(), 41);
+    ExpectOtherUntouched(image);
 }
 
 } // namespace pintalux
