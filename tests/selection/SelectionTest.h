@@ -43,22 +43,28 @@ class SelectionTest : public ToolTest {
         Drag(image, points);
     }
 
-    /// Takes the piece under the pointer, carries it by a distance in screen pixels and lets it go.
-    static void Carry(Control& under, const Surface& piece, int dx, int dy) {
+    /// Takes the piece under the pointer, carries it by a distance in screen pixels and lets it go, as soon
+    /// as the timer of the drag has seen the pointer there.
+    static void Carry(Control& under, Timer& drag, int dx, int dy) {
         const QPoint start(400, 300);
         QCursor::setPos(start);
         Grab(under, QEvent::MouseButtonPress);
-        const double left = piece.Left();
-        const double top = piece.Top();
         QCursor::setPos(start + QPoint(dx, dy));
-        if (dx != 0 || dy != 0) WaitFor([&] { return piece.Left() != left || piece.Top() != top; }, 500);
+        bool followed = false;
+        const auto tick = drag.Tick;
+        drag.Tick = [&] {
+            tick();
+            followed = true;
+        };
+        EXPECT_TRUE(WaitFor([&] { return followed; }));
+        drag.Tick = tick;
         Grab(under, QEvent::MouseButtonRelease);
     }
     static void CarryRectangle(frmImage& image, int dx, int dy) {
-        Carry(image.SelectImage, image.PicSelect, dx, dy);
+        Carry(image.SelectImage, image.Timer1, dx, dy);
     }
     static void CarryFreehand(frmImage& image, int dx, int dy) {
-        Carry(image.PicFreeSelect, image.PicFreeSelect, dx, dy);
+        Carry(image.PicFreeSelect, image.TimerFS, dx, dy);
     }
 
     static bool CutAndCopyEnabled() {
