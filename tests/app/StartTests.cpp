@@ -210,6 +210,15 @@ TEST_F(StartTest, QuotesAreNotRemoved) {
     LockWindowUpdate(nullptr);
 }
 
+TEST_F(StartTest, WithoutMonitorTheWindowIsPaintedAfterAFileThatIsNoPicture) {
+    SetSetting("Clipmon", "0");
+    PutBytes(File("a.jpg"), "garbage");
+    const DialogScript nothingIsSaid;
+    StartWithFile(File("a.jpg"));
+    EXPECT_TRUE(WaitFor([] { return WidgetFor(*frmMain).updatesEnabled(); }));
+    LockWindowUpdate(nullptr);
+}
+
 TEST_F(StartTest, AFileThatIsGoneOrNoPictureLeavesAnEmptyWindow) {
     PutBytes(File("a.jpg"), "garbage");
     const DialogScript nothingIsSaid;

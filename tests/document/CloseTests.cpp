@@ -91,6 +91,40 @@ TEST_F(CloseTest, YesSavesTheDocumentThatIsAskedAbout) {
     ExpectSamePixels(LoadPicture(File("b.bmp")), Solid(9, 14, 0x00FF00));
 }
 
+TEST_F(CloseTest, EachAnswerCountsForTheDocumentThatIsAskedAbout) {
+    frmImage& first = OpenPicture("a.bmp", Solid(12, 10, kWhite));
+    frmImage& second = OpenPicture("b.bmp", Solid(9, 14, kWhite));
+    frmImage& third = OpenPicture("c.bmp", Solid(7, 8, kWhite));
+    for (frmImage* image : {&first, &second, &third})
+        Edit(*image, 0x0000FF);
+    {
+        const DialogScript script({PressesButton("Não"), PressesButton("Sim"), PressesButton("Cancelar")});
+        EXPECT_FALSE(frmMain.Unload());
+    }
+    EXPECT_EQ(ImageCount, 3);
+    ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(12, 10, kWhite));
+    ExpectSamePixels(LoadPicture(File("b.bmp")), Solid(9, 14, 0x0000FF));
+    ExpectSamePixels(LoadPicture(File("c.bmp")), Solid(7, 8, kWhite));
+    EXPECT_EQ(CornerOf(first), 0x0000FF);
+    const DialogScript script({PressesButton("Sim"), PressesButton("Não")});
+    EXPECT_TRUE(frmMain.Unload());
+    ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(12, 10, 0x0000FF));
+    ExpectSamePixels(LoadPicture(File("c.bmp")), Solid(7, 8, kWhite));
+}
+
+TEST_F(CloseTest, YesSavesAMinimisedDocumentToo) {
+    frmImage& first = OpenPicture("a.bmp", Solid(12, 10, kWhite));
+    frmImage& second = OpenPicture("b.bmp", Solid(9, 14, kWhite));
+    Edit(first, 0x0000FF);
+    Edit(second, 0x00FF00);
+    first.WindowState(kMinimised);
+    second.WindowState(kMinimised);
+    const DialogScript script({PressesButton("Sim"), PressesButton("Sim")});
+    EXPECT_TRUE(frmMain.Unload());
+    ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(12, 10, 0x0000FF));
+    ExpectSamePixels(LoadPicture(File("b.bmp")), Solid(9, 14, 0x00FF00));
+}
+
 TEST_F(CloseTest, ADocumentThatOpensWhileTheQuestionStandsIsNotTheOneSaved) {
     frmImage& image = OpenPicture("a.bmp", Solid(12, 10, kWhite));
     Edit(image, 0x0000FF);

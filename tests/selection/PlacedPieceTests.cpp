@@ -116,6 +116,35 @@ TEST_F(PlacedPieceTest, CommandsMergeAPlacedPieceFirst) {
     }
 }
 
+const Command kWholeImageOperations[] = {
+    {"FlipH", [] { mnuFlipH_Click(); }},         {"FlipV", [] { mnuFlipV_Click(); }},
+    {"Rotate90", [] { mnuRotate90_Click(); }},   {"Rotate180", [] { mnuRotate180_Click(); }},
+    {"Rotate270", [] { mnuRotate270_Click(); }},
+};
+
+/// What an operation makes of a picture over which nothing floats.
+Bitmap After(const Command& operation, const std::function<frmImage&()>& open) {
+    const frmImage& plain = open();
+    operation.run();
+    return ImageOf(plain);
+}
+
+TEST_F(PlacedPieceTest, OperationsOnTheWholeImageTakeAlongWhatWasPlaced) {
+    for (const auto make : {&PlacedPieceTest::MovedRectangle, &PlacedPieceTest::MovedLasso,
+                            &PlacedPieceTest::PastedRectangle}) {
+        for (const Command& operation : kWholeImageOperations) {
+            SCOPED_TRACE(operation.name);
+            Bitmap seen;
+            const frmImage& image = (this->*make)(seen);
+            operation.run();
+            EXPECT_FALSE(image.PicSelect.Visible() || image.PicFreeSelect.Visible());
+            const Bitmap expected =
+                After(operation, [&]() -> frmImage& { return OpenPicture("seen.bmp", seen); });
+            ExpectSamePixels(ImageOf(image), expected);
+        }
+    }
+}
+
 TEST_F(PlacedPieceTest, TheSavedFileIsWhatWasSeen) {
     for (const auto make : {&PlacedPieceTest::MovedRectangle, &PlacedPieceTest::MovedLasso}) {
         Bitmap seen;
@@ -302,6 +331,33 @@ TEST_F(PlacedPieceTest, ALiftedLassoLeavesNoHoleWhenItGoes) {
     }
 }
 
+TEST_F(PlacedPieceTest, ALiftedPieceLeavesNoHoleInTheFile) {
+    frmPrefs->Check4.Value(0);
+    for (const bool lasso : {true, false}) {
+        for (const bool atTheClose : {true, false}) {
+            SCOPED_TRACE((lasso ? "lasso" : "rectangle") + std::string(atTheClose ? ", close" : ", save"));
+            frmImage& image = OpenRandom(120, 90);
+            Edit(image, 0x123456);
+            CutMode();
+            if (lasso) {
+                Lasso(image);
+            } else {
+                SelectRectangle(image, 10, 20, 50, 45);
+            }
+            const std::string path = image.AFCurfile;
+            if (atTheClose) {
+                const DialogScript script({PressesButton("Sim")});
+                EXPECT_TRUE(image.Unload());
+            } else {
+                pintalux::Choose(frmMain->mnuFileSave);
+                EXPECT_TRUE(image.PicSelect.Visible() || image.PicFreeSelect.Visible());
+            }
+            ExpectSamePixels(LoadPicture(path), Bitmap(120, 90, 0x123456));
+        }
+    }
+    frmPrefs->Check4.Value(1);
+}
+
 TEST_F(PlacedPieceTest, ACutOfALiftedLassoLeavesTheHoleOfCutMode) {
     frmImage& image = OpenRandom(120, 90);
     CutMode();
@@ -355,13 +411,29 @@ TEST_F(PlacedPieceTest, SelectNoneWithoutAHoleTakesNoState) {
 // The clean copy.
 
 TEST_F(PlacedPieceTest, AMergeAfterAnOperationKeepsItsResult) {
+    for (const Command& operation : kWholeImageOperations) {
+        SCOPED_TRACE(operation.name);
+        frmImage& image = OpenRandom(120, 90);
+        CopyMode();
+        Lasso(image);
+        operation.run();
+        Choose("Pointer");
+        Press(image, 2, 2);
+        EXPECT_FALSE(image.PicFreeSelect.Visible());
+        const Bitmap plain = After(operation, [&]() -> frmImage& { return OpenRandom(120, 90); });
+        ExpectSamePixels(ImageOf(image), WithLassoAt(plain, 0, 0));
+    }
+}
+
+TEST_F(PlacedPieceTest, APieceLiftedAfterATurnMergesIntoTheWholeImage) {
     frmImage& image = OpenRandom(120, 90);
     CopyMode();
-    Lasso(image);
-    mnuFlipH_Click();
+    mnuRotate90_Click();
+    const Bitmap turned = ImageOf(image);
+    SelectPath(image, {{20.5, 90.5}, {44.5, 90.5}, {44.5, 110.5}, {20.5, 110.5}});
     Choose("Pointer");
     Press(image, 2, 2);
-    ExpectSamePixels(ImageOf(image), WithLassoAt(Mirrored(Before()), 0, 0));
+    ExpectSamePixels(ImageOf(image), turned);
 }
 
 TEST_F(PlacedPieceTest, InCutModeTheHoleLiesWhereThePieceLies) {

@@ -11,6 +11,7 @@
 #include "surface/system/Settings.h"
 
 #include <filesystem>
+#include <QWidget>
 
 namespace pintalux {
 
@@ -218,6 +219,7 @@ TEST_F(RecentFilesTest, OpeningUnderARaisedLimitEndsAtTheList) {
     EXPECT_EQ(image.AFCurfile, File("a.bmp"));
     EXPECT_EQ(image.Caption(), "Imagem 1");
     EXPECT_EQ(image.ListBackup.ListCount(), 0);
+    EXPECT_TRUE(WaitFor([] { return WidgetFor(*frmMain).updatesEnabled(); })) << "the window is painted";
     LockWindowUpdate(nullptr);
 }
 
