@@ -7,6 +7,7 @@
 #include "surface/system/Pictures.h"
 #include "surface/window/Screen.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace pintalux {
@@ -59,6 +60,12 @@ void DrawScale(int pixels, double factor, const ScalePen& pen) {
     }
 }
 
+// A window may be smaller than the strips: an undo fits it to its image, and a minimised one shrinks each
+// time.
+double Without(double size, double strip) {
+    return std::max(size - strip, 0.0);
+}
+
 } // namespace
 
 void frmImage::Timer2_Timer() {
@@ -88,8 +95,8 @@ void frmImage::HideRulers() {
     TopRuler.Visible(false);
     // Intended: only a minimised window shrinks here; a normal one is shrunk once, by `hiderulers`.
     if (WindowState() == kMinimised) {
-        Height(Height() - TopRuler.Height());
-        Width(Width() - LeftRuler.Width() + 15);
+        Height(Without(Height(), TopRuler.Height()));
+        Width(Without(Width(), LeftRuler.Width() - 15));
     }
     Form_Resize();
     hiderulers();
@@ -97,8 +104,8 @@ void frmImage::HideRulers() {
 
 void frmImage::hiderulers() {
     if (WindowState() == kMaximised) return;
-    Width(Width() - LeftRuler.Width());
-    Height(Height() - TopRuler.Height());
+    Width(Without(Width(), LeftRuler.Width()));
+    Height(Without(Height(), TopRuler.Height()));
 }
 
 void frmImage::drawrulers() {

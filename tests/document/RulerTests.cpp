@@ -108,6 +108,34 @@ TEST_F(RulerTest, MinimisedWindowShrinksTwice) {
     EXPECT_EQ(image.Height(), height - 2 * image.TopRuler.Height());
 }
 
+TEST_F(RulerTest, AMinimisedWindowMayShrinkToNothing) {
+    frmImage& image = NewDocument(40, 30);
+    image.WindowState(kMinimised);
+    for (int i = 0; i < 4; ++i) {
+        RulersOn = true;
+        image.Timer2.Tick();
+        RulersOn = false;
+        EXPECT_NO_THROW(image.Timer2.Tick());
+        EXPECT_FALSE(image.TopRuler.Visible());
+    }
+    EXPECT_EQ(image.Width(), 0);
+    EXPECT_EQ(image.Height(), 0);
+    image.WindowState(kNormal);
+    EXPECT_TRUE(image.PicBG.Visible());
+}
+
+TEST_F(RulerTest, TheyLeaveAWindowThatAnUndoMadeSmallerThanThem) {
+    frmImage& image = NewDocument(10, 10);
+    Edit(image, 0);
+    RulersOn = true;
+    ASSERT_TRUE(Shows(image, true));
+    Choose(frmMain->mnuEditUndo);
+    ASSERT_LT(image.Width(), image.LeftRuler.Width());
+    RulersOn = false;
+    ASSERT_TRUE(Shows(image, false));
+    EXPECT_GE(image.Width(), 0);
+}
+
 TEST_F(RulerTest, ScalesCoverTheImageAndFollowItsPlace) {
     frmImage& image = NewDocument(200, 150);
     RulersOn = true;
