@@ -5,6 +5,8 @@
 #include "files/FileNames.h"
 #include "surface/window/SpinnerPair.h"
 
+#include <algorithm>
+
 namespace pintalux {
 
 namespace {
@@ -130,9 +132,17 @@ void ColourPanel::txtRGB2(Colour c) {
     ColorUpdating = false;
 }
 
+namespace {
+
+// A number that was pasted by a menu stands in its box as it is, until a key of that box is released.
+std::int16_t Shown(const TextBox& text, const ScrollBar& bar) {
+    return ToInt16(std::min<double>(Val(text.Text()), bar.Max()));
+}
+
+} // namespace
+
 void ColourPanel::UpdateColScrolls() {
-    Picture6.BackColor(
-        RGB(ToInt16(Val(txtRed.Text())), ToInt16(Val(txtGreen.Text())), ToInt16(Val(txtBlue.Text()))));
+    Picture6.BackColor(RGB(Shown(txtRed, VSred), Shown(txtGreen, VSgreen), Shown(txtBlue, VSblue)));
     TheColor.BackColor(Picture6.BackColor());
     LblCurCol.ForeColor(ContrastColor(TheColor.BackColor()));
     ShowReadout(TheColor.BackColor());
@@ -143,7 +153,7 @@ void ColourPanel::UpdateColScrolls() {
 }
 
 void ColourPanel::UpdateHSLscrolls() {
-    PanelHsl = {ToInt16(Val(txtHue.Text())), ToInt16(Val(txtSat.Text())), ToInt16(Val(txtLum.Text()))};
+    PanelHsl = {Shown(txtHue, VShue), Shown(txtSat, VSsat), Shown(txtLum, VSlum)};
     if (ColorUpdating) return;
     TheColor.BackColor(Picture6.BackColor());
     LblCurCol.ForeColor(ContrastColor(TheColor.BackColor()));
@@ -159,7 +169,7 @@ void ColourPanel::UpdateHSLscrolls() {
 void ColourPanel::Typed(TextBox& tested, const TextBox& read, ScrollBar& bar) {
     constexpr int kLargest = 255;
     if (Val(tested.Text()) > kLargest) tested.Text(FormattedNumber(kLargest));
-    TypedValue = ToInt16(Val(KeepAlnum(read.Text())));
+    TypedValue = ToInt16(std::min<double>(Val(KeepAlnum(read.Text())), kLargest));
     bar.Value(bar.Max() - TypedValue);
 }
 

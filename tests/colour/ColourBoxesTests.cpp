@@ -73,6 +73,21 @@ TEST_F(ColourBoxesTest, PastedNumberCountsAtTheNextKey) {
     EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(99, 20, 30));
 }
 
+// A number that a menu pasted is read with those of its neighbours before a key of its own is released.
+TEST_F(ColourBoxesTest, PastedNumberOfAnySizeIsClampedWhereItIsRead) {
+    const std::string pasted = "99999999999";
+    frmMain->txtRed.Text(pasted);
+    Retype(frmMain->txtGreen, "77");
+    EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(255, 77, 30));
+    frmMain->txtHue.Text(pasted);
+    Type(WidgetFor(frmMain->txtSat), "1");
+    EXPECT_EQ(FirstError(), 380); // as any hue above 240
+    frmMain->SetCurrentColour(RGB(10, 20, 30));
+    frmMain->txtSat.Text(pasted);
+    frmMain->VSlum.Value(100);
+    EXPECT_TRUE(untrapped.empty());
+}
+
 TEST_F(ColourBoxesTest, EmptyBoxReadsAsZeroAndTheBarGoesToTheBottom) {
     frmMain->txtRed.Text("7");
     Type(WidgetFor(frmMain->txtRed), "\b");
