@@ -305,4 +305,18 @@ TEST_F(HandOffAtADialogTest, BordersGoAroundTheDocumentTheyWereAskedFor) {
     ExpectOtherUntouched(image);
 }
 
+TEST_F(HandOffAtADialogTest, ASaveUnderAnotherNameWritesTheDocumentItWasAskedFor) {
+    frmImage& image = PastedDocument();
+    SavePicture(Solid(30, 20, kBlack), File("b.bmp"));
+    const DialogScript script({[&](QWidget& dialog) {
+        HandOver(File("b.bmp") + "\n");
+        ChoosesFile(File("c.bmp"))(dialog);
+    }});
+    Choose(frmMain->mnuFileSaveAs);
+    ExpectSamePixels(LoadPicture(File("c.bmp")), WithPiece(0x202020));
+    EXPECT_EQ(image.AFCurfile, File("c.bmp"));
+    EXPECT_TRUE(image.alreadysaved);
+    EXPECT_EQ(Image().AFCurfile, File("b.bmp"));
+}
+
 } // namespace pintalux

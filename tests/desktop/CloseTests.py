@@ -44,26 +44,55 @@ def YesAtTheQuestionSavesAndEnds(desktop):
     expect_same(read_bmp(path), with_stroke(sample(), STROKE))
 
 
-@desktop_test
-def YesSavesEachDocumentThatIsAskedAbout(desktop):
+def start_with_two_strokes(desktop):
+    """Two pictures, each with a stroke; gives the process, their paths, and each picture before and after."""
     paths = [desktop.pictures / "first.bmp", desktop.pictures / "second.bmp"]
-    pictures = [sample(), sample(100, 80, seed=77)]
+    before = [sample(), sample(100, 80, seed=77)]
     strokes = [[(40, 30), (90, 30)], [(20, 50), (70, 50)]]
-    for path, picture in zip(paths, pictures):
+    for path, picture in zip(paths, before):
         write_bmp(path, picture)
-    process, left, top = start_with_picture(desktop, paths[0], pictures[0])
+    process, left, top = start_with_picture(desktop, paths[0], before[0])
     paint_and_wait(desktop, left, top, strokes[0])
     assert desktop.wait_for_end(desktop.start(paths[1])) == 0
-    left, top = desktop.wait_for_picture(pictures[1])
+    left, top = desktop.wait_for_picture(before[1])
     wait_for(lambda: len(desktop.state_files()) == 3, "the second document has its first state")
     paint_and_wait(desktop, left, top, strokes[1])
+    return process, paths, before, [with_stroke(picture, stroke) for picture, stroke in zip(before, strokes)]
+
+
+def answer(desktop, key):
+    """Answers the question that stands, and waits until it is gone or another has come."""
+    question = desktop.wait_for_window(QUESTION)
+    desktop.keys(key)
+    wait_for(lambda: desktop.window(QUESTION) != question, "the question is answered")
+
+
+@desktop_test
+def YesSavesEachDocumentThatIsAskedAbout(desktop):
+    process, paths, _, after = start_with_two_strokes(desktop)
     leave(desktop)
-    for path, picture, stroke in zip(paths, pictures, strokes):
-        desktop.wait_for_window(QUESTION)
-        desktop.keys("s")
-        wait_for(lambda: is_whole_bmp(path) and read_bmp(path).at(*stroke[0]) == BLACK, f"{path.name} is saved")
-        expect_same(read_bmp(path), with_stroke(picture, stroke))
+    for path, picture in zip(paths, after):
+        answer(desktop, "s")
+        wait_for(lambda: is_whole_bmp(path) and not any(read_bmp(path).differences(picture)), f"{path.name} is saved")
     assert desktop.wait_for_end(process) == 0
+
+
+@desktop_test
+def EachAnswerAtTheExitCountsForItsDocument(desktop):
+    process, paths, before, after = start_with_two_strokes(desktop)
+    leave(desktop)
+    answer(desktop, "n")
+    answer(desktop, "Escape")
+    desktop.wait_until_gone(QUESTION)
+    assert process.poll() is None, "the program still runs, with both documents"
+    for path, picture in zip(paths, before):
+        expect_same(read_bmp(path), picture)
+    leave(desktop)
+    answer(desktop, "s")
+    answer(desktop, "n")
+    assert desktop.wait_for_end(process) == 0
+    expect_same(read_bmp(paths[0]), after[0])
+    expect_same(read_bmp(paths[1]), before[1])
 
 
 @desktop_test
