@@ -4,6 +4,7 @@
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
 #include "document/frmImage.h"
+#include "document/Selection.h"
 #include "document/States.h"
 #include "document/Workspace.h"
 #include "files/TempFiles.h"
@@ -26,10 +27,10 @@ std::function<std::chrono::steady_clock::time_point()> StopClock = std::chrono::
 namespace {
 
 // The state file of what the document shows, if it is complete on disk and holds just that.
-std::optional<std::string> StateOnDisk(const frmImage& image) {
+std::optional<std::string> StateOnDisk(const frmImage& image, const Picture& seen) {
     const int index = ToInt32(Val(image.ListBUorder.List(image.ListBUorder.ListIndex())));
     std::string path = image.ListBackup.List(index);
-    if (path.empty() || !(LoadPicture(path) == image.PicMerge.Image())) return {};
+    if (path.empty() || !(LoadPicture(path) == seen)) return {};
     return path;
 }
 
@@ -42,9 +43,11 @@ std::optional<std::string> SaveInto(const std::string& folder, const Picture& pi
 
 std::optional<RescuedImage> Rescue(const frmImage& image) {
     std::optional<std::string> path;
-    ResumeNext([&] { path = StateOnDisk(image); });
+    // A piece that was dragged or pasted is rescued where it lies, over the hole that it may have left.
+    Picture picture = image.PicMerge.Image();
+    ResumeNext([&] { picture = ImageAsSeen(image); });
+    ResumeNext([&] { path = StateOnDisk(image, picture); });
     if (path) return RescuedImage{*path, false};
-    const Picture picture = image.PicMerge.Image();
     for (const std::string& folder : {std::string{}, App.Path() + "/", std::string("/tmp/")}) {
         ResumeNext([&] { path = SaveInto(folder, picture); });
         if (path) return RescuedImage{*path, true};

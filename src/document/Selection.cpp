@@ -144,4 +144,36 @@ void TakePieceFlags(const frmImage& image) {
     FreePasteActive = pasted && image.PicFreeSelect.Visible();
 }
 
+namespace {
+
+Picture WithRectangle(const frmImage& image) {
+    Picture seen = image.PicMerge.Image();
+    const Picture piece = image.SelHolder.Image();
+    seen.Copy(ToInt32(image.PicSelect.Left() / image.factor), ToInt32(image.PicSelect.Top() / image.factor),
+              piece, piece.Bounds());
+    return seen;
+}
+
+Picture WithShape(const frmImage& image) {
+    Picture seen = image.Pic1BU.Image();
+    const Picture piece = image.SelHolder.Image();
+    const ImagePlace place = FreehandPlace(image);
+    const int left = ToInt32(place.x);
+    const int top = ToInt32(place.y);
+    for (int y = 0; y < piece.Height(); ++y) {
+        for (int x = 0; x < piece.Width(); ++x)
+            if (piece.At(x, y) != PixelOf(MaskKeyColour) && seen.Holds(left + x, top + y))
+                seen.Set(left + x, top + y, piece.At(x, y));
+    }
+    return seen;
+}
+
+} // namespace
+
+Picture ImageAsSeen(const frmImage& image) {
+    if (image.pathOpen) return image.Pic1BU.Image();
+    if (!PieceIsPlaced(image)) return image.PicMerge.Image();
+    return image.PicSelect.Visible() ? WithRectangle(image) : WithShape(image);
+}
+
 } // namespace pintalux

@@ -79,4 +79,7 @@ void AbandonPath(frmImage& image);
 /// The flags that belong to a floating piece take the values of this document's.
 void TakePieceFlags(const frmImage& image);
 
+/// The image as a merge of the placed piece would make it; document and history stay as they are.
+Picture ImageAsSeen(const frmImage& image);
+
 } // namespace pintalux

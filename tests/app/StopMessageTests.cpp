@@ -6,6 +6,8 @@
 #include "support/Program.h"
 
 #include "document/FileCommands.h"
+#include "document/Globals.h"
+#include "surface/system/Clipboard.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/TempNames.h"
@@ -91,6 +93,41 @@ TEST_F(StopMessageTest, TheStateOfEveryDocumentIsNamedAndWhole) {
     ExpectSamePixels(LoadPicture(first.ListBackup.List(1)), Solid(30, 20, 0x0000FF));
     ExpectSamePixels(LoadPicture(second.ListBackup.List(0)), Solid(10, 10, kWhite));
     EXPECT_EQ(StateFileNames().size(), 4U);
+}
+
+TEST_F(StopMessageTest, APieceThatFloatsIsRescuedWhereItLies) {
+    frmImage& image = NewDocument(60, 40);
+    Edit(image, kBlack);
+    Choose(frmMain->mnuZoomInX(1));
+    Clipboard.SetData(Solid(8, 6, 0x0000FF));
+    for (const bool shape : {false, true}) {
+        FreeSelActive = shape;
+        Choose(frmMain->mnuEditPaste);
+        Surface& piece = shape ? image.PicFreeSelect : image.PicSelect;
+        ASSERT_TRUE(piece.Visible());
+        piece.Move(108, 20, 16, 12);
+        const std::string text = Stop(kOverflow).text;
+        Picture expected = Solid(60, 40, kBlack);
+        for (int y = 10; y < 16; ++y)
+            for (int x = 54; x < 60; ++x)
+                expected.Set(x, y, 0x0000FF);
+        ExpectSamePixels(LoadPicture(text.substr(text.rfind('\n') + 1)), expected);
+        EXPECT_TRUE(piece.Visible()) << "it floats on where the user goes on";
+        EXPECT_EQ(image.ListBUorder.ListCount(), 2);
+        Choose(frmMain->mnuEditSelectNone);
+    }
+    FreeSelActive = false;
+    Clipboard.Clear();
+}
+
+TEST_F(StopMessageTest, APathInTheMiddleOfItsDragIsRescuedWithoutItsDashes) {
+    frmImage& image = OpenPicture("a.bmp", Solid(60, 40, kWhite));
+    SettleStates();
+    CurrentTool = 14;
+    Press(image, 10, 10);
+    MoveTo(image, 50, 30);
+    EXPECT_TRUE(Names(Stop(kOverflow), image.ListBackup.List(0)));
+    Release(image, 50, 30);
 }
 
 TEST_F(StopMessageTest, AnUnfinishedStrokeIsRescuedToo) {
