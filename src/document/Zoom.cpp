@@ -72,8 +72,9 @@ void ZoomByMenu(int level) {
     if (!hadHS) ScrollRatioH = image.HS.Max();
     // Intended: a bar that just appeared stands at 1, so that the image's top left corner stays next to its
     // place.
-    image.VS.Value(image.VS.Max() / ScrollRatioV);
-    image.HS.Value(image.HS.Max() / ScrollRatioH);
+    // A bar that stood for less than a pixel has no range, and so gives no ratio.
+    if (image.VS.Max() > 0) image.VS.Value(image.VS.Max() / ScrollRatioV);
+    if (image.HS.Max() > 0) image.HS.Value(image.HS.Max() / ScrollRatioH);
     LockWindowUpdate(nullptr);
 }
 

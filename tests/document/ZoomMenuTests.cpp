@@ -117,6 +117,25 @@ TEST_F(ZoomMenuTest, ActualSizeRestoresNoShare) {
     EXPECT_EQ(image.VS.Value(), 150);
 }
 
+TEST_F(ZoomMenuTest, ABarThatStoodForLessThanAPixelStopsNoLaterZoom) {
+    for (const bool upright : {true, false}) {
+        frmImage& image = OpenPicture("a.bmp", Picture(upright ? 90 : 400, upright ? 400 : 90, 0xFFFFFF));
+        image.Width(133 * 15 + 120);
+        image.Height(133 * 15 + 420);
+        Choose(frmMain->mnuZoomOutX(2)); // 133 and a third
+        const ScrollBar& bar = upright ? image.VS : image.HS;
+        ASSERT_TRUE(bar.Visible());
+        ASSERT_EQ(bar.Max(), 0);
+        for (const int Index : {3, 4, 2}) {
+            Choose(frmMain->mnuZoomOutX(Index));
+            EXPECT_TRUE(untrapped.empty());
+            EXPECT_EQ(image.factorlevel, 15 - Index);
+            EXPECT_FALSE(ScreenLocked());
+        }
+        untrapped.clear();
+    }
+}
+
 TEST_F(ZoomMenuTest, ViewBeyondTheEndIsPulledBack) {
     frmImage& image = Large();
     Choose(frmMain->mnuZoomInX(1));
