@@ -22,9 +22,12 @@ void SizeDisplay(frmImage& image) {
     image.Image1.Height(image.PicMerge.ScaleHeight() * image.factor);
 }
 
-// By the exact widths, so that a zoom there and back changes no place. What has no width cannot be scaled.
-double RatioTo(const frmImage& image, double oldWidth) {
-    return oldWidth == 0 ? 1.0 : image.Image1.Width() / oldWidth;
+// By the exact widths, so that a zoom there and back changes no place. What has no width cannot be scaled. A
+// view that an undo left at the size of another state tells nothing of what floats; there the factors do.
+double RatioTo(const frmImage& image, double oldWidth, double oldFactor) {
+    if (oldWidth == 0) return 1.0;
+    const bool stale = oldWidth != image.PicMerge.ScaleWidth() * oldFactor;
+    return stale ? image.factor / oldFactor : image.Image1.Width() / oldWidth;
 }
 
 // The level that a click of the magnifier leads to. Going out skips levels that do not fit, so that a view
@@ -40,11 +43,12 @@ int NextLevel(const frmImage& image, bool in) {
 // The middle of a menu zoom, steps that "actual size" shares.
 void ZoomTo(frmImage& image, int level) {
     const double oldWidth = image.Image1.Width();
+    const double oldFactor = image.factor;
     ZoomOldWidth = ToInt16(std::min(oldWidth, kLongestView));
     image.factorlevel = ToInt16(level);
     ApplyZoomLevel();
     SizeDisplay(image);
-    ZoomRatio = RatioTo(image, oldWidth);
+    ZoomRatio = RatioTo(image, oldWidth, oldFactor);
     image.PicBG.Width(image.Image1.Width());
     image.PicBG.Height(image.Image1.Height());
     RescaleSelection();
@@ -119,6 +123,7 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
     const int level = NextLevel(image, in);
     if (in && level < kZoomLevels && !ViewFits(image, level)) return false;
     const double oldWidth = image1.Width();
+    const double oldFactor = image.factor;
     LockWindowUpdate(&image.PicFrame);
     // Intended: at either end of the scale the lock stays recorded until the next release, wherever that
     // comes; what it held back is painted when the click is over.
@@ -128,7 +133,7 @@ bool ZoomStep(bool in, Display& image1, Surface& merge) {
     ApplyZoomLevel();
     image1.Width(merge.ScaleWidth() * image.factor);
     image1.Height(merge.ScaleHeight() * image.factor);
-    const double ratio = RatioTo(image, oldWidth);
+    const double ratio = RatioTo(image, oldWidth, oldFactor);
     image.PicBG.Width(image1.Width());
     image.PicBG.Height(image1.Height());
     ScaleRectangle(image, ratio);

@@ -1,6 +1,9 @@
 // The rectangular selection: band, lift, drag, merge by a press.
+#include "imageops/ImageCommands.h"
+#include "selection/EditCommands.h"
 #include "selection/RectangleSelection.h"
 #include "selection/SelectionTest.h"
+#include "surface/system/Clipboard.h"
 
 namespace pintalux {
 namespace {
@@ -289,6 +292,30 @@ TEST_F(RectangleTest, AZoomKeepsThePieceOnItsPlaceOfTheImage) {
     EXPECT_EQ(image.PicSelect.Width(), 120);
     image.NeedtoPaste();
     ExpectSamePixels(ImageOf(image), WithPiece(Before(), Part(Before(), 10, 20, 40, 25), 30, 30));
+}
+
+TEST_F(RectangleTest, APieceKeepsItsSizeWhenAZoomFollowsTheUndoOfATurn) {
+    for (const bool byMenu : {true, false}) {
+        frmImage& image = OpenRandom(120, 40);
+        mnuRotate90_Click();
+        ZoomToLevel(17);
+        const Bitmap clip = RandomPicture(30, 20, 4);
+        Clipboard.SetData(clip);
+        mnuEditPaste_Click();
+        pintalux::Choose(frmMain->mnuEditUndo);
+        if (byMenu) {
+            ZoomToLevel(16);
+        } else {
+            ZoomStep(false, image.Image1, image.PicMerge);
+        }
+        EXPECT_EQ(image.PicSelect.Width(), 60);
+        EXPECT_EQ(image.PicSelect.Height(), 40);
+        Choose("Pointer");
+        Press(image, 200, 70);
+        ExpectSamePixels(ImageOf(image), WithPiece(Before(), clip, 0, 0));
+        ZoomToLevel(15);
+    }
+    Clipboard.Clear();
 }
 
 TEST_F(RectangleTest, UndoWhileAPieceFloatsLeavesItFloating) {
