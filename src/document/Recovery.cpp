@@ -69,10 +69,10 @@ bool IsOneColour(const Picture& picture) {
 }
 
 /// A close would ask about it; or it came from nowhere but the clipboard, and there is something to see.
-bool IsWorthKeeping(const RunDocument& document) {
-    if (document.order.empty() || document.saved) return false;
+bool IsWorthKeeping(const RunDocument& document, const RunDocument& whole) {
+    if (whole.order.empty() || document.saved) return false;
     if (document.order[static_cast<std::size_t>(document.cursor)] != 0) return true;
-    return document.file.empty() && !IsOneColour(States().LoadState(StateAt(document, document.cursor)));
+    return document.file.empty() && !IsOneColour(States().LoadState(StateAt(whole, whole.cursor)));
 }
 
 } // namespace
@@ -113,7 +113,7 @@ LeftDocuments FindLeftDocuments() {
         for (const RunDocument& document : ReadIndexFile(run.index))
             ResumeNext([&] {
                 RunDocument whole = WholePart(document);
-                if (IsWorthKeeping(whole)) left.documents.push_back(std::move(whole));
+                if (IsWorthKeeping(document, whole)) left.documents.push_back(std::move(whole));
             });
     }
     return left;
