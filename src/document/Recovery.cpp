@@ -128,16 +128,7 @@ void OpenLeftDocument(const RunDocument& document) {
     FitImageWindow();
     image.Picsize();
     image.Caption(document.caption);
-    // Behind an empty place: a close asks about every state but the one of place 0.
-    image.ListBackup.AddItem("");
-    for (const std::string& state : document.states)
-        image.ListBackup.AddItem(state);
-    for (const int place : document.order)
-        image.ListBUorder.AddItem(NumberText(place + 1));
-    image.ListBUorder.ListIndex(document.cursor);
-    image.before = document.before < 0 ? -1 : document.before + 1;
-    image.alreadysaved = false;
-    ShowUndoState(image.ListBUorder);
+    image.TakeHistory(document);
     EnableImageMenus();
 }
 

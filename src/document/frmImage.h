@@ -8,6 +8,7 @@
 #pragma once
 
 #include "document/DocumentParts.h"
+#include "files/RunIndex.h"
 #include "surface/window/Form.h"
 
 #include <cstdint>
@@ -43,6 +44,8 @@ class frmImage : public Form,
     std::string MyRedo();
     /// Empties the image and fits the window to what is left.
     void Blankme();
+    /// Takes the undo history that a run before has left; the document counts as changed.
+    void TakeHistory(const RunDocument& left);
 
     // Selections (selection/frmImage_FreeSelect.cpp, frmImage_ShapeMe.cpp, frmImage_Merge.cpp)
     /// Lifts what lies inside the closed path on `PicMask` to `SelHolder` and shows it on `PicFreeSelect`.

@@ -97,6 +97,19 @@ std::string frmImage::MyRedo() {
     return path;
 }
 
+// Behind an empty place: a close asks about every state but the one of place 0.
+void frmImage::TakeHistory(const RunDocument& left) {
+    ListBackup.AddItem("");
+    for (const std::string& state : left.states)
+        ListBackup.AddItem(state);
+    for (const int place : left.order)
+        ListBUorder.AddItem(NumberText(place + 1));
+    ListBUorder.ListIndex(left.cursor);
+    before = left.before < 0 ? -1 : left.before + 1;
+    alreadysaved = false;
+    ShowUndoState(ListBUorder);
+}
+
 // Intended: pixels and twips are added as they stand, so that a blanked image leaves a window that is plainly
 // too small to be taken for one.
 void frmImage::Blankme() {

@@ -15,9 +15,9 @@ namespace pintalux {
 struct RunDocument {
     std::string file; ///< Its file; empty if it has none.
     std::string caption;
-    bool saved = false;              ///< Nothing was changed since the last save.
-    int cursor = 0;                  ///< The place of the current state in `order`.
-    int before = -1; ///< The place in `states` of what was current before the last edit; -1 for nothing.
+    bool saved = false; ///< Nothing was changed since the last save.
+    int cursor = 0;     ///< The place of the current state in `order`.
+    int before = -1;    ///< The place in `states` of what was current before the last edit; -1 for nothing.
     std::vector<std::string> states; ///< Paths of the state files.
     std::vector<int> order;          ///< The undo order: places in `states`.
     bool operator==(const RunDocument&) const = default;
