@@ -135,7 +135,7 @@ def swapped(row):
 
 def read_any(source, environment=None):
     """The picture of any file that ImageMagick reads."""
-    return picture_of_ppm(subprocess.run(["convert", str(source), "-depth", "8", "ppm:-"], check=True,
+    return picture_of_ppm(subprocess.run(["convert", str(source), "+set", "comment", "-depth", "8", "ppm:-"], check=True,
                                          capture_output=True, env=environment).stdout)
 
 
