@@ -23,7 +23,7 @@ def configure(desktop, devices=1, more=""):
     folder = desktop.folder / "sane"
     folder.mkdir(exist_ok=True)
     (folder / "dll.conf").write_text("test\n" if devices > 0 else "# none\n")
-    (folder / "test.conf").write_text(f"number_of_devices {devices}\n{TEST_DEVICE}{more}")
+    (folder / "test.conf").write_text(f"number_of_devices {max(devices, 1)}\n{TEST_DEVICE}{more}")
     desktop.environment["SANE_CONFIG_DIR"] = str(folder)
 
 
