@@ -55,6 +55,28 @@ std::string ProposedName(const frmImage& image) {
     return pointed ? ReplaceExtension(image.AFCurfile, bmp) : image.AFCurfile + ".bmp";
 }
 
+// In an order of its own: named before it is loaded, recorded before the window has its caption, and with
+// nothing held back from the screen.
+void OpenRecent(const std::string& path) try {
+    NewImageWindow();
+    frmImage& image = ActiveImage();
+    image.AFCurfile = path;
+    try {
+        image.PicMerge.Picture(LoadPicture(path));
+    } catch (...) {
+        // A document whose file could not be read must never be saved over it.
+        image.AFCurfile.clear();
+        throw;
+    }
+    FitImageWindow();
+    image.Picsize();
+    image.Backup();
+    image.Caption(FileNameOf(path));
+    NoteDocuments();
+} catch (...) {
+    // As in File Open: the empty window stays.
+}
+
 } // namespace
 
 void mnuFileNew_Click() {
@@ -156,22 +178,7 @@ void mnuFileMRU_Click(int Index) {
         LoadMRUs(menu.mnuFileMRU, menu.mnuFileBar5);
         return;
     }
-    try {
-        LockWindowUpdate(&*TheWorkspace.window);
-        NewImageWindow();
-        frmImage& image = ActiveImage();
-        image.PicMerge.Picture(LoadPicture(path));
-        // Only now: a document whose file could not be read must never be saved over it.
-        image.AFCurfile = path;
-        FitImageWindow();
-        image.Picsize();
-        image.Backup();
-        image.Caption(FileNameOf(path));
-        LockWindowUpdate(nullptr);
-        NoteDocuments();
-    } catch (...) {
-        // As in File Open: the empty window stays.
-    }
+    OpenRecent(path);
 }
 
 } // namespace pintalux

@@ -12,7 +12,8 @@ const char* const kMachineFile = "machine.ini";
 
 std::string ReadMachineValue(const std::string& key, const std::string& name,
                              const std::string& defaultText) {
-    return ReadStoreValue(kMachineFile, key, name).value_or(defaultText);
+    const std::string text = ReadStoreValue(kMachineFile, key, name).value_or(defaultText);
+    return text.substr(0, text.find('\0'));
 }
 
 bool WriteMachineValue(const std::string& key, const std::string& name, const std::string& text) {
