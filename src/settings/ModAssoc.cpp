@@ -100,7 +100,7 @@ std::string WithFirst(const std::string& entry, const std::string& list) {
 void PutFirst(const std::string& mimeType, const std::string& entry) {
     const std::string path = ConfigHome() + "/mimeapps.list";
     const std::string before = FileExists(path) ? ReadWholeFile(path, kLongestList) : std::string{};
-    IniText list(before);
+    IniText list(before, IniText::LineEnds::AsTheyAre);
     for (const char* section : {"Default Applications", "Added Associations"})
         list.Set(section, mimeType, WithFirst(entry, list.Value(section, mimeType).value_or("")));
     const std::string after = list.Text("\n");

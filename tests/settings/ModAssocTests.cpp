@@ -1,4 +1,6 @@
+#include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/OrdinaryUser.h"
 #include "support/Program.h"
 
 #include "settings/frmPrefs.h"
@@ -90,6 +92,77 @@ TEST_F(ModAssocTest, AListThatCannotBeReadIsLeftAlone) {
     std::filesystem::create_directories(list_);
     EXPECT_FALSE(RegisterExtension("/opt/pintalux64", ".bmp"));
     EXPECT_TRUE(std::filesystem::is_directory(list_));
+}
+
+TEST_F(ModAssocTest, AListThatMayNotBeReadKeepsItsBytes) {
+    PutBytes(list_, "[Default Applications]\ntext/plain=editor.desktop\n");
+    std::filesystem::permissions(list_, std::filesystem::perms(0));
+    {
+        const OrdinaryUser user;
+        EXPECT_FALSE(RegisterExtension("/opt/pintalux64", ".bmp"));
+    }
+    std::filesystem::permissions(list_, std::filesystem::perms(0600));
+    EXPECT_EQ(BytesOf(list_), "[Default Applications]\ntext/plain=editor.desktop\n");
+}
+
+TEST_F(ModAssocTest, AListFullOfGarbageKeepsEveryByte) {
+    std::string garbage;
+    unsigned seed = 4711;
+    for (int i = 0; i < 5000; ++i) {
+        seed = seed * 1103515245 + 12345;
+        garbage += static_cast<char>(seed >> 16);
+    }
+    PutBytes(list_, garbage);
+    EXPECT_TRUE(RegisterExtension("/opt/pintalux64", ".bmp"));
+    const std::string after = BytesOf(list_);
+    EXPECT_TRUE(after.starts_with(garbage));
+    EXPECT_EQ(after.substr(garbage.size()), "\n[Default Applications]\nimage/bmp=pintalux64.desktop;\n"
+                                            "[Added Associations]\nimage/bmp=pintalux64.desktop;\n");
+}
+
+TEST_F(ModAssocTest, ForeignLineEndsStay) {
+    PutBytes(
+        list_,
+        "\xEF\xBB\xBF[Default Applications]\r\ntext/plain=editor.desktop\r\nimage/bmp=viewer.desktop\r\n");
+    EXPECT_TRUE(RegisterExtension("/opt/pintalux64", ".bmp"));
+    EXPECT_TRUE(
+        BytesOf(list_).starts_with("\xEF\xBB\xBF[Default Applications]\r\ntext/plain=editor.desktop\r\n"
+                                   "image/bmp=pintalux64.desktop;viewer.desktop;"))
+        << BytesOf(list_);
+}
+
+TEST_F(ModAssocTest, AListOfManyMegabytesIsLeftAlone) {
+    PutBytes(list_, std::string(2 << 20, 'x'));
+    EXPECT_FALSE(RegisterExtension("/opt/pintalux64", ".bmp"));
+    EXPECT_EQ(std::filesystem::file_size(list_), std::uintmax_t{2} << 20);
+}
+
+TEST_F(ModAssocTest, ALinkToNowhereIsFollowed) {
+    std::filesystem::create_symlink("nowhere", list_);
+    EXPECT_TRUE(RegisterExtension("/opt/pintalux64", ".bmp"));
+    EXPECT_TRUE(std::filesystem::is_symlink(list_));
+    EXPECT_TRUE(std::filesystem::exists(Folder("settings") + "/nowhere"));
+}
+
+TEST_F(ModAssocTest, ALinkInACircleIsLeftAlone) {
+    std::filesystem::create_symlink("mimeapps.list", list_);
+    EXPECT_FALSE(RegisterExtension("/opt/pintalux64", ".bmp"));
+    EXPECT_TRUE(std::filesystem::is_symlink(list_));
+}
+
+TEST_F(ModAssocTest, APipeIsLeftAlone) {
+    ASSERT_EQ(::mkfifo(list_.c_str(), 0600), 0);
+    EXPECT_FALSE(RegisterExtension("/opt/pintalux64", ".bmp"));
+    EXPECT_TRUE(std::filesystem::is_fifo(list_));
+}
+
+TEST_F(ModAssocTest, ThePreferencesCloseWhereNothingCanBeAssociated) {
+    Start();
+    std::filesystem::create_directories(list_);
+    const DialogScript nothingIsSaid;
+    frmPrefs->Check2.Value(1);
+    frmPrefs->Command1_Click();
+    EXPECT_EQ(StoredSetting("Associate"), "1");
 }
 
 TEST_F(ModAssocTest, APathWithBlanksAndSignsIsOneWord) {

@@ -7,10 +7,13 @@ namespace pintalux {
 
 namespace {
 
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kBlanks = " \t\r"; // A line may have kept the first half of its end.
+
 std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
+    const std::size_t first = text.find_first_not_of(kBlanks);
     if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 char Lower(char c) {
@@ -23,6 +26,7 @@ bool SameName(std::string_view a, std::string_view b) {
 
 /// The name in a line "[name]"; nothing for any other line.
 std::optional<std::string_view> SectionName(std::string_view line) {
+    if (line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
     line = Trimmed(line);
     if (!line.starts_with('[')) return {};
     return line.substr(1, line.find(']') - 1); // a missing bracket ends with the line
@@ -30,13 +34,13 @@ std::optional<std::string_view> SectionName(std::string_view line) {
 
 } // namespace
 
-IniText::IniText(std::string_view text) {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+IniText::IniText(std::string_view text, LineEnds ends) {
+    const bool uniform = ends == LineEnds::Uniform;
+    if (uniform && text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         std::string_view line = text.substr(0, end);
-        if (line.ends_with('\r')) line.remove_suffix(1);
+        if (uniform && line.ends_with('\r')) line.remove_suffix(1);
         lines_.emplace_back(line);
         text.remove_prefix(std::min(end + 1, text.size()));
     }
@@ -77,6 +81,7 @@ void IniText::Set(std::string_view section, std::string_view key, std::string_vi
     std::string line(key);
     line.append("=").append(value);
     if (const auto old = LineOf(section, key)) {
+        if (lines_[*old].ends_with('\r')) line += '\r';
         lines_[*old] = std::move(line);
         return;
     }

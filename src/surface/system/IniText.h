@@ -13,7 +13,10 @@ namespace pintalux {
 /// comments.
 class IniText {
   public:
-    explicit IniText(std::string_view text);
+    /// What becomes of the lines' ends, and of a byte order mark: gone until `Text` gives all lines the same
+    /// ones, or kept as another program wrote them.
+    enum class LineEnds { Uniform, AsTheyAre };
+    explicit IniText(std::string_view text, LineEnds ends = LineEnds::Uniform);
 
     /// The text behind the key's equals sign, without blanks around it.
     std::optional<std::string> Value(std::string_view section, std::string_view key) const;
