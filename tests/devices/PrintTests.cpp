@@ -4,6 +4,7 @@
 #include "support/Program.h"
 
 #include "devices/PrintCommands.h"
+#include "document/Globals.h"
 #include "surface/system/Printer.h"
 
 #include <array>
@@ -117,6 +118,52 @@ TEST_F(PrintTest, AnImageThatHoldsNoPictureIsNotPrintedAndSaysSo) {
 TEST_F(PrintTest, WithoutADocumentNothingIsPrinted) {
     mnuFilePrinterPrint_Click();
     EXPECT_FALSE(std::filesystem::exists(file_));
+}
+
+TEST_F(PrintTest, EveryPageThatGoesToAFileHasAFileOfItsOwn) {
+    OpenPicture("vermelha.bmp", Solid(20, 20, 0x0000FF));
+    mnuFilePrinterPrint_Click();
+    const std::string first = BytesOf(file_);
+    OpenPicture("verde.bmp", Solid(30, 20, 0x00FF00));
+    mnuFilePrinterPrint_Click();
+    EXPECT_EQ(BytesOf(file_), first);
+    EXPECT_TRUE(BytesOf(Folder("pictures") + "/page1.pdf").starts_with("%PDF"));
+    EXPECT_EQ(Printer().OutputFile(), Folder("pictures") + "/page2.pdf");
+}
+
+TEST_F(PrintTest, APlaceThatIsGoneIsAnUntrappedErrorAndTheNextPageIsPrinted) {
+    file_ = Folder("pictures") + "/gone/page.pdf";
+    Printer().PrintToFileForTests(file_);
+    const frmImage& image = OpenPicture("vermelha.bmp", Solid(20, 20, 0x0000FF));
+    try {
+        mnuFilePrinterPrint_Click();
+        FAIL() << "it was printed to nowhere";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), kDeviceUnavailable);
+        EXPECT_NE(error.Text().find(file_), std::string::npos) << error.Text();
+    }
+    EXPECT_EQ(CornerOf(image), 0x0000FF);
+    std::filesystem::create_directory(Folder("pictures") + "/gone");
+    mnuFilePrinterPrint_Click();
+    EXPECT_TRUE(BytesOf(file_).starts_with("%PDF"));
+}
+
+TEST_F(PrintTest, AFullDiskIsAnUntrappedErrorAndTheNextPageIsPrinted) {
+    Picture noise(300, 200, 0);
+    unsigned seed = 7;
+    for (int y = 0; y < 200; ++y)
+        for (int x = 0; x < 300; ++x)
+            noise.Set(x, y, (seed = seed * 1103515245 + 12345) & 0xFFFFFF);
+    OpenPicture("ruido.bmp", noise);
+    SettleStates();
+    {
+        const FullDisk disk(20000);
+        EXPECT_THROW(mnuFilePrinterPrint_Click(), RuntimeError);
+    }
+    std::filesystem::remove(file_);
+    mnuFilePrinterPrint_Click();
+    EXPECT_GT(BytesOf(file_).size(), 100000U);
+    EXPECT_EQ(ImageCount, 1);
 }
 
 TEST_F(PrintTest, AMissingPrinterIsAnUntrappedError) {

@@ -1,11 +1,13 @@
 #include "surface/system/Printer.h"
 
 #include "base/RuntimeError.h"
+#include "surface/system/FileLayer.h"
 #include "surface/system/ToolkitImages_native.h"
 #include "surface/window/Control.h"
 #include "surface/window/DialogOwner_native.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QPainter>
 #include <QPrintDialog>
@@ -15,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <vector>
 
 namespace pintalux {
@@ -53,6 +56,18 @@ struct PrinterObject::Native {
     void Drop() {
         if (painter.isActive()) painter.end();
         printer.reset();
+    }
+    /// A device that has failed prints nothing any more: another one with its settings takes its place.
+    void Renew() {
+        auto fresh = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        if (!printer->printerName().isEmpty()) fresh->setPrinterName(printer->printerName());
+        fresh->setOutputFormat(printer->outputFormat());
+        fresh->setOutputFileName(printer->outputFileName());
+        fresh->setPageLayout(printer->pageLayout());
+        fresh->setColorMode(printer->colorMode());
+        fresh->setCopyCount(printer->copyCount());
+        fresh->setDuplex(printer->duplex());
+        printer = std::move(fresh);
     }
     /// The device, if there is something to print on.
     QPrinter& Ready() {
@@ -97,7 +112,7 @@ int PixelsOnPage(double at, double scaledLength, int length, double room) {
 void PrinterObject::PaintPicture(const Picture& picture, double x, double y, double width, double height) {
     QPrinter& device = native_->Ready();
     if (!native_->painter.isActive() && !native_->painter.begin(&device))
-        throw RuntimeError(kDeviceUnavailable);
+        throw RuntimeError(kDeviceUnavailable, device.outputFileName().toStdString());
     const double scale = PixelsPerUnit();
     const QRectF page = device.pageRect(QPrinter::DevicePixel);
     const int columns = PixelsOnPage(x * scale, width * scale, picture.Width(), page.width());
@@ -108,7 +123,15 @@ void PrinterObject::PaintPicture(const Picture& picture, double x, double y, dou
     // A page keeps the image's own colours: a PDF would hold them as JPEG.
     native_->painter.setRenderHint(QPainter::LosslessImageRendering);
     native_->painter.setClipRect(QRectF(0, 0, page.width(), page.height()));
-    native_->painter.drawImage(place, ImageOf(Part(picture, columns, rows)));
+    try {
+        native_->painter.drawImage(place, ImageOf(Part(picture, columns, rows)));
+    } catch (...) {
+        // Half a page is no page, and the next one begins anew.
+        device.abort();
+        native_->painter.end();
+        native_->Renew();
+        throw;
+    }
 }
 
 void PrinterObject::PaintPicture(const Picture& picture, double x, double y) {
@@ -116,18 +139,62 @@ void PrinterObject::PaintPicture(const Picture& picture, double x, double y) {
     PaintPicture(picture, x, y, picture.Width() * unitsPerPixel, picture.Height() * unitsPerPixel);
 }
 
+namespace {
+
+/// Whether a PDF file has its end. The toolkit says nothing of a disk that was full meanwhile.
+bool IsWhole(const std::string& path) try {
+    constexpr std::uint64_t kEndLength = 32; // bytes
+    File file = File::OpenForReading(path);
+    file.Seek(file.Length() - std::min(kEndLength, file.Length()));
+    std::string end(kEndLength, '\0');
+    end.resize(file.Read(std::as_writable_bytes(std::span(end))));
+    return end.find("%%EOF") != std::string::npos;
+} catch (const RuntimeError&) {
+    return false;
+}
+
+} // namespace
+
 void PrinterObject::EndDoc() {
     if (!native_->painter.isActive()) return;
-    const bool ended = native_->painter.end();
-    if (!ended || native_->Device().printerState() == QPrinter::Error) throw RuntimeError(kDeviceError);
+    const bool ended = native_->painter.end() && native_->Device().printerState() != QPrinter::Error;
+    const std::string file = OutputFile();
+    if (ended && (file.empty() || IsWhole(file))) return;
+    native_->Renew();
+    throw RuntimeError(kDeviceError, file);
+}
+
+namespace {
+
+constexpr int kPrinterNameLength = 32; // characters
+
+/// The toolkit's dialog in the words and the looks of the program's own.
+void Dress(QPrintDialog& dialog) {
+    dialog.setWindowTitle("Configurar Impressora");
+    if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
+        // Nothing is printed from here: the button keeps the settings.
+        if (auto* accept = buttons->button(QDialogButtonBox::Ok)) accept->setText("OK");
+        for (QAbstractButton* button : buttons->buttons())
+            button->setIcon({});
+    }
+    // Else the name of a printer shows by half.
+    if (auto* printers = dialog.findChild<QComboBox*>("printers"))
+        printers->setMinimumContentsLength(kPrinterNameLength);
+}
+
+} // namespace
+
+std::string PrinterObject::OutputFile() const {
+    return native_->printer ? native_->printer->outputFileName().toStdString() : std::string{};
+}
+
+void PrinterObject::OutputFile(const std::string& path) {
+    native_->Device().setOutputFileName(QString::fromStdString(path));
 }
 
 bool PrinterObject::ShowSetup() {
     QPrintDialog dialog(&native_->Device());
-    dialog.setWindowTitle("Configurar Impressora");
-    // Nothing is printed from here: the button keeps the settings.
-    if (auto* buttons = dialog.findChild<QDialogButtonBox*>())
-        if (auto* accept = buttons->button(QDialogButtonBox::Ok)) accept->setText("OK");
+    Dress(dialog);
     PlaceOverOwner(dialog);
     return dialog.exec() == QDialog::Accepted;
 }

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 namespace pintalux {
 
@@ -29,6 +30,9 @@ class PrinterObject {
     double CurrentY() const { return currentY_; }
     void CurrentY(double value) { currentY_ = value; }
     void EndDoc(); ///< Sends the document off, if one was started; error 57 if that fails.
+    /// The file that the user prints to instead of paper; empty for a printer.
+    std::string OutputFile() const;
+    void OutputFile(const std::string& path);
     /// The desktop's printer dialog; false on cancel.
     bool ShowSetup();
     /// Tests: prints to a PDF file instead; empty takes it back.
