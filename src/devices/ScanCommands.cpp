@@ -16,20 +16,10 @@ namespace pintalux {
 
 namespace {
 
-constexpr int kWaitPointer = kPointerHourglass;
-
-// The wait pointer over all windows.
-class WaitPointer {
-  public:
-    WaitPointer() { Screen.MousePointer(kWaitPointer); }
-    ~WaitPointer() { Screen.MousePointer(kPointerDefault); }
-    WaitPointer(const WaitPointer&) = delete;
-    WaitPointer& operator=(const WaitPointer&) = delete;
-};
-
 // Intended: the number is that of the last error, 0 where the user cancelled; why a device or a disk refused
 // was said before.
 void TellAborted(int errorNumber) {
+    const PointerOverAll usual(kPointerDefault);
     MsgBox("Operação Abortada. Erro:" + NumberText(errorNumber), BoxButtons::Ok, BoxIcon::Information,
            kMessageTitle);
 }
@@ -54,7 +44,7 @@ void OpenScan(const std::string& path) {
 } // namespace
 
 void mnuFileAquire_Click() {
-    const WaitPointer wait;
+    const PointerOverAll wait(kPointerHourglass);
     try {
         const std::string path = UniqueFileName(App.Path() + "/Untitled.bmp");
         if (TWAIN_AcquireToFilename(&*TheWorkspace.window, path) == 0) {

@@ -39,6 +39,8 @@ std::string ModeText(const std::string& mode) {
     return mode;
 }
 
+constexpr double kChoiceWidth = 5850; // twips; the frame below needs no more, so that the labels stay near
+
 int WholeMillimetres(double value) {
     return static_cast<int>(std::floor(value + 1e-6));
 }
@@ -64,6 +66,7 @@ frmScanForm::frmScanForm() : Form("frmScan", Kind::Dialog) {
 }
 
 void frmScanForm::LayOut() {
+    cboMode.Width(kChoiceWidth);
     LayOutGrid(fraArea, {{&lblLeft, 0, 0},
                          {&txtLeft, 0, 1},
                          {&VSLeft, 0, 2, 1, 1, Place::Left},

@@ -8,6 +8,8 @@
 #include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
 #include "surface/system/Pictures.h"
+#include "surface/window/Control.h"
+#include "surface/window/Screen.h"
 
 #include <optional>
 #include <span>
@@ -31,7 +33,9 @@ LastScan& Last() {
 constexpr int kDone = 0;
 constexpr int kNothingScanned = 1;
 
+// The wait pointer stands while the device works; a window that asks has the usual one.
 void Tell(const std::string& text) {
+    const PointerOverAll usual(kPointerDefault);
     MsgBox(text, BoxButtons::Ok, BoxIcon::Exclamation, kMessageTitle);
 }
 
@@ -54,6 +58,7 @@ std::optional<std::vector<ScannerDevice>> LookForDevices() {
 }
 
 bool ChooseDevice(const std::vector<ScannerDevice>& devices) {
+    const PointerOverAll usual(kPointerDefault);
     frmScanSource->Offer(devices, Last().device);
     frmScanSource->ShowModal();
     const std::string choice = frmScanSource->Choice();
@@ -73,6 +78,7 @@ bool HaveDevice() {
 }
 
 std::optional<ScanSettings> AskForSettings(const ScanChoices& choices) {
+    const PointerOverAll usual(kPointerDefault);
     frmScan->Offer(choices, Last().settings);
     frmScan->ShowModal();
     const std::optional<ScanSettings> choice = frmScan->Choice();
@@ -106,7 +112,9 @@ int Acquire(const std::string& fileName) {
     wanted.area.bottom += choices->glass.top;
     const auto saved = Aside<bool>("A digitalizar...", [scanner, wanted, fileName](ScanProgress& progress) {
         const ScanPage page = (*scanner)->Scan(wanted, progress);
-        if (progress.cancelled || page.Height() == 0) return false;
+        if (progress.cancelled) return false;
+        if (page.Height() == 0)
+            throw RuntimeError(kDeviceError, "O digitalizador não enviou imagem nenhuma.");
         SavePictureAside(PictureOf(page), fileName);
         // Whoever gave up meanwhile finds no file of his.
         if (progress.cancelled) DeleteFile(fileName);

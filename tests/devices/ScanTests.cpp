@@ -1,15 +1,19 @@
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/OrdinaryUser.h"
 #include "support/Pictures.h"
 #include "support/Program.h"
 
 #include "devices/frmScan.h"
 #include "devices/frmScanSource.h"
+#include "devices/frmScanWait.h"
 #include "devices/modTwain.h"
 #include "devices/sane/SaneCalls.h"
 #include "devices/ScanCommands.h"
 #include "document/Globals.h"
+#include "surface/window/Screen.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
@@ -49,7 +53,7 @@ class ScanTest : public ProgramTest {
         EndSane();
         std::ofstream(configuration_ + "/dll.conf") << (devices > 0 ? "test\n" : "# none\n");
         std::ofstream(configuration_ + "/test.conf")
-            << "number_of_devices " << devices
+            << "number_of_devices " << std::max(devices, 1) // the test device itself fails with none
             << "\nresolution_min 1\nresolution_max 1200\nresolution 50\ngeometry_min 0\ngeometry_max 200\n"
                "geometry_quant 1\ntest-picture \"Solid white\"\n"
             << more;
@@ -130,10 +134,136 @@ TEST_F(ScanTest, AFaultOfTheDeviceIsToldInItsOwnWords) {
 
 TEST_F(ScanTest, APageWithoutRowsOpensNothing) {
     Configure(1, "read-status-code \"SANE_STATUS_EOF\"\n");
-    const DialogScript script({Waits(), Waits(), Scans([] { Area(20, 20); }), Waits(), PressesButton("OK")});
+    const DialogScript script(
+        {Waits(), Waits(), Scans([] { Area(20, 20); }), Waits(), PressesButton("OK"), PressesButton("OK")});
     mnuFileAquire_Click();
+    EXPECT_NE(script.Dialog(4).text.find("não enviou imagem nenhuma"), std::string::npos);
+    EXPECT_EQ(script.Dialog(5).text, "Operação Abortada. Erro:0");
     EXPECT_EQ(ImageCount, 0);
     EXPECT_TRUE(PagesLeft().empty());
+}
+
+TEST_F(ScanTest, AScanThatIsGivenUpInTheMiddleLeavesNothing) {
+    Configure(1, "read-delay true\nread-delay-duration 200000\n");
+    const DialogScript script({Waits(), Waits(), Scans([] {
+                                   frmScan->cboResolution.ListIndex(frmScan->cboResolution.ListCount() - 1);
+                               }),
+                               PressesEscape(), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_EQ(script.Dialog(4).text, "Operação Abortada. Erro:0");
+    EXPECT_EQ(ImageCount, 0);
+    EXPECT_TRUE(PagesLeft().empty());
+    EXPECT_FALSE(frmScanWait.Loaded());
+}
+
+TEST_F(ScanTest, ADeviceThatVanishedIsForgottenAndTheOnesLeftAreFound) {
+    Configure(2);
+    {
+        const DialogScript script({Waits(),
+                                   [](QWidget&) {
+                                       frmScanSource->lstDevices.ListIndex(1);
+                                       ClickWidget(WidgetFor(frmScanSource->cmdOK));
+                                   },
+                                   Waits(), Scans([] { Area(20, 20); }), Waits()});
+        mnuFileAquire_Click();
+        EXPECT_EQ(ImageCount, 1);
+    }
+    Configure(1);
+    {
+        const DialogScript script({Waits(), PressesButton("OK"), PressesButton("OK")});
+        mnuFileAquire_Click();
+        EXPECT_NE(script.Dialog(1).text.find("O digitalizador já não está ligado"), std::string::npos);
+        EXPECT_EQ(script.Dialog(2).text, "Operação Abortada. Erro:0");
+        EXPECT_EQ(ImageCount, 1);
+    }
+    const DialogScript script({Waits(), Waits(), Scans([] { Area(20, 20); }), Waits()});
+    mnuFileAquire_Click();
+    EXPECT_EQ(ImageCount, 2);
+}
+
+TEST_F(ScanTest, AFolderThatCannotBeWrittenIsNamedAndNothingOpens) {
+    const std::string folder = Folder("program");
+    std::filesystem::permissions(folder, std::filesystem::perms(0555));
+    {
+        const DialogScript script({Waits(), Waits(), Scans([] { Area(20, 20); }), Waits(),
+                                   PressesButton("OK"), PressesButton("OK")});
+        const OrdinaryUser user;
+        mnuFileAquire_Click();
+        EXPECT_NE(script.Dialog(4).text.find(folder + "/Untitled.bmp"), std::string::npos)
+            << script.Dialog(4).text;
+        EXPECT_EQ(script.Dialog(5).text, "Operação Abortada. Erro:0");
+    }
+    std::filesystem::permissions(folder, std::filesystem::perms(0755));
+    EXPECT_EQ(ImageCount, 0);
+    EXPECT_TRUE(PagesLeft().empty());
+}
+
+TEST_F(ScanTest, AFullDiskIsToldAndLeavesNoPiece) {
+    const DialogScript script(
+        {Waits(), Waits(), Scans([] { Area(100, 100); }), Waits(), PressesButton("OK"), PressesButton("OK")});
+    {
+        const FullDisk disk(4096);
+        mnuFileAquire_Click();
+    }
+    EXPECT_EQ(script.Dialog(5).text, "Operação Abortada. Erro:0");
+    EXPECT_EQ(ImageCount, 0);
+    EXPECT_TRUE(PagesLeft().empty());
+}
+
+TEST_F(ScanTest, APageThatIsTooLargeIsRefusedWithTheWayOut) {
+    Configure(1, "resolution_max 6000\nresolution 6000\n");
+    const DialogScript script({Waits(), Waits(), Scans([] {
+                                   frmScan->cboResolution.ListIndex(frmScan->cboResolution.ListCount() - 1);
+                               }),
+                               Waits(), PressesButton("OK"), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_NE(script.Dialog(4).text.find("Escolha uma resolução ou uma área menor."), std::string::npos)
+        << script.Dialog(4).text;
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(ScanTest, TwoScansInARowHaveTheSameName) {
+    for (int i = 0; i < 2; ++i) {
+        std::vector<DialogScript::Step> steps = {Waits(), Scans([] { Area(20, 20); }), Waits()};
+        if (i == 0) steps.insert(steps.begin(), Waits()); // the search
+        const DialogScript script(steps);
+        mnuFileAquire_Click();
+        EXPECT_EQ(frmMain->ActiveForm()->Caption(), "Untitled.bmp");
+    }
+    EXPECT_EQ(ImageCount, 2);
+}
+
+TEST_F(ScanTest, ThePointerWaitsForTheDeviceAndNotForTheUser) {
+    std::vector<int> pointers;
+    const auto note = [&pointers] { pointers.push_back(Screen.MousePointer()); };
+    const DialogScript script({[&](QWidget&) { note(); }, Waits(), Scans([&] {
+                                   note();
+                                   Area(20, 20);
+                               }),
+                               [&](QWidget&) { note(); }});
+    mnuFileAquire_Click();
+    EXPECT_EQ(pointers, (std::vector<int>{kPointerHourglass, kPointerDefault, kPointerHourglass}));
+    EXPECT_EQ(Screen.MousePointer(), kPointerDefault);
+}
+
+TEST_F(ScanTest, TheNextScanProposesWhatTheLastOneHad) {
+    {
+        const DialogScript script({Waits(), Waits(), Scans([] {
+                                       frmScan->cboResolution.ListIndex(3);
+                                       frmScan->cboMode.ListIndex(1);
+                                       Area(31, 22);
+                                   }),
+                                   Waits()});
+        mnuFileAquire_Click();
+    }
+    const DialogScript script({Waits(), Scans([] {
+                                   EXPECT_EQ(frmScan->cboResolution.Text(), "150");
+                                   EXPECT_EQ(frmScan->cboMode.ListIndex(), 1);
+                                   EXPECT_EQ(frmScan->txtWidth.Text(), "31");
+                                   EXPECT_EQ(frmScan->txtHeight.Text(), "22");
+                               }),
+                               Waits()});
+    mnuFileAquire_Click();
 }
 
 TEST_F(ScanTest, AFileOfTheSameNameIsNotOverwritten) {

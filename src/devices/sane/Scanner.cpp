@@ -15,6 +15,11 @@ namespace {
 
 constexpr int kLargestSide = 32000; // pixels, as of any image
 
+[[noreturn]] void RefuseSize() {
+    throw RuntimeError(kOverflow, "A página tem mais de 32000 pixels de lado. Escolha uma resolução ou uma "
+                                  "área menor.");
+}
+
 // The library is not made for two threads: a search that the user gave up may still run when the next one
 // starts.
 std::mutex& LibraryLock() {
@@ -29,20 +34,25 @@ class FrameReader {
     FrameReader(ScanPage& page, const SANE_Parameters& format, bool firstFrame)
         : page_(page), format_(format) {
         if (format.pixels_per_line <= 0 || format.bytes_per_line <= 0) throw RuntimeError(kDeviceError);
-        if (format.pixels_per_line > kLargestSide || format.lines > kLargestSide)
-            throw RuntimeError(kOverflow);
-        line_.reserve(static_cast<std::size_t>(format.bytes_per_line));
+        if (format.pixels_per_line > kLargestSide || format.lines > kLargestSide) RefuseSize();
         if (firstFrame) page.width = format.pixels_per_line;
+        const auto rows = static_cast<std::size_t>(std::max(0, format.lines));
+        page.pixels.reserve(static_cast<std::size_t>(page.width) * rows);
     }
 
     void Take(std::span<const SANE_Byte> bytes) {
         const auto whole = static_cast<std::size_t>(format_.bytes_per_line);
         while (!bytes.empty()) {
+            if (line_.empty() && bytes.size() >= whole) {
+                TakeLine(bytes.first(whole));
+                bytes = bytes.subspan(whole);
+                continue;
+            }
             const std::size_t count = std::min(bytes.size(), whole - line_.size());
             line_.insert(line_.end(), bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count));
             bytes = bytes.subspan(count);
             if (line_.size() < whole) return;
-            TakeLine();
+            TakeLine(line_);
             line_.clear();
         }
     }
@@ -50,22 +60,21 @@ class FrameReader {
     int Percent() const { return format_.lines > 0 ? std::min(100, row_ * 100 / format_.lines) : 0; }
 
   private:
-    unsigned Sample(int index) const {
-        const auto i = static_cast<std::size_t>(index);
+    unsigned Sample(std::span<const SANE_Byte> line, std::size_t i) const {
         if (format_.depth == 1) {
-            const bool set = i / 8 < line_.size() && (line_[i / 8] & 0x80U >> i % 8) != 0;
+            const bool set = i / 8 < line.size() && (line[i / 8] & 0x80U >> i % 8) != 0;
             return set ? 0 : 255; // A set bit is ink.
         }
         // 16 bits stand in the machine's own order: the upper byte is the second one on a small-endian
         // machine.
         const std::size_t at = format_.depth == 16 ? 2 * i + 1 : i;
-        return at < line_.size() ? line_[at] : 0;
+        return at < line.size() ? line[at] : 0;
     }
 
-    std::uint32_t PixelAt(int x) const {
+    std::uint32_t PixelAt(std::span<const SANE_Byte> line, std::size_t x) const {
         if (format_.format == SANE_FRAME_RGB)
-            return Sample(3 * x) | Sample(3 * x + 1) << 8 | Sample(3 * x + 2) << 16;
-        const unsigned sample = Sample(x);
+            return Sample(line, 3 * x) | Sample(line, 3 * x + 1) << 8 | Sample(line, 3 * x + 2) << 16;
+        const unsigned sample = Sample(line, x);
         switch (format_.format) {
         case SANE_FRAME_RED:
             return sample;
@@ -78,14 +87,25 @@ class FrameReader {
         }
     }
 
-    void TakeLine() {
-        if (row_ >= kLargestSide) throw RuntimeError(kOverflow);
+    // What most scanners send, without a question for each sample.
+    bool IsPlainColour(std::span<const SANE_Byte> line, std::size_t pixels) const {
+        return format_.format == SANE_FRAME_RGB && format_.depth == 8 && line.size() >= 3 * pixels;
+    }
+
+    void TakeLine(std::span<const SANE_Byte> line) {
+        if (row_ >= kLargestSide) RefuseSize();
         const auto width = static_cast<std::size_t>(page_.width);
         const std::size_t start = width * static_cast<std::size_t>(row_);
         if (page_.pixels.size() < start + width) page_.pixels.resize(start + width, 0);
-        const int count = std::min(page_.width, format_.pixels_per_line);
-        for (int x = 0; x < count; ++x)
-            page_.pixels[start + static_cast<std::size_t>(x)] |= PixelAt(x);
+        const auto count = static_cast<std::size_t>(std::min(page_.width, format_.pixels_per_line));
+        std::uint32_t* const pixels = &page_.pixels[start];
+        if (IsPlainColour(line, count)) {
+            for (std::size_t x = 0; x < count; ++x)
+                pixels[x] = line[3 * x] | unsigned{line[3 * x + 1]} << 8 | unsigned{line[3 * x + 2]} << 16;
+        } else {
+            for (std::size_t x = 0; x < count; ++x)
+                pixels[x] |= PixelAt(line, x);
+        }
         ++row_;
     }
 

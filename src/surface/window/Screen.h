@@ -34,6 +34,17 @@ extern ScreenObject Screen;
 
 /// A button of the mouse is held, or a modal window or a menu waits for an answer: no time for a message.
 bool UserIsBusy();
+/// A pointer over all windows for the object's life; then the one before it again.
+class PointerOverAll {
+  public:
+    explicit PointerOverAll(int pointer) : before_(Screen.MousePointer()) { Screen.MousePointer(pointer); }
+    ~PointerOverAll() { Screen.MousePointer(before_); }
+    PointerOverAll(const PointerOverAll&) = delete;
+    PointerOverAll& operator=(const PointerOverAll&) = delete;
+
+  private:
+    int before_;
+};
 
 /// The pointer's place on the screen, in the toolkit's pixels.
 CursorPosition GetCursorPos();
