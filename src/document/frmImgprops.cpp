@@ -17,8 +17,9 @@ AutoForm<frmImgpropsForm> frmImgprops;
 
 namespace {
 
-constexpr double kThumbSide = 1215; // twips
-constexpr double kInfoWidth = 4200; // twips; longer texts go on in the next line
+constexpr double kThumbSide = 1215;  // twips
+constexpr double kInfoWidth = 4200;  // twips
+constexpr double kWidestInfo = 8400; // twips; longer texts go on in the next line
 constexpr double kUnit = 1024;
 
 enum Info { kName, kPath, kOriginalSize, kHeight, kWidth, kCurrentSize };
@@ -93,6 +94,7 @@ void frmImgpropsForm::LayOut() {
     for (const auto& [label, info] : rows) {
         lblInfo(info).WordWrap(true);
         lblInfo(info).Width(kInfoWidth);
+        lblInfo(info).WidestLine(kWidestInfo);
         lblInfo(info).AccessibleName(label->Caption());
         items.push_back({label, row, 0, 1, 1, Place::Left});
         items.push_back({&lblInfo(info), row, 1});

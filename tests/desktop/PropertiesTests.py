@@ -43,6 +43,7 @@ class Figures:
         desktop.wait_for_window(MAIN)
         desktop.menu("i", "Return")
         window = desktop.wait_for_window(DIALOG)
+        desktop.move(1, 1)  # or it would be waited for where it is already
         x, y = corner_of(desktop, window)
         width, height = desktop.geometry(window)[2:]
 

@@ -113,6 +113,18 @@ TEST_F(ImagePropertiesTest, TheThumbnailShowsTheImage) {
     Look([&image] { ExpectSamePixels(frmImgprops->Image1.Picture(), ImageOf(image)); });
 }
 
+TEST_F(ImagePropertiesTest, ALongPathLeavesTheDialogOnTheScreen) {
+    frmImage& image = NewDocument(7, 5);
+    image.AFCurfile =
+        "/" + std::string(250, 'p') + "/" + std::string(3000, 'q') + "/" + std::string(250, 'n');
+    Look([&image] {
+        EXPECT_EQ(Info(0), std::string(250, 'n'));
+        EXPECT_EQ(Info(1) + "/" + Info(0), image.AFCurfile);
+        EXPECT_LT(frmImgprops->PixelWidth(), 900);
+        EXPECT_LT(frmImgprops->PixelHeight(), 1000);
+    });
+}
+
 TEST_F(ImagePropertiesTest, EscapeCloses) {
     NewDocument(7, 5);
     const DialogScript script({PressesEscape()});

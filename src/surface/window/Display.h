@@ -113,7 +113,10 @@ class Label : public Control {
     void FontStrikethru(bool value);
     /// 0 left, 1 right, 2 centre.
     void Alignment(int value);
+    /// A text too wide for the label goes on in the next line, behind a blank or, in a long word, anywhere.
     void WordWrap(bool value);
+    /// How wide a grid may make the label at most, in twips.
+    void WidestLine(double twips);
 
   protected:
     void Placed() override;
@@ -121,6 +124,8 @@ class Label : public Control {
   private:
     void FontChanged();
     void FitToCaption();
+    void ShowCaption();
+    bool wordWrap_ = false;
     bool sized_ = false; ///< The program gave it a size, or a grid places it.
     std::string caption_;
     Colour foreColor_ = kBlack;

@@ -19,6 +19,22 @@ void SetPaletteColour(QWidget& widget, QPalette::ColorRole role, Colour colour) 
     widget.setPalette(palette);
 }
 
+// The toolkit breaks a line between words alone, so that a word without end would make its window as wide.
+// Invisible marks tell it where else it may.
+QString WithBreaks(const QString& text) {
+    constexpr int kLongestWord = 24;
+    constexpr QChar kMayBreak(0x200B);
+    QString shown;
+    int length = 0;
+    for (const QChar c : text) {
+        length = c.isSpace() ? 0 : length + 1;
+        // A character of two halves stays whole.
+        if (length > kLongestWord && !c.isLowSurrogate()) shown += kMayBreak;
+        shown += c;
+    }
+    return shown;
+}
+
 } // namespace
 
 Label::Label(Container& parent, std::string name, std::string caption)
@@ -47,9 +63,18 @@ void Label::Placed() {
 void Label::Caption(std::string value) {
     if (value == caption_) return;
     caption_ = std::move(value);
+    ShowCaption();
+}
+
+void Label::ShowCaption() {
     QLabel* widget = LabelWidget(*this);
     if (!widget) return;
-    widget->setText(ToQString(caption_));
+    const QString text = ToQString(caption_);
+    widget->setText(wordWrap_ ? WithBreaks(text) : text);
+    // A page of text takes the room that there is, so that its window stays lower than the screen.
+    constexpr qsizetype kPage = 400; // characters
+    if (wordWrap_ && text.size() > kPage && widget->maximumWidth() < QWIDGETSIZE_MAX)
+        widget->setMinimumWidth(widget->maximumWidth());
     FitToCaption();
 }
 
@@ -112,8 +137,14 @@ void Label::Alignment(int value) {
 void Label::WordWrap(bool value) {
     QLabel* widget = LabelWidget(*this);
     if (!widget) return;
+    wordWrap_ = value;
     widget->setWordWrap(value);
-    FitToCaption();
+    ShowCaption();
+}
+
+void Label::WidestLine(double twips) {
+    if (QLabel* widget = LabelWidget(*this))
+        widget->setMaximumWidth(static_cast<int>(twips / kTwipsPerPixel));
 }
 
 } // namespace pintalux
