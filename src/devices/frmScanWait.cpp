@@ -10,8 +10,8 @@ namespace {
 
 constexpr double kBarWidth = 4500; // twips
 constexpr double kBarHeight = 240; // twips
-// A device gets two seconds to stop before the window goes without it: 40 looks of 50 milliseconds.
-constexpr int kTicksToStop = 40;
+// A device gets two seconds to stop before the window goes without it: 200 looks of 10 milliseconds.
+constexpr int kTicksToStop = 200;
 
 } // namespace
 

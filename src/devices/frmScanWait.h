@@ -16,7 +16,7 @@ class frmScanWaitForm : public Form {
     Label lblWhat{*this, "lblWhat"};
     ProgressBar Pb{*this, "Pb"};
     CommandButton cmdCancel{*this, "cmdCancel", "Cancelar"};
-    Timer Timer1{50}; ///< Milliseconds between two looks at the job.
+    Timer Timer1{10}; ///< Milliseconds between two looks at the job.
 
     void Watch(std::shared_ptr<ScanJob> job, const std::string& what);
     void cmdCancel_Click();

@@ -5,9 +5,9 @@
 #include "devices/frmScanSource.h"
 #include "devices/frmScanWait.h"
 #include "devices/sane/SaneCalls.h"
+#include "surface/system/BmpRows.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
-#include "surface/system/Pictures.h"
 #include "surface/window/Control.h"
 #include "surface/window/Screen.h"
 
@@ -86,12 +86,19 @@ std::optional<ScanSettings> AskForSettings(const ScanChoices& choices) {
     return choice;
 }
 
-Picture PictureOf(const ScanPage& page) {
-    Picture picture(page.width, page.Height(), 0);
-    const auto width = static_cast<std::size_t>(page.width);
-    for (int y = 0; y < page.Height(); ++y)
-        picture.WriteRow(0, y, std::span(page.pixels).subspan(width * static_cast<std::size_t>(y), width));
-    return picture;
+// The page goes into its file as it comes. Whoever gave up finds no piece of it.
+bool ScanIntoFile(Scanner& scanner, const ScanSettings& settings, const std::string& fileName,
+                  ScanProgress& progress) {
+    std::optional<BmpRows> file;
+    scanner.Scan(settings, progress, [&](std::span<const std::uint8_t> row) {
+        if (!file) file.emplace(fileName, static_cast<int>(row.size() / 3));
+        file->Add(row);
+    });
+    if (progress.cancelled) return false;
+    if (!file) throw RuntimeError(kDeviceError, "O digitalizador não enviou imagem nenhuma.");
+    file->Finish();
+    if (progress.cancelled) DeleteFile(fileName);
+    return true;
 }
 
 int Acquire(const std::string& fileName) {
@@ -111,14 +118,7 @@ int Acquire(const std::string& fileName) {
     wanted.area.top += choices->glass.top;
     wanted.area.bottom += choices->glass.top;
     const auto saved = Aside<bool>("A digitalizar...", [scanner, wanted, fileName](ScanProgress& progress) {
-        const ScanPage page = (*scanner)->Scan(wanted, progress);
-        if (progress.cancelled) return false;
-        if (page.Height() == 0)
-            throw RuntimeError(kDeviceError, "O digitalizador não enviou imagem nenhuma.");
-        SavePictureAside(PictureOf(page), fileName);
-        // Whoever gave up meanwhile finds no file of his.
-        if (progress.cancelled) DeleteFile(fileName);
-        return true;
+        return ScanIntoFile(**scanner, wanted, fileName, progress);
     });
     return saved.value_or(false) ? kDone : kNothingScanned;
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <mutex>
+#include <optional>
 #include <span>
 
 namespace pintalux {
@@ -27,17 +28,44 @@ std::mutex& LibraryLock() {
     return lock;
 }
 
-// The bytes of a frame as they come, put into the page row by row. Three-pass devices send red, green and
-// blue one after the other.
+constexpr std::size_t kChannels = 3;
+
+// The place of the one colour that a frame of a three-pass device brings; nothing for any other frame.
+std::optional<std::size_t> ChannelOf(SANE_Frame frame) {
+    switch (frame) {
+    case SANE_FRAME_RED:
+        return 0;
+    case SANE_FRAME_GREEN:
+        return 1;
+    case SANE_FRAME_BLUE:
+        return 2;
+    default:
+        return {};
+    }
+}
+
+// A page out of one frame, whose rows go on as they come, or of three: a three-pass device sends red, green
+// and blue one after the other, so that no row is whole before the last one.
+struct Page {
+    const TakeRow& take;
+    std::size_t width = 0; // pixels
+    std::vector<std::uint8_t> passes;
+
+    void TakePasses() const {
+        for (std::size_t at = 0; at < passes.size(); at += kChannels * width)
+            take(std::span(passes).subspan(at, kChannels * width));
+    }
+};
+
+// The bytes of a frame as they come, cut into rows.
 class FrameReader {
   public:
-    FrameReader(ScanPage& page, const SANE_Parameters& format, bool firstFrame)
-        : page_(page), format_(format) {
+    FrameReader(Page& page, const SANE_Parameters& format)
+        : page_(page), format_(format), channel_(ChannelOf(format.format)) {
         if (format.pixels_per_line <= 0 || format.bytes_per_line <= 0) throw RuntimeError(kDeviceError);
         if (format.pixels_per_line > kLargestSide || format.lines > kLargestSide) RefuseSize();
-        if (firstFrame) page.width = format.pixels_per_line;
-        const auto rows = static_cast<std::size_t>(std::max(0, format.lines));
-        page.pixels.reserve(static_cast<std::size_t>(page.width) * rows);
+        if (page.width == 0) page.width = static_cast<std::size_t>(format.pixels_per_line);
+        row_.resize(kChannels * page.width);
     }
 
     void Take(std::span<const SANE_Byte> bytes) {
@@ -57,10 +85,10 @@ class FrameReader {
         }
     }
 
-    int Percent() const { return format_.lines > 0 ? std::min(100, row_ * 100 / format_.lines) : 0; }
+    int Percent() const { return format_.lines > 0 ? std::min(100, rows_ * 100 / format_.lines) : 0; }
 
   private:
-    unsigned Sample(std::span<const SANE_Byte> line, std::size_t i) const {
+    std::uint8_t Sample(std::span<const SANE_Byte> line, std::size_t i) const {
         if (format_.depth == 1) {
             const bool set = i / 8 < line.size() && (line[i / 8] & 0x80U >> i % 8) != 0;
             return set ? 0 : 255; // A set bit is ink.
@@ -71,48 +99,44 @@ class FrameReader {
         return at < line.size() ? line[at] : 0;
     }
 
-    std::uint32_t PixelAt(std::span<const SANE_Byte> line, std::size_t x) const {
-        if (format_.format == SANE_FRAME_RGB)
-            return Sample(line, 3 * x) | Sample(line, 3 * x + 1) << 8 | Sample(line, 3 * x + 2) << 16;
-        const unsigned sample = Sample(line, x);
-        switch (format_.format) {
-        case SANE_FRAME_RED:
-            return sample;
-        case SANE_FRAME_GREEN:
-            return sample << 8;
-        case SANE_FRAME_BLUE:
-            return sample << 16;
-        default:
-            return sample * 0x010101U;
-        }
+    // What most scanners send: the row as it is wanted.
+    bool IsPlain(std::span<const SANE_Byte> line) const {
+        return format_.format == SANE_FRAME_RGB && format_.depth == 8 && line.size() >= row_.size() &&
+               Count() == page_.width;
     }
 
-    // What most scanners send, without a question for each sample.
-    bool IsPlainColour(std::span<const SANE_Byte> line, std::size_t pixels) const {
-        return format_.format == SANE_FRAME_RGB && format_.depth == 8 && line.size() >= 3 * pixels;
+    std::size_t Count() const {
+        return std::min(page_.width, static_cast<std::size_t>(format_.pixels_per_line));
     }
 
     void TakeLine(std::span<const SANE_Byte> line) {
-        if (row_ >= kLargestSide) RefuseSize();
-        const auto width = static_cast<std::size_t>(page_.width);
-        const std::size_t start = width * static_cast<std::size_t>(row_);
-        if (page_.pixels.size() < start + width) page_.pixels.resize(start + width, 0);
-        const auto count = static_cast<std::size_t>(std::min(page_.width, format_.pixels_per_line));
-        std::uint32_t* const pixels = &page_.pixels[start];
-        if (IsPlainColour(line, count)) {
-            for (std::size_t x = 0; x < count; ++x)
-                pixels[x] = line[3 * x] | unsigned{line[3 * x + 1]} << 8 | unsigned{line[3 * x + 2]} << 16;
+        if (rows_ >= kLargestSide) RefuseSize();
+        if (channel_) {
+            TakePass(line, *channel_);
+        } else if (IsPlain(line)) {
+            page_.take(line.first(row_.size()));
         } else {
-            for (std::size_t x = 0; x < count; ++x)
-                pixels[x] |= PixelAt(line, x);
+            const bool colour = format_.format == SANE_FRAME_RGB;
+            for (std::size_t i = 0; i < kChannels * Count(); ++i)
+                row_[i] = Sample(line, colour ? i : i / kChannels);
+            page_.take(row_);
         }
-        ++row_;
+        ++rows_;
     }
 
-    ScanPage& page_;
+    void TakePass(std::span<const SANE_Byte> line, std::size_t channel) {
+        const std::size_t start = row_.size() * static_cast<std::size_t>(rows_);
+        if (page_.passes.size() < start + row_.size()) page_.passes.resize(start + row_.size(), 0);
+        for (std::size_t x = 0; x < Count(); ++x)
+            page_.passes[start + kChannels * x + channel] = Sample(line, x);
+    }
+
+    Page& page_;
     SANE_Parameters format_;
+    std::optional<std::size_t> channel_;
     std::vector<SANE_Byte> line_;
-    int row_ = 0;
+    std::vector<std::uint8_t> row_;
+    int rows_ = 0;
 };
 
 } // namespace
@@ -160,7 +184,7 @@ ScanChoices Scanner::Choices() const {
     return ScanOptions(device_->handle).Choices();
 }
 
-ScanPage Scanner::Scan(const ScanSettings& settings, ScanProgress& progress) {
+void Scanner::Scan(const ScanSettings& settings, ScanProgress& progress, const TakeRow& take) {
     constexpr std::size_t kChunk = 64 * 1024; // bytes
     const std::lock_guard lock(LibraryLock());
     const SANE_Handle handle = device_->handle;
@@ -170,15 +194,15 @@ ScanPage Scanner::Scan(const ScanSettings& settings, ScanProgress& progress) {
         SANE_Handle handle;
         ~Rest() { Sane().cancel(handle); }
     } const rest{handle};
-    ScanPage page;
+    Page page{take, 0, {}};
     SANE_Parameters format{};
     std::vector<SANE_Byte> bytes(kChunk);
     do {
         CheckSane(Sane().start(handle));
         CheckSane(Sane().getParameters(handle, &format));
-        FrameReader reader(page, format, page.width == 0);
+        FrameReader reader(page, format);
         for (SANE_Status status = SANE_STATUS_GOOD; status != SANE_STATUS_EOF;) {
-            if (progress.cancelled) return {};
+            if (progress.cancelled) return;
             SANE_Int count = 0;
             status = Sane().read(handle, bytes.data(), static_cast<SANE_Int>(bytes.size()), &count);
             if (status != SANE_STATUS_EOF) CheckSane(status);
@@ -186,7 +210,7 @@ ScanPage Scanner::Scan(const ScanSettings& settings, ScanProgress& progress) {
             progress.percent = reader.Percent();
         }
     } while (format.last_frame == SANE_FALSE);
-    return page;
+    page.TakePasses();
 }
 
 } // namespace pintalux

@@ -6,7 +6,9 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -41,14 +43,9 @@ struct ScanSettings {
     ScanArea area;      ///< Empty keeps the device's own.
 };
 
-/// A page: rows from the top, each of `width` pixels 0x00BBGGRR.
-struct ScanPage {
-    int width = 0;
-    std::vector<std::uint32_t> pixels;
-    int Height() const {
-        return width == 0 ? 0 : static_cast<int>(pixels.size() / static_cast<unsigned>(width));
-    }
-};
+/// Takes a page as it comes: one row after the other from the top, each of as many pixels of three bytes, red
+/// first. What it raises ends the scan.
+using TakeRow = std::function<void(std::span<const std::uint8_t> row)>;
 
 /// How far a scan has come, and whether the user wants no more of it. Read and written by both threads.
 struct ScanProgress {
@@ -66,9 +63,9 @@ class Scanner {
 
     ScanChoices Choices() const;
     /// Reads one page. Colours above 8 bits lose their lower ones; a page that ends early has the rows that
-    /// came. A cancelled one is empty. Error 57 or 68 with what the device said; 6 where a side exceeds
-    /// 32000.
-    ScanPage Scan(const ScanSettings& settings, ScanProgress& progress);
+    /// came. Once it is cancelled no more rows come. Error 57 or 68 with what the device said; 6 where a side
+    /// exceeds 32000.
+    void Scan(const ScanSettings& settings, ScanProgress& progress, const TakeRow& take);
 
   private:
     struct Device;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -16,7 +17,7 @@ namespace {
 static_assert(std::endian::native == std::endian::little,
               "pixels are packed by whole words, lowest byte first");
 
-constexpr std::uint32_t kHeaderLength = 54;
+constexpr std::uint32_t kHeaderLength = kBmpHeaderLength;
 constexpr std::size_t kBufferLength = std::size_t{1} << 20;
 
 class HeaderBytes {
@@ -25,34 +26,12 @@ class HeaderBytes {
         for (int i = 0; i < bytes; ++i, value >>= 8)
             bytes_[used_++] = static_cast<std::byte>(value & 0xFF);
     }
-    std::span<const std::byte> Bytes() const { return bytes_; }
+    const std::array<std::byte, kHeaderLength>& Bytes() const { return bytes_; }
 
   private:
     std::array<std::byte, kHeaderLength> bytes_ = {};
     std::size_t used_ = 0;
 };
-
-HeaderBytes HeaderOf(const Picture& picture) {
-    const auto length = static_cast<std::uint32_t>(BmpFileLength(picture.Width(), picture.Height()));
-    constexpr std::uint32_t kDotsPerMetre = 3780; // 96 dots an inch
-    HeaderBytes header;
-    header.Put('B' | 'M' << 8, 2);
-    header.Put(length, 4);
-    header.Put(0, 4); // reserved
-    header.Put(kHeaderLength, 4);
-    header.Put(40, 4); // length of what follows
-    header.Put(static_cast<std::uint32_t>(picture.Width()), 4);
-    header.Put(static_cast<std::uint32_t>(picture.Height()), 4);
-    header.Put(1, 2);  // planes
-    header.Put(24, 2); // bits a pixel
-    header.Put(0, 4);  // no compression
-    header.Put(length - kHeaderLength, 4);
-    header.Put(kDotsPerMetre, 4);
-    header.Put(kDotsPerMetre, 4);
-    header.Put(0, 4); // no palette
-    header.Put(0, 4);
-    return header;
-}
 
 /// Blue, green and red of each pixel. A word a pixel is four times as fast as bytes; each overwrites the byte
 /// that the one before wrote too much, and the last pixel writes its own bytes only.
@@ -86,13 +65,35 @@ bool HasBmp(const Picture& picture) {
 
 } // namespace
 
+std::array<std::byte, kBmpHeaderLength> BmpHeaderOf(int width, int height) {
+    const auto length = static_cast<std::uint32_t>(BmpFileLength(width, std::abs(height)));
+    constexpr std::uint32_t kDotsPerMetre = 3780; // 96 dots an inch
+    HeaderBytes header;
+    header.Put('B' | 'M' << 8, 2);
+    header.Put(length, 4);
+    header.Put(0, 4); // reserved
+    header.Put(kHeaderLength, 4);
+    header.Put(40, 4); // length of what follows
+    header.Put(static_cast<std::uint32_t>(width), 4);
+    header.Put(static_cast<std::uint32_t>(height), 4);
+    header.Put(1, 2);  // planes
+    header.Put(24, 2); // bits a pixel
+    header.Put(0, 4);  // no compression
+    header.Put(length - kHeaderLength, 4);
+    header.Put(kDotsPerMetre, 4);
+    header.Put(kDotsPerMetre, 4);
+    header.Put(0, 4); // no palette
+    header.Put(0, 4);
+    return header.Bytes();
+}
+
 std::uint64_t BmpFileLength(int width, int height) {
     return kHeaderLength + std::uint64_t{BmpRowLength(width)} * static_cast<std::uint64_t>(height);
 }
 
 void PackBmp(const Picture& picture, std::span<std::byte> out) {
     if (!HasBmp(picture)) throw RuntimeError(kInvalidPicture);
-    std::ranges::copy(HeaderOf(picture).Bytes(), out.begin());
+    std::ranges::copy(BmpHeaderOf(picture.Width(), picture.Height()), out.begin());
     PackRows(picture, 0, picture.Height(), &out[kHeaderLength]);
 }
 
@@ -103,7 +104,7 @@ void WriteBmp(const Picture& picture, File& file) {
     const int rowsAtOnce = std::max(1, static_cast<int>(kBufferLength / rowLength) / kBand) * kBand;
     const int largest = std::min(rowsAtOnce, picture.Height());
     std::vector<std::byte> buffer(static_cast<std::size_t>(largest) * rowLength);
-    file.Write(HeaderOf(picture).Bytes());
+    file.Write(BmpHeaderOf(picture.Width(), picture.Height()));
     for (int bottom = picture.Height(); bottom > 0;) {
         const int top = (bottom - 1) / rowsAtOnce * rowsAtOnce;
         PackRows(picture, top, bottom, buffer.data());

@@ -4,12 +4,19 @@
 #include "surface/raster/Bitmap.h"
 #include "surface/system/FileLayer.h"
 
+#include <array>
+
 namespace pintalux {
 
 /// Bytes of one row of a 24-bit BMP: three a pixel, filled up to a multiple of four.
 constexpr std::size_t BmpRowLength(int width) {
     return (static_cast<std::size_t>(width) * 3 + 3) / 4 * 4;
 }
+
+inline constexpr std::size_t kBmpHeaderLength = 54;
+
+/// What stands before the rows; a negative height means that they go from the top down.
+std::array<std::byte, kBmpHeaderLength> BmpHeaderOf(int width, int height);
 
 /// Writes the whole BMP file. Error 481 for the empty picture, 7 if memory runs out, else as the file layer
 /// says.

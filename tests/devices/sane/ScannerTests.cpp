@@ -59,9 +59,27 @@ class ScannerTest : public testing::Test {
     std::string folder_;
 };
 
+/// A page: rows from the top, each of `width` pixels 0x00BBGGRR.
+struct ScanPage {
+    int width = 0;
+    std::vector<std::uint32_t> pixels;
+    int Height() const { return width == 0 ? 0 : static_cast<int>(pixels.size()) / width; }
+};
+
+ScanPage PageOf(Scanner& scanner, const ScanSettings& settings, ScanProgress& progress) {
+    ScanPage page;
+    scanner.Scan(settings, progress, [&page](std::span<const std::uint8_t> row) {
+        page.width = static_cast<int>(row.size() / 3);
+        for (std::size_t i = 0; i < row.size(); i += 3)
+            page.pixels.push_back(row[i] | unsigned{row[i + 1]} << 8 | unsigned{row[i + 2]} << 16);
+    });
+    return page;
+}
+
 ScanPage ScanWith(const ScanSettings& settings) {
     ScanProgress progress;
-    return Scanner("test:0").Scan(settings, progress);
+    Scanner scanner("test:0");
+    return PageOf(scanner, settings, progress);
 }
 
 int ErrorOf(const std::function<void()>& action) {
@@ -204,23 +222,38 @@ TEST_F(ScannerTest, ADeviceScansAgainAfterAFault) {
     Scanner scanner("test:0");
     ScanProgress progress;
     progress.cancelled = true;
-    EXPECT_EQ(scanner.Scan({100, "Gray", {0, 0, 40, 30}}, progress).Height(), 0);
+    EXPECT_EQ(PageOf(scanner, {100, "Gray", {0, 0, 40, 30}}, progress).Height(), 0);
     progress.cancelled = false;
-    EXPECT_GT(scanner.Scan({100, "Gray", {0, 0, 40, 30}}, progress).Height(), 0);
+    EXPECT_GT(PageOf(scanner, {100, "Gray", {0, 0, 40, 30}}, progress).Height(), 0);
     EXPECT_EQ(progress.percent, 100);
 }
 
-TEST_F(ScannerTest, ACancelledScanEndsInTheMiddleWithoutAPage) {
+TEST_F(ScannerTest, ACancelledScanEndsInTheMiddle) {
     Configure("read-delay true\nread-delay-duration 200000\n");
     ScanProgress progress;
     ScanPage page;
-    page.width = 1;
-    std::thread scan([&] { page = Scanner("test:0").Scan({600, "Color", {0, 0, 200, 200}}, progress); });
+    Scanner scanner("test:0");
+    std::thread scan([&] { page = PageOf(scanner, {600, "Color", {0, 0, 200, 200}}, progress); });
     std::this_thread::sleep_for(300ms);
     progress.cancelled = true;
     scan.join();
-    EXPECT_EQ(page.Height(), 0);
+    EXPECT_LT(page.Height(), 4724); // 200 mm
     EXPECT_LT(progress.percent, 100);
+}
+
+TEST_F(ScannerTest, WhatTheTakerRaisesEndsTheScan) {
+    Scanner scanner("test:0");
+    ScanProgress progress;
+    int rows = 0;
+    EXPECT_EQ(ErrorOf([&] {
+                  scanner.Scan({100, "Gray", {0, 0, 40, 30}}, progress,
+                               [&rows](std::span<const std::uint8_t>) {
+                                   if (++rows == 5) throw RuntimeError(kDiskFull);
+                               });
+              }),
+              kDiskFull);
+    EXPECT_EQ(rows, 5);
+    EXPECT_GT(PageOf(scanner, {100, "Gray", {0, 0, 40, 30}}, progress).Height(), 5);
 }
 
 TEST_F(ScannerTest, ADeviceThatIsGoneIsError68) {
