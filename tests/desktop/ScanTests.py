@@ -176,3 +176,19 @@ def TheChosenDeviceIsScannedFrom(desktop):
     wait_for_options(desktop)
     desktop.keys("alt+r", "Home", "alt+c", "End", "Return")
     desktop.wait_for_picture(by_command_line(desktop, "Color", "test:2"))
+
+
+@desktop_test
+def ADeviceThatDoesNotStopIsLeftBehind(desktop):
+    configure(desktop, more="read-delay true\nread-delay-duration 6000000\n")  # microseconds for each piece
+    process = start_empty(desktop)
+    choose(desktop)
+    wait_for_options(desktop)
+    desktop.keys("Return")
+    wait_for(lambda: desktop.window(OPTIONS) and desktop.geometry(desktop.window(OPTIONS))[3] < 200, "the device is read")
+    desktop.wait_for_window(OPTIONS)
+    desktop.keys("Escape")
+    answer(desktop, 1)
+    expect_nothing_scanned(desktop)
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0, "the program ends while the device still works"

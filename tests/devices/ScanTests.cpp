@@ -19,6 +19,7 @@
 #include <filesystem>
 #include <fstream>
 #include <QListWidget>
+#include <QTimer>
 #include <QWidget>
 
 namespace pintalux {
@@ -220,6 +221,43 @@ TEST_F(ScanTest, APageThatIsTooLargeIsRefusedWithTheWayOut) {
     EXPECT_NE(script.Dialog(4).text.find("Escolha uma resolução ou uma área menor."), std::string::npos)
         << script.Dialog(4).text;
     EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(ScanTest, APageThatCannotBeReadBackIsToldByItsNumber) {
+    Configure(1, "read-delay true\nread-delay-duration 20000\n");
+    const std::string page = Folder("program") + "/Untitled.bmp";
+    QTimer thief;
+    QObject::connect(&thief, &QTimer::timeout, [&page] { std::filesystem::remove(page); });
+    const DialogScript script({Waits(), Waits(), Scans([&thief] {
+                                   frmScan->cboResolution.ListIndex(2);
+                                   thief.start(0);
+                               }),
+                               Waits(), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_EQ(script.Dialog(4).text, "Operação Abortada. Erro:53");
+    EXPECT_EQ(script.Dialog(4).icon, "information");
+    EXPECT_EQ(Screen.MousePointer(), kPointerDefault);
+    LockWindowUpdate(nullptr);
+}
+
+TEST_F(ScanTest, AChoiceThatIsCancelledKeepsTheDeviceBefore) {
+    Configure(2);
+    const auto chooses = [](int index) {
+        return [index](QWidget&) {
+            frmScanSource->lstDevices.ListIndex(index);
+            ClickWidget(WidgetFor(frmScanSource->cmdOK));
+        };
+    };
+    {
+        const DialogScript script({Waits(), chooses(1), Waits(), PressesEscape()});
+        mnuFileTSelect_Click();
+        mnuFileTSelect_Click();
+    }
+    const DialogScript script({Waits(), [](QWidget&) {
+                                   EXPECT_EQ(frmScanSource->lstDevices.ListIndex(), 1);
+                                   ClickWidget(WidgetFor(frmScanSource->cmdCancel));
+                               }});
+    mnuFileTSelect_Click();
 }
 
 TEST_F(ScanTest, TwoScansInARowHaveTheSameName) {

@@ -3,9 +3,12 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 
+#include "document/FileCommands.h"
 #include "document/frmImgprops.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/Pictures.h"
 
+#include <filesystem>
 #include <QWidget>
 
 namespace pintalux {
@@ -75,6 +78,28 @@ TEST_F(ImagePropertiesTest, AFileShowsItsNameFolderAndLength) {
         EXPECT_EQ(Info(0), "praia.bmp");
         EXPECT_EQ(Info(1), Folder("pictures"));
         EXPECT_EQ(Info(2), "374 Bytes");
+        EXPECT_EQ(Info(5), "374 Bytes");
+    });
+}
+
+TEST_F(ImagePropertiesTest, AJpegIsAsLongAsItsFileAndItsImageAsLongAsABmp) {
+    const std::string bmp = Folder("pictures") + "/praia.bmp";
+    const std::string jpeg = Folder("pictures") + "/praia.jpg";
+    SavePicture(Solid(200, 100, 0x804020), bmp);
+    BmpToJpeg(bmp, jpeg, 50);
+    OpenDocument(jpeg);
+    Look([&jpeg] {
+        EXPECT_EQ(Info(0), "praia.jpg");
+        EXPECT_EQ(Info(2), std::to_string(std::filesystem::file_size(jpeg)) + " Bytes"); // one colour: short
+        EXPECT_EQ(Info(5), "58.64 Kb"); // 54 + 100 * 600 bytes
+    });
+}
+
+TEST_F(ImagePropertiesTest, AFileOf2048BytesReadsTheUnitAlone) {
+    const frmImage& image = OpenPicture("praia.bmp", Solid(10, 10, 0xFF));
+    std::filesystem::resize_file(image.AFCurfile, 2048);
+    Look([] {
+        EXPECT_EQ(Info(2), " Kb");
         EXPECT_EQ(Info(5), "374 Bytes");
     });
 }

@@ -165,6 +165,21 @@ TEST_F(ModAssocTest, ThePreferencesCloseWhereNothingCanBeAssociated) {
     EXPECT_EQ(StoredSetting("Associate"), "1");
 }
 
+TEST_F(ModAssocTest, AFolderThatCannotBeWrittenIsNoReasonToSpeak) {
+    PutBytes(list_, "[Default Applications]\n");
+    std::filesystem::create_directories(data_ + "/applications");
+    for (const std::string& folder : {Folder("settings"), data_ + "/applications"})
+        std::filesystem::permissions(folder, std::filesystem::perms(0555));
+    {
+        const OrdinaryUser user;
+        EXPECT_FALSE(RegisterExtension("/opt/pintalux64", ".bmp"));
+    }
+    for (const std::string& folder : {Folder("settings"), data_ + "/applications"})
+        std::filesystem::permissions(folder, std::filesystem::perms(0755));
+    EXPECT_EQ(BytesOf(list_), "[Default Applications]\n");
+    EXPECT_FALSE(std::filesystem::exists(entry_));
+}
+
 TEST_F(ModAssocTest, APathWithBlanksAndSignsIsOneWord) {
     EXPECT_TRUE(RegisterExtension("/opt/a b/50%/\"x\"/$y", ".bmp"));
     EXPECT_NE(BytesOf(entry_).find("\nExec=\"/opt/a b/50%%/\\\\\"x\\\\\"/\\\\$y\" %f\n"), std::string::npos)
@@ -191,6 +206,17 @@ TEST_F(ModAssocTest, OkInThePreferencesAssociatesBmpJpegAndGif) {
     for (const char* kind : {"image/bmp=", "image/jpeg=", "image/gif="})
         EXPECT_NE(list.find(kind), std::string::npos) << kind;
     EXPECT_EQ(StoredSetting("Associate"), "1");
+}
+
+TEST_F(ModAssocTest, NothingIsAssociatedBeforeOk) {
+    SetSetting("Associate", "1");
+    Start();
+    EXPECT_EQ(frmPrefs->Check2.Value(), 1);
+    frmPrefs->Check2.Value(0);
+    frmPrefs->Check2.Value(1);
+    frmPrefs.Unload();
+    EXPECT_FALSE(std::filesystem::exists(list_));
+    EXPECT_FALSE(std::filesystem::exists(entry_));
 }
 
 TEST_F(ModAssocTest, ToTakeTheTickAwayUndoesNoAssociation) {

@@ -185,7 +185,7 @@ ScanChoices Scanner::Choices() const {
 }
 
 void Scanner::Scan(const ScanSettings& settings, ScanProgress& progress, const TakeRow& take) {
-    constexpr std::size_t kChunk = 64 * 1024; // bytes
+    constexpr std::size_t kChunk = std::size_t{64} << 10; // bytes
     const std::lock_guard lock(LibraryLock());
     const SANE_Handle handle = device_->handle;
     ScanOptions(handle).Apply(settings);

@@ -30,9 +30,9 @@ void SwapPixels(std::span<const std::uint8_t> from, std::byte* to) {
 } // namespace
 
 BmpRows::BmpRows(const std::string& path, int width)
-    : width_(width), buffer_(kBufferLength + BmpRowLength(width)), file_(File::CreateNew(path)) {
+    : width_(width), buffer_(kBufferLength + BmpRowLength(width)), used_(kBmpHeaderLength),
+      file_(File::CreateNew(path)) {
     std::ranges::copy(BmpHeaderOf(width, 0), buffer_.begin()); // the height follows
-    used_ = kBmpHeaderLength;
 }
 
 BmpRows::~BmpRows() {

@@ -31,7 +31,7 @@ class BmpRows {
     int width_;
     int height_ = 0;
     std::vector<std::byte> buffer_;
-    std::size_t used_ = 0;
+    std::size_t used_;
     bool finished_ = false;
     File file_; // Made last: whatever fails before leaves no file.
 };
