@@ -2,6 +2,7 @@
 
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
+#include "surface/system/MsgBox.h"
 #include "surface/window/Layout.h"
 
 #include <algorithm>
@@ -176,6 +177,11 @@ void frmScanForm::cmdOK_Click() {
     const int mode = cboMode.ListIndex();
     if (mode >= 0) settings.mode = choices_.modes[static_cast<std::size_t>(mode)];
     settings.area = ChosenArea();
+    if (settings.area.Empty() && !choices_.glass.Empty()) {
+        MsgBox("Área inválida. Insira pelo menos 1 milímetro de largura e de altura.", BoxButtons::Ok,
+               BoxIcon::Exclamation, kMessageTitle);
+        return;
+    }
     choice_ = settings;
     Hide();
 }

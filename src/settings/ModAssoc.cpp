@@ -63,8 +63,10 @@ bool SystemHasEntry(const std::string& entry) {
     const std::string folders = wanted != nullptr && *wanted != '\0' ? wanted : "/usr/local/share:/usr/share";
     for (std::size_t start = 0; start <= folders.size();) {
         const std::size_t end = std::min(folders.find(':', start), folders.size());
-        const std::string folder = folders.substr(start, end - start);
-        if (folder.starts_with('/') && FileExists(folder + "/applications/" + entry)) return true;
+        std::string path = folders.substr(start, end - start);
+        const bool absolute = path.starts_with('/');
+        path.append("/applications/").append(entry);
+        if (absolute && FileExists(path)) return true;
         start = end + 1;
     }
     return false;

@@ -260,6 +260,21 @@ TEST_F(ScanTest, AChoiceThatIsCancelledKeepsTheDeviceBefore) {
     mnuFileTSelect_Click();
 }
 
+TEST_F(ScanTest, AnAreaWithoutWidthIsRefusedAndTheWindowStays) {
+    const DialogScript script({Waits(), Waits(),
+                               [](QWidget& dialog) {
+                                   frmScan->txtWidth.Text("0");
+                                   ClickWidget(WidgetFor(frmScan->cmdOK));
+                                   EXPECT_TRUE(frmScan->Visible());
+                                   PressesEscape()(dialog);
+                               },
+                               PressesButton("OK"), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_EQ(script.Dialog(3).text, "Área inválida. Insira pelo menos 1 milímetro de largura e de altura.");
+    EXPECT_EQ(script.Dialog(4).text, "Operação Abortada. Erro:0");
+    EXPECT_EQ(ImageCount, 0);
+}
+
 TEST_F(ScanTest, TwoScansInARowHaveTheSameName) {
     for (int i = 0; i < 2; ++i) {
         std::vector<DialogScript::Step> steps = {Waits(), Scans([] { Area(20, 20); }), Waits()};

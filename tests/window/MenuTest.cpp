@@ -35,6 +35,22 @@ TEST(Menu, ItemsStandInOrder) {
     EXPECT_EQ(Texts(*MenuNamed("mnuFile")), (QStringList{"C", "-", "B", "D"}));
 }
 
+TEST(Menu, OfAVeryLongCaptionBothEndsAreShown) {
+    MenuItem menu("mnuFile", "&Ficheiro");
+    MenuItem item("a", "A");
+    menu.Add(item);
+    const auto shown = [] { return Texts(*MenuNamed("mnuFile"))[0].toStdString(); };
+    item.Caption(std::string(80, 'x'));
+    EXPECT_EQ(shown(), std::string(80, 'x'));
+    item.Caption(std::string(100, 'x') + std::string(100, 'y'));
+    EXPECT_EQ(item.Caption().size(), 200U);
+    EXPECT_EQ(shown(), std::string(40, 'x') + "\u2026" + std::string(40, 'y'));
+    item.Caption(std::string(39, 'x') + "&&" + std::string(98, 'z') + "&&" + std::string(39, 'y'));
+    EXPECT_EQ(shown(), std::string(39, 'x') + "\u2026" + std::string(39, 'y'));
+    item.Caption(std::string(300, '&'));
+    EXPECT_EQ(shown(), "\u2026");
+}
+
 TEST(Menu, ClickRunsAsAnEvent) {
     UntrappedErrors errors;
     MenuItem menu("mnu", "M");

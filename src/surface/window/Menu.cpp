@@ -8,9 +8,27 @@
 
 namespace pintalux {
 
+namespace {
+
+// The name of a file may be wider than the screen, and its menu with it: the middle goes, but no half of a
+// doubled ampersand and no half of a character.
+QString Shortened(const QString& caption) {
+    constexpr qsizetype kLongest = 80; // characters
+    if (caption.size() <= kLongest) return caption;
+    QString begin = caption.left(kLongest / 2);
+    QString end = caption.right(kLongest / 2);
+    while (begin.endsWith('&') || (!begin.isEmpty() && begin.back().isHighSurrogate()))
+        begin.chop(1);
+    while (end.startsWith('&') || (!end.isEmpty() && end.front().isLowSurrogate()))
+        end.remove(0, 1);
+    return begin + QChar(0x2026) + end;
+}
+
+} // namespace
+
 MenuItem::MenuItem(std::string name, std::string caption, std::string shortcut)
     : name_(std::move(name)), caption_(std::move(caption)), native_(std::make_unique<MenuNative>()) {
-    auto* action = new QAction(ToQString(caption_), nullptr);
+    auto* action = new QAction(Shortened(ToQString(caption_)), nullptr);
     action->setObjectName(ToQString(name_));
     action->setMenuRole(QAction::NoRole);
     if (!shortcut.empty()) action->setShortcut(QKeySequence::fromString(ToQString(shortcut)));
@@ -28,7 +46,7 @@ MenuItem::~MenuItem() {
 
 void MenuItem::Caption(std::string value) {
     caption_ = std::move(value);
-    if (native_->action) native_->action->setText(ToQString(caption_));
+    if (native_->action) native_->action->setText(Shortened(ToQString(caption_)));
 }
 
 void MenuItem::Enabled(bool value) {

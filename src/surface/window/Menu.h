@@ -20,7 +20,7 @@ class MenuItem {
 
     const std::string& Name() const { return name_; }
     const std::string& Caption() const { return caption_; }
-    void Caption(std::string value);
+    void Caption(std::string value); ///< Of a very long one the menu shows both ends.
     bool Enabled() const { return enabled_; }
     void Enabled(bool value); ///< Keeping the value costs nothing: the poll sets it 33 times a second.
     bool Checked() const { return checked_; }
