@@ -2,6 +2,8 @@
 
 #include "surface/window/Layout.h"
 
+#include <thread>
+
 namespace pintalux {
 
 AutoForm<frmScanWaitForm> frmScanWait;
@@ -10,8 +12,16 @@ namespace {
 
 constexpr double kBarWidth = 4500; // twips
 constexpr double kBarHeight = 240; // twips
-// A device gets two seconds to stop before the window goes without it: 200 looks of 10 milliseconds.
-constexpr int kTicksToStop = 200;
+// A device gets two seconds to stop before the window goes without it: 100 looks of 20 milliseconds.
+constexpr int kTicksToStop = 100;
+
+// Whether the job is done before the time is over. Nothing else happens meanwhile.
+bool EndsWithin(const ScanJob& job, std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (!job.done && std::chrono::steady_clock::now() < end)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return job.done;
+}
 
 } // namespace
 
@@ -28,7 +38,7 @@ frmScanWaitForm::frmScanWaitForm() : Form("frmScanWait", Kind::Dialog) {
 
 void frmScanWaitForm::Watch(std::shared_ptr<ScanJob> job, const std::string& what) {
     job_ = std::move(job);
-    ticksSinceCancel_ = 0;
+    ticks_ = ticksSinceCancel_ = 0;
     lblWhat.Caption(what);
     Pb.Value(0);
     cmdCancel.Enabled(true);
@@ -45,8 +55,10 @@ void frmScanWaitForm::cmdCancel_Click() {
 void frmScanWaitForm::Timer1_Timer() {
     if (!job_) return;
     Pb.Value(job_->progress.percent.load());
+    ++ticks_;
     if (job_->progress.cancelled) ++ticksSinceCancel_;
-    if (!job_->done && ticksSinceCancel_ < kTicksToStop) return;
+    const bool over = job_->done && (ticks_ >= TheScanPatience.ticksShown || job_->progress.cancelled);
+    if (!over && ticksSinceCancel_ < kTicksToStop) return;
     Timer1.Enabled(false);
     job_.reset();
     Unload();
@@ -61,8 +73,10 @@ void frmScanWaitForm::Form_QueryUnload(bool& Cancel) {
 
 bool WaitForJob(const std::shared_ptr<ScanJob>& job, const std::string& what) {
     Start(job);
-    frmScanWait->Watch(job, what);
-    frmScanWait->ShowModal();
+    if (TheScanPatience.before.count() == 0 || !EndsWithin(*job, TheScanPatience.before)) {
+        frmScanWait->Watch(job, what);
+        frmScanWait->ShowModal();
+    }
     if (!job->done || job->progress.cancelled) return false;
     if (job->failure) throw *job->failure;
     return true;

@@ -5,6 +5,7 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 
+#include "devices/frmScanWait.h"
 #include "devices/sane/SaneCalls.h"
 #include "document/Globals.h"
 #include "document/UndoCommands.h"
@@ -53,6 +54,7 @@ class WalkTest : public ProgramTest {
   protected:
     void SetUp() override {
         ProgramTest::SetUp();
+        TheScanPatience = {std::chrono::milliseconds(0), 0}; // each wait shows its window
         EndSane();
         OpenScannerLibrary = []() -> void* { return nullptr; }; // neither library nor device, on any machine
         std::ofstream(Folder("settings") + "/dll.conf") << "# none\n";
@@ -64,6 +66,7 @@ class WalkTest : public ProgramTest {
         frmMain->mnuFileTwain.Enabled(true);
     }
     void TearDown() override {
+        TheScanPatience = {};
         Printer().PrintToFileForTests("");
         EndSane();
         ::unsetenv("SANE_CONFIG_DIR");

@@ -2,7 +2,7 @@
 from desktop import desktop_test, wait_for
 from pictures import Picture, write_bmp
 from roads import MAIN, corner_of, sample, start_with_new_document, start_with_picture
-from ScanTests import choose, configure, wait_for_options
+from ScanTests import by_command_line, choose, configure, wait_for_options
 
 DIALOG = "Propriedades da Imagem"
 NAME, PATH, ORIGINAL, CURRENT, HEIGHT, WIDTH = range(6)
@@ -99,8 +99,8 @@ def PropertiesOfAScannedDocumentNameAFileThatIsNotSaved(desktop):
     desktop.wait_for_window(MAIN)
     choose(desktop)
     wait_for_options(desktop)
-    desktop.keys("Return")
-    wait_for(lambda: len(desktop.state_files()) == 3, "the page is there")
+    desktop.keys("alt+r", "Home", "alt+c", "Home", "Return")
+    desktop.wait_for_picture(by_command_line(desktop, "Gray"))
     scanned = Figures(desktop)
     assert scanned.value(NAME) == unsaved.value(NAME) != [], "both would be named alike"
     assert scanned.value(ORIGINAL) == unsaved.value(ORIGINAL) != []

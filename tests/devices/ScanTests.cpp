@@ -31,6 +31,7 @@ class ScanTest : public ProgramTest {
   protected:
     void SetUp() override {
         ProgramTest::SetUp();
+        TheScanPatience = {std::chrono::milliseconds(0), 0}; // each wait shows its window
         Start();
 #ifdef __SANITIZE_ADDRESS__
         // It is unloaded by then, so that no list of known leaks can name it.
@@ -45,6 +46,7 @@ class ScanTest : public ProgramTest {
         Configure(1);
     }
     void TearDown() override {
+        TheScanPatience = {};
         EndSane();
         if (kept_) OpenScannerLibrary = kept_;
         ::unsetenv("SANE_CONFIG_DIR");
@@ -273,6 +275,13 @@ TEST_F(ScanTest, AnAreaWithoutWidthIsRefusedAndTheWindowStays) {
     EXPECT_EQ(script.Dialog(3).text, "Área inválida. Insira pelo menos 1 milímetro de largura e de altura.");
     EXPECT_EQ(script.Dialog(4).text, "Operação Abortada. Erro:0");
     EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(ScanTest, AQuickDeviceIsWaitedForWithoutAWindow) {
+    TheScanPatience = {std::chrono::seconds(20), 0};
+    const DialogScript script({Scans([] { Area(20, 20); })});
+    mnuFileAquire_Click();
+    EXPECT_EQ(ImageCount, 1);
 }
 
 TEST_F(ScanTest, TwoScansInARowHaveTheSameName) {
