@@ -26,7 +26,7 @@ QString Shortened(const QString& caption) {
 
 } // namespace
 
-MenuItem::MenuItem(std::string name, std::string caption, std::string shortcut)
+MenuItem::MenuItem(std::string name, std::string caption, const std::string& shortcut)
     : name_(std::move(name)), caption_(std::move(caption)), native_(std::make_unique<MenuNative>()) {
     auto* action = new QAction(Shortened(ToQString(caption_)), nullptr);
     action->setObjectName(ToQString(name_));

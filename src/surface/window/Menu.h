@@ -13,7 +13,7 @@ struct MenuNative;
 /// An item, or a menu if it has items. Captions mark the access key by an ampersand.
 class MenuItem {
   public:
-    MenuItem(std::string name, std::string caption, std::string shortcut = {});
+    MenuItem(std::string name, std::string caption, const std::string& shortcut = {});
     ~MenuItem();
     MenuItem(const MenuItem&) = delete;
     MenuItem& operator=(const MenuItem&) = delete;
