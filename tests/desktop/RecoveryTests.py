@@ -37,7 +37,7 @@ def start_again(desktop):
 
 
 def kept(desktop):
-    return sorted((desktop.folder / "home").glob(".local/state/Pintalux64/*"))
+    return sorted((desktop.folder / "state").glob("Pintalux64/*"))
 
 
 @desktop_test

@@ -60,7 +60,7 @@ class Desktop:
 
     def __enter__(self):
         self.folder = Path(tempfile.mkdtemp(prefix="pintalux-desktop-"))
-        for name in ("home", "config", "data", "cache", "runtime", "temporary", "program", "pictures"):
+        for name in ("home", "config", "data", "state", "cache", "runtime", "temporary", "program", "pictures"):
             (self.folder / name).mkdir(mode=0o700)
         self.temporary = self.folder / "temporary"
         self.pictures = self.folder / "pictures"
@@ -75,6 +75,7 @@ class Desktop:
             "HOME": str(self.folder / "home"),
             "XDG_CONFIG_HOME": str(self.folder / "config"),
             "XDG_DATA_HOME": str(self.folder / "data"),
+            "XDG_STATE_HOME": str(self.folder / "state"),
             "XDG_CACHE_HOME": str(self.folder / "cache"),
             "XDG_RUNTIME_DIR": str(self.folder / "runtime"),
             "TMPDIR": str(self.temporary),
