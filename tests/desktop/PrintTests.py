@@ -1,7 +1,9 @@
 """Pages out: to a PDF file that the printer dialog names, read back as pixels; and what happens where there is no printer."""
+import shutil
+import socket
 import subprocess
 
-from desktop import desktop_test, wait_for
+from desktop import Skip, desktop_test, wait_for
 from pictures import expect_same, is_whole_bmp, picture_of_ppm, read_any, read_bmp, write_bmp
 from roads import BLACK, MAIN, QUESTION, STOP, WHITE, leave, paint_and_wait, sample, start_with_picture, with_stroke
 
@@ -123,3 +125,87 @@ def WithoutAPrinterTheDocumentsAreSafe(desktop):
     desktop.keys("s")
     assert desktop.wait_for_end(process) == 0
     expect_same(read_bmp(desktop.pictures / "picture.bmp"), painted)
+
+
+PAPER = """*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "PAGE.PPD"
+*Manufacturer: "Test"
+*Product: "(Test)"
+*ModelName: "Page"
+*ShortNickName: "Page"
+*NickName: "Page"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: True
+*DefaultColorSpace: RGB
+*FileSystem: False
+*cupsFilter2: "application/vnd.cups-pdf application/pdf 0 -"
+*OpenUI *PageSize/Size: PickOne
+*DefaultPageSize: A4
+*PageSize A4/A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageSize
+*OpenUI *PageRegion/Region: PickOne
+*DefaultPageRegion: A4
+*PageRegion A4/A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageRegion
+*DefaultImageableArea: A4
+*ImageableArea A4/A4: "0 0 595 842"
+*DefaultPaperDimension: A4
+*PaperDimension A4/A4: "595 842"
+"""
+
+
+def free_port():
+    with socket.socket() as probe:
+        probe.bind(("127.0.0.1", 0))
+        return probe.getsockname()[1]
+
+
+def start_scheduler(desktop, page):
+    """A print scheduler of the test's own, with one queue that writes its pages to a file."""
+    if shutil.which("cupsd") is None or shutil.which("lpadmin") is None:
+        raise Skip("there is no print scheduler (cups-daemon, cups-client)")
+    folder = desktop.folder / "scheduler"
+    for name in ("root/ppd", "state", "cache", "spool", "temporary", "keys"):
+        (folder / name).mkdir(parents=True)
+    port = free_port()
+    (folder / "cupsd.conf").write_text(f"Listen 127.0.0.1:{port}\nBrowsing Off\nDefaultAuthType None\n"
+                                       "<Location />\nOrder allow,deny\nAllow all\n</Location>\n"
+                                       "<Policy default>\n<Limit All>\nOrder deny,allow\nAllow all\n</Limit>\n</Policy>\n")
+    (folder / "cups-files.conf").write_text(
+        f"ServerRoot {folder}/root\nStateDir {folder}/state\nCacheDir {folder}/cache\nRequestRoot {folder}/spool\n"
+        f"TempDir {folder}/temporary\nServerKeychain {folder}/keys\nAccessLog {folder}/access\nErrorLog {folder}/error\n"
+        f"PageLog {folder}/page\nFileDevice Yes\n")
+    (folder / "page.ppd").write_text(PAPER)
+    page.touch()
+    # The scheduler gives its work to a user of its own.
+    for path in (page, page.parent, desktop.folder):
+        path.chmod(0o777)
+    desktop._spawn("cupsd", "-f", "-c", folder / "cupsd.conf", "-s", folder / "cups-files.conf", log="scheduler.log")
+    desktop.environment["CUPS_SERVER"] = f"127.0.0.1:{port}"
+    try:
+        wait_for(lambda: "is running" in desktop.tool("lpstat", "-r", check=False), "the scheduler runs", seconds=10)
+    except AssertionError:
+        raise Skip("the print scheduler does not start here") from None
+    desktop.tool("lpadmin", "-p", "Page", "-E", "-v", f"file://{page}", "-P", folder / "page.ppd")
+    desktop.tool("lpadmin", "-d", "Page")
+
+
+@desktop_test
+def APageGoesThroughThePrintSchedulersQueue(desktop):
+    page = desktop.pictures / "printed.pdf"
+    start_scheduler(desktop, page)
+    picture = sample()
+    path = desktop.pictures / "picture.bmp"
+    write_bmp(path, picture)
+    process, _, _ = start_with_picture(desktop, path, picture)
+    print_page(desktop, page)
+    printed = images_of(desktop, page)
+    assert len(printed) == 1
+    expect_same(printed[0], picture)
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0

@@ -52,6 +52,10 @@ def end(process):
         process.wait()
 
 
+class Skip(Exception):
+    """What a test needs is not there; the text says what."""
+
+
 class Desktop:
     def __init__(self, program, places_program):
         self.built_program = program

@@ -18,7 +18,7 @@ HERE = Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
 sys.dont_write_bytecode = True
 
-from desktop import Desktop, tests  # noqa: E402
+from desktop import Desktop, Skip, tests  # noqa: E402
 
 
 def built_program():
@@ -47,6 +47,8 @@ def run(name, program, places_program):
         with Desktop(program, places_program) as desktop:
             try:
                 test(desktop)
+            except Skip:
+                raise
             except Exception:
                 picture = ROOT / "build" / "failed" / f"{name}.png"
                 said.append(traceback.format_exc().rstrip())
@@ -54,6 +56,8 @@ def run(name, program, places_program):
                 said.append(f"the display: {picture.relative_to(ROOT)}")
                 said.append(desktop.messages().rstrip())
                 raise
+    except Skip as reason:
+        return True, f"skipped {name}: {reason}"
     except Exception as failure:
         said.append(f"FAILED {name}: {failure}")
         return False, "\n".join(said)
