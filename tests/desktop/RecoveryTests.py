@@ -97,6 +97,19 @@ def ATerminatedRunLosesNothing(desktop):
 
 
 @desktop_test
+def AFaultWaitsForTheStateOnItsWay(desktop):
+    def crash(process):
+        process.send_signal(signal.SIGSEGV)
+        assert desktop.wait_for_end(process) == -signal.SIGSEGV
+        assert all(is_whole_bmp(path) for path in desktop.state_files())
+    picture = left_by(desktop, crash)
+    start_again(desktop)
+    desktop.wait_for_window(QUESTION)
+    desktop.keys("Return")
+    desktop.wait_for_picture(picture)
+
+
+@desktop_test
 def ACleanEndLeavesNothingToAskAbout(desktop):
     def finish(process):
         leave(desktop)
