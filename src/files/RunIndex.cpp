@@ -169,16 +169,14 @@ RunLock::~RunLock() {
 }
 
 RunFiles MakeRunFiles() {
-    constexpr int kTries = 100;
-    std::random_device random;
-    RunFiles files;
     ResumeNext([] { MakeFolders(StateFolder()); });
-    for (int i = 0; i < kTries && !files.held; ++i) {
-        const std::string stem =
-            StateFolder() + "/run-" + std::to_string(::getpid()) + "-" + std::to_string(random());
-        files = {stem + ".index", stem + ".lock", TryLock(stem + ".lock", O_CREAT | O_EXCL)};
-    }
-    return files.held ? files : RunFiles{};
+    const std::string stem =
+        StateFolder() + "/run-" + std::to_string(::getpid()) + "-" + std::to_string(std::random_device{}());
+    RunFiles files{stem + ".index", stem + ".lock", TryLock(stem + ".lock", O_CREAT | O_EXCL)};
+    if (files.held) return files;
+    // Where nothing can be locked, a run that goes on could not be told from one that died.
+    ::unlink(files.lock.c_str());
+    return {};
 }
 
 std::vector<RunFiles> LeftRuns() {

@@ -8,7 +8,7 @@ from pathlib import Path
 
 from desktop import PATIENCE, desktop_test, wait_for
 from pictures import Picture, expect_same, read_any, read_bmp, write_bmp
-from roads import NEW, QUESTION, leave, sample
+from roads import QUESTION, leave, sample, start_without_document
 
 SIDE = 41  # pixels: a picture of this size is shown unscaled in the tray
 COLUMN = 58  # pixels from a slot to the one beside it
@@ -19,11 +19,7 @@ ROW = 56  # pixels from a slot to the one below it
 def start_with_tray(desktop, **settings):
     """Starts without a document; gives the process."""
     desktop.large_window_settings(**settings)
-    process = desktop.start()
-    desktop.wait_for_window(NEW)
-    desktop.keys("Escape")
-    desktop.wait_until_gone(NEW)
-    return process
+    return start_without_document(desktop)
 
 
 def beside(desktop, *command):

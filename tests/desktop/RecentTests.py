@@ -1,7 +1,7 @@
 """The last files at the end of the file menu, over restarts and after one of them is gone."""
 from desktop import desktop_test, wait_for
 from pictures import write_bmp
-from roads import MAIN, NEW, OPEN, QUESTION, give_path, leave, sample, start_with_picture
+from roads import MAIN, OPEN, QUESTION, give_path, leave, sample, start_with_picture, start_without_document
 
 
 def pictures(desktop, names):
@@ -21,10 +21,7 @@ def pictures(desktop, names):
 
 
 def start_again(desktop):
-    process = desktop.start()
-    desktop.wait_for_window(NEW)
-    desktop.keys("Escape")
-    desktop.wait_until_gone(NEW)
+    process = start_without_document(desktop)
     desktop.wait_for_window(MAIN)
     return process
 

@@ -3,7 +3,7 @@ import signal
 
 from desktop import desktop_test, wait_for
 from pictures import Picture, is_whole_bmp
-from roads import NEW, QUESTION, WHITE, leave, paint_and_wait, start_with_new_document, with_stroke
+from roads import QUESTION, WHITE, leave, paint_and_wait, start_with_new_document, with_stroke, start_without_document
 
 STROKES = [[(20, 20), (120, 20), (120, 90)], [(20, 50), (90, 50)]]
 BLANK = Picture.filled(300, 300, WHITE)
@@ -28,14 +28,6 @@ def kill(desktop):
     return end
 
 
-def start_again(desktop):
-    process = desktop.start()
-    desktop.wait_for_window(NEW)
-    desktop.keys("Escape")
-    desktop.wait_until_gone(NEW)
-    return process
-
-
 def kept(desktop):
     return sorted((desktop.folder / "state").glob("Pintalux64/*"))
 
@@ -43,7 +35,7 @@ def kept(desktop):
 @desktop_test
 def AKilledRunComesBackWithItsUndoHistory(desktop):
     picture = left_by(desktop, kill(desktop))
-    process = start_again(desktop)
+    process = start_without_document(desktop)
     desktop.wait_for_window(QUESTION)
     desktop.keys("Return")
     desktop.wait_for_picture(picture)
@@ -63,14 +55,14 @@ def AKilledRunComesBackWithItsUndoHistory(desktop):
 @desktop_test
 def NoKeepsWhatWasLeftAndDeletingAsksTwice(desktop):
     left_by(desktop, kill(desktop))
-    process = start_again(desktop)
+    process = start_without_document(desktop)
     desktop.wait_for_window(QUESTION)
     desktop.keys("n")
     desktop.wait_until_gone(QUESTION)
     leave(desktop)
     assert desktop.wait_for_end(process) == 0
     assert len(desktop.state_files()) == 3
-    process = start_again(desktop)
+    process = start_without_document(desktop)
     first = desktop.wait_for_window(QUESTION)
     desktop.keys("a")
     wait_for(lambda: desktop.window(QUESTION) not in (None, first), "the second question follows")
@@ -89,7 +81,7 @@ def ATerminatedRunLosesNothing(desktop):
         assert desktop.wait_for_end(process) == -signal.SIGTERM
         assert all(is_whole_bmp(path) for path in desktop.state_files())
     picture = left_by(desktop, terminate)
-    process = start_again(desktop)
+    process = start_without_document(desktop)
     desktop.wait_for_window(QUESTION)
     desktop.keys("Return")
     desktop.wait_for_picture(picture)
@@ -103,7 +95,7 @@ def AFaultWaitsForTheStateOnItsWay(desktop):
         assert desktop.wait_for_end(process) == -signal.SIGSEGV
         assert all(is_whole_bmp(path) for path in desktop.state_files())
     picture = left_by(desktop, crash)
-    start_again(desktop)
+    start_without_document(desktop)
     desktop.wait_for_window(QUESTION)
     desktop.keys("Return")
     desktop.wait_for_picture(picture)
@@ -118,6 +110,6 @@ def ACleanEndLeavesNothingToAskAbout(desktop):
         assert desktop.wait_for_end(process) == 0
     left_by(desktop, finish)
     assert kept(desktop) == [] and desktop.state_files() == []
-    process = start_again(desktop)
+    process = start_without_document(desktop)
     leave(desktop)
     assert desktop.wait_for_end(process) == 0

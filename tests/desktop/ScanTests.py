@@ -3,7 +3,7 @@ import subprocess
 
 from desktop import PATIENCE, desktop_test, wait_for
 from pictures import expect_same, read_any, read_bmp
-from roads import MAIN, NEW, QUESTION, SAVE_AS, give_path, leave, paint_and_wait, save_as, with_stroke
+from roads import MAIN, QUESTION, SAVE_AS, give_path, leave, paint_and_wait, save_as, with_stroke, start_without_document
 
 OPTIONS = "Digitalizar"  # and of the windows that wait for the device, which hold less
 SOURCES = "Seleccionar Digitalizador"
@@ -29,10 +29,7 @@ def configure(desktop, devices=1, more=""):
 
 def start_empty(desktop):
     desktop.large_window_settings()
-    process = desktop.start()
-    desktop.wait_for_window(NEW)
-    desktop.keys("Escape")
-    desktop.wait_until_gone(NEW)
+    process = start_without_document(desktop)
     desktop.wait_for_window(MAIN)
     return process
 

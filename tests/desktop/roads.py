@@ -36,6 +36,16 @@ def start_with_new_document(desktop):
     return process, left, top
 
 
+def start_without_document(desktop):
+    """Starts with the settings as they are and cancels the New dialog; gives the process. What was left of a run before is
+    asked about behind that."""
+    process = desktop.start()
+    desktop.wait_for_window(NEW)
+    desktop.keys("Escape")
+    desktop.wait_until_gone(NEW)
+    return process
+
+
 def start_with_picture(desktop, path, picture):
     """Starts with a file; gives the process and where its picture lies on the display."""
     desktop.large_window_settings()
