@@ -15,6 +15,8 @@ std::string ErrorText(int number) {
         return "Memória insuficiente";
     case kSubscriptOutOfRange:
         return "Índice fora do intervalo";
+    case kInterrupted:
+        return "Interrompido pelo utilizador";
     case kInternalError:
         return "Erro interno";
     case kFileNotFound:

@@ -17,6 +17,7 @@ enum ErrorNumber : int {
     kOverflow = 6,
     kOutOfMemory = 7,
     kSubscriptOutOfRange = 9,
+    kInterrupted = 18, // by the user
     kDeviceError = 57,
     kFileNotFound = 53,
     kDiskFull = 61,

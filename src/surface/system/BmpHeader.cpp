@@ -127,10 +127,9 @@ BmpHeader ReadBmpHeader(File& file) {
     header.compressed = raw.Compressed();
     header.pixelOffset = raw.pixelOffset;
     header.masks = MasksOf(raw);
-    if (header.compressed) return header;
     const auto rowsAbove = static_cast<std::uint64_t>(header.height - 1);
-    if (header.pixelOffset + rowsAbove * header.RowLength() + header.UsedRowLength() > file.Length())
-        throw RuntimeError(kInvalidPicture, file.Path());
+    const std::uint64_t end = header.pixelOffset + rowsAbove * header.RowLength() + header.UsedRowLength();
+    if (!header.compressed && end > file.Length()) throw RuntimeError(kInvalidPicture, file.Path());
     if (header.bits <= 8) header.palette = ReadPalette(file, raw);
     return header;
 }

@@ -1,7 +1,9 @@
 #include "surface/system/BmpReader.h"
 
 #include "base/RuntimeError.h"
+#include "surface/system/FreeMemory.h"
 #include "surface/system/OverWhite.h"
+#include "surface/system/Stopping.h"
 
 #include <algorithm>
 #include <bit>
@@ -117,13 +119,15 @@ Rows RowsIn(const std::vector<std::byte>& buffer, const BmpHeader& header, int d
 
 } // namespace
 
-Picture ReadBmpRows(File& file, const BmpHeader& header) {
+Picture ReadBmpRows(File& file, const BmpHeader& header, const std::stop_token& stop) {
+    DemandMemory(PictureBytes(header.width, header.height));
     Picture picture(header.width, header.height, kWhite);
     const std::size_t rowLength = header.RowLength();
     const int rowsAtOnce = std::clamp(static_cast<int>(kBufferLength / rowLength), 1, header.height);
     std::vector<std::byte> buffer(static_cast<std::size_t>(rowsAtOnce) * rowLength + kSpareBytes);
     file.Seek(header.pixelOffset);
     for (int done = 0; done < header.height; done += rowsAtOnce) {
+        RaiseIfStopped(stop);
         const int rows = std::min(rowsAtOnce, header.height - done);
         const std::size_t got = file.Read({buffer.data(), static_cast<std::size_t>(rows) * rowLength});
         if (got < static_cast<std::size_t>(rows - 1) * rowLength + header.UsedRowLength())

@@ -1,7 +1,10 @@
 #include "base/RuntimeError.h"
 #include "surface/system/BmpReader.h"
+#include "surface/system/GifReader.h"
+#include "surface/system/JpegReader.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/ToolkitImages_native.h"
+#include "surface/window/Waiting.h"
 
 #include <array>
 #include <exception>
@@ -56,17 +59,19 @@ class FileDevice final : public QIODevice {
     std::exception_ptr failure_;
 };
 
-/// The kind of picture that the first bytes announce, by the name of its decoder; nothing for any other file.
-const char* KindOf(File& file) {
+enum class Kind { Bmp, Jpeg, Gif, Icon, Foreign };
+
+/// The kind of picture that the first bytes announce.
+Kind KindOf(File& file) {
     using namespace std::string_view_literals;
     std::array<char, 6> bytes = {};
     const std::size_t length = file.Read(std::as_writable_bytes(std::span(bytes)));
     const std::string_view start(bytes.data(), length);
-    if (start.starts_with("BM"sv)) return "bmp";
-    if (start.starts_with("\xFF\xD8\xFF"sv)) return "jpeg";
-    if (start == "GIF87a"sv || start == "GIF89a"sv) return "gif";
-    if (start.starts_with("\0\0\1\0"sv)) return "ico";
-    return nullptr;
+    if (start.starts_with("BM"sv)) return Kind::Bmp;
+    if (start.starts_with("\xFF\xD8\xFF"sv)) return Kind::Jpeg;
+    if (start == "GIF87a"sv || start == "GIF89a"sv) return Kind::Gif;
+    if (start.starts_with("\0\0\1\0"sv)) return Kind::Icon;
+    return Kind::Foreign;
 }
 
 /// An icon file holds one picture in several sizes: the largest counts.
@@ -87,15 +92,16 @@ bool LegalSize(QSize size) {
     return size.width() <= kMaxPictureSide && size.height() <= kMaxPictureSide;
 }
 
-Picture Decode(File& file, const char* kind) {
-    constexpr qint64 kMostBytes = qint64{kMaxPictureSide} * kMaxPictureSide * 4;
-    QImageReader::setAllocationLimit(static_cast<int>(kMostBytes / (1 << 20) + 1));
+/// Icons are left to the toolkit: they are small, and of many kinds.
+Picture ReadIcon(File& file) {
+    constexpr int kMostMegabytes = 256;
+    QImageReader::setAllocationLimit(kMostMegabytes);
     file.Seek(0);
     FileDevice device(file);
-    QImageReader reader(&device, kind);
+    QImageReader reader(&device, "ico");
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);
-    if (std::string_view(kind) == "ico") ChooseLargest(reader);
+    ChooseLargest(reader);
     const bool announcedLegal = LegalSize(reader.size());
     QImage image;
     const bool decoded = announcedLegal && reader.read(&image) && !image.isNull() && LegalSize(image.size());
@@ -104,18 +110,34 @@ Picture Decode(File& file, const char* kind) {
     return PictureOfImage(image);
 }
 
+Picture ReadBmp(File& file, const std::stop_token& stop) {
+    const BmpHeader header = ReadBmpHeader(file);
+    return header.compressed ? ReadBmpRunLengths(file, header, stop) : ReadBmpRows(file, header, stop);
+}
+
 } // namespace
 
-Picture LoadPicture(const std::string& path) {
+Picture LoadPicture(const std::string& path, const std::stop_token& stop) {
     if (path.empty()) return {};
     File file = File::OpenForReading(path);
-    const char* kind = KindOf(file);
-    if (kind == nullptr) throw RuntimeError(kInvalidPicture, path);
-    if (std::string_view(kind) == "bmp") {
-        const BmpHeader header = ReadBmpHeader(file);
-        if (!header.compressed) return ReadBmpRows(file, header);
+    switch (KindOf(file)) {
+    case Kind::Bmp:
+        return ReadBmp(file, stop);
+    case Kind::Jpeg:
+        return ReadJpeg(file, stop);
+    case Kind::Gif:
+        return ReadGif(file, stop);
+    case Kind::Icon:
+        return ReadIcon(file);
+    default:
+        throw RuntimeError(kInvalidPicture, path);
     }
-    return Decode(file, kind);
+}
+
+Picture LoadPictureWaiting(const std::string& path) {
+    Picture picture;
+    WorkWhileWaiting([&](const std::stop_token& stop) { picture = LoadPicture(path, stop); });
+    return picture;
 }
 
 } // namespace pintalux

@@ -4,6 +4,7 @@
 #include "surface/raster/Bitmap.h"
 
 #include <cstdint>
+#include <stop_token>
 #include <string>
 
 namespace pintalux {
@@ -13,12 +14,17 @@ inline constexpr int kMaxPictureSide = 32000;
 
 /// A picture from a BMP, JPEG, GIF (first frame) or icon file; the first bytes decide, not the name. An empty
 /// path gives the empty picture. Error 53 if there is no such file, 481 if it is no picture, broken or above
-/// the legal sizes (found from the header, before anything is decoded), 7 if memory runs out. Transparent
-/// pixels show white. A truncated JPEG or GIF shows what is there if the codec gives it.
-Picture LoadPicture(const std::string& path);
+/// the legal sizes (found from the header, before anything is decoded), 7 if memory runs out or the picture
+/// would take more than half of what is free, 18 soon after `stop` is asked for. Transparent pixels show
+/// white. A truncated JPEG or GIF shows what is there. Any thread may call it.
+Picture LoadPicture(const std::string& path, const std::stop_token& stop = {});
 inline Picture LoadPicture() {
     return {};
 }
+
+/// The same for a file that a user opens: the interface stays alive meanwhile, and Escape is error 18 (see
+/// `WorkWhileWaiting`).
+Picture LoadPictureWaiting(const std::string& path);
 
 /// Writes an uncompressed 24-bit BMP to `path`, in place. Every write and the close are checked; errors as
 /// the file layer gives them. Error 481 for the empty picture.
