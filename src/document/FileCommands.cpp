@@ -16,6 +16,8 @@
 #include "surface/system/Pictures.h"
 #include "surface/window/MDIForm.h"
 
+#include <future>
+
 namespace pintalux {
 
 namespace {
@@ -47,6 +49,14 @@ void TakeFile(frmImage& image, const std::string& path) try {
 } catch (...) {
 }
 
+// Reads a file before anything is changed for it, since the user may have to wait. Why there is no picture is
+// raised where it is asked for.
+std::future<Picture> LoadFirst(const std::string& path) {
+    std::packaged_task<Picture()> load([&] { return LoadPictureWaiting(path); });
+    load();
+    return load.get_future();
+}
+
 // What the save dialog begins with: the name of the document, in its folder if it has one.
 std::string ProposedName(const frmImage& image) {
     if (image.AFCurfile.empty()) return image.Caption() + ".bmp";
@@ -58,11 +68,12 @@ std::string ProposedName(const frmImage& image) {
 // In an order of its own: named before it is loaded, recorded before the window has its caption, and with
 // nothing held back from the screen.
 void OpenRecent(const std::string& path) try {
+    std::future<Picture> loaded = LoadFirst(path);
     NewImageWindow();
     frmImage& image = ActiveImage();
     image.AFCurfile = path;
     try {
-        image.PicMerge.Picture(LoadPicture(path));
+        image.PicMerge.Picture(loaded.get());
     } catch (...) {
         // A document whose file could not be read must never be saved over it.
         image.AFCurfile.clear();
@@ -90,10 +101,11 @@ void mnuFileNew_Click() {
 }
 
 void OpenDocument(const std::string& path) try {
+    std::future<Picture> loaded = LoadFirst(path);
     LockWindowUpdate(&*TheWorkspace.window);
     NewImageWindow();
     frmImage& image = ActiveImage();
-    image.PicMerge.Picture(LoadPicture(path));
+    image.PicMerge.Picture(loaded.get());
     image.AFCurfile = path;
     RememberFile(path);
     FitImageWindow();
@@ -102,8 +114,8 @@ void OpenDocument(const std::string& path) try {
     image.Backup();
     LockWindowUpdate(nullptr);
 } catch (...) {
-    // Intended: a file that is no picture leaves the new, empty window as it is and the lock recorded,
-    // without a word.
+    // Intended: a file that is no picture, or is given up by Escape, leaves the new, empty window as it is
+    // and the lock recorded, without a word.
 }
 
 void mnuFileOpen_Click() try {

@@ -1,6 +1,7 @@
 #include "surface/window/Timer.h"
 
 #include "base/RuntimeError.h"
+#include "surface/window/Waiting.h"
 
 #include <QTimer>
 
@@ -28,7 +29,7 @@ Timer::Timer(int interval, EventKind kind) : native_(std::make_unique<Native>())
     native_->kind = kind;
     Interval(interval);
     QObject::connect(&native_->timer, &QTimer::timeout, &native_->timer, [this] {
-        if (!Tick || native_->ticking) return;
+        if (!Tick || native_->ticking || Waiting()) return;
         native_->ticking = true;
         RunEvent(native_->kind, std::function<void()>(Tick));
         native_->ticking = false;

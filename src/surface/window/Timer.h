@@ -18,7 +18,8 @@ class Timer {
     bool Enabled() const;
     void Enabled(bool value); ///< Off at construction. Switching on what is on changes nothing.
 
-    /// A tick. A tick that is due while a modal dialog runs fires there. Ticks of one timer don't nest.
+    /// A tick. A tick that is due while a modal dialog runs fires there; one that is due while
+    /// the user waits for long work is left out. Ticks of one timer don't nest.
     std::function<void()> Tick;
 
   private:
