@@ -1,6 +1,6 @@
 // Pictures of every kind, made by hand here: what opens, how it looks, what is refused.
 #include "surface/system/Pictures.h"
-#include "system/Sandbox.h"
+#include "system/GifBytes.h"
 
 #include <cerrno>
 #include <QImage>
@@ -10,29 +10,10 @@ namespace {
 
 using namespace std::string_literals;
 
-/// A GIF with the palette red, green, blue, black; `transparent` below 0 for none. The pixels' codes are
-/// three bits long, each behind a clear code, so that no table ever grows.
-std::string Gif(int width, int height, const std::vector<int>& indices, int transparent) {
-    constexpr unsigned kClear = 4;
-    constexpr unsigned kEnd = 5;
-    std::string codes;
-    unsigned bits = 0;
-    int used = 0;
-    const auto put = [&](unsigned code) {
-        bits |= code << used;
-        for (used += 3; used >= 8; used -= 8, bits >>= 8)
-            codes += static_cast<char>(bits & 0xFF);
-    };
-    for (const int index : indices) {
-        put(kClear);
-        put(static_cast<unsigned>(index));
-    }
-    put(kEnd);
-    codes += static_cast<char>(bits);
-    const std::string size = LittleEndian(width, 2) + LittleEndian(height, 2);
-    std::string gif = "GIF89a" + size + "\x91\0\0"s + "\xFF\0\0\0\xFF\0\0\0\xFF\0\0\0"s;
-    if (transparent >= 0) gif += "\x21\xF9\x04\x01\0\0"s + static_cast<char>(transparent) + "\0"s;
-    return gif + "\x2C\0\0\0\0"s + size + "\0\x02"s + static_cast<char>(codes.size()) + codes + "\0\x3B"s;
+/// A GIF of one image; `transparent` below 0 for none.
+std::string Gif(int width, int height, const std::vector<int>& numbers, int transparent) {
+    return GifScreen(width, height) + (transparent >= 0 ? GifControl(0, transparent) : "") +
+           GifImage(0, 0, width, height, numbers) + "\x3B";
 }
 
 /// One picture of an icon file: blue, green, red, alpha of one colour all over.

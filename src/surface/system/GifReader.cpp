@@ -145,6 +145,8 @@ class Reader {
         frame_.top = Pair();
         frame_.right = frame_.left + Pair();
         frame_.bottom = frame_.top + Pair();
+        // One without pixels has nothing that could be missing.
+        shows_ = shows_ || frame_.Empty();
         const unsigned flags = Byte();
         const Colours own = (flags & kHasColours) != 0 ? ReadColours(flags) : Colours();
         frame_.Empty() ? SkipEmpty() : ReadPixels(own.empty() ? colours_ : own, flags);
