@@ -1,9 +1,10 @@
 """How pictures come in: at the start, from a second instance, by the Open dialog."""
 import shutil
 import subprocess
+import time
 
 from desktop import desktop_test, wait_for
-from pictures import Picture, write_bmp
+from pictures import Picture, write_bmp, write_long_gif
 from roads import MAIN, NEW, OPEN, QUESTION, give_path, leave, sample, start_with_picture
 
 
@@ -35,6 +36,25 @@ def StartOpensAJpegWhosePathHasBlanks(desktop):
             width = max(width, sum(near))
         return width == 160
     wait_for(seen, "the photo is seen in its full width")
+
+
+@desktop_test
+def EscapeGivesUpAPictureThatTakesLong(desktop):
+    write_long_gif(desktop.pictures / "long.gif")
+    second = sample()
+    write_bmp(desktop.pictures / "second.bmp", second)
+    desktop.large_window_settings()
+    desktop.start(desktop.pictures / "long.gif")
+    desktop.wait_for_window(MAIN)
+    other = desktop.start(desktop.pictures / "second.bmp")
+    assert desktop.wait_for_end(other) == 0
+    desktop.keys("ctrl+n")
+    time.sleep(1)
+    assert list(desktop.run_folder.glob("KLdde.tmp")), "the second picture waits for the first"
+    assert len(desktop.windows()) == 1, "no command runs meanwhile"
+    desktop.keys("Escape")
+    desktop.wait_for_picture(second)
+    assert len(desktop.state_files()) == 1, "what was given up left nothing"
 
 
 @desktop_test

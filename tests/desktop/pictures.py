@@ -151,3 +151,38 @@ def picture_of_ppm(data):
     width, height = int(width), int(height)
     pixels = data[len(data) - 3 * width * height:]
     return Picture(width, height, [bytearray(pixels[3 * width * y:3 * width * (y + 1)]) for y in range(height)])
+
+
+def write_long_gif(path, side=16000, images=40):
+    """A GIF that takes a minute to read and shows nothing: transparent images, one over the other, without delay."""
+    packed, bits, used = bytearray(), 0, 0
+
+    def put(code, length):
+        nonlocal bits, used
+        bits |= code << used
+        used += length
+        while used >= 8:
+            packed.append(bits & 255)
+            bits >>= 8
+            used -= 8
+
+    length, left = 3, side * side
+    while left > 0:
+        put(4, length)
+        length = 3
+        put(0, length)
+        left -= 1
+        for code in range(6, 4096):
+            if left <= 0:
+                break
+            put(code, length)
+            left -= code - 4
+            if code + 1 == 1 << length:
+                length = min(length + 1, 12)
+    put(5, length)
+    put(0, 16)
+    blocks = b"".join(bytes([len(packed[i:i + 255])]) + packed[i:i + 255] for i in range(0, len(packed), 255))
+    size = struct.pack("<HH", side, side)
+    image = b"\x21\xf9\x04\x01\0\0\0\0" + b"\x2c\0\0\0\0" + size + b"\0\x02" + blocks + b"\0"
+    with open(path, "wb") as file:
+        file.write(b"GIF89a" + size + b"\x91\0\0" + bytes(12) + image * images + b";")
