@@ -108,6 +108,8 @@ class Editor {
 void EditForEver(unsigned seed, const std::vector<std::string>& pictures) {
     for (std::size_t i = 1; i < pictures.size(); ++i)
         OpenDocument(pictures[i]);
+    for (const frmImage* image : Documents())
+        Say("done", 0, *image);
     Editor editor(seed);
     for (;;) {
         editor.EditOnce();
