@@ -83,6 +83,7 @@ void BeginRun() {
 
 void EndRun() {
     States().Settle();
+    States().ForgetText(ourRun.index);
     DeleteRunFiles(ourRun);
     ourRun = {};
 }

@@ -99,9 +99,17 @@ std::string WithFirst(const std::string& entry, const std::string& list) {
     return entry + ";" + others;
 }
 
+// Empty only if there is none: one that cannot be read must not be written anew without its lines.
+std::string ListOfDesktop(const std::string& path) try {
+    return ReadWholeFile(path, kLongestList);
+} catch (const RuntimeError& error) {
+    if (error.Number() != kFileNotFound) throw;
+    return {};
+}
+
 void PutFirst(const std::string& mimeType, const std::string& entry) {
     const std::string path = ConfigHome() + "/mimeapps.list";
-    const std::string before = FileExists(path) ? ReadWholeFile(path, kLongestList) : std::string{};
+    const std::string before = ListOfDesktop(path);
     IniText list(before, IniText::LineEnds::AsTheyAre);
     for (const char* section : {"Default Applications", "Added Associations"})
         list.Set(section, mimeType, WithFirst(entry, list.Value(section, mimeType).value_or("")));

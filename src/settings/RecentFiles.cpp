@@ -105,11 +105,13 @@ void UpdateMRUs(RecentFilesMenu& menu, MenuItem& bar, const std::string& path) {
     Entry(0) = path;
     bar.Visible(true);
     ShowItem(menu, 0, path);
-    WriteMachineValue(StoreKey(), ValueName(0), path);
+    std::vector<SettingText> values = {{ValueName(0), path}};
     for (int i = 1; i < MRUlimit && !Entry(i).empty(); ++i) {
         ShowItem(menu, i, Entry(i));
-        WriteMachineValue(StoreKey(), ValueName(i), Entry(i));
+        values.push_back({ValueName(i), Entry(i)});
     }
+    // All at once: a disk that gives way in between would leave one file twice and another not at all.
+    WriteMachineValues(StoreKey(), values);
 }
 
 std::string MRUfile(int index) {

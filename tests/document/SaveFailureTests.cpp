@@ -72,8 +72,7 @@ TEST_F(SaveFailureTest, AFullDiskLeavesTheOldFileAndIsTold) {
     const std::string before = BytesOf(File("a.bmp"));
     Edit(image, kBlack);
     SettleStates();
-    for (int n = 1; n <= count; ++n) {
-        if (n == kModeOperation) continue;
+    for (const int n : {1, count}) {
         const DialogScript script({PressesButton("OK")});
         FailFileOperation(first + n, ENOSPC);
         Choose(frmMain->mnuFileSave);
@@ -160,8 +159,7 @@ TEST_F(SaveFailureTest, AFailedSaveAsOverAFileLeavesItAndTheDocument) {
     Edit(image, kBlack);
     SettleStates();
     image.AFCurfile = "other.bmp";
-    for (int n = 1; n <= count; ++n) {
-        if (n == kModeOperation) continue;
+    for (const int n : {1, count}) {
         const DialogScript script({ChoosesFile(File("a.bmp")),
                                    [&](QWidget& overwrite) {
                                        FailFileOperation(first + n, ENOSPC);

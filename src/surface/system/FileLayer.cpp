@@ -16,6 +16,8 @@ namespace {
 std::atomic<int> operationCount{0};
 std::atomic<int> failingOperation{0};
 std::atomic<int> failingErrno{0};
+std::atomic<int> writeCount{0};
+std::atomic<int> shortenedWrite{0};
 
 int NumberOf(int errnoValue) {
     switch (errnoValue) {
@@ -101,6 +103,13 @@ bool OutOfReach(int errnoValue) {
            errnoValue == EACCES || errnoValue == ELOOP || errnoValue == EIO;
 }
 
+/// How much of a write a test lets through.
+std::size_t LengthByOrder(std::size_t length) {
+    if (++writeCount != shortenedWrite || length < 2) return length;
+    if (failingErrno != 0) failingOperation = operationCount + 2; // this write is the next one
+    return length / 2;
+}
+
 } // namespace
 
 bool FailsByOrder() {
@@ -169,7 +178,8 @@ File::~File() {
 
 void File::Write(std::span<const std::byte> bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = Operation([&] { return ::write(descriptor_, bytes.data(), bytes.size()); });
+        const std::size_t length = LengthByOrder(bytes.size());
+        const ssize_t written = Operation([&] { return ::write(descriptor_, bytes.data(), length); });
         if (written < 0) RaiseFileError(errno, path_);
         bytes = bytes.subspan(static_cast<std::size_t>(written));
     }
@@ -213,8 +223,8 @@ void File::Close() {
     if (descriptor < 0) return;
     const int ordered = FailsByOrder() ? errno : 0;
     // An interrupted close has closed all the same: a second one could hit another thread's file.
-    if (::close(descriptor) != 0 && errno != EINTR) RaiseFileError(errno, path_);
-    if (ordered != 0) RaiseFileError(ordered, path_);
+    const int reason = ::close(descriptor) != 0 ? errno : ordered;
+    if (reason != 0 && reason != EINTR) RaiseFileError(reason, path_);
 }
 
 bool FileDateReadable(const std::string& path) {
@@ -273,8 +283,20 @@ void MakeFolders(const std::string& path) {
 void FailFileOperation(int n, int errnoValue) {
     failingOperation = 0;
     operationCount = 0;
+    shortenedWrite = 0;
     failingErrno = errnoValue;
     failingOperation = n;
+}
+
+void ShortenFileWrite(int n, int thenErrno) {
+    FailFileOperation(0, thenErrno);
+    writeCount = 0;
+    shortenedWrite = n;
+}
+
+bool FileFaultMet() {
+    return (shortenedWrite != 0 && writeCount >= shortenedWrite) ||
+           (shortenedWrite == 0 && failingOperation != 0 && operationCount >= failingOperation);
 }
 
 int FileOperationCount() {

@@ -81,7 +81,12 @@ void MakeFolders(const std::string& path);
 
 /// Tests: lets the n-th operation from now (1 is the next) fail with an errno, once; 0 switches off.
 void FailFileOperation(int n, int errnoValue);
-/// Tests: counts operations since the last call of `FailFileOperation`.
+/// Tests: lets the n-th write from now take half of its bytes, once; the operation behind it fails with
+/// `thenErrno`, or goes on where that is 0. The operations are counted from now.
+void ShortenFileWrite(int n, int thenErrno);
+/// Tests: whether what was ordered has come to pass.
+bool FileFaultMet();
+/// Tests: counts operations since the last order.
 int FileOperationCount();
 
 } // namespace pintalux

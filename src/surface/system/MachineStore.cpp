@@ -17,8 +17,12 @@ std::string ReadMachineValue(const std::string& key, const std::string& name,
 }
 
 bool WriteMachineValue(const std::string& key, const std::string& name, const std::string& text) {
+    return WriteMachineValues(key, {{name, text}});
+}
+
+bool WriteMachineValues(const std::string& key, const std::vector<SettingText>& values) {
     try {
-        WriteStoreValues(kMachineFile, key, {{name, text}});
+        WriteStoreValues(kMachineFile, key, values);
         return true;
     } catch (const RuntimeError&) {
         return false;

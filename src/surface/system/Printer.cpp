@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/TempNames.h"
 #include "surface/system/ToolkitImages_native.h"
 #include "surface/window/Control.h"
 #include "surface/window/DialogOwner_native.h"
@@ -16,6 +17,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <span>
 #include <vector>
@@ -25,6 +27,7 @@ namespace pintalux {
 namespace {
 
 constexpr double kTwipsPerInch = 1440;
+constexpr std::size_t kLongestPage = std::size_t{1} << 30; // bytes
 
 /// The upper left part of a picture.
 Picture Part(const Picture& picture, int columns, int rows) {
@@ -45,6 +48,8 @@ struct PrinterObject::Native {
     std::unique_ptr<QPrinter> printer;
     QPainter painter;
     std::string fileForTests;
+    std::string wanted; ///< The file that is being printed to; empty on paper.
+    std::string copy;   ///< What the toolkit writes meanwhile.
 
     QPrinter& Device() {
         if (!printer) {
@@ -55,6 +60,7 @@ struct PrinterObject::Native {
     }
     void Drop() {
         if (painter.isActive()) painter.end();
+        GiveUpCopy();
         printer.reset();
     }
     /// A device that has failed prints nothing any more: another one with its settings takes its place.
@@ -69,13 +75,47 @@ struct PrinterObject::Native {
         fresh->setDuplex(printer->duplex());
         printer = std::move(fresh);
     }
+    bool ToFile() {
+        return Device().outputFormat() == QPrinter::PdfFormat && !Device().outputFileName().isEmpty();
+    }
+    /// The toolkit does not tell when a disk gives way in the middle of a page: it writes beside, and what is
+    /// whole goes to the user's file.
+    void Begin() {
+        if (ToFile()) {
+            const auto make = [&](const std::string& folder) {
+                return GetTempFileName(folder, "BI", 0, copy) != 0;
+            };
+            if (!TryTempFolders(make)) throw RuntimeError(kPathNotFound);
+            wanted = Device().outputFileName().toStdString();
+            Device().setOutputFileName(QString::fromStdString(copy));
+        }
+        if (painter.begin(&Device())) return;
+        const std::string file = wanted;
+        GiveUpCopy();
+        throw RuntimeError(kDeviceUnavailable, file);
+    }
+    void End() {
+        const bool ended = painter.end();
+        if (!ended || Device().printerState() == QPrinter::Error) throw RuntimeError(kDeviceError);
+        if (!wanted.empty()) DeliverCopy();
+    }
+    void DeliverCopy() {
+        const std::string page = ReadWholeFile(copy, kLongestPage);
+        if (page.find("%%EOF", page.size() < 32 ? 0 : page.size() - 32) == std::string::npos)
+            RaiseFileError(ENOSPC, wanted);
+        WriteFileAside(wanted, [&](File& file) { file.Write(std::as_bytes(std::span(page))); });
+    }
+    void GiveUpCopy() {
+        if (wanted.empty()) return;
+        if (printer) printer->setOutputFileName(QString::fromStdString(wanted));
+        ResumeNext([this] { DeleteFile(copy); });
+        wanted.clear();
+    }
     /// The device, if there is something to print on.
     QPrinter& Ready() {
         QPrinter& device = Device();
         if (!fileForTests.empty()) return device;
-        const bool toFile =
-            device.outputFormat() == QPrinter::PdfFormat && !device.outputFileName().isEmpty();
-        if (!toFile && (QPrinterInfo::availablePrinterNames().isEmpty() || !device.isValid()))
+        if (!ToFile() && (QPrinterInfo::availablePrinterNames().isEmpty() || !device.isValid()))
             throw RuntimeError(kDeviceUnavailable);
         return device;
     }
@@ -111,8 +151,7 @@ int PixelsOnPage(double at, double scaledLength, int length, double room) {
 
 void PrinterObject::PaintPicture(const Picture& picture, double x, double y, double width, double height) {
     QPrinter& device = native_->Ready();
-    if (!native_->painter.isActive() && !native_->painter.begin(&device))
-        throw RuntimeError(kDeviceUnavailable, device.outputFileName().toStdString());
+    if (!native_->painter.isActive()) native_->Begin();
     const double scale = PixelsPerUnit();
     const QRectF page = device.pageRect(QPrinter::DevicePixel);
     const int columns = PixelsOnPage(x * scale, width * scale, picture.Width(), page.width());
@@ -129,6 +168,7 @@ void PrinterObject::PaintPicture(const Picture& picture, double x, double y, dou
         // Half a page is no page, and the next one begins anew.
         device.abort();
         native_->painter.end();
+        native_->GiveUpCopy();
         native_->Renew();
         throw;
     }
@@ -139,29 +179,16 @@ void PrinterObject::PaintPicture(const Picture& picture, double x, double y) {
     PaintPicture(picture, x, y, picture.Width() * unitsPerPixel, picture.Height() * unitsPerPixel);
 }
 
-namespace {
-
-/// Whether a PDF file has its end. The toolkit says nothing of a disk that was full meanwhile.
-bool IsWhole(const std::string& path) try {
-    constexpr std::uint64_t kEndLength = 32; // bytes
-    File file = File::OpenForReading(path);
-    file.Seek(file.Length() - std::min(kEndLength, file.Length()));
-    std::string end(kEndLength, '\0');
-    end.resize(file.Read(std::as_writable_bytes(std::span(end))));
-    return end.find("%%EOF") != std::string::npos;
-} catch (const RuntimeError&) {
-    return false;
-}
-
-} // namespace
-
 void PrinterObject::EndDoc() {
     if (!native_->painter.isActive()) return;
-    const bool ended = native_->painter.end() && native_->Device().printerState() != QPrinter::Error;
-    const std::string file = OutputFile();
-    if (ended && (file.empty() || IsWhole(file))) return;
-    native_->Renew();
-    throw RuntimeError(kDeviceError, file);
+    try {
+        native_->End();
+    } catch (...) {
+        native_->GiveUpCopy();
+        native_->Renew();
+        throw;
+    }
+    native_->GiveUpCopy();
 }
 
 namespace {

@@ -29,7 +29,9 @@ class PrinterObject {
     void CurrentX(double value) { currentX_ = value; }
     double CurrentY() const { return currentY_; }
     void CurrentY(double value) { currentY_ = value; }
-    void EndDoc(); ///< Sends the document off, if one was started; error 57 if that fails.
+    /// Sends the document off, if one was started; error 57 if that fails. A file that is printed to is
+    /// replaced whole, or stays as it was with an error of the file layer.
+    void EndDoc();
     /// The file that the user prints to instead of paper; empty for a printer.
     std::string OutputFile() const;
     void OutputFile(const std::string& path);

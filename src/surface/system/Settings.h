@@ -27,6 +27,8 @@ void SaveSettings(const std::string& application, const std::string& section,
 std::string ReadMachineValue(const std::string& key, const std::string& name,
                              const std::string& defaultText = {});
 bool WriteMachineValue(const std::string& key, const std::string& name, const std::string& text);
+/// Several values written at once: all of them or none.
+bool WriteMachineValues(const std::string& key, const std::vector<SettingText>& values);
 bool DeleteMachineValue(const std::string& key, const std::string& name);
 
 /// One key of a profile text file, Windows-1252, lines ended by CR LF. Keys and values lose blanks around

@@ -48,12 +48,18 @@ void LowerPriorityOfThread() {
         ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), kBackground);
 }
 
-void WriteNote(const std::string& path, const std::string& text) {
-    const std::string aside = path + ".new";
-    File file = File::OpenForWriting(aside, true);
-    file.Write(std::as_bytes(std::span(text)));
-    file.Close();
-    RenameFile(aside, path);
+/// False on any failure, with the old file as it was.
+bool WriteNote(const std::string& path, const std::string& text) {
+    try {
+        const std::string aside = path + ".new";
+        File file = File::OpenForWriting(aside, true);
+        file.Write(std::as_bytes(std::span(text)));
+        file.Close();
+        RenameFile(aside, path);
+        return true;
+    } catch (...) {
+        return false;
+    }
 }
 
 /// Brings what was written to the disk itself. What is gone meanwhile, or cannot be brought there, stays as
@@ -96,6 +102,7 @@ struct StateFiles::Shared {
     const Pending* writing = nullptr;
     std::vector<std::string> failed;
     std::map<std::string, std::string> notes;
+    std::map<std::string, std::string> refusedNotes;
     std::vector<std::string> toSync;
     std::atomic<std::size_t> toDo = 0; // states and notes that are not written
     std::uint64_t sequence = 0;
@@ -125,7 +132,7 @@ void StateFiles::Shared::Run() {
     std::unique_lock lock(mutex);
     for (;;) {
         const auto called = [&] { return stopping || !pending.empty() || !notes.empty(); };
-        if (failed.empty()) {
+        if (failed.empty() && refusedNotes.empty()) {
             work.wait(lock, called);
         } else if (!work.wait_for(lock, kRetryAfter, called)) {
             RetryFailed();
@@ -143,11 +150,14 @@ void StateFiles::Shared::Run() {
 void StateFiles::Shared::WriteNotes(std::unique_lock<std::mutex>& lock) {
     const auto note = *notes.begin();
     lock.unlock();
-    ResumeNext([&] { WriteNote(note.first, note.second); });
+    const bool written = WriteNote(note.first, note.second);
     lock.lock();
-    toSync.push_back(note.first);
-    // A newer text came meanwhile.
-    if (notes.at(note.first) == note.second) notes.erase(note.first);
+    if (written) toSync.push_back(note.first);
+    // Otherwise a newer text came meanwhile.
+    if (notes.at(note.first) == note.second) {
+        notes.erase(note.first);
+        if (!written) refusedNotes.insert(note);
+    }
     CountToDo();
     done.notify_all();
     sleeping.notify_one();
@@ -186,6 +196,8 @@ void StateFiles::Shared::RetryFailed() {
     for (const std::string& path : failed)
         pending.push_back({path, nullptr, true});
     failed.clear();
+    notes.merge(refusedNotes); // a newer text goes first
+    refusedNotes.clear();
     CountToDo();
 }
 
@@ -274,6 +286,7 @@ bool StateFiles::Adopt(const std::string& path) try {
 void StateFiles::WriteBehind(const std::string& path, const std::string& text) {
     const std::lock_guard lock(shared_->mutex);
     shared_->notes[path] = text;
+    shared_->refusedNotes.erase(path);
     shared_->CountToDo();
     shared_->Start();
     shared_->work.notify_one();
@@ -282,6 +295,12 @@ void StateFiles::WriteBehind(const std::string& path, const std::string& text) {
 bool StateFiles::Refused() const {
     const std::lock_guard lock(shared_->mutex);
     return !shared_->failed.empty();
+}
+
+void StateFiles::ForgetText(const std::string& path) {
+    std::unique_lock lock(shared_->mutex);
+    shared_->done.wait(lock, [&] { return shared_->notes.empty(); });
+    shared_->refusedNotes.erase(path);
 }
 
 void StateFiles::WaitInSignal(std::chrono::milliseconds longest) const {

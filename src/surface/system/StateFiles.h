@@ -39,8 +39,12 @@ class StateFiles {
     bool Adopt(const std::string& path);
 
     /// Replaces the file with the text, behind, before the states that still wait; of several texts for it
-    /// the last one. It is made for the user alone, aside and renamed. What cannot be written is given up.
+    /// the last one. It is made for the user alone, aside and renamed. What a disk refused is tried again, as
+    /// states are, unless a newer text comes.
     void WriteBehind(const std::string& path, const std::string& text);
+
+    /// Gives up a text that a disk refused; waits if the writer is at it.
+    void ForgetText(const std::string& path);
 
     /// True if `LoadState` would succeed: in memory, or on disk at the right length.
     bool Exists(const std::string& path) const;
