@@ -59,7 +59,10 @@ void frmNewForm::Form_QueryUnload(bool&) {
 }
 
 void frmNewForm::cmdOK_Click() {
-    if (Val(txtPXw.Text()) == 0 || Val(txtPXh.Text()) == 0) {
+    // What rounds to nothing, or is less, is no size: a window of it could not be made, and the commands
+    // behind it would run over the document that was there before.
+    constexpr double kNothing = 0.5;
+    if (Val(txtPXw.Text()) <= kNothing || Val(txtPXh.Text()) <= kNothing) {
         MsgBox("Tamanho inválido. Insira um valor entre 1 e 32767 pixeis.", BoxButtons::Ok, BoxIcon::None,
                kMessageTitle);
         return;

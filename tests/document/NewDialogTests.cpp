@@ -167,6 +167,23 @@ TEST_F(NewDialogTest, AnEmptyTextIsRefused) {
     EXPECT_EQ(ImageCount, 0);
 }
 
+TEST_F(NewDialogTest, ASizeBelow1IsRefusedAndLeavesTheDocumentAlone) {
+    frmImage& before = OpenPicture("a.bmp", Solid(40, 30, kWhite));
+    for (const char* width : {"-3", "0.5"}) {
+        InNew(
+            [&] {
+                frmNew->txtPXw.Text(width);
+                PressOk();
+                EXPECT_TRUE(frmNew.Loaded());
+                PressCancel();
+            },
+            {PressesButton("OK")});
+        EXPECT_NE(message.text.find("Tamanho inválido."), std::string::npos) << width;
+        EXPECT_EQ(ImageCount, 1);
+        EXPECT_EQ(before.AFCurfile, Folder("pictures") + "/a.bmp");
+    }
+}
+
 TEST_F(NewDialogTest, ASizeOver32000IsTooLargeThough32767WasNamed) {
     InNew(
         [] {
