@@ -106,7 +106,7 @@ void frmMainForm::TakeCommandLine() {
 bool frmMainForm::HandOver(const std::string& path) try {
     const std::string line = path + "\n";
     // Renamed into place: the running instance polls for it and must never read half a path.
-    WriteFileAside(HandOffFile(), [&](File& file) { file.Write(std::as_bytes(std::span(line))); });
+    WritePrivateFileAside(HandOffFile(), [&](File& file) { file.Write(std::as_bytes(std::span(line))); });
     if (App.PrevInstance()) return true;
     DeleteFile(HandOffFile());
     return false;

@@ -275,6 +275,7 @@ void RandomUse::Menu(const Numbers& n) {
         stretched_[&Image()] = true;
     story_ += item.Name() + " ";
     RunEvent(EventKind::Ordinary, item.Click);
+    if (item.Name() == "mnuEditCut") AfterCut();
 }
 
 void RandomUse::Bar(const Numbers& n) {
@@ -285,6 +286,12 @@ void RandomUse::Bar(const Numbers& n) {
         stretched_[&Image()] = true;
     story_ += button.Key() + " ";
     RunEvent(EventKind::Ordinary, [&] { frmMain->TB2.ButtonClick(button); });
+    if (place == kCutButton) AfterCut();
+}
+
+// A cut takes no state.
+void RandomUse::AfterCut() {
+    if (Active()) InStroke(Image());
 }
 
 void RandomUse::Key(const Numbers& n) {

@@ -37,6 +37,7 @@ class RandomUse : public ProgramTest {
     std::string SomeFile(unsigned number) const;
     void KeepSmall();
     void InStroke(const frmImage& image);
+    void AfterCut();
 
     /// What is broken; empty if all is well.
     std::string Broken();

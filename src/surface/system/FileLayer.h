@@ -63,6 +63,9 @@ class File {
 /// copy in a folder for temporary files. `write` then runs twice. If the last step fails, the copy stays and
 /// the error's text names it.
 void WriteFileAside(const std::string& path, const std::function<void(File&)>& write);
+/// The same in a folder that others may reach: always a new file, mode 0600; a symbolic link is replaced
+/// itself, and nothing of what it points to is touched.
+void WritePrivateFileAside(const std::string& path, const std::function<void(File&)>& write);
 
 /// True when the file's date can be read. False for errors 53, 68 and 76, and whatever else says that nobody
 /// gets through to the path: a closed folder, a ring of links, a disk or a server that does not answer. Any

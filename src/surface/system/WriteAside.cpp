@@ -81,11 +81,11 @@ void SyncFolder(const std::string& folder) {
 }
 
 void WriteAndRename(const std::string& target, const std::string& shownPath,
-                    const std::optional<struct stat>& old, const Writer& write) {
+                    const std::optional<struct stat>& old, const Writer& write, unsigned newMode = 0666) {
     const std::string folder = FolderOf(target);
     const std::string asidePath = RandomAsidePath(folder);
     File file =
-        File::Open(asidePath, O_WRONLY | O_CREAT | O_EXCL, old ? old->st_mode & 0777 : 0666, shownPath);
+        File::Open(asidePath, O_WRONLY | O_CREAT | O_EXCL, old ? old->st_mode & 0777 : newMode, shownPath);
     AsideName aside{asidePath};
     if (old) TakeOwnerAndMode(file, *old);
     write(file);
@@ -152,6 +152,10 @@ void WriteFileAside(const std::string& path, const Writer& write) {
         if (!old || error.Number() != kPermissionDenied) throw;
         WriteInPlace(target, path, write);
     }
+}
+
+void WritePrivateFileAside(const std::string& path, const Writer& write) {
+    WriteAndRename(path, path, {}, write, 0600);
 }
 
 } // namespace pintalux
