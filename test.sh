@@ -3,8 +3,8 @@
 #
 # Parts, in this order: unit (unit and form tests, release build), sanitizers (the same under the address and
 # undefined-behaviour sanitizers), checks (rules of the code and the documents), desktop (the real program on a display),
-# kill (the program killed at random moments, and what comes back of its documents).
-# Without parts all run; --quick leaves the sanitizers out. The output of each program is kept in build/test-output.
+# kill (the program killed at random moments, and what comes back of its documents), fuzz (hostile bytes, with clang).
+# Without parts all run; --quick leaves sanitizers and fuzz out. The output of each program is kept in build/test-output.
 set -uo pipefail
 cd "$(dirname "$(readlink -f "$0")")" || exit 1
 
@@ -113,12 +113,18 @@ part_kill() {
     run_lines kill tests/kill/run.py
 }
 
+part_fuzz() {
+    scripts/install-packages.sh fuzz || return
+    build fuzz fuzz_targets || return
+    run_lines fuzz tests/fuzz/run.py
+}
+
 parts=()
 quick=no
 for argument in "$@"; do
     case $argument in
         --quick) quick=yes ;;
-        unit | sanitizers | checks | desktop | kill) parts+=("$argument") ;;
+        unit | sanitizers | checks | desktop | kill | fuzz) parts+=("$argument") ;;
         *)
             sed -n '2,7s/^# \{0,1\}//p' "$0" >&2
             exit 2
@@ -126,7 +132,7 @@ for argument in "$@"; do
     esac
 done
 if [ "${#parts[@]}" -eq 0 ]; then
-    parts=(unit sanitizers checks desktop kill)
+    parts=(unit sanitizers checks desktop kill fuzz)
     if [ "$quick" = yes ]; then parts=(unit checks desktop kill); fi
 fi
 
