@@ -26,7 +26,7 @@ std::string FollowLinks(const std::string& path) {
         const ssize_t length = ::readlink(target.c_str(), text, sizeof text);
         if (length < 0) return target;
         const std::string link(text, static_cast<std::size_t>(length));
-        target = link.starts_with('/') ? link : FolderOf(target) + "/" + link;
+        target = link.starts_with('/') ? link : FolderOf(target).append("/").append(link);
     }
     RaiseFileError(ELOOP, path);
 }
