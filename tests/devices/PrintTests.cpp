@@ -139,7 +139,7 @@ TEST_F(PrintTest, APlaceThatIsGoneIsAnUntrappedErrorAndTheNextPageIsPrinted) {
         mnuFilePrinterPrint_Click();
         FAIL() << "it was printed to nowhere";
     } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kDeviceUnavailable);
+        EXPECT_EQ(error.Number(), kFileNotFound);
         EXPECT_NE(error.Text().find(file_), std::string::npos) << error.Text();
     }
     EXPECT_EQ(CornerOf(image), 0x0000FF);
