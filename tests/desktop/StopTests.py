@@ -105,6 +105,9 @@ def TheFilterBrowserShowsItsSampleOnAFullDisk(desktop):
     open_browser(desktop)
     desktop.keys("Down", "Return")  # the first filter of the list, applied
     desktop.wait_until_gone(BROWSER)
+    desktop.wait_for_window(QUESTION)  # the disk refuses the state
+    desktop.keys("Return")
+    desktop.wait_until_gone(QUESTION)
     desktop.keys("ctrl+d")
     desktop.wait_for_picture(with_stroke(sample(), STROKE))
     assert process.poll() is None and desktop.window(STOP) is None
