@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         File file = File::OpenForReading(source.Path());
         const BmpHeader header = ReadBmpHeader(file);
         if (header.compressed) return;
-        const Picture picture = ReadBmpRows(file, header);
+        const Picture picture = ReadBmpRows(file, header, {});
         Demand(picture.Width() <= kMaxPictureSide && picture.Height() <= kMaxPictureSide);
         constexpr int kMostPixels = 1 << 20;
         if (std::int64_t{picture.Width()} * picture.Height() > kMostPixels) return;

@@ -41,7 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Demand(GetSetting("Pintalux64", "Settings", "Rulers", "other") == value);
         PutFile(SettingsFolder() + "/machine.ini", bytes);
         WriteMachineValue("a key", "MRU0", value);
-        Demand(ReadMachineValue("a key", "MRU0", "other") == value);
+        // A stored path ends at its first NUL.
+        Demand(ReadMachineValue("a key", "MRU0", "other") == value.substr(0, value.find('\0')));
         PutFile(file, bytes);
         ProfileRead(file, "Colors", " 0", "");
         Demand(ProfileWrite(file, "Colors", " 0", "123"));
