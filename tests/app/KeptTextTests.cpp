@@ -2,6 +2,7 @@
 // texts are kept in tests/data/windows; a change that is meant is taken over by running with PINTALUX_KEEP=1
 // and read in the difference.
 #include "support/Documents.h"
+#include "support/Folders.h"
 #include "support/Program.h"
 
 #include "app/frmMain.h"
@@ -136,7 +137,7 @@ std::string KeptIn(const std::string& path) {
 class KeptTextTest : public ProgramTest {
   protected:
     static void Expect(const std::string& name, QWidget& window) {
-        const std::string path = std::string(TEST_DATA "/windows/") + name + ".txt";
+        const std::string path = DataFolder() + "/windows/" + name + ".txt";
         const std::string text = TextOf(window);
         if (std::getenv("PINTALUX_KEEP") != nullptr) std::ofstream(path) << text;
         EXPECT_EQ(KeptIn(path), text) << path;

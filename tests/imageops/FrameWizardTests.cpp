@@ -1,5 +1,6 @@
 // The frame wizard: what each style shows, the sample, the ways out of it, what it paints.
 #include "imageops/ImageDialogTest.h"
+#include "support/Folders.h"
 
 #include "base/Arithmetic.h"
 #include "colour/ColourPanel.h"
@@ -90,7 +91,7 @@ class FrameWizardTest : public ImageDialogTest {
 
 /// A photograph of the collection; empty where that is not at hand.
 Picture Photograph(const std::string& name) {
-    const std::string path = std::string(SHARED_PICTURES) + "/real/" + name;
+    const std::string path = SharedPictures() + "/real/" + name;
     return std::filesystem::exists(path) ? LoadPicture(path) : Picture();
 }
 

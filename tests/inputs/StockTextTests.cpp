@@ -1,5 +1,6 @@
 // Every text that the toolkit's dialogs and menus ask for must be among ours: a recorder sits before them,
 // and what they lack fails the test by name.
+#include "support/Folders.h"
 #include "surface/system/StockTexts_native.h"
 
 #include "inputs/ByHand.h"
@@ -261,7 +262,7 @@ struct Text {
 };
 
 std::vector<Text> SourceTexts() {
-    QFile file(TEST_DATA "/../../src/surface/system/stock_pt_PT.ts");
+    QFile file(QString::fromStdString(DataFolder() + "/../../src/surface/system/stock_pt_PT.ts"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
     std::vector<Text> texts;
     Text text;

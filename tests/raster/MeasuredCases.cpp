@@ -1,4 +1,5 @@
 #include "raster/MeasuredCases.h"
+#include "support/Folders.h"
 
 #include <algorithm>
 #include <cctype>
@@ -124,7 +125,7 @@ void ReadFamily(const std::filesystem::path& path, std::vector<MeasuredCase>& ca
 
 std::vector<MeasuredCase> ReadMeasuredCases() {
     std::vector<std::filesystem::path> families;
-    for (const auto& entry : std::filesystem::directory_iterator(TEST_DATA "/drawing-cases")) {
+    for (const auto& entry : std::filesystem::directory_iterator(DataFolder() + "/drawing-cases")) {
         families.push_back(entry.path());
     }
     std::sort(families.begin(), families.end());

@@ -1,6 +1,7 @@
 // Small pictures in tests: written as text, compared to the pixel, kept for looking at when they differ.
 #pragma once
 
+#include "support/Folders.h"
 #include "surface/raster/Bitmap.h"
 
 #include <gtest/gtest.h>
@@ -75,8 +76,8 @@ inline std::string KeepPicture(const Bitmap& picture, const std::string& role) {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
     std::string name = test ? std::string(test->test_suite_name()) + "." + test->name() : "test";
     std::replace(name.begin(), name.end(), '/', '_');
-    std::filesystem::create_directories(FAILED_PICTURES);
-    const std::string path = std::string(FAILED_PICTURES) + "/" + name + "-" + role + ".ppm";
+    std::filesystem::create_directories(FailedPictures());
+    const std::string path = FailedPictures() + "/" + name + "-" + role + ".ppm";
     std::ofstream file(path, std::ios::binary);
     file << "P6\n" << picture.Width() << ' ' << picture.Height() << "\n255\n";
     for (int y = 0; y < picture.Height(); ++y) {

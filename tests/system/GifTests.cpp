@@ -1,4 +1,5 @@
 // GIF files: the first frame, cut to its screen, whatever a file does to its frames.
+#include "support/Folders.h"
 #include "support/LongGif.h"
 #include "surface/system/Pictures.h"
 #include "system/GifBytes.h"
@@ -123,7 +124,7 @@ Picture PictureOfBytes(const std::string& rgba, int width, int height) {
 }
 
 TEST(SharedGifs, TheSuiteShowsItsPixels) {
-    const std::filesystem::path suite = std::string(SHARED_CORPORA) + "/gif-suite";
+    const std::filesystem::path suite = SharedCorpora() + "/gif-suite";
     if (!std::filesystem::is_directory(suite)) GTEST_SKIP() << "the collection is not here";
     int shown = 0;
     for (const auto& entry : std::filesystem::directory_iterator(suite)) {

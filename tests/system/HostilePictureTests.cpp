@@ -1,4 +1,5 @@
 // Files that want to take all time and memory there are: giants, endless scans, and what broke other readers.
+#include "support/Folders.h"
 #include "surface/system/FreeMemory.h"
 #include "surface/system/Pictures.h"
 #include "system/GifBytes.h"
@@ -265,8 +266,7 @@ TEST(LoadRunLengths, EveryCutShowsWhatIsThere) {
 std::vector<std::string> CorpusFiles(const std::string& folder) {
     std::vector<std::string> files;
     std::error_code none;
-    for (const auto& entry :
-         std::filesystem::directory_iterator(std::string(SHARED_CORPORA) + "/" + folder, none))
+    for (const auto& entry : std::filesystem::directory_iterator(SharedCorpora() + "/" + folder, none))
         files.push_back(entry.path().string());
     std::ranges::sort(files);
     return files;

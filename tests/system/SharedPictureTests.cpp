@@ -1,4 +1,5 @@
 // A collection of real, odd and broken pictures, where it is at hand.
+#include "support/Folders.h"
 #include "surface/system/Pictures.h"
 #include "system/Sandbox.h"
 
@@ -9,7 +10,7 @@ namespace pintalux {
 namespace {
 
 std::string Collection(const std::string& folder) {
-    return std::string(SHARED_PICTURES) + "/" + folder;
+    return SharedPictures() + "/" + folder;
 }
 
 std::vector<std::filesystem::path> FilesOf(const std::string& folder) {

@@ -1,0 +1,21 @@
+#include "support/Folders.h"
+
+namespace pintalux {
+
+std::string DataFolder() {
+    return TEST_DATA;
+}
+
+std::string SharedPictures() {
+    return SHARED_PICTURES;
+}
+
+std::string SharedCorpora() {
+    return SHARED_CORPORA;
+}
+
+std::string FailedPictures() {
+    return FAILED_PICTURES;
+}
+
+} // namespace pintalux
