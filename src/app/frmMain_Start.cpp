@@ -14,6 +14,7 @@
 #include "surface/system/App.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/MsgBox.h"
+#include "surface/system/Pictures.h"
 #include "surface/window/Screen.h"
 
 #include <limits>
@@ -100,6 +101,8 @@ void frmMainForm::TakeCommandLine() {
     // Intended: only a file goes to the running instance; a second start without one is a second program.
     handedOver_ = secondInstance && HandOver(commandFile_);
     commandFileGiven_ = !handedOver_;
+    // The picture is read while the windows are made and the start's ticks pass.
+    if (commandFileGiven_) LoadPictureAhead(commandFile_);
 }
 
 // False where the request cannot be written, or nobody is left to take it: then the file opens here.

@@ -235,14 +235,22 @@ bool FileDateReadable(const std::string& path) {
     RaiseFileError(reason, path);
 }
 
-std::optional<std::uint64_t> FileLength(const std::string& path) {
+std::optional<FileStamp> StampOfFile(const std::string& path) {
     struct stat info = {};
     if (Operation([&] { return ::stat(path.c_str(), &info); }) != 0) {
         if (errno == ENOENT || errno == ENOTDIR) return {};
         RaiseFileError(errno, path);
     }
     if (!S_ISREG(info.st_mode)) return {};
-    return static_cast<std::uint64_t>(info.st_size);
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    return FileStamp{static_cast<std::uint64_t>(info.st_size), info.st_dev, info.st_ino,
+                     info.st_mtim.tv_sec * kNanoseconds + info.st_mtim.tv_nsec};
+}
+
+std::optional<std::uint64_t> FileLength(const std::string& path) {
+    const std::optional<FileStamp> stamp = StampOfFile(path);
+    if (!stamp) return {};
+    return stamp->length;
 }
 
 void DeleteFile(const std::string& path) {

@@ -72,8 +72,20 @@ void WritePrivateFileAside(const std::string& path, const std::function<void(Fil
 /// other error passes up.
 bool FileDateReadable(const std::string& path);
 std::optional<std::uint64_t> FileLength(const std::string& path); ///< Empty if there is no such file.
-void DeleteFile(const std::string& path);                         ///< Error 53 if it does not exist.
-void RenameFile(const std::string& from, const std::string& to);  ///< What stands at `to` is replaced.
+
+/// What tells whether a file is still the one that was looked at before.
+struct FileStamp {
+    std::uint64_t length = 0; ///< In bytes.
+    std::uint64_t device = 0; ///< The disk that it lies on.
+    std::uint64_t number = 0; ///< Of the file on its disk.
+    std::int64_t changed = 0; ///< When its bytes last changed, in nanoseconds.
+
+    bool operator==(const FileStamp&) const = default;
+};
+std::optional<FileStamp> StampOfFile(const std::string& path); ///< Empty if there is no such file.
+
+void DeleteFile(const std::string& path);                        ///< Error 53 if it does not exist.
+void RenameFile(const std::string& from, const std::string& to); ///< What stands at `to` is replaced.
 /// Error 75 if the file has more than `limit` bytes.
 std::string ReadWholeFile(const std::string& path, std::size_t limit);
 /// In place; whoever may be read meanwhile writes aside instead.

@@ -8,10 +8,13 @@
 
 #include <array>
 #include <exception>
+#include <memory>
+#include <optional>
 #include <QImage>
 #include <QImageReader>
 #include <QIODevice>
 #include <string_view>
+#include <thread>
 
 namespace pintalux {
 
@@ -134,9 +137,63 @@ Picture LoadPicture(const std::string& path, const std::stop_token& stop) {
     }
 }
 
+namespace {
+
+/// A file that is being read before anybody waits for it.
+class ReadingAhead {
+  public:
+    explicit ReadingAhead(const std::string& path)
+        : path_(path), stamp_(StampOfFile(path)),
+          thread_([this](const std::stop_token& stop) { Read(stop); }) {}
+
+    const std::string& Path() const { return path_; }
+
+    /// The picture; error 18 soon after `stop` is asked for, and whatever the reading ran into. Nothing if
+    /// the file has changed since.
+    std::optional<Picture> Finish(const std::stop_token& stop) {
+        const std::stop_callback passOn(stop, [this] { thread_.request_stop(); });
+        thread_.join();
+        if (StampOfFile(path_) != stamp_) return {};
+        if (failure_) std::rethrow_exception(failure_);
+        return std::move(picture_);
+    }
+
+  private:
+    void Read(const std::stop_token& stop) {
+        try {
+            picture_ = LoadPicture(path_, stop);
+        } catch (...) {
+            failure_ = std::current_exception();
+        }
+    }
+
+    std::string path_;
+    std::optional<FileStamp> stamp_;
+    Picture picture_;
+    std::exception_ptr failure_;
+    std::jthread thread_; // last, so that it is over before what it fills
+};
+
+std::unique_ptr<ReadingAhead> readingAhead;
+
+} // namespace
+
+void LoadPictureAhead(const std::string& path) {
+    try {
+        readingAhead = std::make_unique<ReadingAhead>(path);
+    } catch (const std::exception&) { // No file, or no thread: it is told when the picture is asked for.
+    }
+}
+
 Picture LoadPictureWaiting(const std::string& path) {
+    std::unique_ptr<ReadingAhead> begun;
+    if (readingAhead && readingAhead->Path() == path) begun = std::move(readingAhead);
     Picture picture;
-    WorkWhileWaiting([&](const std::stop_token& stop) { picture = LoadPicture(path, stop); });
+    WorkWhileWaiting([&](const std::stop_token& stop) {
+        std::optional<Picture> early;
+        if (begun) early = begun->Finish(stop);
+        picture = early ? std::move(*early) : LoadPicture(path, stop);
+    });
     return picture;
 }
 

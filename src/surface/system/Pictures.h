@@ -26,6 +26,11 @@ inline Picture LoadPicture() {
 /// `WorkWhileWaiting`).
 Picture LoadPictureWaiting(const std::string& path);
 
+/// Begins to read the file beside whatever else is to be done before `LoadPictureWaiting` asks for it; that
+/// takes the result, unless the file is another one by then. Nothing is said of a failure until it is asked
+/// for. For the interface's thread.
+void LoadPictureAhead(const std::string& path);
+
 /// Writes an uncompressed 24-bit BMP to `path`, in place. Every write and the close are checked; errors as
 /// the file layer gives them. Error 481 for the empty picture.
 void SavePicture(const Picture& picture, const std::string& path);
