@@ -40,33 +40,42 @@ Wish Ask(const std::vector<RunDocument>& documents) {
     return sure == 0 ? Wish::Delete : Wish::Keep;
 }
 
-} // namespace
+void OpenEach(const LeftDocuments& left) {
+    // What cannot be opened now stays for the next start.
+    for (const RunDocument& document : left.documents)
+        ResumeNext([&] { OpenLeftDocument(document); });
+    TakeLeftDocuments(left);
+}
 
-void frmMainForm::OfferRecovery() {
-    ResumeNext([] { SweepOldFiles({App.Path()}); });
-    const LeftDocuments left = FindLeftDocuments();
-    if (left.runs.empty()) return;
-    // What those runs left needs no question: it was saved, or there is nothing to see in it.
-    if (left.documents.empty()) return DeleteLeftDocuments(left);
+void Offer(const LeftDocuments& left) {
     switch (Ask(left.documents)) {
     case Wish::Delete:
         return DeleteLeftDocuments(left);
     case Wish::Keep:
-        return;
+        return KeepLeftDocuments(left);
     case Wish::Open:
-        break;
+        return OpenEach(left);
     }
-    bool all = true;
-    for (const RunDocument& document : left.documents) {
-        bool opened = false;
-        ResumeNext([&] {
-            OpenLeftDocument(document);
-            opened = true;
-        });
-        all = all && opened;
+}
+
+std::set<std::string> PictureFolders(const LeftDocuments& left) {
+    std::set<std::string> folders = RecentFolders();
+    for (const RunDocument& document : left.documents)
+        if (!document.file.empty()) folders.insert(DirectoryOf(document.file));
+    return folders;
+}
+
+} // namespace
+
+void frmMainForm::OfferRecovery() {
+    const LeftDocuments left = FindLeftDocuments();
+    if (!left.documents.empty()) {
+        Offer(left);
+    } else {
+        DeleteLeftDocuments(left);
     }
-    // Where one could not be opened, all files stay for the next start.
-    if (all) TakeLeftRuns(left);
+    // Behind the question: nobody who comes back after a month finds his pictures gone.
+    ResumeNext([&] { SweepOldFiles({App.Path()}, PictureFolders(left)); });
 }
 
 } // namespace pintalux

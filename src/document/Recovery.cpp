@@ -12,7 +12,6 @@
 #include "surface/window/MDIForm.h"
 
 #include <algorithm>
-#include <set>
 
 namespace pintalux {
 
@@ -32,6 +31,15 @@ RunDocument RecordOf(const frmImage& image) {
     for (int i = 0; i < image.ListBUorder.ListCount(); ++i)
         document.order.push_back(ToInt32(Val(image.ListBUorder.List(i))));
     return document;
+}
+
+std::vector<RunDocument> OpenDocuments(const frmImage* closing = nullptr) {
+    std::vector<RunDocument> documents;
+    for (const auto& child : TheWorkspace.window->Children()) {
+        const auto& image = static_cast<const frmImage&>(*child);
+        if (&image != closing && image.ListBUorder.ListCount() > 0) documents.push_back(RecordOf(image));
+    }
+    return documents;
 }
 
 const std::string& StateAt(const RunDocument& document, int position) {
@@ -68,11 +76,58 @@ bool IsOneColour(const Picture& picture) {
     return true;
 }
 
-/// A close would ask about it; or it came from nowhere but the clipboard, and there is something to see.
-bool IsWorthKeeping(const RunDocument& document, const RunDocument& whole) {
-    if (whole.order.empty() || document.saved) return false;
-    if (document.order[static_cast<std::size_t>(document.cursor)] != 0) return true;
-    return document.file.empty() && !IsOneColour(States().LoadState(StateAt(whole, whole.cursor)));
+enum class Worth { Nothing, Offer, Wait };
+
+/// Nothing, if a close would not ask about it, or there is nothing to see. `whole` becomes what can be
+/// opened.
+Worth Judge(const RunDocument& document, RunDocument& whole) {
+    if (!MakesSense(document)) return Worth::Wait;
+    const bool changed = document.order[static_cast<std::size_t>(document.cursor)] != 0;
+    if (document.saved || (!changed && !document.file.empty())) return Worth::Nothing;
+    whole = document;
+    bool blank = false;
+    // What cannot be looked at now is not therefore worth nothing.
+    ResumeNext([&] {
+        whole = WholePart(document);
+        blank =
+            !changed && !whole.order.empty() && IsOneColour(States().LoadState(StateAt(whole, whole.cursor)));
+    });
+    if (whole.order.empty()) return Worth::Wait;
+    return blank ? Worth::Nothing : Worth::Offer;
+}
+
+void AddStates(const std::vector<RunDocument>& documents, std::set<std::string>& states) {
+    for (const RunDocument& document : documents)
+        states.insert(document.states.begin(), document.states.end());
+}
+
+void DeleteStates(const std::set<std::string>& states) {
+    std::set<std::string> ours; // A name that was free may have come to us.
+    AddStates(OpenDocuments(), ours);
+    for (const std::string& state : states)
+        if (!ours.contains(state) && IsStateName(state)) ResumeNext([&] { ForgetState(state); });
+}
+
+/// The indices give up the documents all of whose states are among these.
+void GiveUp(const std::vector<RunFiles>& runs, const std::set<std::string>& states) {
+    for (const RunFiles& run : runs) {
+        auto rest = ReadIndexFile(run.index);
+        if (!rest) continue;
+        std::erase_if(*rest, [&](const RunDocument& document) {
+            return std::all_of(document.states.begin(), document.states.end(), [&](const std::string& state) {
+                return state.empty() || states.contains(state);
+            });
+        });
+        if (rest->empty()) {
+            DeleteRunFiles(run);
+        } else {
+            const std::string text = IndexText(*rest);
+            ResumeNext([&] {
+                WritePrivateFileAside(run.index,
+                                      [&](File& file) { file.Write(std::as_bytes(std::span(text))); });
+            });
+        }
+    }
 }
 
 } // namespace
@@ -90,15 +145,11 @@ void EndRun() {
 
 void NoteDocuments(const frmImage* closing) {
     if (!ourRun.held) return;
-    std::vector<RunDocument> documents;
-    for (const auto& child : TheWorkspace.window->Children()) {
-        const auto& image = static_cast<const frmImage&>(*child);
-        if (&image != closing && image.ListBUorder.ListCount() > 0) documents.push_back(RecordOf(image));
-    }
-    States().WriteBehind(ourRun.index, IndexText(documents));
+    States().WriteBehind(ourRun.index, IndexText(OpenDocuments(closing)));
 }
 
 void SettleDocuments() {
+    if (!TheWorkspace.window) return;
     for (const auto& child : TheWorkspace.window->Children()) {
         auto& image = static_cast<frmImage&>(*child);
         // A merge works on the active document.
@@ -109,13 +160,21 @@ void SettleDocuments() {
 
 LeftDocuments FindLeftDocuments() {
     LeftDocuments left;
-    left.runs = LeftRuns();
-    for (const RunFiles& run : left.runs) {
-        for (const RunDocument& document : ReadIndexFile(run.index))
-            ResumeNext([&] {
-                RunDocument whole = WholePart(document);
-                if (IsWorthKeeping(document, whole)) left.documents.push_back(std::move(whole));
-            });
+    for (RunFiles& run : LeftRuns()) {
+        const auto documents = ReadIndexFile(run.index);
+        if (!documents) continue;
+        std::vector<RunDocument> offered;
+        std::vector<RunDocument> dispensable;
+        for (const RunDocument& document : *documents) {
+            RunDocument whole;
+            const Worth worth = Judge(document, whole);
+            if (worth == Worth::Offer) offered.push_back(std::move(whole));
+            if (worth == Worth::Nothing) dispensable.push_back(document);
+        }
+        if (offered.empty() && dispensable.size() < documents->size()) continue;
+        left.documents.insert(left.documents.end(), offered.begin(), offered.end());
+        AddStates(dispensable, left.dispensable);
+        left.runs.push_back(std::move(run));
     }
     return left;
 }
@@ -134,30 +193,25 @@ void OpenLeftDocument(const RunDocument& document) {
 }
 
 void DeleteLeftDocuments(const LeftDocuments& left) {
-    for (const RunFiles& run : left.runs) {
-        for (const RunDocument& document : ReadIndexFile(run.index)) {
-            for (const std::string& state : document.states)
-                if (IsStateName(state)) ResumeNext([&] { ForgetState(state); });
-        }
-        DeleteRunFiles(run);
-    }
+    std::set<std::string> states = left.dispensable;
+    AddStates(left.documents, states);
+    DeleteStates(states);
+    GiveUp(left.runs, states);
 }
 
-void TakeLeftRuns(const LeftDocuments& left) {
+void TakeLeftDocuments(const LeftDocuments& left) {
     NoteDocuments();
     States().Settle();
-    std::set<std::string> ours;
-    for (const auto& child : TheWorkspace.window->Children()) {
-        const RunDocument document = RecordOf(static_cast<const frmImage&>(*child));
-        ours.insert(document.states.begin(), document.states.end());
-    }
-    for (const RunFiles& run : left.runs) {
-        for (const RunDocument& document : ReadIndexFile(run.index)) {
-            for (const std::string& state : document.states)
-                if (!ours.contains(state) && IsStateName(state)) ResumeNext([&] { ForgetState(state); });
-        }
-        DeleteRunFiles(run);
-    }
+    std::set<std::string> states = left.dispensable;
+    // As the disk has it: where it refused our index, theirs must stay.
+    if (const auto ours = ReadIndexFile(ourRun.index)) AddStates(*ours, states);
+    DeleteStates(left.dispensable);
+    GiveUp(left.runs, states);
+}
+
+void KeepLeftDocuments(const LeftDocuments& left) {
+    for (const RunFiles& run : left.runs)
+        RenewRunFiles(run);
 }
 
 } // namespace pintalux

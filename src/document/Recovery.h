@@ -4,6 +4,8 @@
 
 #include "files/RunIndex.h"
 
+#include <set>
+#include <string>
 #include <vector>
 
 namespace pintalux {
@@ -25,19 +27,26 @@ void NoteDocuments(const frmImage* closing = nullptr);
 /// Before the process ends by a signal: what floats is recorded, and every state is complete on disk.
 void SettleDocuments();
 
-/// What is left of the runs that died: documents that were changed, or never had a file, and whose picture is
-/// still whole.
+/// What the runs that died have left, as far as it can be judged. A run stays out of it if its index cannot
+/// be read, or if no picture of it can be opened and one might have been worth it; the sweep takes it in
+/// time.
 struct LeftDocuments {
     std::vector<RunFiles> runs;
+    /// To be offered: they were changed, or never had a file, and a state of theirs is whole.
     std::vector<RunDocument> documents;
+    /// States of documents that were saved, never changed, or have nothing to see.
+    std::set<std::string> dispensable;
 };
 LeftDocuments FindLeftDocuments();
 
 /// Opens a document at its last whole state, with its undo history, as changed.
 void OpenLeftDocument(const RunDocument& document);
-/// Deletes state files and indices.
+/// Deletes the states of what was offered and what is dispensable. An index keeps what else it names, or
+/// goes.
 void DeleteLeftDocuments(const LeftDocuments& left);
-/// The documents are open again and stand in our index: the old ones go, with what they list beside.
-void TakeLeftRuns(const LeftDocuments& left);
+/// Documents are open again: the old indices give up those that stand in ours now, and what is dispensable.
+void TakeLeftDocuments(const LeftDocuments& left);
+/// All stays for the next start, however late it comes.
+void KeepLeftDocuments(const LeftDocuments& left);
 
 } // namespace pintalux

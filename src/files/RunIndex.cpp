@@ -13,7 +13,6 @@
 #include <filesystem>
 #include <random>
 #include <regex>
-#include <set>
 #include <sstream>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -78,13 +77,6 @@ void TakeLine(const std::string& key, const std::string& value, std::vector<RunD
     if (key == "order") document.order.push_back(NumberOf(value));
 }
 
-bool MakesSense(const RunDocument& document) {
-    const int states = static_cast<int>(document.states.size());
-    return document.cursor >= 0 && document.cursor < static_cast<int>(document.order.size()) &&
-           std::all_of(document.order.begin(), document.order.end(),
-                       [&](int place) { return place >= 0 && place < states; });
-}
-
 /// The lock, if nobody holds it.
 std::shared_ptr<RunLock> TryLock(const std::string& path, int flags) {
     const int descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | flags, 0600);
@@ -111,21 +103,45 @@ std::vector<std::string> FilesIn(const std::string& folder, const std::regex& na
     return found;
 }
 
-std::vector<std::string> Indices() {
-    static const std::regex kName("run-.*\\.index");
-    std::vector<std::string> indices = FilesIn(StateFolder(), kName);
-    std::sort(indices.begin(), indices.end(), [](const std::string& a, const std::string& b) {
-        std::error_code failure;
-        return std::filesystem::last_write_time(a, failure) < std::filesystem::last_write_time(b, failure);
-    });
-    return indices;
-}
-
 /// A plain file of this user that nobody has written to for 30 days.
 bool IsOld(const std::string& path) {
     struct stat info = {};
     return ::lstat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) && info.st_uid == ::getuid() &&
            info.st_mtime < std::time(nullptr) - kOld;
+}
+
+bool IsThere(const std::string& path) {
+    struct stat info = {};
+    return ::lstat(path.c_str(), &info) == 0;
+}
+
+/// The states that the indices name; nothing if one of them cannot be read, so that it may name any.
+std::optional<std::set<std::string>> NamedStates() {
+    std::set<std::string> named;
+    for (const std::string& index : RunIndices()) {
+        const auto documents = ReadIndexFile(index);
+        if (!documents) return {};
+        for (const RunDocument& document : *documents)
+            named.insert(document.states.begin(), document.states.end());
+    }
+    return named;
+}
+
+/// An index tells how old its run is; where there is none, what stands in its place does.
+void SweepOldRuns() {
+    static const std::regex kName("run-.*\\.(index|index\\.new|lock)");
+    for (const std::string& path : FilesIn(StateFolder(), kName)) {
+        const std::string index =
+            path.substr(0, path.rfind(path.ends_with(".lock") ? ".lock" : ".index")) + ".index";
+        if (!IsOld(path) || (path != index && IsThere(index))) continue;
+        const RunFiles files{index, LockOf(index), TryLock(LockOf(index), O_CREAT)};
+        if (files.held) DeleteRunFiles(files);
+    }
+}
+
+void SweepFolder(const std::string& folder, const std::regex& names, const std::set<std::string>& stay) {
+    for (const std::string& path : FilesIn(folder, names))
+        if (!stay.contains(path) && IsOld(path)) ResumeNext([&] { DeleteFile(path); });
 }
 
 } // namespace
@@ -145,7 +161,14 @@ std::string IndexText(const std::vector<RunDocument>& documents) {
     return text.str();
 }
 
-std::vector<RunDocument> ReadIndex(const std::string& text) {
+bool MakesSense(const RunDocument& document) {
+    const int states = static_cast<int>(document.states.size());
+    return document.cursor >= 0 && document.cursor < static_cast<int>(document.order.size()) &&
+           std::all_of(document.order.begin(), document.order.end(),
+                       [&](int place) { return place >= 0 && place < states; });
+}
+
+std::optional<std::vector<RunDocument>> ReadIndex(const std::string& text) {
     std::vector<RunDocument> documents;
     std::istringstream lines(text);
     std::string line;
@@ -154,12 +177,11 @@ std::vector<RunDocument> ReadIndex(const std::string& text) {
         const std::size_t blank = line.find(' ');
         TakeLine(line.substr(0, blank), blank == std::string::npos ? "" : line.substr(blank + 1), documents);
     }
-    std::erase_if(documents, [](const RunDocument& document) { return !MakesSense(document); });
     return documents;
 }
 
-std::vector<RunDocument> ReadIndexFile(const std::string& path) {
-    std::vector<RunDocument> documents;
+std::optional<std::vector<RunDocument>> ReadIndexFile(const std::string& path) {
+    std::optional<std::vector<RunDocument>> documents;
     ResumeNext([&] { documents = ReadIndex(ReadWholeFile(path, kLongestIndex)); });
     return documents;
 }
@@ -181,19 +203,21 @@ RunFiles MakeRunFiles() {
 
 std::vector<RunFiles> LeftRuns() {
     std::vector<RunFiles> left;
-    for (const std::string& index : Indices()) {
+    for (const std::string& index : RunIndices()) {
         RunFiles files{index, LockOf(index), TryLock(LockOf(index), O_CREAT)};
         if (files.held) left.push_back(std::move(files));
     }
     return left;
 }
 
-std::vector<std::string> LivingIndices() {
-    std::vector<std::string> living;
-    for (const std::string& index : Indices()) {
-        if (!TryLock(LockOf(index), 0) && ::access(LockOf(index).c_str(), F_OK) == 0) living.push_back(index);
-    }
-    return living;
+std::vector<std::string> RunIndices() {
+    static const std::regex kName("run-.*\\.index");
+    std::vector<std::string> indices = FilesIn(StateFolder(), kName);
+    std::sort(indices.begin(), indices.end(), [](const std::string& a, const std::string& b) {
+        std::error_code failure;
+        return std::filesystem::last_write_time(a, failure) < std::filesystem::last_write_time(b, failure);
+    });
+    return indices;
 }
 
 void DeleteRunFiles(const RunFiles& files) {
@@ -203,30 +227,33 @@ void DeleteRunFiles(const RunFiles& files) {
         });
 }
 
+void RenewRunFiles(const RunFiles& files) {
+    ::utimensat(AT_FDCWD, files.index.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
+}
+
 bool IsStateName(const std::string& path) {
     static const std::regex kName("/.*/BI([0-9A-F]{4}|[0-9A-F]{8})\\.tmp");
     return std::regex_match(path, kName);
 }
 
-void SweepOldFiles(const std::vector<std::string>& folders) {
-    static const std::regex kLeft(
-        "BI([0-9A-F]{4}|[0-9A-F]{8})\\.tmp|klTmpJpg[0-9]+\\.bmp|\\.pintalux-[0-9a-z]{12}");
-    std::set<std::string> living;
-    for (const std::string& index : LivingIndices()) {
-        for (const RunDocument& document : ReadIndexFile(index))
-            living.insert(document.states.begin(), document.states.end());
-    }
-    std::set<std::string> all(folders.begin(), folders.end());
+void SweepOldFiles(const std::vector<std::string>& folders, const std::set<std::string>& pictureFolders) {
+    static const std::regex kStates("BI([0-9A-F]{4}|[0-9A-F]{8})\\.tmp");
+    static const std::regex kSamples("klTmpJpg[0-9]+\\.bmp");
+    static const std::regex kParts("\\.pintalux-[0-9a-z]{12}");
+    SweepOldRuns();
+    const auto named = NamedStates();
+    std::set<std::string> ours(folders.begin(), folders.end());
     TryTempFolders([&](const std::string& folder) {
-        all.insert(folder);
+        ours.insert(folder);
         return false; // all of them
     });
-    for (const std::string& folder : all) {
-        for (const std::string& path : FilesIn(folder, kLeft))
-            if (!living.contains(path) && IsOld(path)) ResumeNext([&] { DeleteFile(path); });
+    for (const std::string& folder : ours) {
+        if (named) SweepFolder(folder, kStates, *named);
+        SweepFolder(folder, kSamples, {});
+        SweepFolder(folder, kParts, {});
     }
-    for (const RunFiles& files : LeftRuns())
-        if (IsOld(files.index)) DeleteRunFiles(files);
+    for (const std::string& folder : pictureFolders)
+        SweepFolder(folder, kParts, {});
 }
 
 } // namespace pintalux

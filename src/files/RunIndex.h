@@ -6,6 +6,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,10 +27,12 @@ struct RunDocument {
 
 /// The text of an index, a line for each fact.
 std::string IndexText(const std::vector<RunDocument>& documents);
-/// The documents of an index; what makes no sense is left out.
-std::vector<RunDocument> ReadIndex(const std::string& text);
-/// Those of a file; none if it cannot be read.
-std::vector<RunDocument> ReadIndexFile(const std::string& path);
+/// The documents of an index; nothing if the text is none.
+std::optional<std::vector<RunDocument>> ReadIndex(const std::string& text);
+/// Those of a file; nothing if it cannot be read, or is no index.
+std::optional<std::vector<RunDocument>> ReadIndexFile(const std::string& path);
+/// Whether a document that was read has a current state, and its order names its own states.
+bool MakesSense(const RunDocument& document);
 
 /// An open file that is locked, until the object goes.
 class RunLock {
@@ -53,15 +57,18 @@ struct RunFiles {
 RunFiles MakeRunFiles();
 /// Those of runs that died, the oldest first.
 std::vector<RunFiles> LeftRuns();
-/// The indices of runs that go on, ours included.
-std::vector<std::string> LivingIndices();
+/// The indices of all runs, the oldest first.
+std::vector<std::string> RunIndices();
 
 void DeleteRunFiles(const RunFiles& files);
+/// Has the run count as one that died today.
+void RenewRunFiles(const RunFiles& files);
 /// Whether a path looks like a state file: an index is believed no further when it comes to deleting.
 bool IsStateName(const std::string& path);
 
-/// Deletes what runs that died left behind more than 30 days ago: state files and halves of saves in the
-/// folders for temporary files and in `folders`, samples, and indices.
-void SweepOldFiles(const std::vector<std::string>& folders);
+/// Deletes what runs that died left behind more than 30 days ago, unless somebody holds their lock: indices
+/// and locks; state files, samples and parts of saves in the folders for temporary files and in `folders`;
+/// parts of saves in `pictureFolders`. A state that an index still names stays.
+void SweepOldFiles(const std::vector<std::string>& folders, const std::set<std::string>& pictureFolders);
 
 } // namespace pintalux

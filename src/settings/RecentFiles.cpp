@@ -114,6 +114,13 @@ void UpdateMRUs(RecentFilesMenu& menu, MenuItem& bar, const std::string& path) {
     WriteMachineValues(StoreKey(), values);
 }
 
+std::set<std::string> RecentFolders() {
+    std::set<std::string> folders;
+    for (const std::string& path : list)
+        if (!path.empty()) folders.insert(DirectoryOf(path));
+    return folders;
+}
+
 std::string MRUfile(int index) {
     std::string path = Entry(index);
     if (FileExists(path)) return path;

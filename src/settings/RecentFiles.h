@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,9 @@ void UpdateMRUs(RecentFilesMenu& menu, MenuItem& bar, const std::string& path);
 
 /// The entry's path if its file exists; otherwise tells that it is gone and gives the empty text.
 std::string MRUfile(int index);
+
+/// The folders of the listed files.
+std::set<std::string> RecentFolders();
 
 /// Takes the value of position `index` out of the store.
 void ForgetMRU(int index);

@@ -274,7 +274,7 @@ TEST_F(FaultTest, AState) {
 TEST_F(FaultTest, TheIndexOfTheRun) {
     BeginRun();
     frmImage& image = OpenPicture("a.bmp", Solid(40, 30, kWhite));
-    const auto index = [] { return ReadIndexFile(LivingIndices().at(0)); };
+    const auto index = [] { return ReadIndexFile(RunIndices().at(0)).value_or(std::vector<RunDocument>{}); };
     ExpectNoHalfFile({[&] {
                           image.Caption("antes");
                           NoteDocuments();

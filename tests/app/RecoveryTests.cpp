@@ -5,8 +5,10 @@
 #include "document/Globals.h"
 #include "document/States.h"
 #include "document/UndoCommands.h"
+#include "support/Ages.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/Memory.h"
 #include "support/Pictures.h"
 #include "support/Program.h"
 #include "surface/system/FileLayer.h"
@@ -50,6 +52,27 @@ class RecoveryTest : public ProgramTest {
         StartWhole(File("first.bmp"));
         EXPECT_EQ(script.Count(), answers.size());
     }
+    void StartAfterRun(const std::vector<RunDocument>& documents,
+                       const std::vector<DialogScript::Step>& answers) {
+        LeaveRun(documents);
+        StartAfter(answers);
+    }
+    /// What an index on disk lists.
+    static std::vector<RunDocument> Listed(const std::string& index) {
+        return ReadIndexFile(index).value_or(std::vector<RunDocument>{});
+    }
+    static std::vector<RunDocument> Noted() {
+        States().Settle();
+        return Listed(RunIndices().at(0));
+    }
+    static void RemoveStates(const RunDocument& document) {
+        for (const std::string& state : document.states)
+            std::filesystem::remove(state);
+    }
+    static void ExpectStates(const RunDocument& document, bool there) {
+        for (const std::string& state : document.states)
+            EXPECT_EQ(std::filesystem::exists(state), there) << state;
+    }
     static frmImage& Document(int place) {
         return static_cast<frmImage&>(*TheWorkspace.window->Children()[static_cast<std::size_t>(place)]);
     }
@@ -63,8 +86,7 @@ class RecoveryTest : public ProgramTest {
 };
 
 TEST_F(RecoveryTest, YesOpensEachChangedDocumentWithItsHistory) {
-    LeaveRun({Three(""), Three(File("gone.bmp"))});
-    StartAfter({PressesButton("Sim")});
+    StartAfterRun({Three(""), Three(File("gone.bmp"))}, {PressesButton("Sim")});
     ASSERT_EQ(ImageCount, 3);
     EXPECT_EQ(Document(1).Caption(), "Imagem 7");
     EXPECT_EQ(Document(2).AFCurfile, File("gone.bmp"));
@@ -84,8 +106,7 @@ TEST_F(RecoveryTest, ADocumentThatCameBackIsAskedAboutAtItsClose) {
     document.cursor = 0;
     document.states[0] =
         State(RandomPicture(8, 6, 3)); // a pasted picture: it has no file and no earlier state
-    LeaveRun({document});
-    StartAfter({PressesButton("Sim")});
+    StartAfterRun({document}, {PressesButton("Sim")});
     ASSERT_EQ(ImageCount, 2);
     const DialogScript script({PressesButton("Cancelar")});
     EXPECT_FALSE(Document(1).Unload());
@@ -94,12 +115,9 @@ TEST_F(RecoveryTest, ADocumentThatCameBackIsAskedAboutAtItsClose) {
 
 TEST_F(RecoveryTest, WhatCameBackStandsInTheIndexOfThisRun) {
     const RunDocument document = Three("");
-    LeaveRun({document});
-    StartAfter({PressesButton("Sim")});
-    States().Settle();
-    const std::vector<std::string> ours = LivingIndices();
-    ASSERT_EQ(ours.size(), 1U);
-    const std::vector<RunDocument> noted = ReadIndexFile(ours[0]);
+    StartAfterRun({document}, {PressesButton("Sim")});
+    EXPECT_EQ(RunIndices().size(), 1U);
+    const std::vector<RunDocument> noted = Noted();
     ASSERT_EQ(noted.size(), 2U);
     EXPECT_EQ(noted[1].caption, "Imagem 7");
     EXPECT_EQ(noted[1].states,
@@ -110,27 +128,23 @@ TEST_F(RecoveryTest, WhatCameBackStandsInTheIndexOfThisRun) {
 
 TEST_F(RecoveryTest, NoKeepsEverythingForTheNextStart) {
     const RunDocument document = Three("");
-    LeaveRun({document});
-    StartAfter({PressesButton("Não")});
+    StartAfterRun({document}, {PressesButton("Não")});
     EXPECT_EQ(ImageCount, 1);
-    EXPECT_EQ(ReadIndexFile(Index()), std::vector<RunDocument>{document});
+    EXPECT_EQ(Listed(Index()), std::vector<RunDocument>{document});
     EXPECT_EQ(FindLeftDocuments().documents.size(), 1U);
 }
 
 TEST_F(RecoveryTest, DeletingAsksOnceMore) {
     const RunDocument document = Three("");
-    LeaveRun({document});
-    StartAfter({PressesButton("Apagar"), PressesButton("Não")});
+    StartAfterRun({document}, {PressesButton("Apagar"), PressesButton("Não")});
     EXPECT_TRUE(std::filesystem::exists(document.states[1]));
     EXPECT_TRUE(std::filesystem::exists(Index()));
 }
 
 TEST_F(RecoveryTest, DeletingTakesStatesAndIndex) {
     const RunDocument document = Three("");
-    LeaveRun({document});
-    StartAfter({PressesButton("Apagar"), PressesButton("Apagar")});
-    for (const std::string& state : document.states)
-        EXPECT_FALSE(std::filesystem::exists(state));
+    StartAfterRun({document}, {PressesButton("Apagar"), PressesButton("Apagar")});
+    ExpectStates(document, false);
     EXPECT_FALSE(std::filesystem::exists(Index()));
 }
 
@@ -138,8 +152,7 @@ TEST_F(RecoveryTest, AnIndexDeletesNothingButStates) {
     SavePicture(Solid(3, 3, kBlack), File("photo.bmp"));
     RunDocument document = Three("");
     document.states.push_back(File("photo.bmp"));
-    LeaveRun({document});
-    StartAfter({PressesButton("Apagar"), PressesButton("Apagar")});
+    StartAfterRun({document}, {PressesButton("Apagar"), PressesButton("Apagar")});
     EXPECT_TRUE(std::filesystem::exists(File("photo.bmp")));
 }
 
@@ -148,8 +161,7 @@ TEST_F(RecoveryTest, ABrokenStateFallsBackToTheOneBefore) {
     document.cursor = 2;
     document.before = 1;
     std::filesystem::resize_file(document.states[2], 60);
-    LeaveRun({document});
-    StartAfter({PressesButton("Sim")});
+    StartAfterRun({document}, {PressesButton("Sim")});
     ExpectSamePixels(ImageOf(Document(1)), Solid(8, 6, 0x11));
     EXPECT_EQ(Document(1).ListBUorder.ListCount(), 2);
 }
@@ -160,8 +172,7 @@ TEST_F(RecoveryTest, ABrokenStateFallsBackToWhatWasSeenBeforeIt) {
     document.cursor = 2;
     document.before = 0;
     std::filesystem::resize_file(document.states[2], 60);
-    LeaveRun({document});
-    StartAfter({PressesButton("Sim")});
+    StartAfterRun({document}, {PressesButton("Sim")});
     ASSERT_EQ(ImageCount, 2);
     ExpectSamePixels(ImageOf(Document(1)), Solid(8, 6, kWhite));
     EXPECT_EQ(Document(1).ListBUorder.ListCount(), 2);
@@ -174,14 +185,116 @@ TEST_F(RecoveryTest, WhatWasSavedOrNeverChangedIsNotAskedAbout) {
     opened.cursor = 0;
     RunDocument blank = Three("");
     blank.cursor = 0;
-    RunDocument gone = Three("");
-    for (const std::string& state : gone.states)
-        std::filesystem::remove(state);
-    LeaveRun({saved, opened, blank, gone});
-    StartAfter({});
+    StartAfterRun({saved, opened, blank}, {});
     EXPECT_EQ(ImageCount, 1);
     EXPECT_FALSE(std::filesystem::exists(Index()));
-    EXPECT_FALSE(std::filesystem::exists(saved.states[0]));
+    for (const RunDocument& document : {saved, opened, blank})
+        ExpectStates(document, false);
+}
+
+TEST_F(RecoveryTest, WhoComesBackAfterAMonthIsStillAsked) {
+    const RunDocument document = Three("");
+    LeaveRun({document});
+    for (const std::string& path : {Index(), document.states[0], document.states[1], document.states[2]})
+        MakeOld(path, 40);
+    StartAfter({PressesButton("Sim")});
+    ASSERT_EQ(ImageCount, 2);
+    ExpectSamePixels(ImageOf(Document(1)), Solid(8, 6, 0x11));
+}
+
+TEST_F(RecoveryTest, NoKeepsForAnotherMonth) {
+    const RunDocument document = Three("");
+    LeaveRun({document});
+    for (const std::string& path : {Index(), document.states[0], document.states[1], document.states[2]})
+        MakeOld(path, 40);
+    StartAfter({PressesButton("Não")});
+    SweepOldFiles({}, {});
+    ExpectStates(document, true);
+    EXPECT_EQ(Listed(Index()), std::vector<RunDocument>{document});
+}
+
+TEST_F(RecoveryTest, AnIndexThatCannotBeReadStays) {
+    MakeFolders(StateFolder());
+    PutBytes(Index(), "garbage");
+    StartAfter({});
+    EXPECT_EQ(BytesOf(Index()), "garbage");
+}
+
+// As in a folder that is not mounted today.
+TEST_F(RecoveryTest, AChangedDocumentThatCannotBeReadStays) {
+    const RunDocument gone = Three("");
+    RemoveStates(gone);
+    RunDocument saved = Three(File("a.bmp"));
+    saved.saved = true;
+    StartAfterRun({gone, saved}, {});
+    EXPECT_EQ(Listed(Index()), (std::vector<RunDocument>{gone, saved}));
+}
+
+TEST_F(RecoveryTest, WhatMakesNoSenseStays) {
+    RunDocument odd = Three("");
+    odd.cursor = 3;
+    StartAfterRun({odd}, {});
+    ExpectStates(odd, true);
+    EXPECT_EQ(Listed(Index()), std::vector<RunDocument>{odd});
+}
+
+TEST_F(RecoveryTest, WhatCannotBeReadStaysWhereAnotherIsOpened) {
+    const RunDocument gone = Three("");
+    RemoveStates(gone);
+    StartAfterRun({Three(""), gone}, {PressesButton("Sim")});
+    EXPECT_EQ(ImageCount, 2);
+    EXPECT_EQ(Listed(Index()), std::vector<RunDocument>{gone});
+}
+
+TEST_F(RecoveryTest, WhatCannotBeReadStaysWhereAnotherIsDeleted) {
+    const RunDocument gone = Three("");
+    RemoveStates(gone);
+    const RunDocument document = Three("");
+    StartAfterRun({document, gone}, {PressesButton("Apagar"), PressesButton("Apagar")});
+    ExpectStates(document, false);
+    EXPECT_EQ(Listed(Index()), std::vector<RunDocument>{gone});
+}
+
+// It cannot be told whether there is something to see in it; and it cannot be opened today.
+TEST_F(RecoveryTest, APictureThatTheMemoryHasNoRoomForStays) {
+    RunDocument pasted = Three("");
+    pasted.cursor = 0;
+    pasted.states[0] = State(RandomPicture(900, 700, 3));
+    const SupposedMemory little(900 * 700 * 4 * 2 - 1);
+    StartAfterRun({pasted, Three("")}, {PressesButton("Sim")});
+    EXPECT_EQ(ImageCount, 2);
+    EXPECT_EQ(Listed(Index()), std::vector<RunDocument>{pasted});
+    ExpectStates(pasted, true);
+}
+
+TEST_F(RecoveryTest, WhereTheDiskRefusesOurIndexTheOldOneStays) {
+    const RunDocument document = Three("");
+    LeaveRun({document});
+    const auto refuse = [&](QWidget& question) {
+        States().Settle();
+        for (const std::string& index : RunIndices())
+            if (index != Index())
+                std::filesystem::create_directory(index + ".new"); // it cannot be made aside
+        PressButton(question, "Sim");
+    };
+    StartAfter({refuse});
+    EXPECT_EQ(ImageCount, 2);
+    EXPECT_EQ(Listed(Index()), std::vector<RunDocument>{document});
+}
+
+TEST_F(RecoveryTest, PartsOfSavesGoFromTheFoldersOfThePictures) {
+    std::filesystem::create_directory(Folder("pictures") + "/left");
+    const std::string beside = File(".pintalux-0123456789ab");
+    const std::string there = File("left/.pintalux-0123456789ab");
+    const std::string young = File(".pintalux-0123456789cd");
+    for (const std::string& path : {beside, there, young})
+        PutBytes(path, "half a picture");
+    MakeOld(beside, 31);
+    MakeOld(there, 31);
+    StartAfterRun({Three(File("left/a.bmp"))}, {PressesButton("Não")});
+    EXPECT_FALSE(std::filesystem::exists(beside)) << "first.bmp is among the recent files";
+    EXPECT_FALSE(std::filesystem::exists(there));
+    EXPECT_TRUE(std::filesystem::exists(young));
 }
 
 TEST_F(RecoveryTest, ARunThatGoesOnIsNobodysToOpen) {
@@ -194,22 +307,18 @@ TEST_F(RecoveryTest, ARunThatGoesOnIsNobodysToOpen) {
 
 TEST_F(RecoveryTest, TheIndexFollowsEditsUndoSaveAndClose) {
     StartAfter({});
-    const auto noted = [] {
-        States().Settle();
-        return ReadIndexFile(LivingIndices().at(0));
-    };
     frmImage& image = Document(0);
-    EXPECT_EQ(noted().at(0).file, File("first.bmp"));
+    EXPECT_EQ(Noted().at(0).file, File("first.bmp"));
     Edit(image, 0x123456);
-    EXPECT_EQ(noted().at(0).cursor, 1);
+    EXPECT_EQ(Noted().at(0).cursor, 1);
     mnuEditUndo_Click();
-    EXPECT_EQ(noted().at(0).cursor, 0);
+    EXPECT_EQ(Noted().at(0).cursor, 0);
     mnuEditRedo_Click();
-    EXPECT_FALSE(noted().at(0).saved);
+    EXPECT_FALSE(Noted().at(0).saved);
     mnuFileSave_Click();
-    EXPECT_TRUE(noted().at(0).saved);
+    EXPECT_TRUE(Noted().at(0).saved);
     image.Unload();
-    EXPECT_TRUE(noted().empty());
+    EXPECT_TRUE(Noted().empty());
 }
 
 TEST_F(RecoveryTest, ACleanEndLeavesNothing) {
@@ -220,6 +329,10 @@ TEST_F(RecoveryTest, ACleanEndLeavesNothing) {
     EXPECT_TRUE(StateFileNames().empty());
 }
 
+TEST_F(RecoveryTest, ASignalBeforeTheWindowFindsNothingToRecord) {
+    EXPECT_NO_THROW(SettleDocuments());
+}
+
 TEST_F(RecoveryTest, WhatFloatsIsRecordedBeforeTheEnd) {
     StartAfter({});
     frmImage& image = Document(0);
@@ -228,7 +341,7 @@ TEST_F(RecoveryTest, WhatFloatsIsRecordedBeforeTheEnd) {
     image.lbltext.Visible(true);
     SettleDocuments();
     EXPECT_FALSE(image.lbltext.Visible());
-    EXPECT_EQ(ReadIndexFile(LivingIndices().at(0)).at(0).cursor, 1);
+    EXPECT_EQ(Listed(RunIndices().at(0)).at(0).cursor, 1);
     image.alreadysaved = true;
 }
 

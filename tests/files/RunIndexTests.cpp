@@ -2,11 +2,10 @@
 #include "files/RunIndex.h"
 
 #include "files/TempFiles.h"
+#include "support/Ages.h"
 #include "surface/system/FileLayer.h"
 #include "system/Sandbox.h"
 
-#include <ctime>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 
 namespace pintalux {
@@ -27,10 +26,14 @@ class RunIndexTest : public testing::Test {
         unsetenv("XDG_STATE_HOME");
         unsetenv("TMPDIR");
     }
-    static void MakeOld(const std::string& path, int days) {
-        const timespec then[2] = {{std::time(nullptr) - std::time_t{days} * 86400, 0},
-                                  {std::time(nullptr) - std::time_t{days} * 86400, 0}};
-        ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), then, 0), 0);
+    /// A file that was written that many days ago.
+    std::string Aged(const std::string& name, int days, const std::string& bytes = "x") const {
+        PutBytes(box_ / name, bytes);
+        MakeOld(box_ / name, days);
+        return box_ / name;
+    }
+    static std::string TextNaming(const std::string& state) {
+        return IndexText({{"", "Imagem 1", false, 0, -1, {state}, {0}}});
     }
     Sandbox box_;
     std::string folder_;
@@ -39,22 +42,31 @@ class RunIndexTest : public testing::Test {
 TEST_F(RunIndexTest, DocumentsComeBackAsTheyWere) {
     const std::vector<RunDocument> documents = {Example(), {"", "Imagem 1", false, 0, -1, {"/a"}, {0}}};
     EXPECT_EQ(ReadIndex(IndexText(documents)), documents);
-    EXPECT_TRUE(ReadIndex(IndexText({})).empty());
+    EXPECT_EQ(ReadIndex(IndexText({})), std::vector<RunDocument>{});
 }
 
-TEST_F(RunIndexTest, WhatMakesNoSenseIsLeftOut) {
+TEST_F(RunIndexTest, WhatMakesNoSenseIsKnown) {
+    EXPECT_TRUE(MakesSense(Example()));
     RunDocument beyond = Example();
     beyond.cursor = 2;
     RunDocument nowhere = Example();
     nowhere.order = {3, 0};
     RunDocument negative = Example();
     negative.cursor = -1;
-    EXPECT_EQ(ReadIndex(IndexText({beyond, nowhere, Example(), negative})),
-              std::vector<RunDocument>{Example()});
-    for (const std::string text :
-         {"", "garbage", "Pintalux64 index 2\ndocument\n", "Pintalux64 index 1\nstate x\n",
-          "Pintalux64 index 1\ndocument\ncursor 99999999999\norder x\norder -1\n"})
-        EXPECT_TRUE(ReadIndex(text).empty()) << text;
+    const std::string bytes =
+        "Pintalux64 index 1\nstate x\ndocument\ncursor 99999999999\norder x\norder -1\n";
+    const auto odd = ReadIndex(bytes);
+    ASSERT_TRUE(odd.has_value());
+    ASSERT_EQ(odd->size(), 1U);
+    for (const RunDocument& document : {beyond, nowhere, negative, odd->front()})
+        EXPECT_FALSE(MakesSense(document));
+}
+
+TEST_F(RunIndexTest, WhatIsNoIndexNamesNothing) {
+    for (const std::string text : {"", "garbage", "Pintalux64 index 2\ndocument\n"})
+        EXPECT_FALSE(ReadIndex(text).has_value()) << text;
+    EXPECT_FALSE(ReadIndexFile(box_ / "gone").has_value());
+    EXPECT_FALSE(ReadIndexFile(box_.Folder()).has_value());
 }
 
 TEST_F(RunIndexTest, FilesOfARunAreTheUsersAlone) {
@@ -87,7 +99,6 @@ TEST_F(RunIndexTest, OnlyARunWhoseLockIsFreeIsLeft) {
         EXPECT_EQ(left[0].index, dead);
         EXPECT_TRUE(LeftRuns().empty()) << "two starts at once must not both open it";
     }
-    EXPECT_EQ(LivingIndices(), std::vector<std::string>{living.index});
 }
 
 TEST_F(RunIndexTest, OnlyStateFilesAreBelievedToBeStates) {
@@ -109,12 +120,13 @@ TEST_F(RunIndexTest, WhatIsOlderThanThirtyDaysGoes) {
     for (const std::string& path : {stay[0], stay[2], go[0], go[1], go[2], living.index})
         MakeOld(path, 31);
     MakeOld(stay[1], 29);
+    MakeFolders(folder_);
     const RunFiles young = {folder_ + "/run-1-1.index", folder_ + "/run-1-1.lock", {}};
     const RunFiles old = {folder_ + "/run-2-2.index", folder_ + "/run-2-2.lock", {}};
     PutBytes(young.index, IndexText({}));
     PutBytes(old.index, IndexText({}));
     MakeOld(old.index, 31);
-    SweepOldFiles({});
+    SweepOldFiles({}, {});
     for (const std::string& path : stay)
         EXPECT_TRUE(std::filesystem::exists(path)) << path;
     for (const std::string& path : go)
@@ -129,8 +141,83 @@ TEST_F(RunIndexTest, LinksAreNotFollowedWhenOldFilesGo) {
     PutBytes(box_ / "foto.bmp", "x");
     MakeOld(box_ / "foto.bmp", 40);
     std::filesystem::create_symlink(box_ / "foto.bmp", box_ / "BI0004.tmp");
-    SweepOldFiles({});
+    SweepOldFiles({}, {});
     EXPECT_TRUE(std::filesystem::exists(box_ / "foto.bmp"));
+}
+
+// A run may have been open for longer than that when it died.
+TEST_F(RunIndexTest, OldStatesStayAsLongAsAnIndexNamesThem) {
+    MakeFolders(folder_);
+    const std::string named = Aged("BI0001.tmp", 60);
+    const std::string lost = Aged("BI0002.tmp", 60);
+    PutBytes(folder_ + "/run-1-1.index", TextNaming(named));
+    SweepOldFiles({}, {});
+    EXPECT_TRUE(std::filesystem::exists(named));
+    EXPECT_FALSE(std::filesystem::exists(lost));
+    MakeOld(folder_ + "/run-1-1.index", 31);
+    SweepOldFiles({}, {});
+    EXPECT_FALSE(std::filesystem::exists(named));
+}
+
+TEST_F(RunIndexTest, AnIndexThatCannotBeReadMayNameAnyState) {
+    MakeFolders(folder_);
+    const std::string state = Aged("BI0001.tmp", 60);
+    PutBytes(folder_ + "/run-1-1.index", "garbage");
+    SweepOldFiles({}, {});
+    EXPECT_TRUE(std::filesystem::exists(state));
+    MakeOld(folder_ + "/run-1-1.index", 31);
+    SweepOldFiles({}, {});
+    EXPECT_FALSE(std::filesystem::exists(state));
+    EXPECT_TRUE(std::filesystem::is_empty(folder_));
+}
+
+TEST_F(RunIndexTest, WhatSomebodyHoldsIsNotOld) {
+    const RunFiles held = MakeRunFiles();
+    const std::string state = Aged("BI0001.tmp", 60);
+    PutBytes(held.index, TextNaming(state));
+    const RunFiles bare = MakeRunFiles(); // it could not write its index yet
+    for (const std::string& path : {held.index, held.lock, bare.lock})
+        MakeOld(path, 60);
+    SweepOldFiles({}, {});
+    for (const std::string& path : {held.index, held.lock, bare.lock, state})
+        EXPECT_TRUE(std::filesystem::exists(path)) << path;
+}
+
+TEST_F(RunIndexTest, LocksAndHalfIndicesWithoutAnIndexGoWhenTheyAreOld) {
+    MakeFolders(folder_);
+    for (const char* name :
+         {"run-1-1.lock", "run-2-2.index.new", "run-3-3.lock", "run-3-3.index.new", "run-4-4.lock"})
+        Aged(std::string("Pintalux64/") + name, 31);
+    PutBytes(folder_ + "/run-4-4.index", IndexText({})); // this one is young
+    PutBytes(folder_ + "/run-5-5.lock", "");
+    SweepOldFiles({}, {});
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_))
+        names.insert(entry.path().filename());
+    EXPECT_EQ(names, (std::set<std::string>{"run-4-4.index", "run-4-4.lock", "run-5-5.lock"}));
+}
+
+TEST_F(RunIndexTest, ARenewedRunStaysAnotherMonth) {
+    MakeFolders(folder_);
+    const RunFiles run = {folder_ + "/run-1-1.index", folder_ + "/run-1-1.lock", {}};
+    PutBytes(run.index, IndexText({}));
+    MakeOld(run.index, 60);
+    RenewRunFiles(run);
+    SweepOldFiles({}, {});
+    EXPECT_TRUE(std::filesystem::exists(run.index));
+}
+
+TEST_F(RunIndexTest, AmongTheUsersPicturesNothingButPartsOfSavesGoes) {
+    const Sandbox pictures;
+    for (const char* name :
+         {"BI0001.tmp", "klTmpJpg7.bmp", ".pintalux-0123456789ab", ".pintalux-0123456789abc"}) {
+        PutBytes(pictures / name, "x");
+        MakeOld(pictures / name, 31);
+    }
+    SweepOldFiles({}, {pictures.Folder(), pictures / "gone"});
+    const std::vector<std::string> names = pictures.Names();
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()),
+              (std::set<std::string>{"BI0001.tmp", "klTmpJpg7.bmp", ".pintalux-0123456789abc"}));
 }
 
 } // namespace
