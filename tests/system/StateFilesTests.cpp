@@ -2,6 +2,7 @@
 
 #include "surface/system/Pictures.h"
 #include "surface/system/TempNames.h"
+#include "system/Gates.h"
 #include "system/Sandbox.h"
 
 #include <cerrno>
@@ -14,6 +15,14 @@ std::string NewFile(const Sandbox& box) {
     std::string name;
     EXPECT_NE(GetTempFileName(box.Folder(), "BI", 0, name), 0U);
     return name;
+}
+
+/// Whether the files have been written, one by one.
+std::vector<bool> Written(const std::vector<std::string>& paths) {
+    std::vector<bool> written;
+    for (const std::string& path : paths)
+        written.push_back(FileLength(path) != 0U);
+    return written;
 }
 
 /// True if the two pictures are one in memory, so that neither came from a file.
@@ -236,6 +245,100 @@ TEST(StateFiles, RefusedStateIsTriedAgainWithTheNextOne) {
     states.SaveBehind(Pattern(30, 20, 2), NewFile(box));
     EXPECT_TRUE(states.Settle().empty());
     EXPECT_TRUE(LoadPicture(refused) == Pattern(30, 20, 1));
+}
+
+// The disk still has room for small ones: the user must not hear of the same disk again and again.
+TEST(StateFiles, RefusedStateStaysRefusedWhileItIsTriedAgain) {
+    const Sandbox box;
+    StateFiles states;
+    const std::string refused = NewFile(box);
+    const std::string small = NewFile(box);
+    FailFileOperation(1, ENOSPC);
+    states.SaveBehind(Pattern(30, 20, 1), refused);
+    EXPECT_EQ(states.Settle(), std::vector<std::string>{refused});
+    EXPECT_TRUE(states.Refused());
+    Gate gate(Gate::Call::Write, refused);
+    states.SaveBehind(Pattern(30, 20, 2), small);
+    gate.AwaitSomebody();
+    EXPECT_TRUE(LoadPicture(small) == Pattern(30, 20, 2));
+    EXPECT_TRUE(states.Refused());
+    gate.Open();
+    EXPECT_TRUE(states.Settle().empty());
+    EXPECT_FALSE(states.Refused());
+}
+
+TEST(StateFiles, DiskThatHangsGetsTheNewestStateOfEachDocumentFirst) {
+    const Sandbox box;
+    StateFiles states;
+    const int one = 0;
+    const int other = 0;
+    std::vector<std::string> paths; // in the order in which they must arrive
+    for (int i = 0; i < 4; ++i)
+        paths.push_back(NewFile(box));
+    Gate hanging(Gate::Call::Write, paths[0]);
+    Gate newest(Gate::Call::Write, paths[1]);
+    Gate ofTheOther(Gate::Call::Write, paths[2]);
+    states.SaveBehind(Pattern(30, 20, 0), paths[0]);
+    hanging.AwaitSomebody();
+    states.SaveBehind(Pattern(30, 20, 3), paths[3], &one);
+    states.SaveBehind(Pattern(30, 20, 1), paths[1], &one); // waits in vain for the one before
+    states.SaveBehind(Pattern(30, 20, 2), paths[2], &other);
+    hanging.Open();
+    newest.AwaitSomebody();
+    EXPECT_EQ(Written(paths), (std::vector<bool>{true, false, false, false}));
+    newest.Open();
+    ofTheOther.AwaitSomebody();
+    EXPECT_EQ(Written(paths), (std::vector<bool>{true, true, false, false}));
+    ofTheOther.Open();
+    EXPECT_TRUE(states.Settle().empty());
+    for (unsigned i = 0; i < paths.size(); ++i)
+        EXPECT_TRUE(LoadPicture(paths[i]) == Pattern(30, 20, i)) << i;
+}
+
+TEST(StateFiles, StatesAndTextsAreMadeDurableWithoutAnybodyWaiting) {
+    const Sandbox box;
+    StateFiles states;
+    const std::string path = NewFile(box);
+    Gate state(Gate::Call::Sync, path);
+    states.SaveBehind(Pattern(30, 20, 1), path);
+    states.Settle();
+    state.AwaitSomebody();
+    const std::string next = NewFile(box);
+    states.SaveBehind(Pattern(30, 20, 2), next);
+    EXPECT_TRUE(states.Settle().empty());
+    EXPECT_TRUE(LoadPicture(next) == Pattern(30, 20, 2));
+    Gate text(Gate::Call::Sync, box / "note");
+    states.WriteBehind(box / "note", "text");
+    EXPECT_TRUE(states.Settle().empty());
+    EXPECT_EQ(BytesOf(box / "note"), "text");
+    state.Open();
+    text.AwaitSomebody();
+}
+
+// Each piece of memory that the writer takes is refused in turn: what it was at is written later.
+TEST(StateFiles, WriterWithoutMemoryGoesOn) {
+    const Sandbox box;
+    StateFiles states;
+    states.SaveBehind(Pattern(3, 3), NewFile(box)); // the threads have begun
+    states.Settle();
+    int n = 1;
+    for (bool met = true; met; ++n) {
+        const std::string path = NewFile(box);
+        const std::string note = box / "note" + std::to_string(n);
+        {
+            const Starvation starvation(n);
+            states.SaveBehind(Pattern(30, 20), path);
+            states.WriteBehind(note, "text");
+            states.Settle();
+            met = starvation.Met();
+        }
+        EXPECT_TRUE(states.LoadState(path) == Pattern(30, 20)) << n;
+        states.SaveBehind(Pattern(3, 3), NewFile(box));
+        EXPECT_TRUE(states.Settle().empty()) << n;
+        EXPECT_TRUE(LoadPicture(path) == Pattern(30, 20)) << n;
+        EXPECT_EQ(BytesOf(note), "text") << n;
+    }
+    EXPECT_GT(n, 5);
 }
 
 TEST(StateFiles, StateOfAnotherRunIsTakenIfItIsWhole) {

@@ -86,12 +86,13 @@ struct Pending {
     std::string path;
     const void* document;
     bool superseded = false; // a newer state of the document waits, or was written
+    bool refused = false;    // by the disk, at least once
 };
 
 } // namespace
 
 /// What the interface thread and the writers have in common; `mutex` guards all of it but the threads and
-/// `toDo`.
+/// `toDo`. The writers need no memory to move what is written from one list to another.
 struct StateFiles::Shared {
     std::mutex mutex;
     std::condition_variable work;     // told to the writer
@@ -100,8 +101,9 @@ struct StateFiles::Shared {
     std::map<std::string, State> states;
     std::list<Pending> pending; // what is at the writer stays until it is written
     const Pending* writing = nullptr;
-    std::vector<std::string> failed;
-    std::map<std::string, std::string> notes;
+    std::list<Pending> failed;
+    std::map<std::string, std::string> notes; // without the one at the writer
+    bool writingNote = false;
     std::map<std::string, std::string> refusedNotes;
     std::vector<std::string> toSync;
     std::atomic<std::size_t> toDo = 0; // states and notes that are not written
@@ -117,7 +119,9 @@ struct StateFiles::Shared {
     void RetryFailed();
     void RunSyncer();
     void Withdraw(std::unique_lock<std::mutex>& lock, const std::string& path);
-    void CountToDo() { toDo = pending.size() + notes.size(); }
+    void MakeDurableLater(const std::string& path);
+    bool NotesWait() const { return writingNote || !notes.empty(); }
+    void CountToDo() { toDo = pending.size() + notes.size() + (writingNote ? 1 : 0); }
     bool Waits(const void* document) const;
     bool BeingWritten(const std::string& path) const { return writing != nullptr && writing->path == path; }
 };
@@ -148,15 +152,16 @@ void StateFiles::Shared::Run() {
 }
 
 void StateFiles::Shared::WriteNotes(std::unique_lock<std::mutex>& lock) {
-    const auto note = *notes.begin();
+    auto note = notes.extract(notes.begin());
+    writingNote = true;
     lock.unlock();
-    const bool written = WriteNote(note.first, note.second);
+    const bool written = WriteNote(note.key(), note.mapped());
     lock.lock();
-    if (written) toSync.push_back(note.first);
-    // Otherwise a newer text came meanwhile.
-    if (notes.at(note.first) == note.second) {
-        notes.erase(note.first);
-        if (!written) refusedNotes.insert(note);
+    writingNote = false;
+    if (written) {
+        MakeDurableLater(note.key());
+    } else if (!notes.contains(note.key())) { // no newer text came meanwhile
+        refusedNotes.insert(std::move(note));
     }
     CountToDo();
     done.notify_all();
@@ -167,7 +172,7 @@ void StateFiles::Shared::WriteNext(std::unique_lock<std::mutex>& lock) {
     auto next = std::find_if(pending.begin(), pending.end(), [](const Pending& p) { return !p.superseded; });
     if (next == pending.end()) next = pending.begin();
     writing = &*next; // stays put, whatever joins or leaves the list
-    const std::string path = next->path;
+    const std::string& path = next->path;
     Picture picture = states.at(path).picture;
     lock.unlock();
     const bool written = WriteState(picture, path);
@@ -176,13 +181,16 @@ void StateFiles::Shared::WriteNext(std::unique_lock<std::mutex>& lock) {
     Picture released;
     if (written) {
         std::swap(released, states.at(path).picture);
-        toSync.push_back(path);
+        MakeDurableLater(path);
         RetryFailed();
+        pending.erase(next);
     } else {
-        failed.push_back(path);
+        next->document = nullptr;
+        next->superseded = true;
+        next->refused = true;
+        failed.splice(failed.end(), pending, next);
     }
     writing = nullptr;
-    pending.erase(next);
     CountToDo();
     done.notify_all();
     sleeping.notify_one();
@@ -193,12 +201,15 @@ void StateFiles::Shared::WriteNext(std::unique_lock<std::mutex>& lock) {
 
 /// The disk takes files again: those that it refused go behind what waits.
 void StateFiles::Shared::RetryFailed() {
-    for (const std::string& path : failed)
-        pending.push_back({path, nullptr, true});
-    failed.clear();
+    pending.splice(pending.end(), failed);
     notes.merge(refusedNotes); // a newer text goes first
     refusedNotes.clear();
     CountToDo();
+}
+
+/// Where there is no memory to keep the path, it is left to the system.
+void StateFiles::Shared::MakeDurableLater(const std::string& path) {
+    ResumeNext([&] { toSync.push_back(path); });
 }
 
 void StateFiles::Shared::RunSyncer() {
@@ -220,8 +231,8 @@ void StateFiles::Shared::RunSyncer() {
 /// Takes a state out of all lists; the writer has left it when this returns.
 void StateFiles::Shared::Withdraw(std::unique_lock<std::mutex>& lock, const std::string& path) {
     done.wait(lock, [&] { return !BeingWritten(path); });
-    std::erase_if(pending, [&](const Pending& p) { return p.path == path; });
-    std::erase(failed, path);
+    for (std::list<Pending>* list : {&pending, &failed})
+        std::erase_if(*list, [&](const Pending& p) { return p.path == path; });
     states.erase(path);
     CountToDo();
 }
@@ -251,12 +262,10 @@ void StateFiles::SaveBehind(const Picture& picture, const std::string& path, con
     std::unique_lock lock(shared_->mutex);
     shared_->Withdraw(lock, path);
     shared_->done.wait_for(lock, kLongestWait, [&] {
-        return !shared_->Waits(document) && (document == nullptr || shared_->notes.empty());
+        return !shared_->Waits(document) && (document == nullptr || !shared_->NotesWait());
     });
     shared_->done.wait(lock, [&] { return shared_->pending.size() < kMostPending; });
     try {
-        // The writer must not need memory to say that it failed.
-        shared_->failed.reserve(shared_->failed.size() + kMostPending + 1);
         shared_->states[path] = {picture, BmpFileLength(picture.Width(), picture.Height()),
                                  ++shared_->sequence};
         for (Pending& older : shared_->pending)
@@ -294,12 +303,13 @@ void StateFiles::WriteBehind(const std::string& path, const std::string& text) {
 
 bool StateFiles::Refused() const {
     const std::lock_guard lock(shared_->mutex);
-    return !shared_->failed.empty();
+    return !shared_->failed.empty() || std::any_of(shared_->pending.begin(), shared_->pending.end(),
+                                                   [](const Pending& p) { return p.refused; });
 }
 
 void StateFiles::ForgetText(const std::string& path) {
     std::unique_lock lock(shared_->mutex);
-    shared_->done.wait(lock, [&] { return shared_->notes.empty(); });
+    shared_->done.wait(lock, [&] { return !shared_->NotesWait(); });
     shared_->refusedNotes.erase(path);
 }
 
@@ -348,7 +358,9 @@ void StateFiles::Forget(const std::string& path) {
 std::vector<std::string> StateFiles::Settle() {
     std::unique_lock lock(shared_->mutex);
     shared_->done.wait(lock, [&] { return shared_->toDo == 0; });
-    std::vector<std::string> paths = shared_->failed;
+    std::vector<std::string> paths;
+    for (const Pending& refused : shared_->failed)
+        paths.push_back(refused.path);
     std::sort(paths.begin(), paths.end(), [&](const std::string& a, const std::string& b) {
         return shared_->states.at(a).sequence < shared_->states.at(b).sequence;
     });

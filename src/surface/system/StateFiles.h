@@ -61,7 +61,8 @@ class StateFiles {
     /// order. Those states are in memory only.
     std::vector<std::string> Settle();
 
-    /// Whether there are states that the disk has refused so far; they are in memory only.
+    /// Whether there are states that the disk has refused so far, tried again just now or not; they are in
+    /// memory only.
     bool Refused() const;
 
     /// For a signal that ends the process: waits until the writer has nothing left to do, or for that long.
