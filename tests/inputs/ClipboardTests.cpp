@@ -1,6 +1,7 @@
 #include "surface/system/Clipboard.h"
 
 #include "inputs/ByHand.h"
+#include "support/Memory.h"
 #include "support/Pictures.h"
 #include "surface/system/Pictures.h"
 #include "surface/window/Events.h"
@@ -264,6 +265,21 @@ TEST_F(ClipboardTest, BrokenAndOversizedDataIsError521) {
     bmp[19] = '\x7D';
     PutForeign("image/bmp", bmp);
     EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable);
+}
+
+TEST_F(ClipboardTest, PictureWithoutRoomIsRefusedBeforeItIsDecoded) {
+    constexpr std::uint64_t kNeeded = std::uint64_t{2} * 40 * 30 * 4; // it may take half of what is free
+    for (const char* kind : {"png", "bmp", "jpeg"}) {
+        const QByteArray bytes = Encoded(QImage(40, 30, QImage::Format_RGB32), kind);
+        {
+            const SupposedMemory little(kNeeded - 1);
+            PutForeign(("image/" + std::string(kind)).c_str(), bytes);
+            EXPECT_EQ(ErrorOf([] { Clipboard.GetData(); }), kClipboardUnavailable) << kind;
+        }
+        const SupposedMemory enough(kNeeded);
+        PutForeign(("image/" + std::string(kind)).c_str(), bytes);
+        EXPECT_EQ(Clipboard.GetData().Width(), 40) << kind;
+    }
 }
 
 TEST_F(ClipboardTest, BitmapThatCannotBeReadCountsAsNoneUntilTheNextChange) {

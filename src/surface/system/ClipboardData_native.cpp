@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "surface/system/BmpWriter.h"
+#include "surface/system/FreeMemory.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/ToolkitImages_native.h"
 
@@ -41,6 +42,14 @@ bool LegalSize(QSize size) {
     return !size.isEmpty() && size.width() <= kMaxPictureSide && size.height() <= kMaxPictureSide;
 }
 
+/// A giant that another program offers is refused as one in a file is.
+bool HasRoom(QSize size) try {
+    DemandMemory(PictureBytes(size.width(), size.height()));
+    return true;
+} catch (const RuntimeError&) {
+    return false;
+}
+
 std::optional<Picture> Decoded(const QByteArray& bytes) {
     constexpr qint64 kMostBytes = qint64{kMaxPictureSide} * kMaxPictureSide * 4;
     QImageReader::setAllocationLimit(static_cast<int>(kMostBytes / (1 << 20) + 1));
@@ -50,7 +59,9 @@ std::optional<Picture> Decoded(const QByteArray& bytes) {
     reader.setDecideFormatFromContent(true);
     // Other decoders of the toolkit would run files that are no bitmaps, drawings with links among them.
     static const QList<QByteArray> kKinds = {"png", "bmp", "jpeg", "jpg", "gif"};
-    if (!kKinds.contains(reader.format()) || !LegalSize(reader.size())) return std::nullopt;
+    if (!kKinds.contains(reader.format())) return std::nullopt;
+    const QSize size = reader.size();
+    if (!LegalSize(size) || !HasRoom(size)) return std::nullopt;
     const QImage image = reader.read();
     if (image.isNull() || !LegalSize(image.size())) return std::nullopt;
     return PictureOfImage(image);
