@@ -1,6 +1,6 @@
 // Files that want to take all time and memory there are: giants, endless scans, and what broke other readers.
 #include "support/Folders.h"
-#include "surface/system/FreeMemory.h"
+#include "support/Memory.h"
 #include "surface/system/Pictures.h"
 #include "system/GifBytes.h"
 
@@ -116,15 +116,6 @@ std::string Announcing(std::string jpeg, char frame, int width, int height) {
     return jpeg;
 }
 
-/// Free memory as a test wants it.
-class Free {
-  public:
-    explicit Free(std::uint64_t bytes) { FreeMemoryForTests(bytes); }
-    ~Free() { FreeMemoryForTests({}); }
-    Free(const Free&) = delete;
-    Free& operator=(const Free&) = delete;
-};
-
 constexpr std::uint64_t kPlenty = 64 * 1024 * kMegabyte;
 
 std::string RunLengthBmp(int width, int height, const std::string& data) {
@@ -143,7 +134,7 @@ Picture LoadBytes(const std::string& bytes, const std::stop_token& stop = {}) {
 }
 
 TEST(HostileJpeg, AGiantOfFewBytesIsGreyBelowThemAndCostsNothing) {
-    const Free plenty(kPlenty);
+    const SupposedMemory plenty(kPlenty);
     const Picture picture = LoadBytes(Announcing(JpegBytes({}), '\xC0', 32000, 32000));
     ASSERT_EQ(picture.Bounds(), (Box{0, 0, 32000, 32000}));
     EXPECT_EQ(picture.At(31999, 31999), 0x808080U);
@@ -163,7 +154,7 @@ TEST(HostileJpeg, TheGreyRestIsWhatADecoderOfEveryRowShows) {
 }
 
 TEST(HostileJpeg, AProgressiveGiantOfFewBytesIsRefused) {
-    const Free plenty(kPlenty);
+    const SupposedMemory plenty(kPlenty);
     const std::string bytes = JpegBytes(Progressive());
     EXPECT_EQ(ErrorOf([&] { LoadBytes(bytes); }), 0);
     EXPECT_EQ(ErrorOf([&] { LoadBytes(Announcing(bytes, '\xC2', 32000, 32000)); }), 481);
@@ -194,9 +185,9 @@ TEST(HostilePictures, NoPictureMayTakeMoreThanHalfOfTheFreeMemory) {
     const std::string gif = GifScreen(32000, 32000) + ";";
     const std::string jpeg = Announcing(JpegBytes({}), '\xC0', 32000, 32000);
     for (const std::string& bytes : {runLengths, gif, jpeg}) {
-        const Free justEnough(needed * 2);
+        const SupposedMemory justEnough(needed * 2);
         EXPECT_EQ(ErrorOf([&] { LoadBytes(bytes); }), 0) << bytes.substr(0, 3);
-        const Free tooLittle(needed * 2 - 2);
+        const SupposedMemory tooLittle(needed * 2 - 2);
         EXPECT_EQ(ErrorOf([&] { LoadBytes(bytes); }), 7) << bytes.substr(0, 3);
     }
 }
@@ -213,7 +204,7 @@ TEST(HostilePictures, AnIconThatAnnouncesAGiantIsRefused) {
 TEST(HostilePictures, APlainBitmapIsRefusedBeforeItsMemoryIsTaken) {
     const Sandbox box;
     SavePicture(Pattern(100, 100), box / "a.bmp");
-    const Free little(PictureBytes(100, 100) * 2 - 2);
+    const SupposedMemory little(PictureBytes(100, 100) * 2 - 2);
     EXPECT_EQ(ErrorOf([&] { LoadPicture(box / "a.bmp"); }), 7);
 }
 
