@@ -34,6 +34,9 @@ void PrintPlaces(const QWidget& window) {
 
 int main(int argc, char** argv) {
     using namespace pintalux;
+    // Off the display: the next program there gets the same numbers for its windows, and a window manager
+    // that is behind would take the end of ours for the end of theirs.
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
     Application application(argc, argv);
     App.CommandForTests(""); // the arguments name tools
     *frmMain;
