@@ -2,12 +2,10 @@
 #pragma once
 
 #include "support/Documents.h"
+#include "support/Hand.h"
 #include "support/Program.h"
 
-#include <QCoreApplication>
 #include <QCursor>
-#include <QMouseEvent>
-#include <QWidget>
 
 namespace pintalux {
 
@@ -32,9 +30,7 @@ class ColourBoxTest : public ProgramTest {
 
     /// A press and a release there.
     static void ClickAt(const Control& control, double x, double y, int button = kLeftButton) {
-        const QPointF place(x, y);
-        Send(control, QEvent::MouseButtonPress, place, button, button);
-        Send(control, QEvent::MouseButtonRelease, place, button, 0);
+        pintalux::ClickAt(WidgetFor(control), {x, y}, Toolkit(button));
     }
 
     /// Commits colours as a pick does.
@@ -58,10 +54,7 @@ class ColourBoxTest : public ProgramTest {
     }
 
     static void Send(const Control& control, QEvent::Type type, const QPointF& place, int button, int held) {
-        QWidget& widget = WidgetFor(control);
-        QMouseEvent event(type, place, widget.mapToGlobal(place), Toolkit(button), Toolkit(held),
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(&widget, &event);
+        SendMouse(WidgetFor(control), type, place, Toolkit(button), Toolkit(held));
     }
 };
 

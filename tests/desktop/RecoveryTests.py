@@ -28,6 +28,15 @@ def kill(desktop):
     return end
 
 
+def open_what_was_left(desktop, picture):
+    """Starts again and says yes; gives the process."""
+    process = start_without_document(desktop)
+    desktop.wait_for_window(QUESTION)
+    desktop.keys("Return")
+    desktop.wait_for_picture(picture)
+    return process
+
+
 def kept(desktop):
     return sorted((desktop.folder / "state").glob("Pintalux64/*"))
 
@@ -35,10 +44,7 @@ def kept(desktop):
 @desktop_test
 def AKilledRunComesBackWithItsUndoHistory(desktop):
     picture = left_by(desktop, kill(desktop))
-    process = start_without_document(desktop)
-    desktop.wait_for_window(QUESTION)
-    desktop.keys("Return")
-    desktop.wait_for_picture(picture)
+    process = open_what_was_left(desktop, picture)
     desktop.keys("ctrl+d")
     desktop.wait_for_picture(with_stroke(BLANK, STROKES[0]))
     desktop.keys("ctrl+d")
@@ -81,10 +87,7 @@ def ATerminatedRunLosesNothing(desktop):
         assert desktop.wait_for_end(process) == -signal.SIGTERM
         assert all(is_whole_bmp(path) for path in desktop.state_files())
     picture = left_by(desktop, terminate)
-    process = start_without_document(desktop)
-    desktop.wait_for_window(QUESTION)
-    desktop.keys("Return")
-    desktop.wait_for_picture(picture)
+    process = open_what_was_left(desktop, picture)
     assert process.poll() is None
 
 
@@ -95,10 +98,7 @@ def AFaultWaitsForTheStateOnItsWay(desktop):
         assert desktop.wait_for_end(process) == -signal.SIGSEGV
         assert all(is_whole_bmp(path) for path in desktop.state_files())
     picture = left_by(desktop, crash)
-    start_without_document(desktop)
-    desktop.wait_for_window(QUESTION)
-    desktop.keys("Return")
-    desktop.wait_for_picture(picture)
+    open_what_was_left(desktop, picture)
 
 
 @desktop_test

@@ -102,6 +102,13 @@ class View:
             assert any(colour not in (WHITE, RED) for colour in numbers) == (factor > 0.25), f"numbers of the {name} ruler"
         return left, top
 
+    def expect_marks_of_both_scrolls(self, factor):
+        places = [self.expect_marks(factor)]
+        for scroll in (self.scroll_level, self.scroll_upright):
+            scroll()
+            places.append(self.expect_marks(factor))
+        assert len({x for x, _ in places}) == len({y for _, y in places}) == 2, f"it was scrolled: {places}"
+
 
 def marks(pixels, factor):
     """Length and colour of the mark at each place of a scale that has one."""
@@ -125,13 +132,7 @@ def mark_colour(mark, distance):
 
 @desktop_test
 def RulersFollowTheScrollAtTheNaturalSize(desktop):
-    view = View(desktop, counting_picture(1200, 900))
-    places = [view.expect_marks(1)]
-    view.scroll_level()
-    places.append(view.expect_marks(1))
-    view.scroll_upright()
-    places.append(view.expect_marks(1))
-    assert len({x for x, _ in places}) == len({y for _, y in places}) == 2, f"it was scrolled: {places}"
+    View(desktop, counting_picture(1200, 900)).expect_marks_of_both_scrolls(1)
 
 
 @desktop_test
@@ -140,12 +141,7 @@ def RulersFollowTheScrollAtTheLargestSize(desktop):
     before = desktop.photograph().rows
     view.zoom("Up", "Up", "Right", "Up")
     view.wait_until_it_rests(before)
-    places = [view.expect_marks(16)]
-    view.scroll_level()
-    places.append(view.expect_marks(16))
-    view.scroll_upright()
-    places.append(view.expect_marks(16))
-    assert len({x for x, _ in places}) == len({y for _, y in places}) == 2, f"it was scrolled: {places}"
+    view.expect_marks_of_both_scrolls(16)
 
 
 @desktop_test

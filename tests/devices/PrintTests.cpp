@@ -55,23 +55,27 @@ class PrintTest : public ProgramTest {
         EXPECT_EQ(kind, "P6");
         return page;
     }
-    /// Where the page's printable part begins, in pixels of the page read back.
-    std::array<int, 2> Corner(const Page& page) const {
+    /// A page with the place where its printable part begins, in its pixels.
+    struct Printed {
+        Page page;
+        int left = -1, top = -1;
+    };
+    Printed Print() const {
+        mnuFilePrinterPrint_Click();
+        Page page = ReadBack();
         for (int y = 0; y < page.height; ++y) {
             for (int x = 0; x < page.width; ++x) {
-                if (page.At(x, y) != std::array{255, 255, 255}) return {x, y};
+                if (page.At(x, y) != std::array{255, 255, 255}) return {std::move(page), x, y};
             }
         }
-        return {-1, -1};
+        return {std::move(page)};
     }
     std::string file_;
 };
 
 TEST_F(PrintTest, AnImageIsPrintedAtItsOwnSizeFromTheTopLeftCorner) {
     OpenPicture("vermelha.bmp", Solid(120, 60, 0x0000FF));
-    mnuFilePrinterPrint_Click();
-    const Page page = ReadBack();
-    const auto [left, top] = Corner(page);
+    const auto [page, left, top] = Print();
     EXPECT_LT(left, page.width / 8);
     EXPECT_LT(top, page.height / 8);
     EXPECT_EQ(page.At(left + 2, top + 2), (std::array{255, 0, 0}));
@@ -86,9 +90,7 @@ TEST_F(PrintTest, AnImageWiderThanThePageIsCutOffAtItsEdge) {
     for (int y = 0; y < 30; ++y)
         wide.WriteRow(2000, y, blue); // beyond any usual page
     OpenPicture("larga.bmp", wide);
-    mnuFilePrinterPrint_Click();
-    const Page page = ReadBack();
-    const auto [left, top] = Corner(page);
+    const auto [page, left, top] = Print();
     int right = left + 1;
     while (right < page.width && page.At(right, top + 10) == std::array{255, 0, 0})
         ++right;
@@ -100,9 +102,7 @@ TEST_F(PrintTest, AnImageWiderThanThePageIsCutOffAtItsEdge) {
 TEST_F(PrintTest, WhatFloatsAndWhatWasJustDrawnIsNotPrinted) {
     frmImage& image = OpenPicture("vermelha.bmp", Solid(120, 60, 0x0000FF));
     image.PicMerge.LineBF(0, 0, 119, 59, 0x00FF00);
-    mnuFilePrinterPrint_Click();
-    const Page page = ReadBack();
-    const auto [left, top] = Corner(page);
+    const auto [page, left, top] = Print();
     EXPECT_EQ(page.At(left + 60, top + 30), (std::array{255, 0, 0}));
 }
 
@@ -149,12 +149,7 @@ TEST_F(PrintTest, APlaceThatIsGoneIsAnUntrappedErrorAndTheNextPageIsPrinted) {
 }
 
 TEST_F(PrintTest, AFullDiskIsAnUntrappedErrorAndTheNextPageIsPrinted) {
-    Picture noise(300, 200, 0);
-    unsigned seed = 7;
-    for (int y = 0; y < 200; ++y)
-        for (int x = 0; x < 300; ++x)
-            noise.Set(x, y, (seed = seed * 1103515245 + 12345) & 0xFFFFFF);
-    OpenPicture("ruido.bmp", noise);
+    OpenPicture("ruido.bmp", RandomPicture(300, 200, 7));
     SettleStates();
     {
         const FullDisk disk(20000);

@@ -6,6 +6,7 @@
 #include "document/Globals.h"
 #include "imageops/FilterModels.h"
 #include "imageops/ImgFiltMod.h"
+#include "support/Errors.h"
 #include "surface/system/App.h"
 #include "surface/window/Form.h"
 #include "surface/window/ProgressBar.h"
@@ -65,17 +66,6 @@ ModelSurface ModelOf(const Surface& surface) {
     ModelSurface model(surface.Image(), surface.BackColor(), surface.AutoSize());
     model.stored = surface.Picture();
     return model;
-}
-
-/// The number of the error that a step raises; 0 for none.
-template <class Step>
-int ErrorOf(Step step) {
-    try {
-        step();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
 }
 
 } // namespace

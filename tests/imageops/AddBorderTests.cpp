@@ -243,12 +243,9 @@ TEST_F(AddBorderTest, WithoutATemporaryFolderTheBordersAreThereUnrecorded) {
 }
 
 TEST_F(AddBorderTest, AFullDiskKeepsTheStepsInMemory) {
-    const Picture picture = RandomPicture(200, 100, 3);
-    frmImage& image = OpenPicture("a.bmp", picture);
-    SettleStates();
-    const FullDisk full(1000);
-    InDialog([] { PressApply(); });
-    ExpectDone(image, picture, With(Solid(200, 101, kWhite), 0, 1, picture));
+    ExpectDoneOnAFullDisk(
+        [] { InDialog([] { PressApply(); }); },
+        [](const Picture& picture) { return With(Solid(200, 101, kWhite), 0, 1, picture); });
 }
 
 TEST_F(AddBorderTest, AMaximisedWindowIsLeftAlone) {

@@ -59,6 +59,17 @@ class ImageDialogTest : public ProgramTest {
         EXPECT_FALSE(form.Loaded());
     }
 
+    /// The command on a picture, with a disk that takes no state: it is done all the same.
+    void ExpectDoneOnAFullDisk(const std::function<void()>& command,
+                               const std::function<Picture(const Picture&)>& done) {
+        const Picture picture = RandomPicture(200, 100, 3);
+        frmImage& image = OpenPicture("a.bmp", picture);
+        SettleStates();
+        const FullDisk full(1000);
+        command();
+        ExpectDone(image, picture, done(picture));
+    }
+
     /// Leaves the dialog after `act` by "Cancelar", by Escape and by its close box: the image is as it was,
     /// in a window of its size, with no state more.
     template <class TheForm>

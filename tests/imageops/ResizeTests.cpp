@@ -449,15 +449,12 @@ TEST_F(ResizeTest, WithoutATemporaryFolderTheImageIsStretchedUnrecorded) {
 }
 
 TEST_F(ResizeTest, AFullDiskKeepsTheStepsInMemory) {
-    const Picture picture = RandomPicture(200, 100, 3);
-    frmImage& image = OpenPicture("a.bmp", picture);
-    SettleStates();
-    const FullDisk full(1000);
-    InDialog([] {
+    const auto resize = [] {
         frmResize->VSPXw.Value(32767 - 300);
         PressOk();
-    });
-    ExpectDone(image, picture, Stretched(picture, 300, 150));
+    };
+    ExpectDoneOnAFullDisk([&] { InDialog(resize); },
+                          [](const Picture& picture) { return Stretched(picture, 300, 150); });
 }
 
 TEST_F(ResizeTest, AMaximisedWindowIsLeftAlone) {

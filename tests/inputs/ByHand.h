@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/Errors.h"
+#include "support/Hand.h"
 #include "support/UntrappedErrors.h"
 #include "support/Waiting.h"
 #include "surface/window/Control_native.h"
@@ -10,7 +11,6 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMouseEvent>
 
 namespace pintalux {
 
@@ -53,15 +53,8 @@ inline void Type(QWidget& widget, const QString& text) {
 
 inline void Mouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
     const bool released = type == QEvent::MouseButtonRelease;
-    const Qt::MouseButton cause = type == QEvent::MouseMove ? Qt::NoButton : button;
-    QMouseEvent event(type, place, widget.mapToGlobal(place), cause, released ? Qt::NoButton : button,
-                      Qt::NoModifier);
-    QApplication::sendEvent(&widget, &event);
-}
-
-inline void ClickAt(QWidget& widget, QPoint place) {
-    Mouse(widget, QEvent::MouseButtonPress, place);
-    Mouse(widget, QEvent::MouseButtonRelease, place);
+    SendMouse(widget, type, place, type == QEvent::MouseMove ? Qt::NoButton : button,
+              released ? Qt::NoButton : button);
 }
 
 inline void ClickOn(QWidget& widget) {

@@ -9,6 +9,7 @@
 #include "document/Zoom.h"
 #include "support/DialogAnswers.h"
 #include "support/Documents.h"
+#include "support/Hand.h"
 #include "support/Pictures.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/Pictures.h"
@@ -67,17 +68,6 @@ std::vector<frmImage*> Documents() {
     for (const auto& child : frmMain->Children())
         documents.push_back(static_cast<frmImage*>(child.get()));
     return documents;
-}
-
-void SendMouse(QWidget& widget, QEvent::Type type, QPointF place, Qt::MouseButton button,
-               Qt::MouseButtons held) {
-    QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, Qt::NoModifier);
-    QCoreApplication::sendEvent(&widget, &event);
-}
-
-void ClickAt(QWidget& widget, QPointF place, Qt::MouseButton button = Qt::LeftButton) {
-    SendMouse(widget, QEvent::MouseButtonPress, place, button, button);
-    SendMouse(widget, QEvent::MouseButtonRelease, place, button, Qt::NoButton);
 }
 
 template <class Widget>

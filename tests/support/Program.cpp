@@ -1,6 +1,7 @@
 #include "support/Program.h"
 
 #include "support/DialogScript.h"
+#include "support/Hand.h"
 
 #include "devices/sane/SaneCalls.h"
 #include "document/FileCommands.h"
@@ -26,7 +27,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QTimer>
 #include <unistd.h>
 
@@ -85,10 +85,7 @@ Qt::MouseButtons ToolkitButtons(int buttons) {
 
 void Send(frmImage& image, QEvent::Type type, double x, double y, Qt::MouseButton button,
           Qt::MouseButtons held) {
-    QWidget& widget = WidgetFor(image.Image1);
-    const QPointF place(x, y);
-    QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, Qt::NoModifier);
-    QCoreApplication::sendEvent(&widget, &event);
+    SendMouse(WidgetFor(image.Image1), type, {x, y}, button, held);
 }
 
 void SendKey(QWidget& widget, int key, const QString& text,
@@ -229,12 +226,7 @@ void Type(QWidget& widget, const std::string& text) {
 }
 
 void ClickWidget(QWidget& widget) {
-    const QPointF middle = QRectF(widget.rect()).center();
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-        QMouseEvent event(type, middle, widget.mapToGlobal(middle), Qt::LeftButton, held, Qt::NoModifier);
-        QCoreApplication::sendEvent(&widget, &event);
-    }
+    ClickAt(widget, QRectF(widget.rect()).center());
 }
 
 QWidget& WidgetFor(const Control& control) {

@@ -2,7 +2,7 @@
 // pictures.
 #pragma once
 
-#include "base/RuntimeError.h"
+#include "support/Errors.h"
 #include "support/OrdinaryUser.h"
 #include "surface/raster/Bitmap.h"
 #include "surface/system/FileLayer.h"
@@ -76,17 +76,6 @@ class Variable {
     const char* name_;
     std::string old_;
 };
-
-/// The number of the run-time error that `step` raises; 0 for none.
-template <class Step>
-int ErrorOf(Step step) {
-    try {
-        step();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-}
 
 /// Every pixel another colour, all three channels in use.
 inline Picture Pattern(int width, int height, unsigned seed = 1) {

@@ -3,6 +3,7 @@
 
 #include "base/RuntimeError.h"
 #include "support/Errors.h"
+#include "support/Hand.h"
 #include "support/UntrappedErrors.h"
 #include "support/Waiting.h"
 #include "surface/window/Events.h"
@@ -13,10 +14,8 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QImage>
-#include <QMouseEvent>
 #include <QPixmap>
 #include <QTimer>
-#include <QWidget>
 #include <string>
 #include <vector>
 
@@ -43,13 +42,11 @@ inline QImage ShownBy(const std::string& name) {
 
 inline void SendMouse(QWidget* widget, QEvent::Type type, const QPointF& place, Qt::MouseButton button,
                       Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QMouseEvent event(type, place, widget->mapToGlobal(place), button, buttons, modifiers);
-    QCoreApplication::sendEvent(widget, &event);
+    SendMouse(*widget, type, place, button, buttons, modifiers);
 }
 
 inline void ClickAt(QWidget* widget, const QPointF& place, Qt::MouseButton button = Qt::LeftButton) {
-    SendMouse(widget, QEvent::MouseButtonPress, place, button, button);
-    SendMouse(widget, QEvent::MouseButtonRelease, place, button, Qt::NoButton);
+    ClickAt(*widget, place, button);
 }
 
 /// A resizable window that counts its events.

@@ -1,0 +1,22 @@
+// The hand on a widget: presses and releases as the toolkit would send them.
+#pragma once
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QWidget>
+
+namespace pintalux {
+
+/// `button` is the one that causes the event, `held` are those that are down behind it.
+inline void SendMouse(QWidget& widget, QEvent::Type type, const QPointF& place, Qt::MouseButton button,
+                      Qt::MouseButtons held, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, modifiers);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+inline void ClickAt(QWidget& widget, const QPointF& place, Qt::MouseButton button = Qt::LeftButton) {
+    SendMouse(widget, QEvent::MouseButtonPress, place, button, button);
+    SendMouse(widget, QEvent::MouseButtonRelease, place, button, Qt::NoButton);
+}
+
+} // namespace pintalux
