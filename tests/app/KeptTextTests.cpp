@@ -137,7 +137,7 @@ std::string KeptIn(const std::string& path) {
 class KeptTextTest : public ProgramTest {
   protected:
     static void Expect(const std::string& name, QWidget& window) {
-        const std::string path = DataFolder() + "/windows/" + name + ".txt";
+        const std::string path = TestData() + "/windows/" + name + ".txt";
         const std::string text = TextOf(window);
         if (std::getenv("PINTALUX_KEEP") != nullptr) std::ofstream(path) << text;
         EXPECT_EQ(KeptIn(path), text) << path;

@@ -262,7 +262,7 @@ struct Text {
 };
 
 std::vector<Text> SourceTexts() {
-    QFile file(QString::fromStdString(DataFolder() + "/../../src/surface/system/stock_pt_PT.ts"));
+    QFile file(QString::fromStdString(TestData() + "/../../src/surface/system/stock_pt_PT.ts"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
     std::vector<Text> texts;
     Text text;

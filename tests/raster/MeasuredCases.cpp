@@ -125,7 +125,7 @@ void ReadFamily(const std::filesystem::path& path, std::vector<MeasuredCase>& ca
 
 std::vector<MeasuredCase> ReadMeasuredCases() {
     std::vector<std::filesystem::path> families;
-    for (const auto& entry : std::filesystem::directory_iterator(DataFolder() + "/drawing-cases")) {
+    for (const auto& entry : std::filesystem::directory_iterator(TestData() + "/drawing-cases")) {
         families.push_back(entry.path());
     }
     std::sort(families.begin(), families.end());

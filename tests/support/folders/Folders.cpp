@@ -2,7 +2,7 @@
 
 namespace pintalux {
 
-std::string DataFolder() {
+std::string TestData() {
     return TEST_DATA;
 }
 
