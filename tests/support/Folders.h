@@ -5,7 +5,7 @@
 
 namespace pintalux {
 
-std::string TestData();     ///< What the tests bring along.
+std::string TestData();       ///< What the tests bring along.
 std::string SharedPictures(); ///< Photographs and other large files; may be absent.
 std::string SharedCorpora();  ///< Broken and hostile files; may be absent.
 std::string FailedPictures(); ///< Made on demand.
