@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <QImage>
 #include <QLineEdit>
 #include <QWidget>
 
@@ -112,6 +113,25 @@ TEST_F(SaveTest, AnyOtherKindGoesToANumberedBmpBesideIt) {
     EXPECT_EQ(NamesIn(Folder("pictures")),
               (Names{"a.bmp", "a.jpeg", "a1.bmp", "b.bmp", "b.gif", "b1.bmp", "c.bif", "c.bmp", "c1.bmp"}));
     ExpectSamePixels(LoadPicture(File("b1.bmp")), Solid(32, 16, kBlack));
+}
+
+TEST_F(SaveTest, WhatWasReadFromPngWebpOrTiffGoesToABmpBesideItToo) {
+    for (const char* format : {"png", "webp", "tiff"}) {
+        const std::string name = std::string("a.") + format;
+        QImage image(32, 16, QImage::Format_RGB32);
+        image.fill(0x204060);
+        ASSERT_TRUE(image.save(QString::fromStdString(File(name)), format, 100));
+        const std::string before = BytesOf(File(name));
+        OpenFile(name);
+        ExpectSamePixels(ImageOf(Image()), Solid(32, 16, 0x604020));
+        Edit(Image(), kBlack);
+        Save();
+        EXPECT_TRUE(BytesOf(File(name)) == before) << name;
+        EXPECT_EQ(Image().AFCurfile, File(name));
+        EXPECT_TRUE(Image().alreadysaved);
+    }
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.bmp", "a.png", "a.tiff", "a.webp", "a1.bmp", "a2.bmp"}));
+    ExpectSamePixels(LoadPicture(File("a2.bmp")), Solid(32, 16, kBlack));
 }
 
 TEST_F(SaveTest, ADocumentNeverSavedAsksForItsName) {

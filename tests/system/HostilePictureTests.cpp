@@ -311,6 +311,48 @@ std::string EndOfLoading(const std::string& path) {
     }
 }
 
+std::string BigEndian(std::uint32_t number) {
+    std::string bytes;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        bytes += static_cast<char>(number >> shift & 0xFF);
+    return bytes;
+}
+
+std::uint32_t PngSum(const std::string& bytes) {
+    std::uint32_t sum = 0xFFFFFFFF;
+    for (const char byte : bytes) {
+        sum ^= static_cast<unsigned char>(byte);
+        for (int i = 0; i < 8; ++i)
+            sum = sum >> 1 ^ (0xEDB88320 & (0 - (sum & 1)));
+    }
+    return ~sum;
+}
+
+std::string PngPart(const std::string& kindAndData) {
+    return BigEndian(static_cast<std::uint32_t>(kindAndData.size() - 4)) + kindAndData +
+           BigEndian(PngSum(kindAndData));
+}
+
+TEST(HostilePictures, AGiantOfFewBytesForTheToolkitIsRefused) {
+    // A PNG of 16 bits a channel that breaks off, and a TIFF of one strip that is not there.
+    const std::string png =
+        "\x89PNG\r\n\x1A\n" +
+        PngPart("IHDR" + BigEndian(32000) + BigEndian(32000) + std::string("\x10\x06\0\0\0", 5)) +
+        PngPart("IDAT\x78\x9C");
+    std::string tiff = std::string("II*\0\x08\0\0\0\x08\0", 10);
+    for (const auto& [tag, value] : std::vector<std::pair<int, int>>{
+             {256, 32000}, {257, 32000}, {258, 8}, {259, 1}, {262, 1}, {273, 200}, {278, 32000}, {279, 9}})
+        tiff += LittleEndian(tag, 2) + LittleEndian(4, 2) + LittleEndian(1, 4) + LittleEndian(value, 4);
+    tiff += LittleEndian(0, 4);
+    const Sandbox box;
+    for (const std::string& bytes : {png, tiff}) {
+        PutBytes(box / "giant", bytes);
+        EXPECT_EQ(EndOfLoading(box / "giant"), "fine") << bytes.substr(0, 4);
+        const int error = ErrorOf([&] { LoadPicture(box / "giant"); });
+        EXPECT_TRUE(error == 481 || error == 7) << bytes.substr(0, 4) << " " << error;
+    }
+}
+
 class Corpus : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(Corpus, EachFileIsReadOrRefusedInTimeAndMemory) {

@@ -12,11 +12,12 @@ namespace pintalux {
 /// Largest legal width and height of a picture.
 inline constexpr int kMaxPictureSide = 32000;
 
-/// A picture from a BMP, JPEG, GIF (first frame) or icon file; the first bytes decide, not the name. An empty
-/// path gives the empty picture. Error 53 if there is no such file, 481 if it is no picture, broken or above
-/// the legal sizes (found from the header, before anything is decoded), 7 if memory runs out or the picture
-/// would take more than half of what is free, 18 soon after `stop` is asked for. Transparent pixels show
-/// white. A truncated JPEG or GIF shows what is there. Any thread may call it.
+/// A picture from a BMP, JPEG, GIF (first frame), PNG, WebP, TIFF (first picture) or icon file; the first
+/// bytes decide, not the name. An empty path gives the empty picture. Error 53 if there is no such file, 481
+/// if it is no picture, broken or above the legal sizes (found from the header, before anything is decoded),
+/// 7 if memory runs out or the picture would take more than half of what is free, 18 soon after `stop` is
+/// asked for. Transparent pixels show white. A truncated JPEG or GIF shows what is there. Any thread may call
+/// it.
 Picture LoadPicture(const std::string& path, const std::stop_token& stop = {});
 inline Picture LoadPicture() {
     return {};

@@ -1,0 +1,164 @@
+#include "surface/system/ToolkitReader.h"
+
+#include "base/RuntimeError.h"
+#include "surface/system/FreeMemory.h"
+#include "surface/system/Pictures.h"
+#include "surface/system/Stopping.h"
+#include "surface/system/ToolkitImages_native.h"
+
+#include <exception>
+#include <mutex>
+#include <QImage>
+#include <QImageReader>
+#include <QIODevice>
+
+namespace pintalux {
+
+namespace {
+
+/// A file of ours in the toolkit's hands. No exception may cross its decoders: a failure is kept for later,
+/// and nothing is read after it.
+class FileDevice final : public QIODevice {
+  public:
+    FileDevice(File& file, const std::stop_token& stop)
+        : file_(file), stop_(stop), length_(static_cast<qint64>(file.Length())) {
+        open(QIODevice::ReadOnly);
+    }
+    ~FileDevice() override { close(); }
+    qint64 size() const override { return length_; }
+    bool seek(qint64 position) override {
+        return position >= 0 && QIODevice::seek(position) &&
+               Try([&] { file_.Seek(static_cast<std::uint64_t>(position)); });
+    }
+    void RaiseFailure() const {
+        if (failure_) std::rethrow_exception(failure_);
+    }
+
+  protected:
+    qint64 readData(char* data, qint64 length) override {
+        std::size_t got = 0;
+        const std::span<char> bytes(data, static_cast<std::size_t>(length));
+        if (!Try([&] { got = file_.Read(std::as_writable_bytes(bytes)); })) return -1;
+        return static_cast<qint64>(got);
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+  private:
+    template <class Step>
+    bool Try(Step step) {
+        if (failure_) return false;
+        try {
+            RaiseIfStopped(stop_);
+            step();
+            return true;
+        } catch (...) {
+            failure_ = std::current_exception();
+            return false;
+        }
+    }
+
+    File& file_;
+    const std::stop_token& stop_;
+    qint64 length_;
+    std::exception_ptr failure_;
+};
+
+/// Megabytes that one image of the toolkit may take while this lives; 0 for any. The toolkit knows one limit
+/// for all threads.
+class ImageLimit {
+  public:
+    explicit ImageLimit(int megabytes) : hold_(lock), before_(QImageReader::allocationLimit()) {
+        QImageReader::setAllocationLimit(megabytes);
+    }
+    ~ImageLimit() { QImageReader::setAllocationLimit(before_); }
+    ImageLimit(const ImageLimit&) = delete;
+    ImageLimit& operator=(const ImageLimit&) = delete;
+
+  private:
+    static inline std::mutex lock;
+    std::lock_guard<std::mutex> hold_;
+    int before_;
+};
+
+/// A decoder over a file; the first bytes have decided the format.
+class Decoder {
+  public:
+    Decoder(File& file, const char* format, const std::stop_token& stop) : file_(file), device_(file, stop) {
+        device_.seek(0);
+        reader_.setDevice(&device_);
+        reader_.setFormat(format);
+        reader_.setAutoDetectImageFormat(false);
+        reader_.setDecideFormatFromContent(false);
+    }
+
+    QImageReader& Reader() { return reader_; }
+
+    /// The size that the header announces.
+    QSize LegalSize() {
+        const QSize size = reader_.size();
+        if (!IsLegal(size)) Refuse();
+        return size;
+    }
+
+    Picture Read() {
+        QImage image;
+        if (!reader_.read(&image) || !IsLegal(image.size())) Refuse();
+        device_.RaiseFailure();
+        return PictureOfImage(image);
+    }
+
+  private:
+    static bool IsLegal(QSize size) {
+        return size.width() >= 1 && size.height() >= 1 && size.width() <= kMaxPictureSide &&
+               size.height() <= kMaxPictureSide;
+    }
+    /// What kept the file from being read counts before what the decoder made of it.
+    [[noreturn]] void Refuse() const {
+        device_.RaiseFailure();
+        throw RuntimeError(kInvalidPicture, file_.Path());
+    }
+
+    File& file_;
+    FileDevice device_;
+    QImageReader reader_;
+};
+
+/// An icon file holds one picture in several sizes: the largest counts.
+void ChooseLargest(QImageReader& reader) {
+    int best = 0;
+    qint64 bestArea = -1;
+    for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i) {
+        const QSize size = reader.size();
+        const qint64 area = qint64{size.width()} * size.height();
+        if (area <= bestArea) continue;
+        best = i;
+        bestArea = area;
+    }
+    reader.jumpToImage(best);
+}
+
+} // namespace
+
+Picture ReadByToolkit(File& file, const char* format, const std::stop_token& stop) {
+    // What a decoder holds beside the picture: up to 16 bits a channel, or two frames and the image.
+    constexpr std::uint64_t kCopies = 4;
+    Decoder decoder(file, format, stop);
+    const QSize size = decoder.LegalSize();
+    DemandMemory(kCopies * PictureBytes(size.width(), size.height()));
+    const ImageLimit any(0);
+    Picture picture = decoder.Read();
+    RaiseIfStopped(stop);
+    return picture;
+}
+
+Picture ReadIcon(File& file, const std::stop_token& stop) {
+    const ImageLimit limit(256);
+    Decoder decoder(file, "ico", stop);
+    ChooseLargest(decoder.Reader());
+    // Some kinds of icons announce no size.
+    const QSize announced = decoder.Reader().size();
+    if (announced.isValid()) decoder.LegalSize();
+    return decoder.Read();
+}
+
+} // namespace pintalux
