@@ -40,6 +40,7 @@ frmMainForm::frmMainForm()
     AlignPanel(ColTB, Align::Right);
     ConnectMenus();
     ConnectBars();
+    FilesDropped = [this](const std::vector<std::string>& paths) { OpenDropped(paths); };
     Timer1.Tick = [this] { Timer1_Timer(); };
     Timer2.Tick = [this] { Timer2_Timer(); };
 }

@@ -13,7 +13,9 @@
 #include "tools/ToolTable.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace pintalux {
 
@@ -43,6 +45,12 @@ class frmMainForm : public MDIForm,
     void Timer1_Timer();
     void Timer2_Timer();
     void TB2_ButtonClick(ToolButton& button);
+
+    /// The user logs out: the close questions where they may be asked, else every state is complete on disk.
+    /// Nothing closes. False at a Cancel.
+    bool LogOut(bool mayAsk);
+    /// The session is over: the program ends without a question.
+    void EndWithSession();
 
     void mnuFileExit_Click();
     void mnuEditClip_Click();
@@ -76,6 +84,7 @@ class frmMainForm : public MDIForm,
     void EmptyTray();
     // frmMain_Poll.cpp
     void TakeHandOff();
+    void OpenDropped(const std::vector<std::string>& paths);
     void PollPaste();
     void PollDocument();
     void PollUndo();
@@ -87,6 +96,8 @@ class frmMainForm : public MDIForm,
     void UnloadDialogs();
     void SaveViews();
 
+    /// The documents as they were when the questions of a log-out were answered; nothing before.
+    std::optional<std::string> answeredFor_;
     std::string commandFile_;
     bool commandFileGiven_ = false;
     bool handedOver_ = false;

@@ -16,6 +16,7 @@
 #include "settings/frmPrefs.h"
 #include "surface/system/App.h"
 #include "surface/system/Settings.h"
+#include "surface/window/Screen.h"
 #include "tools/frmText.h"
 
 namespace pintalux {
@@ -63,9 +64,12 @@ void frmMainForm::SaveViews() {
                                        {"Toolbar", Word(ToolsTB.Visible())},
                                        {"ColorBox", Word(ColTB.Visible())},
                                        {"SettingsBar", Word(ToolSettings.Visible())}};
-    if (WindowState() != kMinimised) {
+    // Where the place is not known, the one of the last desktop that told it stays.
+    if (WindowState() != kMinimised && Screen.KnowsPlaces()) {
         values.push_back({"MainLeft", SingleText(MDIForm::Left())});
         values.push_back({"MainTop", SingleText(MDIForm::Top())});
+    }
+    if (WindowState() != kMinimised) {
         values.push_back({"MainWidth", SingleText(MDIForm::Width())});
         values.push_back({"MainHeight", SingleText(MDIForm::Height())});
     }

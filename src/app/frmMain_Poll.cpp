@@ -1,5 +1,5 @@
 // The 30 ms poll: a file handed over by a second instance, then the state of every command. It touches no
-// surface and asks no other program.
+// surface and asks no other program. Beside it, files that are dropped on the window.
 #include "app/frmMain.h"
 #include "document/BarPositions.h"
 #include "document/FileCommands.h"
@@ -41,6 +41,13 @@ void frmMainForm::TakeHandOff() {
     ResumeNext([&] { path = ReadTextFile(HandOffFile()); }, [] { DeleteFile(HandOffFile()); });
     if (!FileExists(path)) return;
     OpenDocument(LongFileName(path));
+    SetFocus();
+}
+
+// What another program drops on the window opens as what a second instance hands over.
+void frmMainForm::OpenDropped(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths)
+        OpenDocument(LongFileName(path));
     SetFocus();
 }
 

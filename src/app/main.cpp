@@ -1,4 +1,5 @@
 // Pintalux 64, a paint and image-retouching program.
+#include "app/CommandWords.h"
 #include "app/frmMain.h"
 #include "app/StopMessage.h"
 #include "document/Recovery.h"
@@ -6,18 +7,25 @@
 #include "files/FileNames.h"
 #include "surface/system/App.h"
 #include "surface/system/EndSignals.h"
+#include "surface/system/Session.h"
 #include "surface/window/Events.h"
 
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 
 int main(int argc, char** argv) {
     using namespace pintalux;
+    if (const auto answer = AnswerInTerminal(argc, argv)) {
+        std::fputs(answer->c_str(), stdout);
+        return 0;
+    }
     // A limit on the size of files is an error of the write, like a full disk; not the end.
     std::signal(SIGXFSZ, SIG_IGN);
     Application application(argc, argv);
     KeepsRuns = true;
     OnEndSignal(SettleDocuments);
+    OnSession({[](bool mayAsk) { return frmMain->LogOut(mayAsk); }, [] { frmMain->EndWithSession(); }});
     States();
     OnFault([] { States().WaitInSignal(std::chrono::seconds(10)); });
     OnUntrappedError = StopProgram;

@@ -148,6 +148,10 @@ void NoteDocuments(const frmImage* closing) {
     States().WriteBehind(ourRun.index, IndexText(OpenDocuments(closing)));
 }
 
+std::string DocumentsText() {
+    return IndexText(OpenDocuments());
+}
+
 void SettleDocuments() {
     if (!TheWorkspace.window) return;
     for (const auto& child : TheWorkspace.window->Children()) {

@@ -24,6 +24,9 @@ void EndRun();
 /// The documents have changed: the index follows, behind. A document that is being closed is left out.
 void NoteDocuments(const frmImage* closing = nullptr);
 
+/// The documents as the index has them.
+std::string DocumentsText();
+
 /// Before the process ends by a signal: what floats is recorded, and every state is complete on disk.
 void SettleDocuments();
 

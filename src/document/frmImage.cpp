@@ -82,7 +82,7 @@ void frmImage::Form_Load() {
 }
 
 void frmImage::Form_QueryUnload(bool& Cancel) {
-    if (frmPrefs->Check4.Value() != 0) return;
+    if (SessionOver || frmPrefs->Check4.Value() != 0) return;
     // What floats belongs to what is asked about, also where nothing else changed since the last save.
     if (PieceIsPlaced(*this) || lbltext.Visible()) Show();
     MergeFloating(*this);

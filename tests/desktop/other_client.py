@@ -1,17 +1,20 @@
 #!/usr/bin/env python3
-"""other_client.py manager <file> | silent: a second program at the clipboard, of a kind that no package brings.
+"""other_client.py manager <file> | silent | drop <window> <file>...: a second program, of a kind that no package brings.
 
 manager: a clipboard manager. It takes over what a program leaves at its end, as image/png, goes on offering it, and
 keeps a copy in the file.
 silent: owns the clipboard and offers two bitmap formats, but never gives either.
+drop: drops files, or what is named with a scheme, in the middle of a window, and prints what it is told: "copied", "moved" or
+"refused".
 
-Prints a line once it is ready.
+The first two print a line once they are ready.
 """
 import ctypes
 import sys
 from ctypes import POINTER, Structure, Union, byref, c_char_p, c_int, c_long, c_ubyte, c_uint, c_ulong, c_void_p
+from pathlib import Path
 
-PROPERTY_NOTIFY, SELECTION_REQUEST, SELECTION_NOTIFY = 28, 30, 31
+PROPERTY_NOTIFY, SELECTION_REQUEST, SELECTION_NOTIFY, CLIENT_MESSAGE = 28, 30, 31, 33
 PROPERTY_CHANGE_MASK = 1 << 22
 NEW_VALUE, REPLACE, ANY_TYPE = 0, 0, 0
 ATOM = 4
@@ -32,8 +35,13 @@ class PropertyNotify(Structure):
                 ("atom", c_ulong), ("time", c_ulong), ("state", c_int)]
 
 
+class ClientMessage(Structure):
+    _fields_ = [("type", c_int), ("serial", c_ulong), ("send_event", c_int), ("display", c_void_p), ("window", c_ulong),
+                ("message", c_ulong), ("format", c_int), ("data", c_long * 5)]
+
+
 class Event(Union):
-    _fields_ = [("type", c_int), ("request", SelectionRequest), ("notify", SelectionNotify), ("change", PropertyNotify),
+    _fields_ = [("message", ClientMessage), ("type", c_int), ("request", SelectionRequest), ("notify", SelectionNotify), ("change", PropertyNotify),
                 ("room", c_long * 24)]
 
 
@@ -53,6 +61,8 @@ X.XSendEvent.argtypes = [c_void_p, c_ulong, c_int, c_long, POINTER(Event)]
 X.XChangeProperty.argtypes = [c_void_p, c_ulong, c_ulong, c_ulong, c_int, c_int, c_void_p, c_int]
 X.XGetWindowProperty.argtypes = [c_void_p, c_ulong, c_ulong, c_long, c_long, c_int, c_ulong, POINTER(c_ulong), POINTER(c_int),
                                  POINTER(c_ulong), POINTER(c_ulong), POINTER(c_void_p)]
+X.XTranslateCoordinates.argtypes = [c_void_p, c_ulong, c_ulong, c_int, c_int, POINTER(c_int), POINTER(c_int), POINTER(c_ulong)]
+X.XGetGeometry.argtypes = [c_void_p, c_ulong, POINTER(c_ulong)] + [POINTER(c_int)] * 2 + [POINTER(c_uint)] * 4
 X.XFree.argtypes = [c_void_p]
 X.XFlush.argtypes = [c_void_p]
 
@@ -136,8 +146,59 @@ class Client:
                 data += piece
 
 
+class Drag:
+    """A drag by the X drag-and-drop protocol, from its entry into a window to its drop."""
+
+    def __init__(self, client, window, addresses):
+        self.client, self.window = client, window
+        client.offer = {"text/uri-list": "".join(address + "\r\n" for address in addresses).encode()}
+        client.own("XdndSelection")
+
+    def tell(self, name, *data):
+        event = Event()
+        event.message = ClientMessage(CLIENT_MESSAGE, 0, 1, self.client.display, self.window, self.client.atom(name), 32,
+                                      (c_long * 5)(self.client.window, *data))
+        X.XSendEvent(self.client.display, self.window, 0, 0, byref(event))
+        X.XFlush(self.client.display)
+
+    def wait_for(self, name):
+        """The data of the next message of this name; meanwhile the files are given to who asks for them."""
+        while True:
+            event = self.client.next_event()
+            if event.type == SELECTION_REQUEST:
+                self.client.serve(SelectionRequest.from_buffer_copy(event.request))
+            elif event.type == CLIENT_MESSAGE and event.message.message == self.client.atom(name):
+                return list(event.message.data)
+
+    def middle(self):
+        """The window's middle on the display, as the messages have it."""
+        root, x, y, width, height = c_ulong(), c_int(), c_int(), c_uint(), c_uint()
+        X.XGetGeometry(self.client.display, self.window, byref(root), byref(x), byref(y), byref(width), byref(height),
+                       byref(c_uint()), byref(c_uint()))
+        X.XTranslateCoordinates(self.client.display, self.window, root, width.value // 2, height.value // 2, byref(x), byref(y),
+                                byref(c_ulong()))
+        return x.value << 16 | y.value
+
+    def drop(self):
+        copy = self.client.atom("XdndActionCopy")
+        self.tell("XdndEnter", 5 << 24, self.client.atom("text/uri-list"))
+        self.tell("XdndPosition", 0, self.middle(), 0, copy)
+        if not self.wait_for("XdndStatus")[1] & 1:
+            self.tell("XdndLeave")
+            return "refused"
+        self.tell("XdndDrop", 0, 0)
+        told = self.wait_for("XdndFinished")
+        if not told[1] & 1:
+            return "refused"
+        return "copied" if told[2] == copy else "moved"
+
+
 def main():
     client = Client()
+    if sys.argv[1] == "drop":
+        addresses = [name if "://" in name else Path(name).as_uri() for name in sys.argv[3:]]
+        print(Drag(client, int(sys.argv[2]), addresses).drop())
+        return
     if sys.argv[1] == "manager":
         client.own("CLIPBOARD_MANAGER")
     else:

@@ -62,7 +62,7 @@ void ResetGlobals() {
     MRUlimit = 0;
     CommonDialog1 = {};
     TheRandomNumbers = RandomNumbers{};
-    ProgramClosing = frmMainForm::Closing = false;
+    ProgramClosing = frmMainForm::Closing = SessionOver = false;
     KeepsRuns = false;
     ColorLock = WandStopped = false;
     CollectionCount = 0;

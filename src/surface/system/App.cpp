@@ -1,5 +1,6 @@
 #include "surface/system/App.h"
 
+#include "surface/system/Session_native.h"
 #include "surface/system/StockTexts_native.h"
 #include "surface/window/Events.h"
 
@@ -24,6 +25,10 @@ std::optional<std::string> commandForTests;
 class GuardedApplication final : public QApplication {
   public:
     using QApplication::QApplication;
+    /// The session manager ends the program so; nobody else does.
+    bool event(QEvent* event) override {
+        return (event->type() == QEvent::Quit && EndOfSession()) || QApplication::event(event);
+    }
     bool notify(QObject* receiver, QEvent* event) override {
         try {
             return QApplication::notify(receiver, event);
@@ -40,7 +45,9 @@ class GuardedApplication final : public QApplication {
 class DisplayChoice {
   public:
     DisplayChoice() : made_(!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && OnADisplay()) {
-        if (made_) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+        // Without an X display only Wayland is tried, as the other would complain in the terminal.
+        if (made_)
+            qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsSet("DISPLAY") ? "xcb;wayland" : "wayland");
     }
     /// Programs that we start choose for themselves.
     void TakeBack() const {

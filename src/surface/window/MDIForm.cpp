@@ -4,6 +4,7 @@
 #include "surface/raster/Colour.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
+#include "surface/window/FileDrop_native.h"
 #include "surface/window/Form_native.h"
 #include "surface/window/MDIForm_native.h"
 #include "surface/window/Menu_native.h"
@@ -76,6 +77,9 @@ void MDINative::MakeWindow() {
     frame = new PanelFrame(*this, window);
     window->setCentralWidget(frame);
     form.Native().client = frame;
+    TakeFileDrops(*window, [this](const std::vector<std::string>& paths) {
+        if (form.FilesDropped) form.FilesDropped(paths);
+    });
     area = new QMdiArea(frame);
     area->setObjectName(QStringLiteral("workspace"));
     area->setBackground(ToQColor(kWorkspaceColour));

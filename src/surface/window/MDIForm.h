@@ -4,7 +4,9 @@
 #include "surface/window/Form.h"
 #include "surface/window/Menu.h"
 
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace pintalux {
@@ -18,6 +20,9 @@ class MDIForm : public Form {
   public:
     explicit MDIForm(std::string name);
     ~MDIForm() override;
+
+    /// The user has dropped files on the window: their paths, in their order.
+    std::function<void(const std::vector<std::string>& paths)> FilesDropped;
 
     /// The document window that has the focus, or had it last; null if there is none.
     Form* ActiveForm() const;
@@ -43,12 +48,12 @@ class MDIForm : public Form {
     /// Main window's own load, query and unload, named as their events are.
     virtual void MDIForm_Load() {}
     virtual void MDIForm_Unload() {}
+    /// Asks every child; one refusal keeps everything open.
+    void Form_QueryUnload(bool& Cancel) override;
 
   private:
     friend struct MDINative;
     void Form_Load() override { MDIForm_Load(); }
-    /// Asks every child first; one refusal keeps everything open. Then unloads them all.
-    void Form_QueryUnload(bool& Cancel) override;
     void Form_Unload() override;
 
     std::unique_ptr<MDINative> mdi_;

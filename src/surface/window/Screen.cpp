@@ -96,6 +96,10 @@ CursorPosition ScreenObject::Reachable(const CursorPosition& place, int width, i
     return {nearest.x(), nearest.y()};
 }
 
+bool ScreenObject::KnowsPlaces() const {
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 bool UserIsBusy() {
     return QApplication::mouseButtons() != Qt::NoButton || QApplication::activeModalWidget() != nullptr ||
            QApplication::activePopupWidget() != nullptr;

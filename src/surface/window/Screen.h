@@ -29,6 +29,8 @@ struct ScreenObject {
     /// top corner lies on a screen stays, any other goes to where the nearest screen shows the whole window
     /// or, of one that is larger than the screen, its left top part.
     CursorPosition Reachable(const CursorPosition& place, int width, int height) const;
+    /// Whether the desktop tells a program where its windows lie, and lets it choose. Wayland does not.
+    bool KnowsPlaces() const;
 };
 extern ScreenObject Screen;
 

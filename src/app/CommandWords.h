@@ -1,0 +1,13 @@
+// The words that the command line answers in the terminal, without a window.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace pintalux {
+
+/// What `--help` and `--version` print, if such a word is all that was given and no file is called so: the
+/// whole command line is a path otherwise.
+std::optional<std::string> AnswerInTerminal(int argc, const char* const* argv);
+
+} // namespace pintalux

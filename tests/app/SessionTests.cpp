@@ -1,0 +1,131 @@
+// The end of the desktop's session: the questions of a log-out, and what is kept without them.
+#include "support/DialogScript.h"
+#include "support/Documents.h"
+#include "support/Pictures.h"
+#include "support/Program.h"
+
+#include "app/StopMessage.h"
+#include "document/Globals.h"
+#include "document/Recovery.h"
+#include "files/RunIndex.h"
+#include "surface/system/Pictures.h"
+
+namespace pintalux {
+
+namespace {
+
+class SessionTest : public ProgramTest {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        EndProcess = [this](int code) { ended = code; };
+        KeepsRuns = true;
+        Start();
+    }
+    void TearDown() override {
+        ProgramTest::TearDown();
+        EndProcess = [](int code) { std::_Exit(code); };
+        EndRun();
+    }
+    std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }
+    frmImage& Changed(const std::string& name) {
+        frmImage& image = OpenPicture(name, Solid(8, 6, kWhite));
+        Edit(image, kBlack);
+        return image;
+    }
+    /// What the next start would find.
+    static std::vector<RunDocument> Left() {
+        States().Settle();
+        return ReadIndexFile(LivingIndices().at(0));
+    }
+    std::optional<int> ended;
+};
+
+} // namespace
+
+TEST_F(SessionTest, ALogOutAsksAboutEachChangedDocumentAndClosesNone) {
+    Changed("a.bmp");
+    Changed("b.bmp");
+    OpenPicture("c.bmp", Solid(4, 4, kWhite));
+    const DialogScript script({PressesButton("Sim"), PressesButton("Não")});
+    EXPECT_TRUE(frmMain->LogOut(true));
+    EXPECT_EQ(script.Dialog(0).text, "Pretende Salvar as alterações para a.bmp ?");
+    EXPECT_EQ(script.Dialog(1).text, "Pretende Salvar as alterações para b.bmp ?");
+    ExpectSamePixels(LoadPicture(File("a.bmp")), Solid(8, 6, kBlack));
+    ExpectSamePixels(LoadPicture(File("b.bmp")), Solid(8, 6, kWhite));
+    EXPECT_EQ(ImageCount, 3);
+}
+
+TEST_F(SessionTest, CancelKeepsTheSession) {
+    Changed("a.bmp");
+    const DialogScript script({PressesButton("Cancelar")});
+    EXPECT_FALSE(frmMain->LogOut(true));
+    EXPECT_EQ(ImageCount, 1);
+}
+
+TEST_F(SessionTest, WhatWasAnsweredEndsWithoutAQuestionAndLeavesNothing) {
+    Changed("a.bmp");
+    {
+        const DialogScript script({PressesButton("Não")});
+        ASSERT_TRUE(frmMain->LogOut(true));
+    }
+    const DialogScript nothingIsAsked;
+    frmMain->EndWithSession();
+    EXPECT_FALSE(frmMain.Loaded());
+    EXPECT_TRUE(StateFileNames().empty());
+    EXPECT_FALSE(ended);
+}
+
+TEST_F(SessionTest, WhatChangedAfterTheAnswersIsKept) {
+    frmImage& image = Changed("a.bmp");
+    {
+        const DialogScript script({PressesButton("Não")});
+        ASSERT_TRUE(frmMain->LogOut(true));
+    }
+    Edit(image, 0x123456);
+    const DialogScript nothingIsAsked;
+    frmMain->EndWithSession();
+    EXPECT_EQ(ended, 0);
+    ASSERT_EQ(Left().size(), 1U);
+    ExpectSamePixels(LoadPicture(Left()[0].states.at(2)), Solid(8, 6, 0x123456));
+}
+
+TEST_F(SessionTest, ALogOutThatWasCalledOffAsksAgainAtTheClose) {
+    Changed("a.bmp");
+    {
+        const DialogScript script({PressesButton("Não")});
+        ASSERT_TRUE(frmMain->LogOut(true));
+    }
+    const DialogScript script({PressesButton("Não")});
+    EXPECT_TRUE(frmMain.Unload());
+    EXPECT_EQ(script.Count(), 1U);
+}
+
+TEST_F(SessionTest, WhatWasSavedStaysSavedThroughALogOut) {
+    frmImage& image = Changed("a.bmp");
+    Choose(frmMain->mnuFileSave);
+    const DialogScript nothingIsAsked;
+    EXPECT_TRUE(frmMain->LogOut(true));
+    EXPECT_TRUE(image.alreadysaved);
+    EXPECT_TRUE(frmMain.Unload());
+}
+
+TEST_F(SessionTest, WithoutQuestionsEveryStateIsOnTheDisk) {
+    frmImage& image = Changed("a.bmp");
+    image.lbltext.Caption(" texto");
+    image.lbltext.FontSize(20);
+    image.lbltext.Visible(true);
+    const DialogScript nothingIsAsked;
+    EXPECT_TRUE(frmMain->LogOut(false));
+    EXPECT_FALSE(image.lbltext.Visible()) << "what floats is recorded";
+    ASSERT_EQ(Left().size(), 1U);
+    ASSERT_EQ(Left()[0].states.size(), 3U);
+    for (const std::string& state : Left()[0].states)
+        EXPECT_EQ(LoadPicture(state).Bounds(), (Box{0, 0, 8, 6}));
+    frmMain->EndWithSession();
+    EXPECT_EQ(ended, 0) << "nobody was asked, so all of it comes back";
+    EXPECT_EQ(ImageCount, 1);
+    image.alreadysaved = true;
+}
+
+} // namespace pintalux
