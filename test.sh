@@ -3,7 +3,8 @@
 #
 # Parts, in this order: unit (unit and form tests, release build), sanitizers (the same under the address and
 # undefined-behaviour sanitizers), checks (rules of the code and the documents), desktop (the real program on a display),
-# kill (the program killed at random moments, and what comes back of its documents), fuzz (hostile bytes, with clang).
+# package (the Debian package, installed into a root of its own), kill (the program killed at random moments, and what comes
+# back of its documents), fuzz (hostile bytes, with clang).
 # Without parts all run; --quick leaves sanitizers and fuzz out. The output of each program is kept in build/test-output.
 set -uo pipefail
 cd "$(dirname "$(readlink -f "$0")")" || exit 1
@@ -108,6 +109,12 @@ part_desktop() {
     run_lines desktop tests/desktop/run.py
 }
 
+part_package() {
+    scripts/install-packages.sh package || return
+    build release pintalux64 icons || return
+    run_lines package tests/package/run.py
+}
+
 part_kill() {
     build release seeded_edits || return
     run_lines kill tests/kill/run.py
@@ -124,19 +131,19 @@ quick=no
 for argument in "$@"; do
     case $argument in
         --quick) quick=yes ;;
-        unit | sanitizers | checks | desktop | kill | fuzz) parts+=("$argument") ;;
+        unit | sanitizers | checks | desktop | package | kill | fuzz) parts+=("$argument") ;;
         *)
-            sed -n '2,7s/^# \{0,1\}//p' "$0" >&2
+            sed -n '2,8s/^# \{0,1\}//p' "$0" >&2
             exit 2
             ;;
     esac
 done
 if [ "${#parts[@]}" -eq 0 ]; then
-    parts=(unit sanitizers checks desktop kill fuzz)
-    if [ "$quick" = yes ]; then parts=(unit checks desktop kill); fi
+    parts=(unit sanitizers checks desktop package kill fuzz)
+    if [ "$quick" = yes ]; then parts=(unit checks desktop package kill); fi
 fi
 
-scripts/install-packages.sh build run display test || exit 1
+scripts/install-packages.sh build run wayland display test || exit 1
 mkdir -p "$output"
 rm -rf build/failed
 for part in "${parts[@]}"; do "part_$part"; done
