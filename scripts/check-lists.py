@@ -60,10 +60,23 @@ def the_version_stands_once():
                 yield f"{path.relative_to(ROOT)}: says {version}: let the build put in @PROJECT_VERSION@ (CMakeLists.txt)"
 
 
+def the_two_readmes_say_the_same():
+    """As far as a machine can see: as many sections, and the same words of the program in each."""
+    here, there = text_of("README.md"), text_of("LEIAME.md")
+    sections = [text.count("\n## ") for text in (here, there)]
+    if sections[0] != sections[1]:
+        yield f"README.md has {sections[0]} sections, LEIAME.md {sections[1]}"
+    words = [set(re.findall(r"`([^`\n]+)`", re.sub(r"```.*?```", "", text, flags=re.S))) for text in (here, there)]
+    for word in sorted(words[0] - words[1]):
+        yield f"LEIAME.md: does not name {word}, as README.md does"
+    for word in sorted(words[1] - words[0]):
+        yield f"README.md: does not name {word}, as LEIAME.md does"
+
+
 def main():
     failures = 0
     for rule in (every_picture_is_a_resource, every_picture_that_is_named_exists, every_dialog_is_unloaded_at_the_exit,
-                 the_last_tool_is_the_last_of_its_list, the_version_stands_once):
+                 the_last_tool_is_the_last_of_its_list, the_version_stands_once, the_two_readmes_say_the_same):
         problems = list(rule())
         failures += len(problems)
         for problem in problems:

@@ -54,6 +54,13 @@ bool FromHand(QEvent::Type type) {
     }
 }
 
+/// Whether an event asks for something that must not be promised: a close, or files from another program,
+/// which would count as moved here.
+bool MustBeRefused(QEvent::Type type) {
+    return type == QEvent::Close || type == QEvent::DragEnter || type == QEvent::DragMove ||
+           type == QEvent::Drop;
+}
+
 /// Takes what a hand does from all windows, and notices Escape.
 class HandsOff final : public QObject {
   public:
@@ -65,8 +72,8 @@ class HandsOff final : public QObject {
         if (!FromHand(event->type())) return false;
         if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
             worker_.request_stop();
-        // A short cut that is accepted here is not looked for in the menus; a close that is not is given up.
-        event->setAccepted(event->type() != QEvent::Close);
+        // A short cut that is accepted here is not looked for in the menus.
+        event->setAccepted(!MustBeRefused(event->type()));
         return true;
     }
 
