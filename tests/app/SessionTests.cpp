@@ -7,6 +7,7 @@
 #include "app/StopMessage.h"
 #include "document/Globals.h"
 #include "document/Recovery.h"
+#include "document/States.h"
 #include "files/RunIndex.h"
 #include "surface/system/Pictures.h"
 

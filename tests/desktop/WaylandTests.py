@@ -69,6 +69,7 @@ def InAWaylandSessionASecondInstanceHandsItsFileOver(desktop):
     desktop.wait_for_picture(sample())
     assert desktop.wait_for_end(start_program(desktop, desktop.pictures / "second.bmp")) == 0
     desktop.wait_for_picture(sample(100, 80, seed=77))
+    assert words_of_the_program(desktop) == ""
 
 
 @desktop_test
@@ -86,3 +87,4 @@ def WithoutAnyDisplayAWaylandCompositorShowsThePicture(desktop):
         subprocess.run(["convert", shot, "-type", "TrueColor", f"BMP3:{desktop.folder / 'shot.bmp'}"], check=True)
         return read_bmp(desktop.folder / "shot.bmp").find(sample())
     wait_for(seen, "the picture is seen on the compositor's screen")
+    assert words_of_the_program(desktop) == ""

@@ -1,4 +1,4 @@
-// Any bytes at the front door of the loader: BMP, JPEG, GIF, icon, or none of them.
+// Any bytes at the front door of the loader: BMP, JPEG, GIF, PNG, WebP, TIFF, icon, or none of them.
 #include "fuzz/Fuzz.h"
 
 #include "surface/system/Pictures.h"
