@@ -30,7 +30,6 @@ for name in ("SmsInteract", "SmsDie", "SmsSaveComplete"):
     getattr(SM, name).argtypes = [c_void_p]
 
 clients = []
-kept = []  # what the library points to
 
 
 def say(text):
@@ -88,9 +87,15 @@ def let_in(_host):
     return 1
 
 
+@CFUNCTYPE(None, c_void_p)
+def client_died(_connection):
+    """The library would end this program, too."""
+
+
 def listen():
     """The library's listeners, by the number of their file."""
     reason = ctypes.create_string_buffer(256)
+    ICE.IceSetIOErrorHandler(client_died)
     assert SM.SmsInitialize(b"test", b"1", new_client, None, let_in, 256, reason), reason.value
     count, listeners = c_int(), POINTER(c_void_p)()
     assert ICE.IceListenForConnections(byref(count), byref(listeners), 256, reason), reason.value
