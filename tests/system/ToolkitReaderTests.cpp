@@ -1,5 +1,5 @@
 // PNG, WebP and TIFF: written by the toolkit's encoders, without loss, and read back to the pixel.
-#include "surface/system/FreeMemory.h"
+#include "support/Memory.h"
 #include "surface/system/Pictures.h"
 #include "system/Sandbox.h"
 
@@ -90,11 +90,12 @@ TEST_P(ToolkitFormat, TakesNoMoreThanHalfOfTheFreeMemoryWithItsDecoder) {
     const Sandbox box;
     const std::string path = Written(box, Sample(60, 50, QImage::Format_RGB32), GetParam());
     const std::uint64_t needed = 4 * PictureBytes(60, 50);
-    FreeMemoryForTests(needed * 2);
-    EXPECT_EQ(ErrorOf([&] { LoadPicture(path); }), 0);
-    FreeMemoryForTests(needed * 2 - 2);
+    {
+        const SupposedMemory justEnough(needed * 2);
+        EXPECT_EQ(ErrorOf([&] { LoadPicture(path); }), 0);
+    }
+    const SupposedMemory tooLittle(needed * 2 - 2);
     EXPECT_EQ(ErrorOf([&] { LoadPicture(path); }), 7);
-    FreeMemoryForTests({});
 }
 
 TEST_P(ToolkitFormat, EndsWhenItIsGivenUp) {
