@@ -4,141 +4,23 @@
 // Counters: `wall` and `cpu` are the multiples of elapsed and of processor time, best against best; on a busy
 // machine only `cpu` means something. `kept` 1: freed memory is there again for the result, as in the course
 // of work with several images; 0: the system hands out fresh memory and clears it page by page.
-#include "base/Parallel.h"
-#include "document/Globals.h"
+#include "ImageBench.h"
+
 #include "imageops/Frames.h"
 #include "imageops/ImgFiltMod.h"
 #include "surface/raster/Transfer.h"
 #include "surface/system/App.h"
-#include "surface/window/Form.h"
-#include "surface/window/ProgressBar.h"
-#include "surface/window/Surface.h"
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <cstdlib>
-#include <cstring>
-#include <ctime>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace pintalux {
 namespace {
 
-constexpr int kWidth = 6000;
-constexpr int kHeight = 4000;
-
-/// A picture with soft shades, some grain and dark and bright places, in which no two tiles are shared.
-Picture Photo(int width, int height) {
-    Picture picture(width, height, 0);
-    picture.Detach(picture.Bounds());
-    std::uint32_t grain = 1;
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            grain = grain * 1664525 + 1013904223;
-            const auto channel = [&](int from, unsigned shift) {
-                return static_cast<Pixel>(from + static_cast<int>(grain >> shift & 15)) & 0xFF;
-            };
-            picture.Set(x, y,
-                        channel(x / 25, 28) | channel(y / 17, 24) << 8 | channel((x + y) / 40, 20) << 16);
-        }
-    }
-    return picture;
-}
-
-/// Holds on to one tile in each block of tile memory, so that freed blocks stay with the process.
-class KeptMemory {
-  public:
-    KeptMemory() {
-        constexpr int kTiles = 12000;
-        constexpr int kTilesOfBlock = 60;
-        Bitmap all(Bitmap::kTileWidth, Bitmap::kTileHeight * kTiles, 0);
-        all.Detach(all.Bounds());
-        for (int i = 0; i < kTiles; i += kTilesOfBlock) {
-            Bitmap tile(Bitmap::kTileWidth, Bitmap::kTileHeight * 2, 0);
-            const int top = i * Bitmap::kTileHeight;
-            tile.Copy(0, 0, all, {0, top, Bitmap::kTileWidth, top + Bitmap::kTileHeight});
-            tiles_.push_back(std::move(tile));
-        }
-    }
-
-  private:
-    std::vector<Bitmap> tiles_;
-};
-
-class PlainForm : public Form {
-  public:
-    PlainForm() : Form("bench", Kind::Window) { ScaleMode(kScalePixels); }
-
-  protected:
-    void Form_Load() override {}
-};
-
-/// The surfaces of an operation.
-struct Bench {
-    Bench() : work(form, "work"), live(form, "live"), Pb(form, "Pb") {
-        for (Surface* surface : {&work, &live}) {
-            surface->Visible(false);
-            surface->AutoSize(true);
-        }
-    }
-    PlainForm form;
-    Surface work, live;
-    ProgressBar Pb;
-    Picture photo = Photo(kWidth, kHeight);
-    Picture masked = Masked();
-    std::optional<KeptMemory> kept;
-    std::vector<char> from = std::vector<char>(std::size_t{4} * kWidth * kHeight, 1);
-    std::vector<char> to = from;
-
-    void PlainCopy() {
-        constexpr int kPart = 4096;
-        SplitOverCores(static_cast<int>(from.size() / kPart), [&](int begin, int end) {
-            const std::size_t first = static_cast<std::size_t>(begin) * kPart;
-            std::memcpy(&to[first], &from[first], static_cast<std::size_t>(end - begin) * kPart);
-        });
-    }
-
-  private:
-    /// The photo inside an ellipse, `MaskKeyColour` outside.
-    Picture Masked() const {
-        Picture picture = photo;
-        for (int y = 0; y < kHeight; ++y) {
-            for (int x = 0; x < kWidth; ++x) {
-                const double dx = (x - kWidth / 2.0) / (kWidth / 2.0);
-                const double dy = (y - kHeight / 2.0) / (kHeight / 2.0);
-                if (dx * dx + dy * dy > 1) picture.Set(x, y, MaskKeyColour);
-            }
-        }
-        return picture;
-    }
-};
-
 std::unique_ptr<Bench> theBench;
-
-double ProcessorTime() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-/// The best of several runs.
-struct Best {
-    double wall = 1e9;
-    double cpu = 1e9;
-    double Run(const std::function<void()>& work) {
-        const double cpuBefore = ProcessorTime();
-        const auto before = std::chrono::steady_clock::now();
-        work();
-        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - before;
-        wall = std::min(wall, elapsed.count());
-        cpu = std::min(cpu, ProcessorTime() - cpuBefore);
-        return elapsed.count();
-    }
-};
 
 /// Measures `routine`; both surfaces hold the picture before each run.
 void Measure(benchmark::State& state, const Picture& picture, const std::function<void(Bench&)>& routine) {
