@@ -12,10 +12,8 @@ void BrightnessFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);
     const Channels shift{level, level, level};
-    ForChannels(work, Px, loop, Mask::Honoured, Pb,
-                [&](int, int, int count, const ChannelRuns& p, ChannelRuns& computed) {
-                    ShiftRun(p, shift, count, computed);
-                });
+    ForPixelsOf(Px, work, loop, Mask::Honoured, Pb,
+                [&](int, int, int count, const Pixel* p, Pixel* out) { ShiftRun(p, shift, out, count); });
     Land(work, live, work);
 }
 

@@ -1,8 +1,9 @@
-// The one way in which the pixel routines take a colour apart.
+// The one way in which the pixel routines take a colour apart and put it together.
 #pragma once
 
 #include "surface/raster/Colour.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace pintalux {
@@ -18,14 +19,25 @@ struct Channels {
 };
 
 /// Red is colour mod 256, green round(colour / 256) mod 256, blue round(colour / 65536), both rounded half to
-/// even; in whole numbers, which a test holds against the quotients for every colour. White gives 255, 0,
-/// 256.
+/// even; in whole numbers of 16 bits, as loops over vectors want them, which a test holds against the
+/// quotients for every colour. Green wraps where 16 bits end; blue is lifted where the lower half is above
+/// 0x8000, or at 0x8000 where blue is odd. White gives 255, 0, 256.
 // Intended: a channel of 129 or more lifts the next one by one, which every formula downstream is tuned to.
 constexpr Channels SplitChannels(Pixel colour) {
-    const Pixel oddGreen = colour >> 8 & 1;
-    const Pixel oddBlue = colour >> 16 & 1;
-    return {static_cast<Channel>(colour & 255), static_cast<Channel>((colour + 127 + oddGreen) >> 8 & 255),
-            static_cast<Channel>((colour + 0x7FFF + oddBlue) >> 16)};
+    const auto lower = static_cast<std::uint16_t>(colour);
+    const auto upper = static_cast<std::uint16_t>(colour >> 16);
+    const auto oddGreen = static_cast<std::uint16_t>(lower >> 8 & 1);
+    const auto raised = static_cast<std::uint16_t>(lower + 127 + oddGreen);
+    const auto fromHalf = static_cast<std::int16_t>((lower | (upper & 1)) ^ 0x8000);
+    return {static_cast<Channel>(lower & 255), static_cast<Channel>(raised >> 8),
+            static_cast<Channel>(upper + (fromHalf > 0 ? 1 : 0))};
+}
+
+/// The pixel of channels of 0 or more, each cut to 255.
+constexpr Pixel ComposePixel(const Channels& c) {
+    constexpr Channel kFull = 255;
+    const auto lower = static_cast<std::uint16_t>(std::min(c.red, kFull) | std::min(c.green, kFull) << 8);
+    return lower | static_cast<Pixel>(std::min(c.blue, kFull)) << 16;
 }
 
 } // namespace pintalux

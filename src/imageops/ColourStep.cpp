@@ -24,10 +24,8 @@ void ColourStep(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t mode
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);
     const Channels step = StepOf(mode);
-    ForChannels(work, Px, loop, Mask::Ignored, Pb,
-                [&](int, int, int count, const ChannelRuns& p, ChannelRuns& computed) {
-                    ShiftRun(p, step, count, computed);
-                });
+    ForPixelsOf(Px, work, loop, Mask::Ignored, Pb,
+                [&](int, int, int count, const Pixel* p, Pixel* out) { ShiftRun(p, step, out, count); });
     Land(work, live, work);
 }
 

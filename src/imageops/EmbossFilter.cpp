@@ -1,8 +1,8 @@
+#include "base/VectorClones.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
 #include "imageops/PixelTable.h"
 #include "imageops/RowLoop.h"
-#include "imageops/VectorClones.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>
@@ -12,13 +12,21 @@ namespace pintalux {
 
 namespace {
 
-/// |p - q + level|, at most 220, for each channel p and its lower right neighbour q.
-PINTALUX_VECTOR_CLONES
-void EmbossChannel(const Channel* p, const Channel* q, Channel* out, int count, Channel level) {
+/// |p - q + level|, at most 220.
+inline Channel Embossed(Channel p, Channel q, Channel level) {
     constexpr Channel kMost = 220;
+    const auto raised = static_cast<Channel>(p - q + level);
+    return std::min(static_cast<Channel>(std::abs(raised)), kMost);
+}
+
+/// `behind` are the lower right neighbours.
+PINTALUX_VECTOR_CLONES
+void EmbossRun(const Pixel* pixels, const Pixel* behind, Pixel* out, int count, Channel level) {
     for (int i = 0; i < count; ++i) {
-        const auto raised = static_cast<Channel>(p[i] - q[i] + level);
-        out[i] = std::min(static_cast<Channel>(std::abs(raised)), kMost);
+        const Channels p = SplitChannels(pixels[i]);
+        const Channels q = SplitChannels(behind[i]);
+        out[i] = ComposePixel({Embossed(p.red, q.red, level), Embossed(p.green, q.green, level),
+                               Embossed(p.blue, q.blue, level)});
     }
 }
 
@@ -29,14 +37,10 @@ void EmbossFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t le
     SetProgressMax(Pb, 2 * (work.ScaleWidth() - 1));
     const PixelTable Px = ReadPixels(work);
     // Intended: beyond the right and bottom edge the neighbour is black, which frames them brightly.
-    ForChannels(work, Px, loop, Mask::Honoured, Pb,
-                [&](int x, int y, int count, const ChannelRuns& p, ChannelRuns& computed) {
-                    ChannelRuns q;
-                    Px.Split(x + 1, y + 1, count, q);
-                    EmbossChannel(p.red.data(), q.red.data(), computed.red.data(), count, level);
-                    EmbossChannel(p.green.data(), q.green.data(), computed.green.data(), count, level);
-                    EmbossChannel(p.blue.data(), q.blue.data(), computed.blue.data(), count, level);
-                });
+    ForPixelsOf(Px, work, loop, Mask::Honoured, Pb, [&](int x, int y, int count, const Pixel* p, Pixel* out) {
+        PixelTable::Room room;
+        EmbossRun(p, Px.Run(x + 1, y + 1, count, room.data()), out, count, level);
+    });
     Land(work, live, work);
 }
 

@@ -16,9 +16,9 @@ constexpr Channel GreyLevel(const Channels& Px) {
     return v;
 }
 
-/// `GreyLevel` of `count` colours, in whole numbers: 59 green + 30 red + 11 blue, in hundredths. One sum in a
-/// hundred ends on an exact half, 29.50 for green 50. There the small errors of doubles decide, and only
-/// those colours are computed with doubles.
-void GreyRun(const Channel* red, const Channel* green, const Channel* blue, Channel* out, int count);
+/// The greys of `count` pixels, at most a tile's row, in all three channels. In whole numbers: 59 green + 30
+/// red + 11 blue, in hundredths. One sum in a hundred ends on an exact half, 29.50 for green 50. There the
+/// small errors of doubles decide, and only those pixels are computed with doubles.
+void GreyRun(const Pixel* pixels, Pixel* out, int count);
 
 } // namespace pintalux

@@ -1,8 +1,8 @@
+#include "base/VectorClones.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
 #include "imageops/PixelTable.h"
 #include "imageops/RowLoop.h"
-#include "imageops/VectorClones.h"
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Surface.h"
 

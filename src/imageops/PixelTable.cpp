@@ -1,10 +1,16 @@
 #include "imageops/PixelTable.h"
 
+#include "surface/raster/StreamCopy.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>
 
 namespace pintalux {
+
+const Pixel* PixelTable::RunDown(int x, int y, int count, Pixel* room) const {
+    FetchRow(pixels_, x, y + 1, count);
+    return Run(x, y, count, room);
+}
 
 const Pixel* PixelTable::Run(int x, int y, int count, Pixel* room) const {
     if (pixels_.Holds(x, y)) {
@@ -17,11 +23,6 @@ const Pixel* PixelTable::Run(int x, int y, int count, Pixel* room) const {
         pixels_.ReadRow(there.left, y, {room + (there.left - x), static_cast<std::size_t>(there.Width())});
     }
     return room;
-}
-
-void PixelTable::Split(int x, int y, int count, ChannelRuns& out) const {
-    Room room;
-    SplitRun(Run(x, y, count, room.data()), count, out);
 }
 
 PixelTable ReadPixels(const Surface& surface) {

@@ -1,7 +1,6 @@
 // The state of a surface before the first write, which the pixel routines read.
 #pragma once
 
-#include "imageops/ChannelRuns.h"
 #include "imageops/ChannelSplit.h"
 #include "surface/raster/Bitmap.h"
 
@@ -17,7 +16,7 @@ class Surface;
 /// channels as they are needed. A table of whole channels would take three times the memory of the image.
 class PixelTable {
   public:
-    /// Room for a run of pixels: a tile's row with what a routine reads beside it.
+    /// Room for a run of pixels.
     using Room = std::array<Pixel, Bitmap::kTileWidth>;
 
     explicit PixelTable(Bitmap pixels) : pixels_(std::move(pixels)) {}
@@ -31,12 +30,12 @@ class PixelTable {
         return pixels_.Holds(x, y) ? SplitChannels(pixels_.At(x, y)) : Channels{};
     }
 
-    /// Splits `count` pixels of row y, at most a tile's row of them, from x on.
-    void Split(int x, int y, int count, ChannelRuns& out) const;
-
     /// `count` unsplit pixels of row y, from x on, 0 where no pixel is: in place if they lie side by side,
     /// else gathered in `room`, which must hold them.
     const Pixel* Run(int x, int y, int count, Pixel* room) const;
+
+    /// The same for a walk down the rows: what lies below is fetched ahead.
+    const Pixel* RunDown(int x, int y, int count, Pixel* room) const;
 
   private:
     Bitmap pixels_;

@@ -1,6 +1,7 @@
 #include "base/Arithmetic.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/RowLoop.h"
+#include "surface/raster/StreamCopy.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>
@@ -54,6 +55,7 @@ void PixelateFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t 
                 if (columns[column] < end)
                     std::fill(colours.begin() + columns[column], colours.begin() + end, PixelOf(PxColour));
             }
+            if (row + 1 < rows.size()) FetchRow(read, 0, rows[row + 1] + 1, read.Width());
             const int end = std::min(BoxEnd(rows, row, s, area.bottom), bottom);
             for (; y < end; ++y)
                 StreamRow(bits, area.left, y,

@@ -21,6 +21,11 @@ class RandomNumbers {
         return static_cast<std::uint32_t>(Mixed(state_) >> 40);
     }
 
+    /// What `NextBits` gives after `count` numbers more.
+    std::uint32_t BitsAhead(std::uint64_t count) const {
+        return static_cast<std::uint32_t>(Mixed(state_ + (count + 1) * kStep) >> 40);
+    }
+
     /// A generator that stands `count` numbers further on.
     RandomNumbers Ahead(std::uint64_t count) const { return RandomNumbers(state_ + count * kStep); }
 

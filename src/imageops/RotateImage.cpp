@@ -5,10 +5,12 @@
 #include "imageops/Landing.h"
 #include "imageops/TurnedOffset.h"
 #include "surface/raster/PixelWrite.h"
+#include "surface/raster/StreamCopy.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace pintalux {
 
@@ -43,25 +45,29 @@ void TurnByFormula(const Turn& turn, double angle) {
 
 constexpr int kSide = 32; // Of the squares that are turned at a time, so that both sides of them stay cached.
 
-/// The pixels of a square of the destination: at x, y the source's sx + sign * (y - dy0), sy - sign * (x -
-/// dx0).
+/// The pixels of a square of the destination, which lies in one tile: at x, y the source's sx + sign * (y -
+/// dy0), sy - sign * (x - dx0). What the square to the right will take is fetched ahead.
 void TurnSquare(const Turn& turn, const Box& square, int sign) {
     const int width = square.Width();
     const int height = square.Height();
-    std::array<std::array<Pixel, kSide>, kSide> columns; // One a column of the square, a row of the source.
+    const int first = turn.sx + sign * (square.top - turn.dy0);
+    const int left = sign > 0 ? first : first - (height - 1);
+    alignas(64) std::array<std::array<Pixel, kSide>, kSide> rows;
+    std::array<Pixel, kSide> column; // A row of the source.
     for (int i = 0; i < width; ++i) {
         const int fromY = turn.sy - sign * (square.left + i - turn.dx0);
-        const int first = turn.sx + sign * (square.top - turn.dy0);
-        const int left = sign > 0 ? first : first - (height - 1);
-        turn.from.ReadRow(left, fromY,
-                          {columns[static_cast<std::size_t>(i)].data(), static_cast<std::size_t>(height)});
+        const int laterY = fromY - sign * kSide;
+        if (laterY >= 0 && laterY < turn.from.Height())
+            FetchAhead(turn.from.Run(left, laterY).data(), height);
+        turn.from.ReadRow(left, fromY, {column.data(), static_cast<std::size_t>(height)});
+        for (int j = 0; j < height; ++j) {
+            rows[static_cast<std::size_t>(sign > 0 ? j : height - 1 - j)][static_cast<std::size_t>(i)] =
+                column[static_cast<std::size_t>(j)];
+        }
     }
-    std::array<Pixel, kSide> row;
     for (int j = 0; j < height; ++j) {
-        const auto at = static_cast<std::size_t>(sign > 0 ? j : height - 1 - j);
-        for (std::size_t i = 0; i < static_cast<std::size_t>(width); ++i)
-            row[i] = columns[i][at];
-        turn.to.WriteRow(square.left, square.top + j, {row.data(), static_cast<std::size_t>(width)});
+        const std::span row(rows[static_cast<std::size_t>(j)]);
+        StreamRow(turn.to, square.left, square.top + j, row.first(static_cast<std::size_t>(width)));
     }
 }
 
@@ -87,6 +93,7 @@ void TurnRightAngle(const Turn& turn, int sign) {
             for (int left = box.left / kSide * kSide; left < box.right; left += kSide)
                 TurnSquare(turn, Intersection({left, top, left + kSide, top + kSide}, box), sign);
         }
+        FinishStreaming();
     });
 }
 

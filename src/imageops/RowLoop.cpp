@@ -79,16 +79,6 @@ void ForRowsInPlace(Surface& surface, const Box& box, ProgressBar& Pb,
     Pb.Value(0);
 }
 
-void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels) {
-    while (!pixels.empty()) {
-        const auto run = bits.WritableRun(x, y);
-        const std::size_t count = std::min(run.size(), pixels.size());
-        StreamCopy(run.data(), pixels.data(), count);
-        pixels = pixels.subspan(count);
-        x += static_cast<int>(count);
-    }
-}
-
 void KeepMasked(const PixelTable& Px, int x, int y, int count, Pixel* out) {
     PixelTable::Room room;
     const Pixel* before = Px.Run(x, y, count, room.data());
@@ -104,7 +94,14 @@ void ForPixels(Surface& surface, const Box& box, ProgressBar& Pb, const MakePixe
         for (int y = top; y < bottom; ++y) {
             for (int x = box.left; x < right;) {
                 const int count = std::min(static_cast<int>(bits.Run(x, y).size()), right - x);
-                make(x, y, count, out.data());
+                // What fills no vector is made with what lies before it, as pixels one by one would cost as
+                // much as the run.
+                const int rest = count > kVectorPixels ? count % kVectorPixels : 0;
+                make(x, y, count - rest, out.data());
+                if (rest > 0) {
+                    const int last = count - kVectorPixels;
+                    make(x + last, y, kVectorPixels, out.data() + last);
+                }
                 StreamRow(bits, x, y, {out.data(), static_cast<std::size_t>(count)});
                 x += count;
             }
@@ -116,14 +113,12 @@ bool MaskIsUp() {
     return FreeSelActive;
 }
 
-void ForChannels(Surface& work, const PixelTable& Px, const Box& box, Mask mask, ProgressBar& Pb,
-                 const MakeChannels& make) {
+void ForPixelsOf(const PixelTable& Px, Surface& work, const Box& box, Mask mask, ProgressBar& Pb,
+                 const MakePixelsOf& make) {
     const bool masked = mask == Mask::Honoured && MaskIsUp();
     ForPixels(work, box, Pb, [&](int x, int y, int count, Pixel* out) {
-        ChannelRuns split, computed;
-        Px.Split(x, y, count, split);
-        make(x, y, count, split, computed);
-        ComposeRun(computed, count, out);
+        PixelTable::Room room;
+        make(x, y, count, Px.RunDown(x, y, count, room.data()), out);
         if (masked) KeepMasked(Px, x, y, count, out);
     });
 }

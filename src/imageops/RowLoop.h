@@ -4,8 +4,8 @@
 // order. The loop takes them row by row, since the pixels of a row lie side by side. It takes the rows in
 // chunks of about two million pixels. All cores work on a chunk; after it the progress bar moves.
 //
-// Four loops stand on one another: `ForRows` hands out rows, `ForPixels` runs of pixels, `ForChannels` runs
-// split into channels; `ForRowsInPlace` is `ForRows` for a routine that writes few of the pixels.
+// Three loops stand on one another: `ForRows` hands out rows, `ForPixels` runs of pixels, `ForPixelsOf` runs
+// with what a table has there; `ForRowsInPlace` is `ForRows` for a routine that writes few of the pixels.
 #pragma once
 
 #include "surface/raster/Bitmap.h"
@@ -16,9 +16,11 @@
 namespace pintalux {
 
 class PixelTable;
-struct ChannelRuns;
 class ProgressBar;
 class Surface;
+
+/// What vectors hold at most: row functions are quick where they take a multiple of it.
+inline constexpr int kVectorPixels = 32;
 
 /// The end, exclusive, of a loop whose last value is `last`, rounded half to even: 99.5 gives 101. Error 6
 /// where the end would lie beyond 32767.
@@ -42,19 +44,11 @@ void ForRows(Surface& surface, const Box& box, ProgressBar& Pb, Cores cores,
 void ForRowsInPlace(Surface& surface, const Box& box, ProgressBar& Pb,
                     const std::function<void(int top, int bottom)>& rows);
 
-/// Writes the pixels of row y from x on. They go past the caches, since nobody reads them soon.
-void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels);
-
 /// Makes `out`, the `count` pixels of row y from x on; all lie in one tile.
 using MakePixels = std::function<void(int x, int y, int count, Pixel* out)>;
 
 /// Writes every pixel of the box, which is cut to the surface, run by run.
 void ForPixels(Surface& surface, const Box& box, ProgressBar& Pb, const MakePixels& make);
-
-/// Makes the channels `computed` of `count` pixels of row y from x on. All lie in one tile. `Px` are their
-/// channels before.
-using MakeChannels =
-    std::function<void(int x, int y, int count, const ChannelRuns& Px, ChannelRuns& computed)>;
 
 /// Whether the pixels that hold `MaskKeyColour` stay as they are: while `FreeSelActive` is set. A routine
 /// reads it once, before its loop.
@@ -63,10 +57,12 @@ bool MaskIsUp();
 /// Whether a routine heeds the mask.
 enum class Mask { Honoured, Ignored };
 
-/// Writes every pixel of the box like `ForPixels`, from channels that `make` computes. `Px` is the table of
-/// the surface. A computed channel above 255 is cut to 255.
-void ForChannels(Surface& work, const PixelTable& Px, const Box& box, Mask mask, ProgressBar& Pb,
-                 const MakeChannels& make);
+/// Makes `out` from `pixels`, the `count` pixels that a table has in row y from x on; all lie in one tile.
+using MakePixelsOf = std::function<void(int x, int y, int count, const Pixel* pixels, Pixel* out)>;
+
+/// Writes every pixel of the box like `ForPixels`. `Px` is the table of the surface.
+void ForPixelsOf(const PixelTable& Px, Surface& work, const Box& box, Mask mask, ProgressBar& Pb,
+                 const MakePixelsOf& make);
 
 /// Puts back the pixels that the mask protects. `out` are the `count` new pixels of row y from x on; those
 /// whose pixel in the table is `MaskKeyColour` become that again.

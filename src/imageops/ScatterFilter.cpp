@@ -1,3 +1,4 @@
+#include "base/VectorClones.h"
 #include "document/Globals.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
@@ -5,11 +6,12 @@
 #include "imageops/PixelTable.h"
 #include "imageops/RandomNumbers.h"
 #include "imageops/RowLoop.h"
-#include "imageops/VectorClones.h"
+#include "surface/raster/StreamCopy.h"
 #include "surface/window/ProgressBar.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -35,12 +37,13 @@ inline Pixel PairedDigits(Pixel k) {
     const Pixel five = (k << 4 & 0xFFFF00) | (k & 15);
     const Pixel three = (k << 12 & 0xFF0000) | (k & 15) << 8;
     const Pixel upToTwo = k << 16;
-    Pixel paired = k;
-    paired = k < 0x100000 ? five : paired;
-    paired = k < 0x10000 ? k << 8 : paired;
-    paired = k < 0x1000 ? three : paired;
-    paired = k < 0x100 ? upToTwo : paired;
-    return paired & 0xFFFFFF;
+    // With branches the compiler could not take several pixels at a time.
+    const auto below = [k](Pixel limit, Pixel then, Pixel otherwise) {
+        const Pixel mask = 0U - static_cast<Pixel>(k < limit);
+        return (mask & then) | (~mask & otherwise);
+    };
+    return below(0x100, upToTwo, below(0x1000, three, below(0x10000, k << 8, below(0x100000, five, k)))) &
+           0xFFFFFF;
 }
 
 // Intended: only a red above 240 caps a colour, at 200 or, where green or blue is not bright, at 0; white
@@ -83,15 +86,31 @@ class FetchedRows {
     std::vector<Pixel> pixels_;
 };
 
-/// Fetches the pixels of row PxX; two random numbers each.
-void FetchRow(FetchedRows& rows, int level, int PxX, RandomNumbers& random, std::span<Pixel> out) {
+/// How far right and down each pixel of a row is fetched from: two random numbers each.
+PINTALUX_VECTOR_CLONES
+void OffsetsRun(const RandomNumbers& random, int level, std::int16_t* right, std::int16_t* down, int count) {
+    for (int i = 0; i < count; ++i) {
+        const auto before = static_cast<std::uint64_t>(2 * i);
+        right[i] = static_cast<std::int16_t>(OffsetOf(level, random.BitsAhead(before)));
+        down[i] = static_cast<std::int16_t>(OffsetOf(level, random.BitsAhead(before + 1)));
+    }
+}
+
+/// Makes the pixels of row PxX, from those that random numbers fetch.
+void ScatterRow(FetchedRows& rows, int level, int PxX, const RandomNumbers& random, std::span<Pixel> out) {
+    constexpr std::size_t kAtOnce = 256;
     std::vector<const Pixel*> below;
     for (int i = 0; i <= level; ++i)
-        below.push_back(rows.Row(PxX + i));
-    for (std::size_t i = 0; i < out.size(); ++i) {
-        const int right = OffsetOf(level, random.NextBits());
-        const int down = OffsetOf(level, random.NextBits());
-        out[i] = below[static_cast<std::size_t>(down)][i + 1 + static_cast<std::size_t>(right)];
+        below.push_back(rows.Row(PxX + i) + 1);
+    std::array<std::int16_t, kAtOnce> right, down;
+    std::array<Pixel, kAtOnce> fetched;
+    for (std::size_t first = 0; first < out.size(); first += kAtOnce) {
+        const std::size_t count = std::min(kAtOnce, out.size() - first);
+        OffsetsRun(random.Ahead(2 * first), level, right.data(), down.data(), static_cast<int>(count));
+        for (std::size_t i = 0; i < count; ++i)
+            fetched[i] =
+                below[static_cast<std::size_t>(down[i])][first + i + static_cast<std::size_t>(right[i])];
+        ScatterRun(fetched.data(), &out[first], static_cast<int>(count));
     }
 }
 
@@ -122,15 +141,14 @@ void ScatterFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t l
         const RandomNumbers start = TheRandomNumbers;
         TheRandomNumbers = start.Ahead(2 * columns * static_cast<std::size_t>(loop.Height()));
         ForRows(work, loop, Pb, masked ? Cores::One : Cores::All, [&](int top, int bottom) {
-            RandomNumbers random = start.Ahead(2 * columns * static_cast<std::size_t>(top - loop.top));
             FetchedRows rows(Px, level);
             for (int y = top; y < top + level; ++y)
                 rows.Take(y);
             std::vector<Pixel> row(columns);
             for (int PxX = top; PxX < bottom; ++PxX) {
                 rows.Take(PxX + level);
-                FetchRow(rows, level, PxX, random, row);
-                ScatterRun(row.data(), row.data(), loop.Width());
+                const auto before = 2 * columns * static_cast<std::size_t>(PxX - loop.top);
+                ScatterRow(rows, level, PxX, start.Ahead(before), row);
                 if (masked) KeepScatterMasked(bits, Px, PxX, row);
                 StreamRow(bits, loop.left, PxX, row);
             }

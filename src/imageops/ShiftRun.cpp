@@ -1,7 +1,7 @@
 #include "imageops/ShiftRun.h"
 
+#include "base/VectorClones.h"
 #include "imageops/NearWhiteRule.h"
-#include "imageops/VectorClones.h"
 
 #include <cstdlib>
 
@@ -18,15 +18,13 @@ constexpr Channel Reflected(Channel channel, Channel shift) {
 } // namespace
 
 PINTALUX_VECTOR_CLONES
-void ShiftRun(const ChannelRuns& Px, const Channels& shift, int count, ChannelRuns& computed) {
+void ShiftRun(const Pixel* pixels, const Channels& shift, Pixel* out, int count) {
     const auto [red, green, blue] = shift;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        const Channels p{Px.red[i], Px.green[i], Px.blue[i]};
+    for (int i = 0; i < count; ++i) {
+        const Channels p = SplitChannels(pixels[i]);
         Channels c{Reflected(p.red, red), Reflected(p.green, green), Reflected(p.blue, blue)};
         ApplyNearWhiteRule(p, c);
-        computed.red[i] = c.red;
-        computed.green[i] = c.green;
-        computed.blue[i] = c.blue;
+        out[i] = ComposePixel(c);
     }
 }
 

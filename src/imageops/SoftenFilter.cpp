@@ -1,9 +1,10 @@
-#include "imageops/ChannelRuns.h"
+#include "base/VectorClones.h"
+#include "imageops/ChannelSplit.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
 #include "imageops/PixelTable.h"
 #include "imageops/RowLoop.h"
-#include "imageops/VectorClones.h"
+#include "surface/raster/StreamCopy.h"
 #include "surface/window/Surface.h"
 
 #include <algorithm>
@@ -34,11 +35,30 @@ void AddRows(const Channel* upper, const Channel* middle, const Channel* lower, 
         out[i] = static_cast<Channel>(upper[i] + middle[i] + lower[i]);
 }
 
-/// `sums` are those of three rows, from d columns left of the first pixel on.
+/// `SplitChannels` for `count` pixels, each channel side by side.
 PINTALUX_VECTOR_CLONES
-void SoftenChannel(const Channel* sums, Channel* out, int count, int d) {
+void SplitRun(const Pixel* pixels, Channel* red, Channel* green, Channel* blue, int count) {
+    for (int i = 0; i < count; ++i) {
+        const Channels c = SplitChannels(pixels[i]);
+        red[i] = c.red;
+        green[i] = c.green;
+        blue[i] = c.blue;
+    }
+}
+
+/// The sums of a channel over three rows, from d columns left of the first pixel on; `d` is the stride.
+inline Channel Softened(const Channel* sums, int i, int d) {
+    return Tenth(static_cast<Channel>(sums[i] + sums[i + d] + sums[i + 2 * d]));
+}
+
+PINTALUX_VECTOR_CLONES
+void SoftenRun(const Channel* red, const Channel* green, const Channel* blue, Pixel* out, int count, int d) {
     for (int i = 0; i < count; ++i)
-        out[i] = Tenth(static_cast<Channel>(sums[i] + sums[i + d] + sums[i + 2 * d]));
+        out[i] = ComposePixel({Softened(red, i, d), Softened(green, i, d), Softened(blue, i, d)});
+}
+
+constexpr int WholeVectors(int count) {
+    return (count + kVectorPixels - 1) / kVectorPixels * kVectorPixels;
 }
 
 /// Near the left edge, where the stride is the column itself.
@@ -61,8 +81,8 @@ Channels SoftenedPixel(const PixelTable& Px, int x, int y, int d) {
 class Strip {
   public:
     Strip(const PixelTable& Px, int level)
-        : Px_(Px), level_(level), width_(Bitmap::kTileWidth + 2 * level), rows_(2 * level + 1),
-          pixels_(static_cast<std::size_t>(width_)),
+        : Px_(Px), level_(level), width_(WholeVectors(Bitmap::kTileWidth + 2 * level) + kVectorPixels),
+          rows_(2 * level + 1), pixels_(static_cast<std::size_t>(width_)),
           planes_(static_cast<std::size_t>(3 * width_ * (rows_ + 1))) {}
 
     /// Begins at columns x to x + count - 1, row y.
@@ -73,30 +93,24 @@ class Strip {
             Split(row);
     }
 
-    /// Row y of the strip from x on; the rows come one after the other.
-    void Soften(int x, int y, int count, ChannelRuns& out) {
+    /// Row y of the strip from x on; the rows come one after the other. `out` has room for whole vectors.
+    void Soften(int x, int y, int count, Pixel* out) {
         Split(y + level_);
         const int d = std::min(level_, y);
-        SoftenChannel(Sums(y, d, 0), out.red.data(), count, d);
-        SoftenChannel(Sums(y, d, 1), out.green.data(), count, d);
-        SoftenChannel(Sums(y, d, 2), out.blue.data(), count, d);
-        for (int column = x; column < std::min(d, x + count); ++column) {
-            const auto at = static_cast<std::size_t>(column - x);
-            const Channels c = SoftenedPixel(Px_, column, y, column);
-            out.red[at] = c.red;
-            out.green[at] = c.green;
-            out.blue[at] = c.blue;
-        }
+        SoftenRun(Sums(y, d, 0), Sums(y, d, 1), Sums(y, d, 2), out, WholeVectors(count), d);
+        for (int column = x; column < std::min(d, x + count); ++column)
+            out[column - x] = ComposePixel(SoftenedPixel(Px_, column, y, column));
     }
 
   private:
     void Split(int y) {
-        SplitRun(Px_.Run(left_, y, count_, pixels_.data()), count_, Plane(y, 0), Plane(y, 1), Plane(y, 2));
+        SplitRun(Px_.RunDown(left_, y, count_, pixels_.data()), Plane(y, 0), Plane(y, 1), Plane(y, 2),
+                 count_);
     }
     /// The sums of rows y - d, y and y + d, from d columns left of the strip's first pixel on.
     const Channel* Sums(int y, int d, int channel) {
         Channel* const sums = At(rows_, channel);
-        AddRows(Plane(y - d, channel), Plane(y, channel), Plane(y + d, channel), sums, count_);
+        AddRows(Plane(y - d, channel), Plane(y, channel), Plane(y + d, channel), sums, WholeVectors(count_));
         return sums + (level_ - d);
     }
     Channel* Plane(int y, int channel) { return At((y + rows_) % rows_, channel); }
@@ -124,14 +138,12 @@ void SoftenFilter(Surface& work, Surface& live, ProgressBar& Pb, std::int16_t le
     Bitmap& bits = work.hDC().Bits();
     ForRows(work, loop, Pb, Cores::All, [&](int top, int bottom) {
         Strip strip(Px, level);
-        ChannelRuns computed;
         alignas(64) PixelTable::Room out;
         for (int x = loop.left; x < loop.right;) {
             const int count = std::min(static_cast<int>(bits.Run(x, top).size()), loop.right - x);
             strip.Begin(x, top, count);
             for (int y = top; y < bottom; ++y) {
-                strip.Soften(x, y, count, computed);
-                ComposeRun(computed, count, out.data());
+                strip.Soften(x, y, count, out.data());
                 if (masked) KeepMasked(Px, x, y, count, out.data());
                 StreamRow(bits, x, y, {out.data(), static_cast<std::size_t>(count)});
             }

@@ -1,8 +1,9 @@
 // Colours taken apart: whole numbers against the quotients that they stand for, and what repairs bright
 // pixels.
-#include "imageops/ChannelRuns.h"
 #include "imageops/GreyLevel.h"
 #include "imageops/NearWhiteRule.h"
+#include "imageops/ShiftRun.h"
+#include "surface/raster/Bitmap.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,21 +28,28 @@ Channels SplitByQuotients(Pixel colour) {
             static_cast<Channel>(blue)};
 }
 
-/// Compares every `step`-th colour, in runs whose length changes, so that whole vectors and rests are met.
+/// Compares every `step`-th colour.
 void ExpectSplitsAgree(Pixel step) {
-    std::vector<Pixel> pixels;
-    ChannelRuns runs;
+    std::int64_t wrong = 0;
+    for (Pixel colour = 0; colour < kColours; colour += step)
+        wrong += SplitChannels(colour) != SplitByQuotients(colour);
+    EXPECT_EQ(wrong, 0);
+}
+
+/// Compares what `run` makes of every `step`-th colour with `one`, in runs whose length changes, so that
+/// whole vectors and rests are met.
+template <class Run, class One>
+void ExpectRunsAgree(Pixel step, Run run, One one) {
+    std::vector<Pixel> pixels, out;
     std::size_t length = 1;
     std::int64_t wrong = 0;
     for (Pixel colour = 0; colour < kColours; colour += step) {
         pixels.push_back(colour);
         if (pixels.size() < length && colour + step < kColours) continue;
-        SplitRun(pixels.data(), static_cast<int>(pixels.size()), runs);
-        for (std::size_t i = 0; i < pixels.size(); ++i) {
-            const Channels expected = SplitByQuotients(pixels[i]);
-            wrong += SplitChannels(pixels[i]) != expected;
-            wrong += Channels{runs.red[i], runs.green[i], runs.blue[i]} != expected;
-        }
+        out.assign(pixels.size(), 0xFFFFFFFF);
+        run(pixels.data(), out.data(), static_cast<int>(pixels.size()));
+        for (std::size_t i = 0; i < pixels.size(); ++i)
+            wrong += out[i] != one(pixels[i]);
         pixels.clear();
         length = length % Bitmap::kTileWidth + 1;
     }
@@ -118,21 +126,10 @@ TEST(SplitChannels, DISABLED_EqualsTheQuotientsOfEveryColour) {
     ExpectSplitsAgree(1);
 }
 
-TEST(ComposeRun, CutsAt255) {
-    ChannelRuns runs;
-    for (std::size_t i = 0; i < runs.red.size(); ++i) {
-        runs.red[i] = static_cast<Channel>(i * 2);
-        runs.green[i] = static_cast<Channel>(300 - i);
-        runs.blue[i] = static_cast<Channel>(i + 100);
-    }
-    std::vector<Pixel> pixels(runs.red.size());
-    ComposeRun(runs, static_cast<int>(pixels.size()), pixels.data());
-    for (std::size_t i = 0; i < pixels.size(); ++i) {
-        const auto cut = [](std::size_t channel) {
-            return static_cast<Pixel>(std::min<std::size_t>(channel, 255));
-        };
-        EXPECT_EQ(pixels[i], cut(i * 2) | cut(300 - i) << 8 | cut(i + 100) << 16) << i;
-    }
+TEST(ComposePixel, CutsAt255) {
+    EXPECT_EQ(ComposePixel({0x12, 0x34, 0x56}), 0x563412U);
+    EXPECT_EQ(ComposePixel({255, 256, 0}), 0x00FFFFU);
+    EXPECT_EQ(ComposePixel({511, 0, 32767}), 0xFF00FFU);
 }
 
 TEST(NearWhiteRule, WhiteStaysWhiteWhateverWasComputed) {
@@ -171,33 +168,35 @@ TEST(GreyLevel, DISABLED_RoundsLikeTheSumOfDoublesForEveryColour) {
     ExpectGreysAgree(1);
 }
 
-/// The whole numbers with their doubtful halves against the doubles, for every colour apart from `step` - 1
-/// of `step` greens.
-void ExpectRunsAgree(int step) {
-    std::vector<Channel> red(257), green(257), blue(257), out(257);
-    int wrong = 0;
-    for (int r = 0; r <= 255; ++r) {
-        for (int g = 0; g <= 255; g += step) {
-            for (std::size_t b = 0; b <= 256; ++b) {
-                red[b] = static_cast<Channel>(r);
-                green[b] = static_cast<Channel>(g);
-                blue[b] = static_cast<Channel>(b);
-            }
-            GreyRun(red.data(), green.data(), blue.data(), out.data(), 257);
-            for (std::size_t b = 0; b <= 256; ++b)
-                wrong +=
-                    std::min<int>(out[b], 255) != std::min<int>(GreyLevel({red[b], green[b], blue[b]}), 255);
-        }
-    }
-    EXPECT_EQ(wrong, 0);
+void ExpectGreyRunsAgree(Pixel step) {
+    ExpectRunsAgree(step, GreyRun, [](Pixel colour) {
+        return static_cast<Pixel>(GreyLevel(SplitChannels(colour))) * 0x010101;
+    });
 }
 
 TEST(GreyRun, EqualsTheLevelsOneByOne) {
-    ExpectRunsAgree(3);
+    ExpectGreyRunsAgree(13);
 }
 
 TEST(GreyRun, DISABLED_EqualsTheLevelsOfEveryColour) {
-    ExpectRunsAgree(1);
+    ExpectGreyRunsAgree(1);
+}
+
+TEST(ShiftRun, EqualsReflectionRuleAndCutOneByOne) {
+    for (const Channels& shift : {Channels{20, 0, 0}, Channels{0, -20, 0}, Channels{-100, -100, -100}}) {
+        ExpectRunsAgree(
+            97, [&](const Pixel* pixels, Pixel* out, int count) { ShiftRun(pixels, shift, out, count); },
+            [&](Pixel colour) {
+                const Channels p = SplitByQuotients(colour);
+                const auto shifted = [](Channel channel, Channel by) {
+                    return static_cast<Channel>(channel + by < 0 ? -channel - by : channel + by);
+                };
+                const Channels c = AfterSixSteps(p, {shifted(p.red, shift.red), shifted(p.green, shift.green),
+                                                     shifted(p.blue, shift.blue)});
+                return static_cast<Pixel>(std::min<int>(c.red, 255) | std::min<int>(c.green, 255) << 8 |
+                                          std::min<int>(c.blue, 255) << 16);
+            });
+    }
 }
 
 } // namespace

@@ -199,6 +199,32 @@ TEST(StretchBlt, HugeEnlargementCostsOnlyWhatIsInside) {
     EXPECT_EQ(target.bits.At(3, 0), NamedPixel('g'));
 }
 
+// A width and places at which runs end inside a cache line, so large that pixels are streamed.
+TEST(StretchBlt, FlipsOfALargePictureTakeTheOppositePixels) {
+    constexpr int kWidth = 701;
+    constexpr int kHeight = 403;
+    const Bitmap source = RandomPicture(kWidth, kHeight, 12);
+    for (const auto& [across, down] : {std::pair{true, false}, {false, true}, {true, true}, {false, false}}) {
+        for (const int at : {0, 5, -300}) {
+            SCOPED_TRACE(testing::Message() << across << down << " at " << at);
+            Target target(Bitmap(kWidth, kHeight, 0x112233));
+            StretchBits(target.hdc, {at, at, kWidth, kHeight}, source,
+                        {across ? kWidth : 0, down ? kHeight : 0, across ? -kWidth : kWidth,
+                         down ? -kHeight : kHeight},
+                        NOTSRCCOPY);
+            Bitmap expected(kWidth, kHeight, 0x112233);
+            for (int y = 0; y < kHeight; ++y) {
+                for (int x = 0; x < kWidth; ++x) {
+                    const int fromX = across ? kWidth - 1 - (x - at) : x - at;
+                    const int fromY = down ? kHeight - 1 - (y - at) : y - at;
+                    if (source.Holds(fromX, fromY)) expected.Set(x, y, source.At(fromX, fromY) ^ 0xFFFFFF);
+                }
+            }
+            EXPECT_TRUE(ExpectSamePixels(target.bits, expected));
+        }
+    }
+}
+
 TEST(BitBlt, AlignedCopySharesTheTiles) {
     Bitmap from = RandomPicture(600, 100, 4);
     DrawAttributes attributes;
@@ -229,6 +255,29 @@ TEST(TransparentBlt, MatchesTheSlowTwin) {
         Bitmap expected(290, 45, 0x112233);
         SlowStretch(expected, place, source, fromPlace, 0, Pixel{2});
         ASSERT_TRUE(ExpectSamePixels(target.bits, expected)) << i;
+    }
+}
+
+// Tiles inside the ellipse, outside it and on its edge; so large that pixels are streamed.
+TEST(TransparentBlt, AMovedPieceCoversWhatItHoldsAndNothingElse) {
+    constexpr Pixel kKey = 0x8894A0;
+    Bitmap piece = RandomPicture(700, 400, 10);
+    for (int y = 0; y < 400; ++y)
+        for (int x = 0; x < 700; ++x)
+            if ((x - 350) * (x - 350) + (y - 200) * (y - 200) * 3 > 350 * 350) piece.Set(x, y, kKey);
+    const Bitmap below = RandomPicture(700, 400, 11);
+    DrawAttributes attributes;
+    for (const auto& [dx, dy] : {std::pair{0, 0}, {21, 21}, {-37, 5}, {256, 32}, {-256, -64}, {16, -400}}) {
+        SCOPED_TRACE(testing::Message() << dx << ", " << dy);
+        Target target(below);
+        TransparentBlt(target.hdc, {dx, dy, 700, 400}, DeviceContext(piece, attributes), {0, 0, 700, 400},
+                       kKey);
+        Bitmap expected = below;
+        for (int y = 0; y < 400; ++y)
+            for (int x = 0; x < 700; ++x)
+                if (piece.Holds(x - dx, y - dy) && piece.At(x - dx, y - dy) != kKey)
+                    expected.Set(x, y, piece.At(x - dx, y - dy));
+        EXPECT_TRUE(ExpectSamePixels(target.bits, expected));
     }
 }
 

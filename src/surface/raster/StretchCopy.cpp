@@ -11,7 +11,6 @@ namespace pintalux {
 
 namespace {
 
-constexpr int kCacheLinePixels = 16;
 constexpr int kRowsAhead = 2;
 
 /// The columns of a map that lie in one tile of the destination, cut where their sources change the tile.
@@ -62,15 +61,12 @@ class StretchCopier {
     int SourceRow(int y) const { return rows_.source[static_cast<std::size_t>(y - rows_.first)]; }
     int InTile(int i) const { return inTile_[static_cast<std::size_t>(i)]; }
 
-    /// Gathers a row of a tile. Row `laterY`, which follows soon, is asked for here: the rows of a tile are
-    /// too short for the processor to see a pattern in them. (The compiler would drop a function that does
-    /// nothing else.)
+    /// Gathers a row of a tile. Row `laterY` follows soon.
     void Pick(const DestinationTile& tile, int sourceY, int laterY, Pixel* out) const {
         for (const TileColumns& part : tile.parts) {
             const Pixel* later = from_.Run(part.tile, laterY).data();
             const auto [first, last] = std::minmax({InTile(part.begin), InTile(part.end - 1)});
-            for (int column = first; column <= last; column += kCacheLinePixels)
-                __builtin_prefetch(later + column);
+            FetchAhead(later + first, last - first + 1);
             const Pixel* pixels = from_.Run(part.tile, sourceY).data();
             const std::uint8_t* places = inTile_.data() + part.begin;
             const int count = part.end - part.begin;

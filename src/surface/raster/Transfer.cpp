@@ -2,12 +2,14 @@
 
 #include "base/Parallel.h"
 #include "base/RuntimeError.h"
+#include "base/VectorClones.h"
 #include "surface/raster/StreamCopy.h"
 #include "surface/raster/StretchCopy.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <vector>
 
 namespace pintalux {
 
@@ -47,28 +49,14 @@ bool SameDirection(const Extent& a, const Extent& b) {
 
 using RunPixels = std::array<Pixel, Bitmap::kTileWidth>;
 
-/// The source pixels of `count` destination cells, the first of which is column `i` of the map; the columns
-/// go up or down one by one.
-void GatherRun(const Bitmap& from, const StretchMap& map, int i, int sourceY, int count, Pixel inversion,
-               Pixel* out) {
-    const bool mirrored = map.columns.source.front() > map.columns.source.back();
-    for (int done = 0; done < count;) {
-        const int column = map.columns.source[static_cast<std::size_t>(i) + static_cast<std::size_t>(done)];
-        if (mirrored) {
-            const int first = std::max(column - column % Bitmap::kTileWidth, column - (count - done - 1));
-            const Pixel* pixels = from.Run(first, sourceY).data();
-            const int size = column - first + 1;
-            for (int at = 0; at < size; ++at)
-                out[done + at] = pixels[size - 1 - at] ^ inversion;
-            done += size;
-        } else {
-            const auto run = from.Run(column, sourceY);
-            const int size = std::min(static_cast<int>(run.size()), count - done);
-            for (int at = 0; at < size; ++at)
-                out[done + at] = run[static_cast<std::size_t>(at)] ^ inversion;
-            done += size;
-        }
-    }
+/// The `count` pixels of row y from x on, which lie inside: in place if they lie side by side, else gathered
+/// in `room`. What lies below follows soon.
+const Pixel* PixelsDown(const Bitmap& from, int x, int y, int count, RunPixels& room) {
+    FetchRow(from, x, y + 1, count);
+    const auto run = from.Run(x, y);
+    if (static_cast<int>(run.size()) >= count) return run.data();
+    from.ReadRow(x, y, {room.data(), static_cast<std::size_t>(count)});
+    return room.data();
 }
 
 /// A copy without stretching that mirrors or inverts: over the cores, run by run. It goes down and right
@@ -81,7 +69,7 @@ void CopyEqualSize(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel 
     const int lastTile = (area.right - 1) / Bitmap::kTileWidth;
     to.Overwrite(area);
     SplitOverCores(area.Height(), [&](int begin, int end) {
-        alignas(64) RunPixels pixels;
+        alignas(64) RunPixels room;
         for (int step = begin; step < end; ++step) {
             const int i = upward ? begin + end - 1 - step : step;
             const int sourceY = map.rows.source[static_cast<std::size_t>(i)];
@@ -89,9 +77,11 @@ void CopyEqualSize(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel 
                 const int left = (leftward ? firstTile + lastTile - tile : tile) * Bitmap::kTileWidth;
                 const int x = std::max(left, area.left);
                 const int count = std::min(left + Bitmap::kTileWidth, area.right) - x;
-                GatherRun(from, map, x - area.left, sourceY, count, inversion, pixels.data());
-                StreamCopy(to.WritableRun(x, area.top + i).data(), pixels.data(),
-                           static_cast<std::size_t>(count));
+                const int column = map.columns.source[static_cast<std::size_t>(x - area.left)];
+                const int first = leftward ? column - count + 1 : column;
+                (leftward ? StreamMirrored : StreamCopy)(to.WritableRun(x, area.top + i).data(),
+                                                         PixelsDown(from, first, sourceY, count, room),
+                                                         static_cast<std::size_t>(count), inversion);
             }
         }
         FinishStreaming();
@@ -133,70 +123,97 @@ void WriteUnlessKey(Bitmap& to, int x, int y, std::span<const Pixel> row, Pixel 
     }
 }
 
-/// Whether a box holds pixels of the key, and others.
-struct KeyFound {
-    bool key;
-    bool other;
+PINTALUX_VECTOR_CLONES
+int CountKeys(const Pixel* pixels, int count, Pixel key) {
+    std::uint32_t keys = 0;
+    for (int i = 0; i < count; ++i)
+        keys += pixels[i] == key ? 1U : 0U;
+    return static_cast<int>(keys);
+}
+
+/// What lies below shows through the key.
+PINTALUX_VECTOR_CLONES
+void LayOver(const Pixel* below, const Pixel* pixels, Pixel* out, int count, Pixel key) {
+    for (int i = 0; i < count; ++i) {
+        const Pixel under = below[i];
+        out[i] = pixels[i] == key ? under : pixels[i];
+    }
+}
+
+/// A transparent copy without stretching, over the cores. Each band of the destination is copied row by row,
+/// after a look at its tiles: what the key lets be shared as a whole, or not touched at all, is left out.
+class KeyCopier {
+  public:
+    KeyCopier(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel key)
+        : to_(to), before_(to), from_(from), area_(map.Place()), key_(key),
+          shiftX_(area_.left - map.columns.source.front()), shiftY_(area_.top - map.rows.source.front()) {}
+
+    void Run() {
+        const int firstBand = area_.top / Bitmap::kTileHeight;
+        to_.DetachTable();
+        SplitOverCores((area_.bottom - 1) / Bitmap::kTileHeight + 1 - firstBand, [&](int begin, int end) {
+            for (int band = firstBand + begin; band < firstBand + end; ++band)
+                CopyBand(band * Bitmap::kTileHeight);
+            FinishStreaming();
+        });
+    }
+
+  private:
+    void CopyBand(int top) {
+        std::vector<Box> boxes;
+        for (int left = area_.left / Bitmap::kTileWidth * Bitmap::kTileWidth; left < area_.right;
+             left += Bitmap::kTileWidth) {
+            const Box tile{left, top, left + Bitmap::kTileWidth, top + Bitmap::kTileHeight};
+            const Box box = Intersection(tile, area_);
+            if (IsSettled(box)) continue;
+            to_.Overwrite(box);
+            boxes.push_back(box);
+        }
+        alignas(64) RunPixels room, mixed;
+        for (int y = std::max(top, area_.top); y < std::min(top + Bitmap::kTileHeight, area_.bottom); ++y) {
+            for (const Box& box : boxes)
+                CopyRun(box.left, y, box.Width(), room, mixed);
+        }
+    }
+
+    /// Looks through a tile whose first row holds nothing but the key, or that may be shared.
+    bool IsSettled(const Box& box) {
+        const Box source{box.left - shiftX_, box.top - shiftY_, box.right - shiftX_, box.bottom - shiftY_};
+        const bool aligned = shiftX_ % Bitmap::kTileWidth == 0 && shiftY_ % Bitmap::kTileHeight == 0;
+        const Box firstRow{source.left, source.top, source.right, source.top + 1};
+        if (!aligned && Keys(firstRow) < box.Width()) return false;
+        const int keys = Keys(source);
+        if (keys == box.Width() * box.Height()) return true;
+        if (!aligned || keys > 0) return false;
+        to_.Copy(box.left, box.top, from_, source);
+        return true;
+    }
+
+    void CopyRun(int x, int y, int count, RunPixels& room, RunPixels& mixed) {
+        const Pixel* pixels = PixelsDown(from_, x - shiftX_, y - shiftY_, count, room);
+        if (CountKeys(pixels, count, key_) > 0) {
+            LayOver(before_.Run(x, y).data(), pixels, mixed.data(), count, key_);
+            pixels = mixed.data();
+        }
+        StreamRow(to_, x, y, {pixels, static_cast<std::size_t>(count)});
+    }
+
+    int Keys(const Box& box) const {
+        RunPixels room;
+        int keys = 0;
+        for (int y = box.top; y < box.bottom; ++y)
+            keys += CountKeys(PixelsDown(from_, box.left, y, box.Width(), room), box.Width(), key_);
+        return keys;
+    }
+
+    Bitmap& to_;
+    const Bitmap before_;
+    const Bitmap& from_;
+    Box area_;
+    Pixel key_;
+    int shiftX_;
+    int shiftY_;
 };
-KeyFound LookForKey(const Bitmap& bits, const Box& box, Pixel key) {
-    Pixel keys = 0;
-    Pixel others = 0;
-    for (int y = box.top; y < box.bottom; ++y) {
-        for (int x = box.left; x < box.right;) {
-            const auto run = bits.Run(x, y);
-            const auto part = run.first(std::min(run.size(), static_cast<std::size_t>(box.right - x)));
-            for (const Pixel pixel : part) {
-                keys |= pixel == key ? 1U : 0U;
-                others |= pixel == key ? 0U : 1U;
-            }
-            x += static_cast<int>(part.size());
-        }
-    }
-    return {keys != 0, others != 0};
-}
-
-/// The part of a transparent copy without stretching that lies in one tile of the destination. Where the
-/// source holds no key it is a plain copy, which shares tiles or need not read what it covers.
-void CopyTileUnlessKey(Bitmap& to, const Box& box, const Bitmap& from, int shiftX, int shiftY, Pixel key) {
-    const Box source{box.left - shiftX, box.top - shiftY, box.right - shiftX, box.bottom - shiftY};
-    const KeyFound found = LookForKey(from, source, key);
-    if (!found.other) return;
-    if (!found.key && shiftX % Bitmap::kTileWidth == 0 && shiftY % Bitmap::kTileHeight == 0) {
-        return to.Copy(box.left, box.top, from, source);
-    }
-    if (!found.key) to.Overwrite(box);
-    alignas(64) RunPixels row;
-    const std::span<Pixel> pixels(row.data(), static_cast<std::size_t>(box.Width()));
-    for (int y = box.top; y < box.bottom; ++y) {
-        from.ReadRow(source.left, y - shiftY, pixels);
-        if (found.key) {
-            WriteUnlessKey(to, box.left, y, pixels, key);
-        } else {
-            StreamCopy(to.WritableRun(box.left, y).data(), row.data(), pixels.size());
-        }
-    }
-    FinishStreaming();
-}
-
-/// A transparent copy without stretching, a band of the destination at a time, over the cores.
-void CopyUnlessKey(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel key) {
-    const Box area = map.Place();
-    const int shiftX = area.left - map.columns.source.front();
-    const int shiftY = area.top - map.rows.source.front();
-    const int firstBand = area.top / Bitmap::kTileHeight;
-    const int bands = (area.bottom - 1) / Bitmap::kTileHeight + 1 - firstBand;
-    to.DetachTable();
-    SplitOverCores(bands, [&](int begin, int end) {
-        for (int band = firstBand + begin; band < firstBand + end; ++band) {
-            for (int left = 0; left < area.right; left += Bitmap::kTileWidth) {
-                const int top = band * Bitmap::kTileHeight;
-                const Box tile{left, top, left + Bitmap::kTileWidth, top + Bitmap::kTileHeight};
-                const Box box = Intersection(tile, area);
-                if (!box.Empty()) CopyTileUnlessKey(to, box, from, shiftX, shiftY, key);
-            }
-        }
-    });
-}
 
 } // namespace
 
@@ -222,7 +239,7 @@ void TransparentBlt(DeviceContext& to, const Extent& place, const DeviceContext&
     if (map.Empty()) return;
     const Pixel keyPixel = static_cast<Pixel>(key) & 0xFFFFFF;
     if (EqualSize(place, fromPlace) && SameDirection(place, fromPlace)) {
-        CopyUnlessKey(to.Bits(), map, from, keyPixel);
+        KeyCopier(to.Bits(), map, from, keyPixel).Run();
     } else {
         ForStretchedRows(from, map, [&](int y, auto row) {
             WriteUnlessKey(to.Bits(), map.columns.first, y, row, keyPixel);
