@@ -25,17 +25,23 @@ struct Head {
     }
 };
 
-/// The whole file of a picture, pixel by pixel.
+/// A row as it stands in a file, pixel by pixel.
+std::string PlainRow(const Picture& picture, int y) {
+    std::string row;
+    for (int x = 0; x < picture.Width(); ++x) {
+        const Pixel pixel = picture.At(x, y);
+        row += LittleEndian(pixel >> 16, 1) + LittleEndian(pixel >> 8, 1) + LittleEndian(pixel, 1);
+    }
+    while (row.size() % 4 != 0)
+        row += '\0';
+    return row;
+}
+
+/// The whole file of a picture.
 std::string PlainBmp(const Picture& picture) {
     std::string rows;
-    for (int y = picture.Height() - 1; y >= 0; --y) {
-        for (int x = 0; x < picture.Width(); ++x) {
-            const Pixel pixel = picture.At(x, y);
-            rows += LittleEndian(pixel >> 16, 1) + LittleEndian(pixel >> 8, 1) + LittleEndian(pixel, 1);
-        }
-        while (rows.size() % 4 != 0)
-            rows += '\0';
-    }
+    for (int y = picture.Height() - 1; y >= 0; --y)
+        rows += PlainRow(picture, y);
     const auto length = static_cast<std::int64_t>(rows.size());
     return "BM" + LittleEndian(54 + length, 4) + LittleEndian(0, 4) + LittleEndian(54, 4) +
            LittleEndian(40, 4) + LittleEndian(picture.Width(), 4) + LittleEndian(picture.Height(), 4) +
@@ -140,6 +146,16 @@ TEST(LoadBmp, RowsFromTheTopDown) {
     ASSERT_EQ(picture.Bounds(), (Box{0, 0, 1, 2}));
     EXPECT_EQ(picture.At(0, 0), 0x010203U);
     EXPECT_EQ(picture.At(0, 1), 0x040506U);
+}
+
+TEST(LoadBmp, AFileLargerThanTheBufferFromTheTopDown) {
+    const Sandbox box;
+    const Picture picture = Pattern(1001, 701);
+    std::string bytes = Head{.width = 1001, .height = -701}.Bytes();
+    for (int y = 0; y < picture.Height(); ++y)
+        bytes += PlainRow(picture, y);
+    PutBytes(box / "a.bmp", bytes);
+    EXPECT_TRUE(LoadPicture(box / "a.bmp") == picture);
 }
 
 TEST(LoadBmp, RowsMayBeginLater) {

@@ -1,21 +1,17 @@
 #include "surface/system/BmpWriter.h"
 
 #include "base/RuntimeError.h"
+#include "surface/system/BmpPixels.h"
 #include "surface/system/Pictures.h"
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdlib>
-#include <cstring>
 #include <vector>
 
 namespace pintalux {
 
 namespace {
-
-static_assert(std::endian::native == std::endian::little,
-              "pixels are packed by whole words, lowest byte first");
 
 constexpr std::uint32_t kHeaderLength = kBmpHeaderLength;
 constexpr std::size_t kBufferLength = std::size_t{1} << 20;
@@ -33,18 +29,6 @@ class HeaderBytes {
     std::size_t used_ = 0;
 };
 
-/// Blue, green and red of each pixel. A word a pixel is four times as fast as bytes; each overwrites the byte
-/// that the one before wrote too much, and the last pixel writes its own bytes only.
-void PackPixels(std::span<const Pixel> pixels, std::byte* out) {
-    for (const Pixel pixel : pixels.first(pixels.size() - 1)) {
-        const std::uint32_t bytes = __builtin_bswap32(pixel) >> 8;
-        std::memcpy(out, &bytes, sizeof bytes);
-        out += 3;
-    }
-    const std::uint32_t bytes = __builtin_bswap32(pixels.back()) >> 8;
-    std::memcpy(out, &bytes, 3);
-}
-
 /// The rows from `bottom` - 1 up to `top`, as they stand in the file. The bytes that fill up a row stay as
 /// they are. Walks down each column of tiles, with the picture's memory: the other way takes three times as
 /// long.
@@ -53,7 +37,9 @@ void PackRows(const Picture& picture, int top, int bottom, std::byte* out) {
     for (int x = 0; x < picture.Width(); x += Bitmap::kTileWidth) {
         for (int y = top; y < bottom; ++y) {
             const auto row = static_cast<std::size_t>(bottom - 1 - y);
-            PackPixels(picture.Run(x, y), out + row * rowLength + static_cast<std::size_t>(x) * 3);
+            const auto run = picture.Run(x, y);
+            PackTriples(run.data(), out + row * rowLength + static_cast<std::size_t>(x) * 3,
+                        static_cast<int>(run.size()));
         }
     }
 }
