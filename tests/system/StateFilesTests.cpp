@@ -1,5 +1,6 @@
 #include "surface/system/StateFiles.h"
 
+#include "support/Memory.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/TempNames.h"
 #include "system/Gates.h"
@@ -53,6 +54,82 @@ TEST(StateFiles, WrittenStateLeavesTheMemory) {
     const Picture loaded = states.LoadState(path);
     EXPECT_TRUE(loaded == picture);
     EXPECT_FALSE(SharePixels(loaded, picture));
+}
+
+/// A picture that shares nothing with one of another shade.
+Picture Shade(Pixel grey) {
+    return {300, 300, grey * 0x010101};
+}
+
+/// States of one document behind their files, in their order.
+class KeptStates {
+  public:
+    void Save(const Picture& picture) {
+        pictures.push_back(picture);
+        paths.push_back(NewFile(box_));
+        states.SaveBehind(picture, paths.back(), this);
+        states.Settle();
+    }
+    /// Whether each is taken from memory.
+    std::vector<bool> InMemory() const {
+        std::vector<bool> kept;
+        for (std::size_t i = 0; i < paths.size(); ++i) {
+            const Picture loaded = states.LoadState(paths[i]);
+            EXPECT_TRUE(loaded == pictures[i]);
+            kept.push_back(SharePixels(loaded, pictures[i]));
+        }
+        return kept;
+    }
+
+    StateFiles states;
+    std::vector<std::string> paths;
+    std::vector<Picture> pictures;
+
+  private:
+    Sandbox box_;
+};
+
+TEST(KeptStates, StateOfADocumentStaysInMemoryBehindItsFile) {
+    KeptStates kept;
+    kept.Save(Shade(1));
+    EXPECT_EQ(kept.InMemory(), (std::vector{true}));
+    EXPECT_TRUE(LoadPicture(kept.paths[0]) == Shade(1));
+}
+
+TEST(KeptStates, FileThatSomebodyTouchedIsRead) {
+    KeptStates kept;
+    kept.Save(Shade(1));
+    SavePicture(Shade(2), kept.paths[0]);
+    EXPECT_TRUE(kept.states.LoadState(kept.paths[0]) == Shade(2));
+}
+
+TEST(KeptStates, FileThatVanishedIsError53) {
+    KeptStates kept;
+    kept.Save(Shade(1));
+    std::filesystem::remove(kept.paths[0]);
+    EXPECT_FALSE(kept.states.Exists(kept.paths[0]));
+    EXPECT_EQ(ErrorOf([&] { kept.states.LoadState(kept.paths[0]); }), 53);
+}
+
+TEST(KeptStates, OldestGoWhereTheRoomEnds) {
+    const SupposedMemory memory(4 * PictureBytes(300, 300) * 3 / 2);
+    KeptStates kept;
+    for (Pixel grey = 1; grey <= 4; ++grey)
+        kept.Save(Shade(grey));
+    // The newest is on the screen as well; of the others one and a half have room.
+    EXPECT_EQ(kept.InMemory(), (std::vector{false, false, true, true}));
+}
+
+TEST(KeptStates, StrokesTakeTheRoomOfTheirTiles) {
+    // A tile, and some more, for each stroke.
+    const SupposedMemory memory(std::uint64_t{4} * 10 * Bitmap::kTileWidth * Bitmap::kTileHeight * 4);
+    KeptStates kept;
+    Picture picture = Shade(1);
+    for (int i = 0; i < 10; ++i) {
+        picture.Set(i, 0, 0);
+        kept.Save(picture);
+    }
+    EXPECT_EQ(kept.InMemory(), std::vector<bool>(10, true));
 }
 
 TEST(StateFiles, StateIsThatOfTheCall) {

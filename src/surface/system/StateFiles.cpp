@@ -4,6 +4,7 @@
 #include "surface/system/BmpHeader.h"
 #include "surface/system/BmpWriter.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/FreeMemory.h"
 #include "surface/system/Pictures.h"
 
 #include <algorithm>
@@ -14,6 +15,7 @@
 #include <list>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <sys/resource.h>
 #include <system_error>
 #include <thread>
@@ -25,10 +27,25 @@ namespace pintalux {
 namespace {
 
 struct State {
-    Picture picture;            // empty once the file is complete
-    std::uint64_t length = 0;   // of the complete file
-    std::uint64_t sequence = 0; // in which it came
+    Picture picture;                // once the file is complete, as long as there is room for it
+    std::uint64_t length = 0;       // of the complete file
+    std::uint64_t sequence = 0;     // in which it came
+    const void* document = nullptr; // whose it is
+    std::optional<FileStamp> stamp; // of the complete file, for as long as the picture stays behind it
 };
+
+/// What the pictures behind complete files may take, in bytes, beyond what they share.
+std::uint64_t RoomForPictures() {
+    return std::min(StateFiles::kMostKept, FreeMemory() / 4);
+}
+
+/// What a picture takes beside another one, in bytes.
+std::uint64_t OwnBytes(const Picture& picture, const Picture& other) {
+    std::uint64_t bytes = 0;
+    for (const Box& box : Bitmap::Difference(other, picture))
+        bytes += PictureBytes(box.Width(), box.Height());
+    return bytes;
+}
 
 /// Writes a state to its file; false on any failure, with the file emptied: a full disk needs the room.
 bool WriteState(const Picture& picture, const std::string& path) {
@@ -120,6 +137,7 @@ struct StateFiles::Shared {
     void RunSyncer();
     void Withdraw(std::unique_lock<std::mutex>& lock, const std::string& path);
     void MakeDurableLater(const std::string& path);
+    std::vector<Picture> Surplus(std::uint64_t room);
     bool NotesWait() const { return writingNote || !notes.empty(); }
     void CountToDo() { toDo = pending.size() + notes.size() + (writingNote ? 1 : 0); }
     bool Waits(const void* document) const;
@@ -176,11 +194,20 @@ void StateFiles::Shared::WriteNext(std::unique_lock<std::mutex>& lock) {
     Picture picture = states.at(path).picture;
     lock.unlock();
     const bool written = WriteState(picture, path);
+    std::optional<FileStamp> stamp;
+    std::uint64_t room = 0;
+    ResumeNext([&] { stamp = StampOfFile(path); }, [&] { room = RoomForPictures(); });
     picture = {};
     lock.lock();
-    Picture released;
+    std::vector<Picture> released;
     if (written) {
-        std::swap(released, states.at(path).picture);
+        State& state = states.at(path);
+        if (stamp && state.document != nullptr) {
+            state.stamp = stamp;
+        } else {
+            std::swap(picture, state.picture);
+        }
+        ResumeNext([&] { released = Surplus(room); });
         MakeDurableLater(path);
         RetryFailed();
         pending.erase(next);
@@ -195,8 +222,29 @@ void StateFiles::Shared::WriteNext(std::unique_lock<std::mutex>& lock) {
     done.notify_all();
     sleeping.notify_one();
     lock.unlock();
-    released = {}; // Freeing many tiles takes a while: nobody waits for it.
+    picture = {}; // Freeing many tiles takes a while: nobody waits for it.
+    released = {};
     lock.lock();
+}
+
+/// Takes the oldest pictures out that complete files have no more room for. A document's states share nearly
+/// all with each other, and the newest with what is on the screen.
+std::vector<Picture> StateFiles::Shared::Surplus(std::uint64_t room) {
+    std::vector<State*> kept;
+    for (auto& [path, state] : states)
+        if (state.stamp && !state.picture.Empty()) kept.push_back(&state);
+    std::sort(kept.begin(), kept.end(),
+              [](const State* a, const State* b) { return a->sequence > b->sequence; });
+    std::vector<Picture> surplus;
+    surplus.reserve(kept.size());
+    std::map<const void*, Picture> newer;
+    std::uint64_t taken = 0;
+    for (State* const state : kept) {
+        const auto [next, newest] = newer.try_emplace(state->document, state->picture);
+        if (!newest) taken += OwnBytes(state->picture, std::exchange(next->second, state->picture));
+        if (taken > room) surplus.push_back(std::move(state->picture));
+    }
+    return surplus;
 }
 
 /// The disk takes files again: those that it refused go behind what waits.
@@ -266,8 +314,8 @@ void StateFiles::SaveBehind(const Picture& picture, const std::string& path, con
     });
     shared_->done.wait(lock, [&] { return shared_->pending.size() < kMostPending; });
     try {
-        shared_->states[path] = {picture, BmpFileLength(picture.Width(), picture.Height()),
-                                 ++shared_->sequence};
+        shared_->states[path] = {
+            picture, BmpFileLength(picture.Width(), picture.Height()), ++shared_->sequence, document, {}};
         for (Pending& older : shared_->pending)
             if (document != nullptr && older.document == document) older.superseded = true;
         shared_->pending.push_back({path, document});
@@ -286,7 +334,7 @@ bool StateFiles::Adopt(const std::string& path) try {
     const std::lock_guard lock(shared_->mutex);
     const std::uint64_t length = WholeLength(path);
     if (length == 0) return false;
-    shared_->states[path] = {{}, length, ++shared_->sequence};
+    shared_->states[path] = {{}, length, ++shared_->sequence, nullptr, {}};
     return true;
 } catch (const RuntimeError&) {
     return false;
@@ -327,7 +375,7 @@ bool StateFiles::Exists(const std::string& path) const {
         const std::lock_guard lock(shared_->mutex);
         const auto state = shared_->states.find(path);
         if (state == shared_->states.end()) return false;
-        if (!state->second.picture.Empty()) return true;
+        if (!state->second.picture.Empty() && !state->second.stamp) return true;
         length = state->second.length;
     }
     try {
@@ -338,12 +386,16 @@ bool StateFiles::Exists(const std::string& path) const {
 }
 
 Picture StateFiles::LoadState(const std::string& path) const {
+    State state;
     {
         const std::lock_guard lock(shared_->mutex);
-        const auto state = shared_->states.find(path);
-        if (state != shared_->states.end() && !state->second.picture.Empty()) return state->second.picture;
+        if (const auto found = shared_->states.find(path); found != shared_->states.end())
+            state = found->second;
     }
+    if (!state.picture.Empty() && !state.stamp) return state.picture;
     if (!Exists(path)) throw RuntimeError(kFileNotFound, path);
+    // The file rules: the picture stands in for it only as long as nobody has touched it.
+    if (!state.picture.Empty() && StampOfFile(path) == state.stamp) return state.picture;
     return LoadPicture(path);
 }
 

@@ -4,6 +4,10 @@
 // stays in memory, so that whoever asks gets the whole state. A file of another length than was written
 // counts as disappeared. All calls come from the interface thread.
 //
+// The pictures of a document's last states stay in memory behind their files, as long as these are untouched
+// and what they do not share takes no more than `kMostKept`, or a quarter of the free memory: an undo after a
+// stroke then costs the stroke, not the picture.
+//
 // Whatever ends the process, the newest state on disk is at most one edit behind: `SaveBehind` waits until
 // the state before of the same document is written. A disk that hangs is waited for `kLongestWait` only; the
 // writer then takes the newest state of each document first, and at most `kMostPending` wait, so that memory
@@ -14,6 +18,7 @@
 #include "surface/raster/Bitmap.h"
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,6 +28,7 @@ namespace pintalux {
 class StateFiles {
   public:
     static constexpr int kMostPending = 8;
+    static constexpr std::uint64_t kMostKept = std::uint64_t{256} << 20; ///< In bytes.
     static constexpr std::chrono::milliseconds kLongestWait{2000};
 
     StateFiles();
@@ -49,8 +55,8 @@ class StateFiles {
     /// True if `LoadState` would succeed: in memory, or on disk at the right length.
     bool Exists(const std::string& path) const;
 
-    /// The state: from memory while it is there, else from the file. Error 53 if it disappeared or was never
-    /// saved.
+    /// The state: from memory while it is there and its file is as it was written, else from the file. Error
+    /// 53 if it disappeared or was never saved.
     Picture LoadState(const std::string& path) const;
 
     /// Drops the state and deletes its file if there is one; waits if the writer is at it. A file that
