@@ -43,8 +43,10 @@ void TransparentBlt(DeviceContext& to, const Extent& place, const DeviceContext&
                     const Extent& fromPlace, Colour key);
 
 /// The part `visible` of `source` shown at `width` by `height` pixels: what a stretching display puts on the
-/// screen. Writes visible.Width() by visible.Height() pixels to `out`, `stride` pixels a row, in the byte
-/// order 0xFFRRGGBB that screens take. Costs what is visible, whatever the size of the source.
+/// screen. Enlarged pixels stay hard; along an axis that is reduced a screen pixel is the mean of up to four
+/// evenly spread samples, so that a photograph does not glitter. Writes visible.Width() by visible.Height()
+/// pixels to `out`, `stride` pixels a row, in the byte order 0xFFRRGGBB that screens take. Costs what is
+/// visible, whatever the size of the source.
 void StretchForScreen(const Bitmap& source, int width, int height, const Box& visible, std::uint32_t* out,
                       int stride);
 

@@ -1,0 +1,24 @@
+// A reduced picture on the screen: each of its pixels is the mean of those that it stands for.
+#pragma once
+
+#include "surface/raster/Bitmap.h"
+
+#include <cstdint>
+
+namespace pintalux {
+
+/// A pixel as screens take it: the channels the other way round, opaque.
+inline std::uint32_t OnScreen(Pixel pixel) {
+    return 0xFF000000 | (pixel & 0xFF) << 16 | (pixel & 0xFF00) | (pixel >> 16 & 0xFF);
+}
+
+/// How many samples a screen pixel takes along an axis that shows `source` cells on `destination`: 1 where
+/// nothing is reduced, at most 4, so that a repaint costs no more however large the image is.
+int SamplesAlong(int source, int destination);
+
+/// As `StretchForScreen`, for a picture that is shown smaller than it is along an axis. `shown` is not empty
+/// and lies inside.
+void MeanForScreen(const Bitmap& source, int width, int height, const Box& shown, std::uint32_t* out,
+                   std::ptrdiff_t stride);
+
+} // namespace pintalux
