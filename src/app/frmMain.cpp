@@ -18,6 +18,11 @@ namespace {
 constexpr int kPollInterval = 30;  // milliseconds
 constexpr int kStartInterval = 20; // milliseconds
 
+// Pixels: what a scroll bar and the narrowest view of a picture take beside the panels; the least height,
+// from which the panels scroll.
+constexpr int kLeastBetween = 90;
+constexpr int kLeastHeight = 320;
+
 } // namespace
 
 frmMainForm::frmMainForm()
@@ -34,6 +39,8 @@ frmMainForm::frmMainForm()
     TheWorkspace.MergeByCommand = [](frmImage& image) { image.NeedtoPaste(); };
     ConnectFloatingSteps();
     ConnectTextSteps();
+    const double panels = (ToolSettings.Width() + ColTB.Width()) / kTwipsPerPixel;
+    LeastInside(static_cast<int>(panels) + kLeastBetween, kLeastHeight);
     MainMenu::AddTo(*this);
     AlignPanel(ToolsTB, Align::Top);
     AlignPanel(ToolSettings, Align::Left);

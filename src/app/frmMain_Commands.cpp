@@ -122,11 +122,11 @@ void frmMainForm::TB2_ButtonClick(ToolButton& button) {
 }
 
 void frmMainForm::AfterToolChosen(int toolBefore) {
-    constexpr double kOpenPage = 301; // twips
     const Tool& tool = TheTools->Row(CurrentTool);
     ResumeNext(
         [&] {
-            if (tool.page != kNoPage && PicTools(tool.page).Height() < kOpenPage) cmdTools_Click(tool.page);
+            if (tool.page != kNoPage && PicTools(tool.page).Height() <= ClosedPageHeight())
+                cmdTools_Click(tool.page);
         },
         [&] {
             if (tool.chosen != nullptr) tool.chosen();

@@ -69,7 +69,8 @@ void frmMainForm::PollDocument() {
     }
     ImgMenuEnable(true);
     mnuFilePrinterPrint.Enabled(true);
-    const frmImage& image = ActiveImage();
+    frmImage& image = ActiveImage();
+    image.Modified(image.Changed());
     if (image.PicFreeSelect.Visible() || image.PicSelect.Visible()) mnuEditSelectNone.Enabled(true);
     mnuEditSelectAll.Enabled(true);
     TB2.Buttons(kSaveButton).Enabled(true);

@@ -18,6 +18,7 @@
 #include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
 #include "surface/window/Screen.h"
+#include "surface/window/ScrollPanel.h"
 #include "surface/window/Surface.h"
 #include "surface/window/ToolBar.h"
 
@@ -43,7 +44,7 @@ struct ColourPanel {
     static constexpr ScrollBar::Direction kUpright = ScrollBar::Direction::Vertical;
 
   public:
-    Surface ColTB{window_, "ColTB"};
+    ScrollPanel ColTB{window_, "ColTB"};
     Surface Picture1{ColTB, "Picture1"};              ///< The title strip.
     CommandButton Command2{Picture1, "Command2", ""}; ///< Hides the panel.
     Surface TheColor{ColTB, "TheColor"};              ///< Its background colour is the current colour.
@@ -140,9 +141,9 @@ struct ColourPanel {
 
   private:
     void LayOut();
-    void LayOutSwatches();
-    void LayOutSpinners();
-    void LayOutBox();
+    double LayOutSwatches(double width, double top);
+    double LayOutSpinners(double width, double top);
+    void LayOutBox(double width, double top);
     void ConnectBox();
     std::optional<Colour> SampleAtPointer(CursorPosition& remembered);
     std::optional<Colour> GridColourAt(double X, double Y) const;

@@ -34,17 +34,17 @@ constexpr double kEdge = 2;          // pixels above and below the buttons
 constexpr double kWideEnough = 4000; // pixels: one row
 
 // The progress bar, in pixels: beside the buttons where that costs them no further row, else a thin line
-// below.
+// over their lower edge, so that the picture loses nothing to it.
 constexpr double kProgressWidth = 120;
 constexpr double kProgressHeight = 14;
-constexpr double kLineHeight = 6;
+constexpr double kLineHeight = 4;
 constexpr double kGap = 8;
 
 } // namespace
 
 CommandBar::CommandBar(Container& window, const std::vector<ToolBar::Row>& tools)
     : ToolsTB(window, "ToolsTB"), TB2(ToolsTB, "TB2", CommandsAnd(tools)) {
-    ToolsTB.BackColor(kButtonFaceColour);
+    ToolsTB.AsPanel();
     TB2.AccessibleName("Caixa de ferramentas");
     Pb.AccessibleName("Progresso");
     // Like their menu items: nothing can be cut, copied or undone at the start.
@@ -64,8 +64,8 @@ void CommandBar::Fit() {
         ToolsTB.Height((height + 2 * kEdge) * kTwipsPerPixel);
     } else {
         TB2.Move(0, kEdge, width, height);
-        Pb.Move(kEdge, kEdge + height + kEdge, std::max(width - 2 * kEdge, 0.0), kLineHeight);
-        ToolsTB.Height((height + kLineHeight + 3 * kEdge) * kTwipsPerPixel);
+        Pb.Move(kEdge, height + 2 * kEdge - kLineHeight, std::max(width - 2 * kEdge, 0.0), kLineHeight);
+        ToolsTB.Height((height + 2 * kEdge) * kTwipsPerPixel);
     }
 }
 

@@ -37,7 +37,7 @@ DocumentSurfaces::DocumentSurfaces(Form& window) : window_(window) {
         surface->BackColor(MaskKeyColour);
     Hide({&PicMerge, &Pic1BU, &picsource, &picsource1, &SelHolder, &PicMask, &PicSelect, &PicFreeSelect,
           &lbltext});
-    Hide({&HS, &VS, &piccorner});
+    Hide({&HS, &VS, &piccorner, &BelowBar});
     MakePreview(Line1);
     MakePreview(SelectShape);
     MakePreview(ShSquare);
@@ -45,7 +45,8 @@ DocumentSurfaces::DocumentSurfaces(Form& window) : window_(window) {
     HS.Height(kScrollBarDepth);
     VS.Width(kScrollBarDepth);
     piccorner.Move(0, 0, kScrollBarDepth, kScrollBarDepth);
-    piccorner.BackColor(kButtonFaceColour);
+    piccorner.AsPanel();
+    BelowBar.AsPanel();
     HS.AccessibleName("Deslocamento horizontal");
     VS.AccessibleName("Deslocamento vertical");
 }
@@ -61,8 +62,10 @@ DocumentRulers::DocumentRulers(Form& window) : window_(window) {
     PicLrule.Width(kLeftDepth);
     ImgTrule.Height(TopRuler.ScaleHeight());
     ImgLrule.Width(LeftRuler.ScaleWidth());
-    for (Surface* scale : {&PicTrule, &PicLrule})
+    for (Surface* scale : {&PicTrule, &PicLrule}) {
         scale->FontName("Small Fonts");
+        scale->PrintsOver();
+    }
     for (Label* readout : {&lblx, &lbly})
         readout->FontName("Small Fonts");
     Picture1.Move(0, 0, LeftRuler.ScaleWidth(), TopRuler.ScaleHeight());

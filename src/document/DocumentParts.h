@@ -41,6 +41,7 @@ struct DocumentSurfaces {
     ScrollBar HS{PicFrame, "HS", ScrollBar::Direction::Horizontal};
     ScrollBar VS{PicFrame, "VS", ScrollBar::Direction::Vertical};
     Surface piccorner{PicFrame, "piccorner"};
+    Surface BelowBar{PicFrame, "BelowBar"};   ///< The rows that the lying bar leaves below it.
     Surface picsource{PicFrame, "picsource"}; ///< The read side of an image operation.
     Surface Pic1BU{PicFrame, "Pic1BU"};       ///< The clean image under a selection.
     Surface PicMask{PicFrame, "PicMask"};     ///< The mask of a freehand selection.

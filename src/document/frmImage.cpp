@@ -106,11 +106,20 @@ void frmImage::Form_Unload() {
     EndPiece(*this);
 }
 
-void frmImage::CheckChanged() {
+bool frmImage::Changed() const {
+    return !alreadysaved && CurrentState() != 0;
+}
+
+// The number of the state that shows, 0 also where none was recorded.
+int frmImage::CurrentState() const {
     int current = 0;
-    BoxAnswer answer = BoxAnswer::No;
     ResumeNext([&] { current = ToInt32(Val(ListBUorder.List(ListBUorder.ListIndex()))); });
-    if (current == 0) return;
+    return current;
+}
+
+void frmImage::CheckChanged() {
+    BoxAnswer answer = BoxAnswer::No;
+    if (CurrentState() == 0) return;
     // The user sees what the question is about, and the save works on the active document: another one may
     // have opened while the question stood.
     ResumeNext([&] { Show(); });

@@ -55,6 +55,8 @@ class frmImage : public Form,
     /// Merges whatever floats into `PicMerge`. Records a state, also when nothing floats.
     void NeedtoPaste();
 
+    /// Whether the document stands behind its first state and was not saved since.
+    bool Changed() const;
     /// Asks whether to save, if the document stands behind its first state. Its only result is
     /// `CloseCancelled`.
     void CheckChanged();
@@ -83,6 +85,7 @@ class frmImage : public Form,
     void ShowRulers();
     void HideRulers();
     void TrimHistory();
+    int CurrentState() const;
 
     Flag rulersShown_; ///< The value of `RulersOn` that this window has acted on.
 };

@@ -143,6 +143,8 @@ void frmImage::drawrulers() {
                }});
     ImgTrule.Picture(PicTrule.Image());
     ImgLrule.Picture(PicLrule.Image());
+    ImgTrule.Texts(PicTrule.Texts());
+    ImgLrule.Texts(PicLrule.Texts());
 }
 
 } // namespace pintalux

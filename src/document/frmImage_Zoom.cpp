@@ -42,6 +42,8 @@ void frmImage::LayOutHorizontal() {
         HS.Top(PicFrame.ScaleHeight() - HS.Height() - 2);
         HS.Width(frame);
         HS.Visible(true);
+        const double end = HS.Top() + HS.Height();
+        BelowBar.Move(0, end, frame, std::max(PicFrame.ScaleHeight() - end, 0.0));
         if (PicBG.Left() > 0) PicBG.Left(0);
     } else {
         HS.Visible(false);
@@ -75,6 +77,7 @@ void frmImage::LayOutCorner() {
         piccorner.Left(VS.Left());
     }
     piccorner.Visible(both);
+    BelowBar.Visible(HS.Visible());
 }
 
 void frmImage::VS_Change() {

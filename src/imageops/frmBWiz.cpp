@@ -107,7 +107,7 @@ frmBWizForm::frmBWizForm() : Form("frmBWiz", Kind::Dialog), SampleParts(static_c
 
 void frmBWizForm::LayOut() {
     for (Surface* area : {&SettingsArea, &ColourArea})
-        area->BackColor(kButtonFaceColour);
+        area->AsPanel();
     BordList.Width(kListWidth);
     SettingsArea.Height(kSettingsHeight);
     for (Slider* slider : {&SL1, &SL2, &SL3}) {

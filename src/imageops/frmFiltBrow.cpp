@@ -98,7 +98,7 @@ frmFiltBrowForm::frmFiltBrowForm()
 }
 
 void frmFiltBrowForm::LayOut() {
-    LevelArea.BackColor(kButtonFaceColour);
+    LevelArea.AsPanel();
     FiltList.Width(kListWidth);
     LevelArea.Height(kLevelHeight);
     LayOutGrid(LevelArea, {{&lblFiltLevel, 0, 0, 1, 1, Place::Left}, {&Slider1, 1, 0}}, 4, 0);

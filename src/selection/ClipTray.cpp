@@ -5,7 +5,10 @@
 #include "document/Globals.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/MsgBox.h"
+#include "surface/window/TextSize.h"
 #include "tools/ToolSettings.h"
+
+#include <algorithm>
 
 namespace pintalux {
 
@@ -42,10 +45,26 @@ ControlArray<Display> ClipTray::MakeThumbnails(const ControlArray<Surface>& fram
     return thumbnails;
 }
 
+// The box stands under the head; the button beside it, or below it where the font leaves no room. What that
+// takes more than told moves the slots down.
 void ClipTray::LayOut() {
-    ChClipLock.Move(45, 315, 1815, 255);
+    constexpr double kTop = 15;
+    constexpr double kSide = 45;
+    constexpr double kRowHeight = 255;
+    const auto twips = [](int pixels) { return pixels * double{kTwipsPerPixel}; };
+    const double row =
+        std::max({kRowHeight, twips(WantedHeight(ChClipLock)), twips(TextHeight()) + 4 * kTwipsPerPixel});
+    const double box = twips(WantedWidth(ChClipLock));
+    const double button = std::max(750.0, twips(TextWidth(cmdClear.Caption())) + 16 * kTwipsPerPixel);
+    panel_.WidthForTray(box + 2 * kSide);
+    const bool beside = kSide + box + button + kSide <= page_.Width();
+    const double top = ClosedPageHeight() + kTop;
+    const double below = beside ? top : top + row;
+    lower_ = std::max(0.0, below + row + 2 * kMarkDistance - kRows[0]);
+    panel_.HeightForTray(lower_);
+    ChClipLock.Move(kSide, top, box, row);
+    cmdClear.Move(page_.Width() - button - kSide, below, button, row);
     ChClipLock.ToolTipText("Ligada, conserva as imagens guardadas e não recebe outras");
-    cmdClear.Move(1860, 315, 795, 255);
     cmdClear.ToolTipText("Limpar a área de transferência");
     cmdClear.Enabled(false);
     ClipStore.Visible(false);
@@ -56,7 +75,7 @@ void ClipTray::LayOut() {
         frame.Visible(false);
         frame.ScaleMode(kScaleTwips);
         frame.BorderStyle(1);
-        frame.Move(kColumns[i % 2], kRows[i / 2], kFrameSide, kFrameSide);
+        frame.Move(kColumns[i % 2], kRows[i / 2] + lower_, kFrameSide, kFrameSide);
         constexpr double kInset = (kFrameSide - kThumbnailSide) / 2;
         ImgClip(i).Move(kInset, kInset, kThumbnailSide, kThumbnailSide);
         const std::string name = "Imagem " + NumberText(i + 1) + " da área de transferência";
@@ -123,7 +142,7 @@ void ClipTray::FollowFilledSlots() {
     if (filled > 2) panel_.ClipPanelHeight = 2400;
     if (filled > 4) panel_.ClipPanelHeight = 3300;
     Surface& page = panel_.PicTools(kClipPage);
-    if (page.Height() > kClosedPageHeight) page.Height(panel_.ClipPanelHeight);
+    if (page.Height() > ClosedPageHeight()) page.Height(panel_.FullHeight(kClipPage));
 }
 
 void ClipTray::ImgClip_Click(int Index) {

@@ -2,18 +2,37 @@
 
 #include "base/NumberText.h"
 #include "document/Globals.h"
+#include "surface/window/TextSize.h"
+
+#include <algorithm>
 
 namespace pintalux {
 
 namespace {
 
-constexpr double kPanelWidth = 2700; // twips, as all measures here
+// Twips, as all measures here. What holds text is as large as the desktop's font wants it, and never smaller
+// than this.
+constexpr double kLeastWidth = 2100;
 constexpr double kTitleHeight = 330;
 constexpr double kMargin = 90;
-constexpr double kInnerWidth = kPanelWidth - 2 * kMargin;
+constexpr double kGap = 60;
 constexpr double kLabelHeight = 225;
 constexpr double kSliderHeight = 330;
+constexpr double kLeastSlider = 1050; // width
 constexpr double kBarHeight = 420;
+constexpr double kOptionHeight = 285;
+
+double Twips(int pixels) {
+    return pixels * double{kTwipsPerPixel};
+}
+
+double LabelHeight() {
+    return std::max(kLabelHeight, Twips(TextHeight()));
+}
+
+double HeightOf(const Control& control, double least) {
+    return std::max(least, Twips(WantedHeight(control)));
+}
 
 constexpr const char* kPageTitles[] = {"Caneta", "Texturas", "Selecção", "Alterar Cores",
                                        "Area Transfêrencia"};
@@ -49,15 +68,9 @@ void SetUpSlider(Slider& slider, const char* name, int ticks, int largeChange) {
 
 ToolSettingsPanel::ToolSettingsPanel(Container& window) : window_(window) {
     ToolSettings.ScaleMode(kScaleTwips);
-    ToolSettings.BackColor(kButtonFaceColour);
-    ToolSettings.Width(kPanelWidth);
     MakePages();
-    LayOutTitle();
-    LayOutPen();
-    LayOutShapes();
-    LayOutSelection();
-    LayOutWand();
-    StackPages();
+    ConnectPages();
+    LayOut();
 }
 
 ControlArray<CommandButton> ToolSettingsPanel::PageButtons(const ControlArray<Surface>& pages) {
@@ -75,96 +88,163 @@ const std::vector<ToolBar::Row>& ToolSettingsPanel::ShapeButtons() {
     return kShapes;
 }
 
-void ToolSettingsPanel::MakePages() {
-    for (int i = 0; i < PicTools.Count(); ++i) {
-        Surface& page = PicTools(i);
-        page.ScaleMode(kScaleTwips);
-        page.BackColor(kButtonFaceColour);
-        page.Move(0, kTitleHeight, kPanelWidth, kClosedPageHeight);
-        cmdTools(i).Move(0, 0, kPanelWidth, kClosedPageHeight);
-        cmdTools(i).Click = [this, i] { cmdTools_Click(i); };
-    }
+double ClosedPageHeight() {
+    constexpr double kEdges = 60;
+    return std::max(kClosedPageHeight, Twips(TextHeight()) + kEdges);
 }
 
-void ToolSettingsPanel::LayOutTitle() {
-    Picture2.BackColor(kButtonFaceColour);
-    Picture2.Move(0, 0, kPanelWidth, kTitleHeight);
+void ToolSettingsPanel::MakePages() {
+    for (int i = 0; i < PicTools.Count(); ++i) {
+        PicTools(i).ScaleMode(kScaleTwips);
+        PicTools(i).AsPanel();
+        cmdTools(i).Click = [this, i] { cmdTools_Click(i); };
+    }
+    Picture2.AsPanel();
     Command1.Picture(":/icons/close.svg");
     Command1.AccessibleName("Fechar os acertos");
     Command1.ToolTipText("Fechar");
-    const double side = Picture2.ScaleHeight() - 4;
-    Command1.Move(Picture2.ScaleWidth() - side - 2, 2, side, side);
-}
-
-void ToolSettingsPanel::LayOutPen() {
-    double top = kClosedPageHeight + 30;
-    Toolbar1.Move(kMargin, top, kInnerWidth, kBarHeight);
-    Toolbar1.ImageSize(20);
-    top += kBarHeight;
-    Label1.Move(kMargin, top, kInnerWidth, kLabelHeight);
-    Slider1.Move(kMargin, top + kLabelHeight - 15, kInnerWidth, kSliderHeight);
-    top += kLabelHeight + kSliderHeight - 15;
-    Label2.Move(kMargin, top, kInnerWidth, kLabelHeight);
-    Slider2.Move(kMargin, top + kLabelHeight - 15, kInnerWidth, kSliderHeight);
     SetUpSlider(Slider1, "LARGURA", 5, 5);
     SetUpSlider(Slider2, "GROSSURA", 5, 5);
+    SetUpSlider(Slider3, "LARGURA DA LINHA", 5, 5);
+    SetUpSlider(Slider4, "INTENSIDADE", 1, 1);
+    SetUpSlider(Slider5, "RAIO", 10, 1);
+    SetUpSlider(Slider6, "PASSOS", 4, 1);
+    Combo2.AccessibleName("Modo de alterar cores");
+}
+
+void ToolSettingsPanel::ConnectPages() {
     // A round tip has no length.
     Slider1.Enabled(false);
     Label1.Enabled(false);
     Toolbar1.Buttons(1).Value(1);
     Toolbar1.ButtonClick = [this](ToolButton& button) { Toolbar1_ButtonClick(button); };
-}
-
-void ToolSettingsPanel::LayOutShapes() {
-    double top = kClosedPageHeight + 30;
-    Toolbar2.Move(kMargin, top, kInnerWidth, kBarHeight);
-    Toolbar2.ImageSize(20);
-    top += kBarHeight + 30;
-    Option1.Move(kMargin, top, kInnerWidth, 285);
-    Option2.Move(kMargin, top + 300, kInnerWidth, 285);
-    top += 600;
-    Label3.Move(kMargin, top, kInnerWidth, kLabelHeight);
-    Slider3.Move(kMargin, top + kLabelHeight - 15, kInnerWidth, kSliderHeight);
-    SetUpSlider(Slider3, "LARGURA DA LINHA", 5, 5);
     Option1.Value(true);
     Toolbar2.Buttons(1).Value(1);
     Option1.Click = [this] { Option1_Click(); };
     Option2.Click = [this] { Option2_Click(); };
     Toolbar2.ButtonClick = [this](ToolButton& button) { Toolbar2_ButtonClick(button); };
-}
-
-void ToolSettingsPanel::LayOutSelection() {
-    Option4.Move(kMargin, kClosedPageHeight + 15, kInnerWidth, 285);
-    Option3.Move(kMargin, kClosedPageHeight + 300, kInnerWidth, 285);
     Option4.Value(true);
 }
 
-void ToolSettingsPanel::LayOutWand() {
-    constexpr double kLabelWidth = 1320;
-    Combo2.Move(kMargin, kClosedPageHeight + 60, kInnerWidth, 360);
-    Combo2.AccessibleName("Modo de alterar cores");
-    double top = kClosedPageHeight + 510;
-    const auto row = [&top](Label& label, Slider& slider) {
-        label.Move(kMargin, top + 60, kLabelWidth, kLabelHeight);
-        slider.Move(kMargin + kLabelWidth, top, kInnerWidth - kLabelWidth, kSliderHeight + 30);
-        top += 435;
+// No wider than the widest text wants it.
+double ToolSettingsPanel::WantedPanelWidth() const {
+    double width = kLeastWidth;
+    for (const Control* control :
+         {static_cast<const Control*>(&Option1), static_cast<const Control*>(&Option2),
+          static_cast<const Control*>(&Option3), static_cast<const Control*>(&Option4),
+          static_cast<const Control*>(&Label3), static_cast<const Control*>(&Combo2)})
+        width = std::max(width, Twips(WantedWidth(*control)) + 2 * kMargin);
+    width = std::max(width, WandLabelWidth() + kGap + kLeastSlider + 2 * kMargin);
+    for (const char* title : kPageTitles)
+        width = std::max(width, Twips(TextWidth(title)) + 400); // its mark and its edges
+    return std::max({width, Twips(TextWidth("Acertos-Ferramenta")) + 2 * kTitleHeight, trayWidth_});
+}
+
+double ToolSettingsPanel::WandLabelWidth() const {
+    return Twips(std::max({WantedWidth(Label4), WantedWidth(Label5), WantedWidth(Label6)}));
+}
+
+void ToolSettingsPanel::LayOut() {
+    width_ = WantedPanelWidth();
+    ToolSettings.Width(width_);
+    LayOutTitle();
+    for (int i = 0; i < PicTools.Count(); ++i) {
+        PicTools(i).Move(0, Picture2.Height(), width_, ClosedPageHeight());
+        cmdTools(i).Move(0, 0, width_, ClosedPageHeight());
+        cmdTools(i).HeadsPage(false);
+    }
+    pageHeights_ = {LayOutPen(), LayOutShapes(), LayOutSelection(), LayOutWand()};
+    StackPages();
+}
+
+void ToolSettingsPanel::WidthForTray(double width) {
+    trayWidth_ = width;
+    LayOut();
+}
+
+void ToolSettingsPanel::LayOutTitle() {
+    Picture2.Move(0, 0, width_, std::max(kTitleHeight, Twips(TextHeight()) + 90));
+    const double side = std::max(18.0, Picture2.ScaleHeight() - 4);
+    Command1.Move(Picture2.ScaleWidth() - side - 2, (Picture2.ScaleHeight() - side) / 2, side, side);
+    ToolSettings.Header(Picture2);
+}
+
+// Each of these gives the height of the page below its head, and lays it out from there.
+
+double ToolSettingsPanel::LayOutPen() {
+    const double inner = width_ - 2 * kMargin;
+    double top = ClosedPageHeight() + 30;
+    Toolbar1.ImageSize(20);
+    const double bar = HeightOf(Toolbar1, kBarHeight);
+    Toolbar1.Move(kMargin, top, inner, bar);
+    top += bar;
+    top = LayOutLabelled(Label1, Slider1, top);
+    return LayOutLabelled(Label2, Slider2, top);
+}
+
+/// A slider below its label; gives where it ends.
+double ToolSettingsPanel::LayOutLabelled(Label& label, Slider& slider, double top) {
+    const double inner = width_ - 2 * kMargin;
+    const double height = HeightOf(slider, kSliderHeight);
+    label.Move(kMargin, top, inner, LabelHeight());
+    slider.Move(kMargin, top + LabelHeight() - 15, inner, height);
+    return top + LabelHeight() - 15 + height;
+}
+
+double ToolSettingsPanel::LayOutShapes() {
+    const double inner = width_ - 2 * kMargin;
+    double top = ClosedPageHeight() + 30;
+    Toolbar2.ImageSize(20);
+    const double bar = HeightOf(Toolbar2, kBarHeight);
+    Toolbar2.Move(kMargin, top, inner, bar);
+    top += bar + 30;
+    for (OptionButton* option : {&Option1, &Option2}) {
+        const double height = HeightOf(*option, kOptionHeight);
+        option->Move(kMargin, top, inner, height);
+        top += height + 15;
+    }
+    return LayOutLabelled(Label3, Slider3, top);
+}
+
+double ToolSettingsPanel::LayOutSelection() {
+    double top = ClosedPageHeight() + 15;
+    for (OptionButton* option : {&Option4, &Option3}) {
+        const double height = HeightOf(*option, kOptionHeight);
+        option->Move(kMargin, top, width_ - 2 * kMargin, height);
+        top += height;
+    }
+    return top;
+}
+
+double ToolSettingsPanel::LayOutWand() {
+    const double inner = width_ - 2 * kMargin;
+    double top = ClosedPageHeight() + kGap;
+    const double choice = HeightOf(Combo2, 360);
+    Combo2.Move(kMargin, top, inner, choice);
+    top += choice + 90;
+    const double labels = WandLabelWidth() + kGap;
+    const auto row = [&](Label& label, Slider& slider) {
+        const double height = HeightOf(slider, kSliderHeight + 30);
+        label.Move(kMargin, top + (height - LabelHeight()) / 2, labels - kGap, LabelHeight());
+        slider.Move(kMargin + labels, top, inner - labels, height);
+        top += height + 75;
     };
     row(Label4, Slider4);
     row(Label5, Slider5);
     row(Label6, Slider6);
-    SetUpSlider(Slider4, "INTENSIDADE", 1, 1);
-    SetUpSlider(Slider5, "RAIO", 10, 1);
-    SetUpSlider(Slider6, "PASSOS", 4, 1);
+    return top - 75;
 }
 
 double ToolSettingsPanel::FullHeight(int page) const {
     constexpr double kHeights[] = {1845, 1980, 900, 2205};
-    return page == kClipPage ? ClipPanelHeight : kHeights[page];
+    // The tray's page grows by what its rows of text take more than the least.
+    if (page == kClipPage) return ClipPanelHeight + trayExtra_;
+    return std::max(kHeights[page], pageHeights_[static_cast<std::size_t>(page)] + 15);
 }
 
 void ToolSettingsPanel::cmdTools_Click(int Index) {
-    if (PicTools(Index).Height() > kClosedPageHeight) {
-        PicTools(Index).Height(kClosedPageHeight);
+    if (PicTools(Index).Height() > ClosedPageHeight()) {
+        PicTools(Index).Height(ClosedPageHeight());
     } else {
         PicTools(Index).Height(FullHeight(Index));
         const int tool = TheTools->ToolOfPage(Index, CurrentTool);
@@ -177,6 +257,12 @@ void ToolSettingsPanel::cmdTools_Click(int Index) {
 void ToolSettingsPanel::StackPages() {
     for (int i = 1; i < PicTools.Count(); ++i)
         PicTools(i).Top(PicTools(i - 1).Top() + PicTools(i - 1).Height());
+    ShowMarks();
+}
+
+void ToolSettingsPanel::ShowMarks() {
+    for (int i = 0; i < PicTools.Count(); ++i)
+        cmdTools(i).HeadsPage(PicTools(i).Height() > ClosedPageHeight());
 }
 
 double ToolSettingsPanel::BottomOfPages() const {
@@ -187,7 +273,7 @@ double ToolSettingsPanel::BottomOfPages() const {
 void ToolSettingsPanel::CloseOthers(int open) {
     for (int i = 4; i >= 1; --i) {
         if (i == open) continue;
-        PicTools(i).Height(kClosedPageHeight);
+        PicTools(i).Height(ClosedPageHeight());
         StackPages();
         if (BottomOfPages() < ToolSettings.Height()) return;
     }

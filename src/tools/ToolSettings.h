@@ -5,15 +5,20 @@
 #include "surface/window/ControlArray.h"
 #include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
+#include "surface/window/ScrollPanel.h"
 #include "surface/window/Surface.h"
 #include "surface/window/ToolBar.h"
 #include "tools/ToolTable.h"
 
+#include <array>
 #include <cstdint>
 
 namespace pintalux {
 
 inline constexpr double kClosedPageHeight = 300; // twips
+
+/// The height of a closed page in twips: that, or more where the desktop's font wants it.
+double ClosedPageHeight();
 
 struct ToolSettingsPanel;
 
@@ -27,7 +32,7 @@ struct ToolSettingsPanel {
     Container& window_;
 
   public:
-    Surface ToolSettings{window_, "ToolSettings"};
+    ScrollPanel ToolSettings{window_, "ToolSettings"};
     Surface Picture2{ToolSettings, "Picture2"};       ///< The title strip.
     CommandButton Command1{Picture2, "Command1", ""}; ///< Hides the panel.
     ControlArray<Surface> PicTools{ToolSettings, "PicTools",
@@ -66,6 +71,13 @@ struct ToolSettingsPanel {
     /// Opens or closes a page. Opening chooses the page's tool; other pages close from the bottom if there is
     /// no room.
     void cmdTools_Click(int Index);
+    /// The height of an open page in twips.
+    double FullHeight(int page) const;
+    /// Shows at each head whether its page is open; after a change of a page's height from outside.
+    void ShowMarks();
+    /// The tray's page wants this width, and so much more height than its slots are told, in twips.
+    void WidthForTray(double width);
+    void HeightForTray(double extra) { trayExtra_ = extra; }
     void Option1_Click();
     void Option2_Click();
     void Toolbar1_ButtonClick(ToolButton& button);
@@ -79,15 +91,23 @@ struct ToolSettingsPanel {
     static const std::vector<ToolBar::Row>& BrushButtons();
     static const std::vector<ToolBar::Row>& ShapeButtons();
     void MakePages();
-    void LayOutPen();
-    void LayOutShapes();
-    void LayOutSelection();
-    void LayOutWand();
+    void ConnectPages();
+    void LayOut();
+    double WantedPanelWidth() const;
+    double WandLabelWidth() const;
+    double LayOutPen();
+    double LayOutLabelled(Label& label, Slider& slider, double top);
+    double LayOutShapes();
+    double LayOutSelection();
+    double LayOutWand();
     void LayOutTitle();
     void StackPages();
     void CloseOthers(int open);
     double BottomOfPages() const;
-    double FullHeight(int page) const;
+    double width_ = 0; ///< Of the panel, in twips.
+    double trayWidth_ = 0;
+    double trayExtra_ = 0;
+    std::array<double, 4> pageHeights_{}; ///< What the pages take for their controls, head included.
 
     Registered<ToolSettingsPanel>::Entry entry_{TheToolSettings, *this};
 };

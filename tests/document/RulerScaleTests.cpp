@@ -70,13 +70,13 @@ class RulerScaleTest : public ProgramTest {
         }
     }
 
-    /// Whether something is printed in the strip of the numbers, between two places along the scale.
-    template <class Along>
-    static bool Printed(Along along, int from, int to) {
-        for (int at = std::max(from, 1); at <= to; ++at)
-            for (int across = 5; across < 14; ++across)
-                if (along(across, at) != kPaper) return true;
-        return false;
+    /// The numbers over a scale, each with its place along it.
+    static std::vector<std::pair<std::string, int>> Numbers(const Surface& scale, int first, int last) {
+        std::vector<std::pair<std::string, int>> numbers;
+        for (const ScreenText& text : scale.Texts()) {
+            if (text.x >= first && text.x <= last) numbers.emplace_back(text.text, text.x);
+        }
+        return numbers;
     }
 };
 
@@ -138,32 +138,31 @@ TEST_F(RulerScaleTest, AQuarterHasNoNumbers) {
     frmImage& image = NewDocument(400, 300);
     mnuZoomOutX_Click(3);
     image.drawrulers();
-    const Picture top = image.PicTrule.Image();
-    EXPECT_FALSE(Printed([&top](int across, int at) { return top.At(at, across); }, 1, 100));
+    EXPECT_TRUE(image.PicTrule.Texts().empty());
+    EXPECT_TRUE(image.PicLrule.Texts().empty());
 }
 
 TEST_F(RulerScaleTest, AHalfHasNumbersAtFiftyAndAHundred) {
     frmImage& image = NewDocument(300, 300);
     mnuZoomOutX_Click(1);
     image.drawrulers();
-    const Picture top = image.PicTrule.Image();
-    const auto along = [&top](int across, int at) { return top.At(at, across); };
-    EXPECT_FALSE(Printed(along, 1, 19));
-    EXPECT_TRUE(Printed(along, 25 - 5, 25 + 8)); // 50 at 25, from 2 * 2 + 1 before it
-    EXPECT_TRUE(Printed(along, 50 - 7, 50 + 14));
+    // 50 at 25, from 2 * 2 + 1 before it; 100 at 50, from 2 * 3 + 1 before it.
+    const std::vector<std::pair<std::string, int>> expected = {{"50", 20}, {"100", 43}};
+    EXPECT_EQ(Numbers(image.PicTrule, 0, 50), expected);
+    for (const ScreenText& text : image.PicTrule.Texts())
+        EXPECT_EQ(text.y, 5);
+    for (const ScreenText& text : image.PicLrule.Texts())
+        EXPECT_EQ(text.x, 5);
 }
 
 TEST_F(RulerScaleTest, AboveFiveEveryFifthPixelHasItsNumber) {
     frmImage& image = NewDocument(100, 100);
     mnuZoomInX_Click(5);
     image.drawrulers();
-    const Picture top = image.PicTrule.Image();
-    const auto along = [&top](int across, int at) { return top.At(at, across); };
-    EXPECT_FALSE(Printed(along, 1, 26));
-    EXPECT_TRUE(Printed(along, 27, 36)); // 5 at 30, from 2 * 1 + 1 before it
-    EXPECT_FALSE(Printed(along, 42, 54));
-    EXPECT_TRUE(Printed(along, 55, 69));   // 10 at 60
-    EXPECT_TRUE(Printed(along, 295, 309)); // 50 at 300
+    const std::vector<std::pair<std::string, int>> first = {{"5", 27}, {"10", 55}, {"15", 85}};
+    EXPECT_EQ(Numbers(image.PicTrule, 0, 100), first);
+    const std::vector<std::pair<std::string, int>> fiftieth = {{"50", 295}};
+    EXPECT_EQ(Numbers(image.PicTrule, 280, 310), fiftieth);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "surface/system/App.h"
+#include "surface/system/Theme_native.h"
 
 #include "inputs/ByHand.h"
 #include "surface/window/Events.h"
@@ -156,10 +157,54 @@ TEST(Application, SetsPortugueseAndKeepsTheDecimalPoint) {
     EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
 }
 
-TEST(Application, LookIsLightWhateverTheDesktopSays) {
-    EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(0xF0, 0xF0, 0xF0));
-    EXPECT_EQ(QApplication::palette().color(QPalette::Base), QColor(Qt::white));
-    EXPECT_EQ(QApplication::palette().color(QPalette::Text), QColor(Qt::black));
+QPalette DesktopOf(QRgb window, QRgb base, QRgb text, QRgb highlight) {
+    QPalette desktop{QColor(window)};
+    for (const auto role : {QPalette::Window, QPalette::Button})
+        desktop.setColor(role, QColor(window));
+    desktop.setColor(QPalette::Base, QColor(base));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        desktop.setColor(role, QColor(text));
+    desktop.setColor(QPalette::Highlight, QColor(highlight));
+    desktop.setColor(QPalette::HighlightedText, Qt::white);
+    return desktop;
+}
+
+TEST(Application, LookFollowsTheDesktop) {
+    const QPalette dark = PaletteFor(DesktopOf(0x2B2D30, 0x1E1F22, 0xDFE1E5, 0x2D6FB3));
+    EXPECT_EQ(dark.color(QPalette::Window), QColor(0x2B2D30));
+    EXPECT_EQ(dark.color(QPalette::Base), QColor(0x1E1F22));
+    EXPECT_EQ(dark.color(QPalette::WindowText), QColor(0xDFE1E5));
+    EXPECT_EQ(dark.color(QPalette::Highlight), QColor(0x2D6FB3));
+    EXPECT_EQ(QApplication::palette(), PaletteFor(QApplication::palette())); // the running program's
+}
+
+TEST(Application, TextIsReadInEveryTheme) {
+    // The last is a desktop whose own text is too faint.
+    for (const QPalette& desktop : {DesktopOf(0xEFEFEF, 0xFFFFFF, 0x000000, 0x308CC6),
+                                    DesktopOf(0x2B2D30, 0x1E1F22, 0xDFE1E5, 0x2D6FB3),
+                                    DesktopOf(0xF6F5F4, 0xFFFFFF, 0xA0A0A0, 0x99C1F1)}) {
+        const QPalette made = PaletteFor(desktop);
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            SCOPED_TRACE(testing::Message()
+                         << made.color(QPalette::Window).name().toStdString() << ' ' << group);
+            const auto contrast = [&](QPalette::ColorRole text, QPalette::ColorRole ground) {
+                return ContrastOf(made.color(group, text), made.color(group, ground));
+            };
+            EXPECT_GE(contrast(QPalette::WindowText, QPalette::Window), 4.5);
+            EXPECT_GE(contrast(QPalette::Text, QPalette::Base), 4.5);
+            EXPECT_GE(contrast(QPalette::ButtonText, QPalette::Button), 4.5);
+            EXPECT_GE(contrast(QPalette::HighlightedText, QPalette::Highlight), 4.5);
+            EXPECT_GE(contrast(QPalette::ToolTipText, QPalette::ToolTipBase), 4.5);
+            EXPECT_GE(contrast(QPalette::Link, QPalette::Base), 4.5);
+        }
+    }
+}
+
+TEST(Application, ContrastIsThatOfTheGuidelines) {
+    EXPECT_DOUBLE_EQ(ContrastOf(Qt::black, Qt::white), 21);
+    EXPECT_DOUBLE_EQ(ContrastOf(Qt::white, Qt::white), 1);
+    EXPECT_NEAR(ContrastOf(QColor(0x767676), Qt::white), 4.54,
+                0.01); // the lightest grey that is read on white
 }
 
 TEST(Application, ErrorInAToolkitCallbackGoesToTheTop) {

@@ -1,11 +1,13 @@
 #include "inputs/ByHand.h"
 #include "surface/window/Inputs.h"
 
+#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QProgressBar>
 #include <QSlider>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolTip>
 #include <vector>
 
 namespace pintalux {
@@ -54,6 +56,31 @@ TEST(Slider, KeysMoveItBySmallAndLargeChange) {
     Key(*WidgetOf(slider), Qt::Key_PageUp);
     EXPECT_EQ(slider.Value(), 16);
     EXPECT_EQ(ErrorOf([&] { slider.LargeChange(0); }), 380);
+}
+
+TEST(Slider, ItsValueShowsInABubbleWhileAHandMovesIt) {
+    TestWindow window;
+    Slider slider(window, "Slider1", 10, 90);
+    slider.Move(0, 0, 3000, 600);
+    slider.Value(40);
+    EXPECT_FALSE(QToolTip::isVisible()); // by code
+    Key(*WidgetOf(slider), Qt::Key_Right);
+    EXPECT_TRUE(QToolTip::isVisible());
+    EXPECT_EQ(QToolTip::text(), "41");
+    QToolTip::hideText();
+}
+
+TEST(Slider, ItsTipEndsWithItsValue) {
+    TestWindow window;
+    Slider slider(window, "Slider1", 10, 90);
+    slider.Move(0, 0, 3000, 600);
+    slider.ToolTipText("RAIO");
+    slider.Value(40);
+    QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), WidgetOf(slider)->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(WidgetOf(slider), &asked);
+    EXPECT_EQ(QToolTip::text(), "RAIO: 40");
+    EXPECT_EQ(slider.ToolTipText(), "RAIO");
+    QToolTip::hideText();
 }
 
 TEST(Slider, DraggingRunsScrollAndTheReleaseRunsChange) {
@@ -127,6 +154,22 @@ TEST_F(ProgressTest, ManyStepsPaintSeldomAndTheLastOneShows) {
     EXPECT_EQ(ToolkitOf<QProgressBar>(bar).value(), ToolkitOf<QProgressBar>(bar).maximum());
     bar.Value(0);
     EXPECT_EQ(ToolkitOf<QProgressBar>(bar).value(), 0);
+}
+
+TEST_F(ProgressTest, AtRestThereIsNoBar) {
+    const auto empty = [this] {
+        const QImage shown = WidgetOf(bar)->grab().toImage();
+        const QColor ground = WidgetOf(bar)->palette().color(QPalette::Window);
+        for (int x = 0; x < shown.width(); ++x)
+            if (shown.pixelColor(x, shown.height() / 2) != ground) return false;
+        return true;
+    };
+    EXPECT_TRUE(empty());
+    bar.Max(10);
+    bar.Value(5);
+    EXPECT_FALSE(empty());
+    bar.Value(0);
+    EXPECT_TRUE(empty());
 }
 
 TEST_F(ProgressTest, LetsNoEventRun) {

@@ -3,6 +3,8 @@
 #include "surface/raster/Transfer.h"
 #include "window/WindowTest.h"
 
+#include <algorithm>
+
 #include <QBackingStore>
 #include <QImage>
 #include <QPaintEvent>
@@ -28,8 +30,8 @@ class PaintedArea : public QObject {
     int pixels = 0; ///< Those painted twice count twice.
 };
 
-/// What stands on the screen, with nothing painted for the occasion; in logical pixels.
-QImage OnScreen() {
+/// What stands on the screen, with nothing painted for the occasion; in device pixels.
+QImage DeviceScreen() {
     const QWidget* window = FindWidget("plain");
     QImage shot;
     if (QGuiApplication::platformName() == "offscreen") {
@@ -39,7 +41,12 @@ QImage OnScreen() {
     } else {
         shot = window->screen()->grabWindow(window->winId()).toImage();
     }
-    return shot.scaled(window->size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
+    return shot;
+}
+
+/// The same in logical pixels.
+QImage OnScreen() {
+    return DeviceScreen().scaled(FindWidget("plain")->size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
 }
 
 QRgb Screened(Pixel pixel) {
@@ -55,6 +62,28 @@ Picture Patterned(int width, int height) {
             picture.Set(x, y, static_cast<Pixel>(x * 0x1F3 + y * 0x10B57) & 0xFFFFFF);
     }
     return picture;
+}
+
+/// The mean of the samples that a reduced pixel stands for; a picture shown at its size or larger has one.
+QRgb MeanPixel(const Picture& picture, int x, int y, const QSize& view) {
+    const auto samples = [](int source, int shown) { return std::clamp((source + shown - 1) / shown, 1, 4); };
+    const int across = samples(picture.Width(), view.width());
+    const int down = samples(picture.Height(), view.height());
+    int sums[3] = {};
+    for (int i = 0; i < across * down; ++i) {
+        const int column = StretchedCell(x * across + i % across, picture.Width(), view.width() * across);
+        const int row = StretchedCell(y * down + i / across, picture.Height(), view.height() * down);
+        for (int channel = 0; channel < 3; ++channel)
+            sums[channel] += static_cast<int>(picture.At(column, row) >> 8 * channel & 0xFF);
+    }
+    const int count = across * down;
+    const auto mean = [count](int sum) { return (2 * sum + count) / (2 * count); };
+    return qRgb(mean(sums[0]), mean(sums[1]), mean(sums[2]));
+}
+
+/// The memory of the window as it is, in device pixels.
+QImage DeviceShot(const std::string& name) {
+    return FindWidget(name)->grab().toImage();
 }
 
 class DisplayTest : public testing::Test {
@@ -137,8 +166,8 @@ TEST_F(DisplayTest, MagnifiedDifferenceIsPaintedWhole) {
 }
 
 TEST_F(DisplayTest, ScreenShowsEachPixelOfTheStretchedPicture) {
-    panel.Move(4 * 15, 3 * 15, 600 * 15, 500 * 15); // where a slip of the widget's place would show
-    display.Move(-7, -9, 600, 480);
+    panel.Move(4 * 15, 8 * 15, 600 * 15, 500 * 15); // where a slip of the widget's place would show
+    display.Move(-8, -12, 600, 480);
     for (const int width : {2400, 1201, 600, 150}) {
         SCOPED_TRACE(width);
         const int height = width * 4 / 5;
@@ -146,12 +175,15 @@ TEST_F(DisplayTest, ScreenShowsEachPixelOfTheStretchedPicture) {
         display.Picture(picture);
         Show();
         display.Refresh();
-        const QImage shown = OnScreen();
-        for (int y = 0; y < 480 - 9; ++y) {
-            for (int x = 0; x < 600 - 7; ++x) {
-                const Pixel expected =
-                    picture.At(StretchedCell(x + 7, width, 600), StretchedCell(y + 9, height, 480));
-                ASSERT_EQ(shown.pixel(x + 4, y + 3), Screened(expected)) << x << ", " << y;
+        const QImage shown = DeviceScreen();
+        const double scale = FindWidget("plain")->devicePixelRatio();
+        const auto pixels = [scale](int length) { return static_cast<int>(length * scale); };
+        const QSize view(pixels(600), pixels(480));
+        for (int y = 0; y < pixels(480 - 12); ++y) {
+            for (int x = 0; x < pixels(600 - 8); ++x) {
+                ASSERT_EQ(shown.pixel(x + pixels(4), y + pixels(8)),
+                          MeanPixel(picture, x + pixels(8), y + pixels(12), view))
+                    << x << ", " << y;
             }
         }
     }
@@ -374,6 +406,85 @@ TEST_F(DisplayTest, ShapeOutlinesItsBox) {
     EXPECT_EQ(shown.pixel(39, 59), 0xFF000000u);
     EXPECT_EQ(shown.pixel(11, 21), 0xFFFFFFFFu);
     EXPECT_EQ(ErrorOf([&] { shape.Shape(4); }), kInvalidPropertyValue);
+}
+
+TEST_F(DisplayTest, ABorderIsOneWholeDevicePixelAtEveryScale) {
+    Surface swatch(panel, "swatch");
+    swatch.Move(7, 11, 25, 28);
+    swatch.BackColor(0x00FF00);
+    swatch.BorderStyle(1);
+    swatch.BringToFront();
+    Show();
+    const QImage shown = DeviceShot("swatch");
+    const QRect edge = shown.rect();
+    for (int y = 0; y < edge.height(); ++y) {
+        for (int x = 0; x < edge.width(); ++x) {
+            const bool inside = edge.adjusted(1, 1, -1, -1).contains(x, y);
+            ASSERT_EQ(shown.pixel(x, y), inside ? qRgb(0, 255, 0) : qRgb(128, 128, 128)) << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(DisplayTest, ABandIsAsThickEverywhereAtEveryScale) {
+    display.Picture(Picture(600, 500, 0xFFFFFF));
+    shape.Move(11, 21, 31, 41);
+    shape.Visible(true);
+    shape.BringToFront();
+    Show();
+    const QImage shown = DeviceShot("panel");
+    const double scale = shown.devicePixelRatio();
+    const int thick = std::max(1, static_cast<int>(scale));
+    const auto dark = [&shown](int x, int y) { return shown.pixel(x, y) == 0xFF000000u; };
+    const int middleX = static_cast<int>(26 * scale);
+    const int middleY = static_cast<int>(41 * scale);
+    std::vector<int> runs;
+    for (const bool across : {true, false}) {
+        int run = 0;
+        for (int at = 0; at < 70 * static_cast<int>(scale); ++at) {
+            const bool on = across ? dark(at, middleY) : dark(middleX, at);
+            if (on) ++run;
+            if (!on && run > 0) runs.push_back(std::exchange(run, 0));
+        }
+    }
+    EXPECT_EQ(runs, (std::vector<int>{thick, thick, thick, thick}));
+}
+
+TEST_F(DisplayTest, TextsLieOverThePictureInTheScreensOwnPixels) {
+    display.Picture(Picture(600, 500, 0xFFFFFF));
+    display.Texts({{20, 10, "250", 0x0000FF}});
+    Show();
+    const QImage shown = DeviceShot("panel");
+    const int scale = static_cast<int>(shown.devicePixelRatio());
+    int inked = 0;
+    bool smooth = false;
+    for (int y = 8 * scale; y < 24 * scale; ++y) {
+        for (int x = 18 * scale; x < 45 * scale; ++x) {
+            const QColor colour = shown.pixelColor(x, y);
+            inked += colour != Qt::white;
+            smooth |= colour != Qt::white && colour != Qt::red;
+        }
+    }
+    EXPECT_GT(inked, 20);
+    EXPECT_TRUE(smooth);
+    EXPECT_EQ(display.Picture().At(21, 14), 0xFFFFFFu); // no pixel of the picture
+}
+
+TEST_F(DisplayTest, APanelHasTheColourOfTheDesktopWhateverItsBitmap) {
+    Surface strip(panel, "strip");
+    strip.AsPanel();
+    strip.BackColor(0x00FF00);
+    strip.Move(0, 0, 200, 40);
+    strip.CurrentX(3);
+    strip.CurrentY(3);
+    strip.Print("Palete");
+    strip.BringToFront();
+    Show();
+    const QImage shown = ShownBy("strip");
+    EXPECT_EQ(shown.pixelColor(190, 30), QApplication::palette().color(QPalette::Window));
+    ASSERT_EQ(strip.Texts().size(), 1u);
+    EXPECT_EQ(strip.Point(5, 12), 0x00FF00);
+    strip.Cls();
+    EXPECT_TRUE(strip.Texts().empty());
 }
 
 TEST_F(DisplayTest, SquareIsCentredInItsBox) {

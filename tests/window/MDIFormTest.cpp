@@ -47,6 +47,27 @@ class MDITest : public testing::Test {
     Main main;
 };
 
+TEST_F(MDITest, AChangedDocumentIsMarkedAndKeepsItsCaption) {
+    PlainForm& child = ShowChild("one");
+    child.Caption("C:\\fotos [*].bmp");
+    EXPECT_FALSE(FindWidget("one")->isWindowModified());
+    child.Modified(true);
+    EXPECT_TRUE(FindWidget("one")->isWindowModified());
+    EXPECT_EQ(child.Caption(), "C:\\fotos [*].bmp");
+    // The toolkit's place for the mark stands behind a caption whose own signs are kept apart from it.
+    EXPECT_EQ(FindWidget("one")->windowTitle(), "C:\\fotos [*][*].bmp[*]");
+    child.Modified(false);
+    EXPECT_FALSE(FindWidget("one")->isWindowModified());
+}
+
+TEST_F(MDITest, AHandCannotMakeTheWindowSmallerThanItsLeast) {
+    main.LeastInside(420, 320);
+    main.Width(100 * 15);
+    main.Height(100 * 15);
+    LetEventsRun();
+    EXPECT_EQ(FindWidget("main")->size(), QSize(420, 320));
+}
+
 TEST_F(MDITest, ChildSizeIsClientPlusFixedFrame) {
     PlainForm& child = ShowChild("one");
     EXPECT_EQ(child.loads, 1);

@@ -2,6 +2,7 @@
 
 #include "surface/system/Session_native.h"
 #include "surface/system/StockTexts_native.h"
+#include "surface/system/Theme_native.h"
 #include "surface/window/Events.h"
 
 #include <clocale>
@@ -21,6 +22,14 @@ namespace {
 std::string joinedArguments;
 std::optional<std::string> commandForTests;
 
+/// The look of the desktop, as it is now: a theme may change while the program runs.
+void FollowDesktop() {
+    QApplication::setPalette(QPalette()); // what the desktop says, without what was made of it before
+    const QPalette palette = PaletteFor(QApplication::palette());
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
+}
+
 /// No error of a handler may unwind the toolkit's own frames further than to here.
 class GuardedApplication final : public QApplication {
   public:
@@ -31,6 +40,7 @@ class GuardedApplication final : public QApplication {
     }
     bool notify(QObject* receiver, QEvent* event) override {
         try {
+            if (event->type() == QEvent::ThemeChange && receiver->isWindowType()) FollowDesktop();
             return QApplication::notify(receiver, event);
         } catch (...) {
             RunEvent(EventKind::Ordinary,
@@ -70,41 +80,6 @@ DisplayChoice PrepareToolkit() {
     return {};
 }
 
-void SetColour(QPalette& palette, QPalette::ColorRole role, QRgb on, QRgb off) {
-    palette.setColor(role, QColor::fromRgb(on));
-    palette.setColor(QPalette::Disabled, role, QColor::fromRgb(off));
-}
-
-/// One light look, whatever the desktop's theme: the colours around an image never change how it is judged.
-QPalette LightPalette() {
-    constexpr QRgb kFace = 0xF0F0F0;
-    constexpr QRgb kInk = 0x000000;
-    constexpr QRgb kFadedInk = 0x6D6D6D; // still 4.5 : 1 on the face
-    constexpr QRgb kPaper = 0xFFFFFF;
-    QPalette palette{QColor::fromRgb(kFace)};
-    SetColour(palette, QPalette::Window, kFace, kFace);
-    SetColour(palette, QPalette::WindowText, kInk, kFadedInk);
-    SetColour(palette, QPalette::Base, kPaper, kFace);
-    SetColour(palette, QPalette::AlternateBase, 0xF7F7F7, kFace);
-    SetColour(palette, QPalette::Text, kInk, kFadedInk);
-    SetColour(palette, QPalette::Button, kFace, kFace);
-    SetColour(palette, QPalette::ButtonText, kInk, kFadedInk);
-    SetColour(palette, QPalette::BrightText, kPaper, kPaper);
-    SetColour(palette, QPalette::PlaceholderText, kFadedInk, kFadedInk);
-    SetColour(palette, QPalette::Light, kPaper, kPaper);
-    SetColour(palette, QPalette::Midlight, 0xE3E3E3, 0xE3E3E3);
-    SetColour(palette, QPalette::Mid, 0xB8B8B8, 0xB8B8B8);
-    SetColour(palette, QPalette::Dark, 0x9A9A9A, 0xB0B0B0);
-    SetColour(palette, QPalette::Shadow, 0x696969, 0x9A9A9A);
-    SetColour(palette, QPalette::Highlight, 0x336699, 0xB0B0B0);
-    SetColour(palette, QPalette::HighlightedText, kPaper, kPaper);
-    SetColour(palette, QPalette::ToolTipBase, 0xFFFFEE, 0xFFFFEE);
-    SetColour(palette, QPalette::ToolTipText, kInk, kInk);
-    SetColour(palette, QPalette::Link, 0x1A5A9E, kFadedInk);
-    SetColour(palette, QPalette::LinkVisited, 0x6B3D8C, kFadedInk);
-    return palette;
-}
-
 } // namespace
 
 struct Application::Native {
@@ -116,9 +91,8 @@ struct Application::Native {
         // No display name: the toolkit would hang it on the title of every dialog.
         QGuiApplication::setDesktopFileName("pintalux64");
         QApplication::setQuitOnLastWindowClosed(false); // the main window's unload says when
-        QApplication::setStyle("Fusion");
-        QApplication::setPalette(LightPalette());
-        QToolTip::setPalette(LightPalette());
+        QApplication::setStyle(new LookStyle);
+        FollowDesktop();
         LoadStockTexts(texts);
         QCoreApplication::installTranslator(&texts);
     }

@@ -1,9 +1,10 @@
 #include "surface/window/Buttons.h"
 
 #include "surface/window/FormWindow_native.h"
+#include "surface/window/Icons_native.h"
 #include "surface/window/Inputs_native.h"
+#include "surface/window/Painting_native.h"
 
-#include <QFile>
 #include <QGroupBox>
 #include <QPainter>
 #include <QPushButton>
@@ -21,10 +22,12 @@ class PushWidget final : public QPushButton {
   public:
     using QPushButton::QPushButton;
     std::optional<QColor> face;
+    std::optional<bool> open; ///< Of a head: whether its page is open.
 
   protected:
     // A style would mix the colour with light and shade.
     void paintEvent(QPaintEvent* event) override {
+        if (open) return PaintHead();
         QPushButton::paintEvent(event);
         if (!face) return;
         constexpr int kEdge = 4;
@@ -38,6 +41,38 @@ class PushWidget final : public QPushButton {
         if (style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) == 0)
             flags |= Qt::TextHideMnemonic;
         painter.drawText(rect(), flags, text());
+    }
+
+  private:
+    // Flat, over the full width; a triangle shows whether the page is open.
+    void PaintHead() {
+        constexpr int kMark = 8;
+        constexpr int kGap = 4;
+        QPainter painter(this);
+        const QPalette& colours = palette();
+        painter.fillRect(rect(),
+                         colours.color(isDown() || underMouse() ? QPalette::Midlight : QPalette::Button));
+        painter.fillRect(QRect(0, height() - 1, width(), 1), colours.color(QPalette::Mid));
+        if (hasFocus())
+            PaintFrame(painter, rect(), colours.color(QPalette::Highlight), 2 * DeviceLine(painter));
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colours.color(QPalette::ButtonText));
+        painter.drawPolygon(MarkIn(QRectF(kGap, (height() - kMark) / 2.0, kMark, kMark)));
+        painter.setPen(colours.color(QPalette::ButtonText));
+        painter.drawText(rect().adjusted(kMark + 2 * kGap, 0, -kGap, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                         text());
+    }
+    /// A triangle that points to the text, or down to the open page.
+    QPolygonF MarkIn(const QRectF& box) const {
+        const double deep = box.width() * 5 / 8;
+        if (*open)
+            return QPolygonF({{box.left(), box.center().y() - deep / 2},
+                              {box.right(), box.center().y() - deep / 2},
+                              {box.center().x(), box.center().y() + deep / 2}});
+        return QPolygonF({{box.center().x() - deep / 2, box.top()},
+                          {box.center().x() + deep / 2, box.center().y()},
+                          {box.center().x() - deep / 2, box.bottom()}});
     }
 };
 
@@ -66,9 +101,14 @@ void CommandButton::Cancel(bool value) {
 }
 
 void CommandButton::Picture(const std::string& resource) {
-    const QString file = ToQString(resource);
-    if (auto* widget = WidgetAs<QPushButton>(*this))
-        widget->setIcon(QFile::exists(file) ? QIcon(file) : QIcon());
+    if (auto* widget = WidgetAs<QPushButton>(*this)) widget->setIcon(IconOf(resource));
+}
+
+void CommandButton::HeadsPage(bool open) {
+    if (auto* widget = WidgetAs<PushWidget>(*this)) {
+        widget->open = open;
+        widget->update();
+    }
 }
 
 void CommandButton::BackColor(Colour value) {

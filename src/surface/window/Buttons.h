@@ -18,6 +18,9 @@ class CommandButton : public Control {
     void Default(bool value);                  ///< Pressed by Enter anywhere on the dialog.
     void Cancel(bool value);                   ///< Pressed by Escape anywhere on the dialog.
     void Picture(const std::string& resource); ///< An icon beside or instead of the caption.
+    /// Makes it the head of a page: flat, its text to the left behind a triangle that points down while the
+    /// page is open.
+    void HeadsPage(bool open);
     /// The colour of the face, a `SystemColour` at the start. Another is shown exactly, with the caption in
     /// black or white on it, whichever can be read.
     Colour BackColor() const { return backColor_; }

@@ -1,6 +1,7 @@
 #include "surface/window/Display.h"
 
 #include "surface/window/Control_native.h"
+#include "surface/window/Fonts_native.h"
 #include "surface/window/Painting_native.h"
 
 #include <QPainter>
@@ -70,6 +71,9 @@ void Display::PaintPicture() {
     widget->setAttribute(Qt::WA_OpaquePaintEvent, !picture_.Empty());
     widget->paint = [this, widget](QPaintEvent& event) {
         if (!picture_.Empty()) PaintBitmap(*widget, event.region(), picture_, widget->size(), QColor());
+        if (texts_.empty()) return;
+        QPainter painter(widget);
+        PaintTexts(painter, event.region(), texts_, SmallFont());
     };
 }
 
@@ -78,6 +82,11 @@ void Display::Picture(pintalux::Picture value) {
     if (before.Empty() != picture_.Empty()) PaintPicture();
     QWidget* widget = WidgetOf(*this);
     if (widget && widget->isVisible()) MarkDifference(*widget, before, picture_);
+}
+
+void Display::Texts(std::vector<ScreenText> texts) {
+    texts_ = std::move(texts);
+    if (QWidget* widget = WidgetOf(*this)) widget->update();
 }
 
 void Display::Art(const std::string& resource) {

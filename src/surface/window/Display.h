@@ -7,18 +7,21 @@
 #include "surface/window/Surface.h"
 
 #include <string>
+#include <vector>
 
 namespace pintalux {
 
 class OverlayWidget;
 
-/// Shows its picture stretched to its own size. Pointer events come in twips. Only what is visible is scaled,
-/// and only what differs from the picture before is painted again.
+/// Shows its picture stretched to its own size: larger in hard blocks, smaller as means. Pointer events come
+/// in twips. Only what is visible is scaled, and only what differs from the picture before is painted again.
 class Display : public Control {
   public:
     Display(Container& parent, std::string name);
     const pintalux::Picture& Picture() const { return picture_; }
     void Picture(pintalux::Picture value);
+    /// Laid over the picture in the small face, in pixels of the display.
+    void Texts(std::vector<ScreenText> texts);
     /// Shows a drawing of the program's resources (":/splash.svg") instead, sharp at every scale of the
     /// screen.
     void Art(const std::string& resource);
@@ -28,10 +31,11 @@ class Display : public Control {
   private:
     void PaintPicture();
     pintalux::Picture picture_;
+    std::vector<ScreenText> texts_;
 };
 
-/// A line between two points of its container, in the container's unit. Inverts what lies under it, dotted,
-/// when `DrawMode` is 6; otherwise solid in `BorderColor`.
+/// A line between two points of its container, in the container's unit; none where both are the same. Inverts
+/// what lies under it, dotted, when `DrawMode` is 6; otherwise solid in `BorderColor`.
 class LineControl : public Control {
   public:
     LineControl(Container& parent, std::string name);

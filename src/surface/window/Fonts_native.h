@@ -7,6 +7,9 @@
 
 namespace pintalux {
 
+/// "Small Fonts": the desktop's own face, as small as is still read. Only screens show it.
+QFont SmallFont();
+
 /// The toolkit's font, without smoothing, sized in pixels: an image must not depend on the desktop's
 /// resolution.
 QFont ToQFont(const Font& font);

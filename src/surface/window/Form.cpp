@@ -12,6 +12,17 @@
 
 namespace pintalux {
 
+namespace {
+
+/// The caption, in a document window with the place of the mark of a change behind it.
+QString TitleOf(Form& form) {
+    QString title = ToQString(form.Caption());
+    if (!FormNative::Of(form).IsChild()) return title;
+    return title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")) + QLatin1String("[*]");
+}
+
+} // namespace
+
 Form::Form(std::string name, Kind kind)
     : Container(nullptr, std::move(name), kScaleTwips), kind_(kind),
       form_(std::make_unique<FormNative>(*this)) {
@@ -26,8 +37,14 @@ Form::~Form() {
 
 void Form::Caption(std::string value) {
     caption_ = std::move(value);
-    if (QWidget* window = WidgetOf(*this)) window->setWindowTitle(ToQString(caption_));
+    if (QWidget* window = WidgetOf(*this)) window->setWindowTitle(TitleOf(*this));
     if (form_->host) form_->host->Retitled();
+}
+
+void Form::Modified(bool value) {
+    if (value == modified_) return;
+    modified_ = value;
+    if (QWidget* window = WidgetOf(*this)) window->setWindowModified(value);
 }
 
 int Form::WindowState() const {

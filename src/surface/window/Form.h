@@ -50,6 +50,8 @@ class Form : public Container {
 
     const std::string& Caption() const { return caption_; }
     void Caption(std::string value);
+    /// Marks a document window as changed since it was saved, by the desktop's own means; `Caption` stays.
+    void Modified(bool value);
     int WindowState() const;
     void WindowState(int value);
 
@@ -92,6 +94,7 @@ class Form : public Container {
 
     Kind kind_;
     std::string caption_;
+    bool modified_ = false;
     Life life_ = Life::Made;
     Life lifeIfRefused_ = Life::Made; ///< Where a running unload leads back to if it is refused.
     std::unique_ptr<FormNative> form_;

@@ -11,8 +11,12 @@ LineControl::LineControl(Container& parent, std::string name) : Control(&parent,
     widget->setGeometry(widget->parentWidget()->rect());
     widget->Style(false, borderColor_, 1);
     widget->paint = [this](QPainter& painter) {
-        painter.drawLine(PixelsAround(*this, x1_), PixelsAround(*this, y1_), PixelsAround(*this, x2_),
-                         PixelsAround(*this, y2_));
+        // The pointer's marks in the rulers wait without length until the pointer comes.
+        if (x1_ == x2_ && y1_ == y2_) return;
+        const QRect from = OnDevice(painter, {PixelsAround(*this, x1_), PixelsAround(*this, y1_), 1, 1});
+        const QRect to = OnDevice(painter, {PixelsAround(*this, x2_), PixelsAround(*this, y2_), 1, 1});
+        const DevicePixels device(painter);
+        painter.drawLine(from.center(), to.center());
     };
 }
 

@@ -147,6 +147,10 @@ void MDIForm::Form_Unload() {
     MDIForm_Unload();
 }
 
+void MDIForm::LeastInside(int width, int height) {
+    if (QMainWindow* window = mdi_->Window()) window->setMinimumSize(width, height);
+}
+
 void MDIForm::AddMenu(MenuItem& menu) {
     QMainWindow* window = mdi_->Window();
     if (window && menu.Native().action) window->menuBar()->addAction(menu.Native().action);

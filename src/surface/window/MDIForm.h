@@ -35,6 +35,9 @@ class MDIForm : public Form {
     Form& Adopt(std::unique_ptr<Form> child);
     const std::vector<std::unique_ptr<Form>>& Children() const { return children_; }
 
+    /// The least inside that a hand may give the window, in pixels.
+    void LeastInside(int width, int height);
+
     void AddMenu(MenuItem& menu);
     /// The menu that ends with the list of the open windows.
     void WindowListMenu(MenuItem& menu);

@@ -57,7 +57,9 @@ std::vector<Surface*> MDINative::PlacePanels() {
             if (IsRow(panel.edge) != rows || !surface.Visible() || !WidgetOf(surface)) continue;
             const QSize before(surface.PixelWidth(), surface.PixelHeight());
             const int depth = DepthOf(surface, panel.edge);
-            QRect place = CutOff(room, panel.edge, depth);
+            const auto& widerBy = SurfaceNative::Of(surface).widerBy;
+            const int wider = rows || !widerBy ? 0 : widerBy(room.height());
+            QRect place = CutOff(room, panel.edge, depth + wider);
             WidgetOf(surface)->setGeometry(place);
             // The depth stays as assigned, even where the window is too small for it.
             rows ? place.setHeight(depth) : place.setWidth(depth);

@@ -28,32 +28,35 @@ void OverlayWidget::Outline(const QRegion& region) {
 
 void OverlayWidget::Style(bool inverting, Colour colour, int width) {
     inverting_ = inverting;
-    pen_ = QPen(ToQColor(colour), width);
+    pen_ = QPen(inverting ? QColor(Qt::black) : ToQColor(colour), width);
     // A flat cap would leave out a line's last pixel; only dots need it, or they would grow.
     pen_.setCapStyle(inverting ? Qt::FlatCap : Qt::SquareCap);
     pen_.setJoinStyle(Qt::MiterJoin);
-    if (inverting) {
-        pen_.setColor(Qt::black);
-        pen_.setDashPattern({2, 2});
-    }
+    if (inverting) pen_.setDashPattern({2, 2});
     Mark(rect());
+}
+
+// In device pixels, so that no line is thicker here than there on a scaled display.
+void OverlayWidget::PaintOn(QPainter& painter, const QPen& pen) {
+    QPen scaled = pen;
+    scaled.setWidth(pen.width() * DeviceLine(painter));
+    scaled.setCosmetic(true);
+    painter.setPen(scaled);
+    paint(painter);
 }
 
 void OverlayWidget::paintEvent(QPaintEvent*) {
     if (!paint) return;
     QPainter painter(this);
-    painter.setPen(pen_);
     if (inverting_) {
         if (painter.paintEngine()->hasFeature(QPaintEngine::RasterOpModes)) {
             painter.setCompositionMode(QPainter::RasterOp_NotDestination);
         } else {
             // Not every display can invert: white between the black dots is seen on any ground as well.
-            painter.setPen(QPen(Qt::white, pen_.width()));
-            paint(painter);
-            painter.setPen(pen_);
+            PaintOn(painter, QPen(Qt::white, pen_.width()));
         }
     }
-    paint(painter);
+    PaintOn(painter, pen_);
 }
 
 bool OverlayWidget::eventFilter(QObject*, QEvent* event) {

@@ -19,7 +19,7 @@ class OverlayWidget : public QWidget {
   public:
     explicit OverlayWidget(QWidget* parent);
 
-    /// Draws the outline with the painter, whose pen is set.
+    /// Draws the outline with the painter, whose pen is set, in device pixels thick.
     std::function<void(QPainter&)> paint;
 
     /// Has a part painted again, if the overlay shows.
@@ -36,6 +36,7 @@ class OverlayWidget : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void PaintOn(QPainter& painter, const QPen& pen);
     QRegion outline_;
     QPen pen_;
     bool inverting_ = false;

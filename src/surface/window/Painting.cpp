@@ -3,8 +3,9 @@
 
 #include <QImage>
 #include <QPaintEngine>
-#include <QPainter>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -15,35 +16,63 @@ namespace {
 /// Above so many rectangles one picture of their frame is cheaper than a picture of each.
 constexpr int kManyRectangles = 100;
 
-/// The picture in memory that a painter draws on, if its pixels are those of the widget, one to one.
-struct Canvas {
-    QImage* image = nullptr;
-    QPoint origin; ///< Where the widget's corner lies in it.
+/// Logical pixels as the device has them: the scale of the display, and where the widget's corner lies.
+struct DeviceGrid {
+    double scale = 1;
+    QPoint origin;
+
+    explicit DeviceGrid(const QPainter& painter) {
+        const QTransform& place = painter.deviceTransform();
+        scale = place.m11();
+        origin = {qRound(place.dx()), qRound(place.dy())};
+        exact_ = scale == std::floor(scale) && place.dx() == origin.x() && place.dy() == origin.y();
+    }
+    /// Every logical pixel is a block of device pixels.
+    bool Exact() const { return exact_; }
+
+    /// A size in device pixels; what is begun of one counts.
+    QSize Scaled(const QSize& size) const { return {Scaled(size.width()), Scaled(size.height())}; }
+    int Scaled(int length) const { return static_cast<int>(std::ceil(length * scale)); }
+
+    /// The device pixels that a part of the widget touches, counted from the widget's corner.
+    QRect Touched(const QRect& part) const {
+        const auto low = [this](int place) { return static_cast<int>(std::floor(place * scale)); };
+        const auto high = [this](int place) { return static_cast<int>(std::ceil(place * scale)); };
+        return {QPoint(low(part.left()), low(part.top())),
+                QPoint(high(part.left() + part.width()) - 1, high(part.top() + part.height()) - 1)};
+    }
+
+  private:
+    bool exact_ = true;
 };
 
-Canvas CanvasOf(const QPainter& painter) {
-    if (!painter.isActive()) return {};
+/// The picture in memory that a painter draws on; null if it draws on something else.
+QImage* CanvasOf(const QPainter& painter) {
+    if (!painter.isActive()) return nullptr;
     QPaintDevice* device = painter.paintEngine()->paintDevice();
-    const QTransform& place = painter.deviceTransform();
-    if (device->devType() != QInternal::Image || place.type() > QTransform::TxTranslate) return {};
+    if (device->devType() != QInternal::Image || painter.deviceTransform().type() > QTransform::TxScale)
+        return nullptr;
     auto* image = static_cast<QImage*>(device);
-    if (image->format() != QImage::Format_RGB32 && image->format() != QImage::Format_ARGB32_Premultiplied)
-        return {};
-    return {image, QPoint(qRound(place.dx()), qRound(place.dy()))};
+    const bool plain =
+        image->format() == QImage::Format_RGB32 || image->format() == QImage::Format_ARGB32_Premultiplied;
+    return plain ? image : nullptr;
 }
 
 /// Writes the pixels where the display takes them from. The way over a picture of its own and the painter
 /// writes and reads each of them once more, which takes longer than all the rest of a repaint.
-void PaintInPlace(const Canvas& canvas, const QRect& part, const Bitmap& source, const QSize& size) {
-    const QRect shown = part & canvas.image->rect().translated(-canvas.origin);
+void PaintInPlace(QImage& canvas, const QPoint& origin, const QRect& part, const Bitmap& source,
+                  const QSize& size) {
+    const QRect shown = part & canvas.rect().translated(-origin);
     if (shown.isEmpty()) return;
-    const QPoint corner = shown.topLeft() + canvas.origin;
-    auto* line = static_cast<std::uint32_t*>(static_cast<void*>(canvas.image->scanLine(corner.y())));
+    const QPoint corner = shown.topLeft() + origin;
+    auto* line = static_cast<std::uint32_t*>(static_cast<void*>(canvas.scanLine(corner.y())));
     StretchForScreen(source, size.width(), size.height(), ToBox(shown), line + corner.x(),
-                     static_cast<int>(canvas.image->bytesPerLine() / 4));
+                     static_cast<int>(canvas.bytesPerLine() / 4));
 }
 
-void PaintPart(QPainter& painter, const QRect& part, const Bitmap& source, const QSize& size) {
+/// Paints device pixels; the painter counts them.
+void PaintPart(QPainter& painter, const QPoint& origin, const QRect& part, const Bitmap& source,
+               const QSize& size) {
     // Kept from one repaint to the next: fresh memory for a view costs more than the pixels in it. Painting
     // happens on the interface thread only.
     static std::vector<std::uint32_t> pixels;
@@ -52,24 +81,77 @@ void PaintPart(QPainter& painter, const QRect& part, const Bitmap& source, const
     StretchForScreen(source, size.width(), size.height(), ToBox(part), pixels.data(), part.width());
     const QImage image(static_cast<const uchar*>(static_cast<const void*>(pixels.data())), part.width(),
                        part.height(), part.width() * 4, QImage::Format_RGB32);
-    painter.drawImage(part.topLeft(), image);
+    painter.drawImage(part.topLeft() + origin, image);
 }
 
 } // namespace
 
+DevicePixels::DevicePixels(QPainter& painter) : painter_(painter) {
+    painter_.save();
+    painter_.setWorldTransform(painter_.deviceTransform().inverted() * painter_.worldTransform());
+}
+
+DevicePixels::~DevicePixels() {
+    painter_.restore();
+}
+
+QRect OnDevice(const QPainter& painter, const QRect& rect) {
+    const QTransform& place = painter.deviceTransform();
+    const auto x = [&](int at) { return qRound(at * place.m11() + place.dx()); };
+    const auto y = [&](int at) { return qRound(at * place.m22() + place.dy()); };
+    return {QPoint(x(rect.left()), y(rect.top())),
+            QPoint(x(rect.left() + rect.width()) - 1, y(rect.top() + rect.height()) - 1)};
+}
+
+int DeviceLine(const QPainter& painter) {
+    return std::max(1, static_cast<int>(painter.deviceTransform().m11()));
+}
+
+void PaintTexts(QPainter& painter, const QRegion& exposed, const std::vector<ScreenText>& texts,
+                const QFont& font, const QColor* colour) {
+    const QFontMetrics metrics(font);
+    painter.setFont(font);
+    for (const ScreenText& text : texts) {
+        const QString line = QString::fromStdString(text.text);
+        const QRect place(text.x, text.y, metrics.horizontalAdvance(line), metrics.height());
+        if (!exposed.intersects(place.adjusted(-2, -2, 2, 2))) continue;
+        painter.setPen(colour ? *colour : ToQColor(text.colour));
+        painter.drawText(text.x, text.y + metrics.ascent(), line);
+    }
+}
+
+void PaintFrame(QPainter& painter, const QRect& rect, const QColor& colour, int width) {
+    const QRect edges = OnDevice(painter, rect);
+    const DevicePixels device(painter);
+    const int depth = std::min({width, edges.width() / 2, edges.height() / 2});
+    painter.fillRect(edges.left(), edges.top(), edges.width(), depth, colour);
+    painter.fillRect(edges.left(), edges.bottom() - depth + 1, edges.width(), depth, colour);
+    const int between = edges.height() - 2 * depth;
+    painter.fillRect(edges.left(), edges.top() + depth, depth, between, colour);
+    painter.fillRect(edges.right() - depth + 1, edges.top() + depth, depth, between, colour);
+}
+
 void PaintBitmap(QWidget& widget, const QRegion& exposed, const Bitmap& source, const QSize& size,
                  const QColor& around) {
     QPainter painter(&widget);
+    const DeviceGrid grid(painter);
+    const QSize onDevice = grid.Scaled(size);
     const QRect picture = source.Empty() ? QRect() : QRect(QPoint(0, 0), size);
     const bool many = exposed.rectCount() > kManyRectangles;
     const QRegion region = many ? QRegion(exposed.boundingRect()) : exposed;
-    // Only the painter keeps to what is exposed by itself.
-    const Canvas canvas = many ? Canvas{} : CanvasOf(painter);
+    // Only the painter keeps to what is exposed by itself, and to the part of a pixel that is.
+    QImage* canvas = many || !grid.Exact() ? nullptr : CanvasOf(painter);
     for (const QRect& rect : region) {
         const QRect part = rect.intersected(picture);
         if (part != rect) painter.fillRect(rect, around);
         if (part.isEmpty()) continue;
-        canvas.image ? PaintInPlace(canvas, part, source, size) : PaintPart(painter, part, source, size);
+        const QRect pixels = grid.Touched(part) & QRect(QPoint(0, 0), onDevice);
+        if (canvas) {
+            PaintInPlace(*canvas, grid.origin, pixels, source, onDevice);
+        } else if (!pixels.isEmpty()) {
+            const DevicePixels device(painter);
+            PaintPart(painter, grid.origin, pixels, source, onDevice);
+        }
     }
 }
 

@@ -3,8 +3,11 @@
 
 #include "surface/raster/Bitmap.h"
 #include "surface/raster/Colour.h"
+#include "surface/window/Surface.h"
 
 #include <QColor>
+#include <QFont>
+#include <QPainter>
 #include <QPaintEvent>
 #include <QWidget>
 
@@ -38,6 +41,31 @@ class PaintedWidget : public QWidget {
         if (paint) paint(*event);
     }
 };
+
+/// While it exists a painter counts device pixels, from the corner of what it paints on.
+class DevicePixels {
+  public:
+    explicit DevicePixels(QPainter& painter);
+    ~DevicePixels();
+    DevicePixels(const DevicePixels&) = delete;
+    DevicePixels& operator=(const DevicePixels&) = delete;
+
+  private:
+    QPainter& painter_;
+};
+
+/// Where a rectangle of the painter lies in device pixels; neighbours stay neighbours.
+QRect OnDevice(const QPainter& painter, const QRect& rect);
+
+/// Device pixels in a logical one, in whole ones: how thick a thin line is.
+int DeviceLine(const QPainter& painter);
+
+/// A frame of `width` device pixels along the inside of a rectangle, whole at every scale.
+void PaintFrame(QPainter& painter, const QRect& rect, const QColor& colour, int width = 1);
+
+/// Lines of text as sharp as the screen is; only what is exposed costs.
+void PaintTexts(QPainter& painter, const QRegion& exposed, const std::vector<ScreenText>& texts,
+                const QFont& font, const QColor* colour = nullptr);
 
 /// Paints `source`, stretched to `size`, on the parts of the widget that the event names; `around` shows
 /// beside it. Costs what is exposed.

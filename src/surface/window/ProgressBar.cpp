@@ -36,6 +36,12 @@ class ProgressWidget final : public QProgressBar {
         PaintNow();
     }
 
+  protected:
+    // At rest there is no bar.
+    void paintEvent(QPaintEvent* event) override {
+        if (value() > 0) QProgressBar::paintEvent(event);
+    }
+
   private:
     void PaintNow() {
         late_.stop();

@@ -69,9 +69,8 @@ class ScrollWidget final : public QScrollBar {
     void PaintButton(QPainter& painter, Half half, QStyle::PrimitiveElement arrow) {
         const QRect place = RectOf(half);
         const bool down = held_ == half;
-        painter.setPen(palette().color(QPalette::Dark));
-        painter.setBrush(palette().color(down ? QPalette::Midlight : QPalette::Button));
-        painter.drawRect(place.adjusted(0, 0, -1, -1));
+        painter.fillRect(place, palette().color(down ? QPalette::Midlight : QPalette::Button));
+        PaintFrame(painter, place, palette().color(QPalette::Dark));
         QStyleOption option;
         option.initFrom(this);
         const int side = std::min({place.width(), place.height(), 15}) - 4;
@@ -81,9 +80,7 @@ class ScrollWidget final : public QScrollBar {
     }
     void PaintFocus() {
         QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        PaintFrame(painter, rect(), palette().color(QPalette::Highlight), 2 * DeviceLine(painter));
     }
 
     Half held_ = kNone;

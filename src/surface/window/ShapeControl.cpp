@@ -2,6 +2,7 @@
 #include "surface/window/Control_native.h"
 #include "surface/window/Display.h"
 #include "surface/window/Overlay_native.h"
+#include "surface/window/Painting_native.h"
 
 #include <algorithm>
 
@@ -39,8 +40,12 @@ void DrawEdges(QPainter& painter, const QRect& box) {
     if (box.width() > 1) painter.drawLine(box.right(), box.top() + 1, box.right(), box.bottom() - 1);
 }
 
-void DrawOutline(QPainter& painter, const QRect& box, int shape, int width) {
-    if (box.isEmpty()) return;
+void DrawOutline(QPainter& painter, const QRect& place, int shape, int logicalWidth) {
+    if (place.isEmpty()) return;
+    const int dot = DeviceLine(painter);
+    const int width = logicalWidth * dot;
+    const QRect box = OnDevice(painter, place);
+    const DevicePixels device(painter);
     if (IsRound(shape)) {
         const int inset = width / 2;
         painter.drawEllipse(box.adjusted(inset, inset, -inset - 1, -inset - 1));
@@ -48,6 +53,8 @@ void DrawOutline(QPainter& painter, const QRect& box, int shape, int width) {
     }
     QPen pen = painter.pen();
     pen.setWidth(1);
+    // Dots as long as the line is thick, whatever that is in device pixels.
+    if (pen.style() == Qt::CustomDashLine) pen.setDashPattern({2.0 * dot, 2.0 * dot});
     painter.setPen(pen);
     for (int ring = 0; ring < width; ++ring) {
         const QRect edges = box.adjusted(ring, ring, -ring, -ring);

@@ -7,7 +7,8 @@
 
 namespace pintalux {
 
-/// A lying slider of 32-bit values. It starts at the low end of its range with changes of 1.
+/// A lying slider of 32-bit values, shown in a bubble while a hand moves it and behind its tip. It starts at
+/// the low end of its range with changes of 1.
 class Slider : public RangeControl {
   public:
     Slider(Container& parent, std::string name, int min, int max);

@@ -21,6 +21,7 @@ Surface::Surface(Container& parent, std::string name)
     auto* widget = new PaintedWidget(ClientWidgetOf(parent));
     widget->setAttribute(Qt::WA_OpaquePaintEvent);
     widget->paint = [this](QPaintEvent& event) {
+        if (surface_->panel) return surface_->PaintPanel(event, texts_);
         surface_->Paint(screen_ ? *screen_ : persistent_, event, backColor_);
     };
     surface_->widget = widget;
@@ -74,6 +75,7 @@ void Surface::AutoRedraw(bool value) {
 
 /// Back to the stored picture over the back colour, on the screen as well.
 void Surface::ResetPersistent() {
+    texts_.clear();
     const int width = PixelWidth();
     const int height = PixelHeight();
     drawn_ = false;
@@ -136,6 +138,12 @@ void Surface::BorderStyle(int value) {
     if (surface_->widget) surface_->widget->update();
 }
 
+void Surface::AsPanel() {
+    surface_->panel = true;
+    printsOver_ = true;
+    if (surface_->widget) surface_->widget->update();
+}
+
 int Surface::PixelWidth() const {
     return PixelsAround(*this, width_);
 }
@@ -168,8 +176,16 @@ void SurfaceNative::Paint(const Bitmap& bitmap, QPaintEvent& event, Colour backC
     if (!edge.isEmpty()) PaintEdge(event.region());
     if (borderStyle == 0) return;
     QPainter painter(widget);
-    painter.setPen(QColor(0x80, 0x80, 0x80));
-    painter.drawRect(widget->rect().adjusted(0, 0, -1, -1));
+    PaintFrame(painter, widget->rect(), QColor(0x80, 0x80, 0x80));
+}
+
+void SurfaceNative::PaintPanel(QPaintEvent& event, const std::vector<ScreenText>& texts) {
+    pending = {};
+    QPainter painter(widget);
+    for (const QRect& rect : event.region())
+        painter.fillRect(rect, widget->palette().window());
+    const QColor ink = widget->palette().color(QPalette::WindowText);
+    PaintTexts(painter, event.region(), texts, widget->font(), &ink);
 }
 
 // Dots in the opposite colours, as around a rectangle: a piece that lies where it came from could not be seen

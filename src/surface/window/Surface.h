@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace pintalux {
 
@@ -25,6 +26,15 @@ struct Font {
     bool underline = false;
     bool strikethru = false;
     bool operator==(const Font&) const = default;
+};
+
+/// A line of text that lies over a bitmap on the screen alone: drawn in the screen's own pixels, whatever its
+/// scale. The place is that of its left top corner, in pixels.
+struct ScreenText {
+    int x = 0;
+    int y = 0;
+    std::string text;
+    Colour colour = kBlack;
 };
 
 struct SurfaceNative;
@@ -105,6 +115,13 @@ class Surface : public Container {
     /// Draws a line of text at `CurrentX`, `CurrentY` in the surface's font and `ForeColor`, without
     /// smoothing; then `CurrentX` is 0 and `CurrentY` below the line.
     void Print(const std::string& text);
+    /// From now on what is printed is no pixel of the bitmap: it becomes one of `Texts`, until the next
+    /// `Cls`.
+    void PrintsOver() { printsOver_ = true; }
+    const std::vector<ScreenText>& Texts() const { return texts_; }
+    /// Makes it a part of the desktop instead of a picture: it shows the window colour of the desktop's
+    /// theme, whatever its bitmap, and prints over in the desktop's font.
+    void AsPanel();
     /// Repaints at once. While `AutoRedraw` is off, what was drawn on the screen only is gone.
     void Refresh() override;
 
@@ -136,6 +153,8 @@ class Surface : public Container {
     bool drawn_ = false; ///< Something was drawn since the contents were last reset.
     DrawAttributes attributes_;
     Font font_;
+    bool printsOver_ = false;
+    std::vector<ScreenText> texts_;
     double currentX_ = 0;
     double currentY_ = 0;
     DeviceContext dc_;

@@ -6,6 +6,7 @@
 #include "surface/window/Surface.h"
 
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -62,12 +63,17 @@ Box Stamp(Bitmap& bits, const QImage& glyphs, int left, int top, Pixel ink) {
 
 } // namespace
 
+QFont SmallFont() {
+    constexpr int kSmallest = 8; // pixels: still read, and three digits fit a ruler
+    QFont result = QGuiApplication::font();
+    result.setPixelSize(kSmallest);
+    return result;
+}
+
 QFont ToQFont(const Font& font) {
-    // "Small Fonts" stands for the smallest face that is still read, wherever the desktop's fonts come from.
-    const bool small = font.name == "Small Fonts";
-    QFont result(small ? QStringLiteral("DejaVu Sans") : ToQString(font.name));
-    const int pixels = small && font.size <= 8 ? 7 : ToInt32(font.size * 96 / 72);
-    result.setPixelSize(std::max(1, pixels));
+    if (font.name == "Small Fonts") return SmallFont();
+    QFont result(ToQString(font.name));
+    result.setPixelSize(std::max(1, ToInt32(font.size * 96 / 72)));
     result.setBold(font.bold);
     result.setItalic(font.italic);
     result.setUnderline(font.underline);
@@ -82,6 +88,13 @@ void Surface::Print(const std::string& text) {
     const QString line = ToQString(text);
     const int x = ToInt32(currentX_);
     const int y = ToInt32(currentY_);
+    if (printsOver_) {
+        texts_.push_back({x, y, text, attributes_.ForeColor});
+        Changed(persistent_.Bounds());
+        currentX_ = 0;
+        currentY_ += QFontMetrics(font).height();
+        return;
+    }
     const QRect part = PartOn(ReachOf(font, line), x, y, dc_.Bits());
     if (!part.isEmpty()) {
         dc_.Touched(Stamp(dc_.Bits(), RenderPart(font, line, part), x + part.left(), y + part.top(),

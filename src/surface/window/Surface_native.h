@@ -7,12 +7,17 @@
 #include <QPointer>
 #include <QRegion>
 
+#include <functional>
+
 namespace pintalux {
 
 struct SurfaceNative {
     QPointer<PaintedWidget> widget;
     Box pending;         ///< What was marked for painting and is not painted yet, in pixels.
     int borderStyle = 0; ///< 1: a thin line is painted along the edge of the widget.
+    bool panel = false;  ///< The desktop's window colour shows instead of the bitmap.
+    /// How much wider a panel wants to be at a height in pixels; null: no wider.
+    std::function<int(int height)> widerBy;
     /// The pixels along the edge of the region that clips the surface. They are painted as dots. Empty: the
     /// surface is not clipped.
     QRegion edge;
@@ -23,6 +28,7 @@ struct SurfaceNative {
 
     /// Paints what the event names; `backColor` shows where the bitmap ends.
     void Paint(const Bitmap& bitmap, QPaintEvent& event, Colour backColor);
+    void PaintPanel(QPaintEvent& event, const std::vector<ScreenText>& texts);
     void PaintEdge(const QRegion& exposed);
     /// Has a part of the bitmap painted at the next occasion.
     void Mark(const Box& box);

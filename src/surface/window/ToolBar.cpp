@@ -1,11 +1,11 @@
 #include "surface/window/ToolBar.h"
 
 #include "base/RuntimeError.h"
+#include "surface/window/Icons_native.h"
 #include "surface/window/Inputs_native.h"
 #include "surface/window/ToolBar_native.h"
 
 #include <algorithm>
-#include <QFile>
 
 namespace pintalux {
 
@@ -49,9 +49,9 @@ void ToolButton::Image(std::string resource) {
     image_ = std::move(resource);
     QToolButton* button = native_->button;
     if (button == nullptr) return;
-    const QString file = ToQString(image_);
-    const bool present = !file.isEmpty() && QFile::exists(file);
-    button->setIcon(present ? QIcon(file) : QIcon());
+    const QIcon icon = IconOf(image_);
+    const bool present = !icon.isNull();
+    button->setIcon(icon);
     button->setText(present ? QString() : ToQString(caption_.empty() ? key_ : caption_));
     button->setToolButtonStyle(present ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextOnly);
     if (auto* bar = WidgetAs<BarWidget>(bar_)) bar->Arrange();

@@ -1,0 +1,362 @@
+// Every window as it looks, in a small and a large font, in a light and a dark theme: texts have their room,
+// and stand out from what lies below. With PINTALUX_SHOTS set to a folder a picture of each window goes
+// there; scripts/screenshots.py does that at every scale.
+#include "support/Documents.h"
+#include "support/Program.h"
+
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
+#include "devices/frmScan.h"
+#include "devices/frmScanSource.h"
+#include "devices/frmScanWait.h"
+#include "document/frmImgprops.h"
+#include "document/frmNew.h"
+#include "document/Globals.h"
+#include "document/Zoom.h"
+#include "imageops/frmAddBord.h"
+#include "imageops/frmBWiz.h"
+#include "imageops/frmFiltBrow.h"
+#include "imageops/frmResize.h"
+#include "settings/frmPrefs.h"
+#include "surface/system/Clipboard.h"
+#include "surface/system/Pictures.h"
+#include "surface/system/Theme_native.h"
+#include "tools/frmText.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QStyleOptionButton>
+#include <QStyleOptionComboBox>
+#include <QToolTip>
+
+namespace pintalux {
+namespace {
+
+struct Look {
+    int points;
+    bool dark;
+};
+
+QPalette Desktop(bool dark) {
+    QPalette desktop{dark ? QColor(0x2B2D30) : QColor(0xEFEFEF)};
+    desktop.setColor(QPalette::Window, dark ? QColor(0x2B2D30) : QColor(0xEFEFEF));
+    desktop.setColor(QPalette::Button, dark ? QColor(0x393B40) : QColor(0xEFEFEF));
+    desktop.setColor(QPalette::Base, dark ? QColor(0x1E1F22) : QColor(Qt::white));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        desktop.setColor(role, dark ? QColor(0xDFE1E5) : QColor(Qt::black));
+    desktop.setColor(QPalette::Highlight, QColor(0x2D6FB3));
+    desktop.setColor(QPalette::HighlightedText, Qt::white);
+    return PaletteFor(desktop);
+}
+
+/// A sky, hills and a sun: what a reduced view of a photograph has to cope with.
+Picture Landscape(int width, int height) {
+    Picture picture(width, height, 0);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const double hill =
+                height * (0.6 + 0.1 * std::sin(x * 9.0 / width) + 0.05 * std::sin(x * 31.0 / width));
+            const double sun = std::hypot(x - width * 0.7, y - height * 0.25);
+            const int grain = (x * 7919 + y * 104729) % 23;
+            int red = 90 + 100 * y / height;
+            int green = 150 + 60 * y / height;
+            int blue = 230;
+            if (sun < height * 0.12) red = 250, green = 220, blue = 90;
+            if (y > hill) red = 40 + grain * 2, green = 110 + grain * 3, blue = 40 + grain;
+            picture.Set(x, y, static_cast<Pixel>(red | green << 8 | blue << 16));
+        }
+    }
+    return picture;
+}
+
+/// The width that a text takes without its marks of access keys.
+int WidthOf(const QWidget& widget, const QString& text) {
+    return widget.fontMetrics().size(Qt::TextShowMnemonic, text).width();
+}
+
+/// The room that a widget has for its text; empty where it holds none.
+QSize RoomOf(const QWidget& widget, const QString& text) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        const QSize room = label->contentsRect().size();
+        if (label->wordWrap() && label->heightForWidth(room.width()) <= room.height())
+            return {WidthOf(widget, text), room.height()};
+        return room;
+    }
+    if (const auto* box = qobject_cast<const QCheckBox*>(&widget)) {
+        QStyleOptionButton option;
+        option.initFrom(box);
+        return box->style()->subElementRect(QStyle::SE_CheckBoxContents, &option, box).size();
+    }
+    if (const auto* choice = qobject_cast<const QRadioButton*>(&widget)) {
+        QStyleOptionButton option;
+        option.initFrom(choice);
+        return choice->style()->subElementRect(QStyle::SE_RadioButtonContents, &option, choice).size();
+    }
+    if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
+        QStyleOptionComboBox option;
+        option.initFrom(box);
+        return box->style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box)
+            .size();
+    }
+    constexpr int kEdges = 6;
+    return widget.size() - QSize(kEdges, 2);
+}
+
+QStringList TextsOf(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) return {label->text()};
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return {button->text()};
+    if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) return {line->text()};
+    if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) return {group->title()};
+    QStringList texts;
+    const auto* box = qobject_cast<const QComboBox*>(&widget);
+    if (box && box->objectName() != "ComboFont") { // the fonts of the machine are its own
+        for (int i = 0; i < box->count(); ++i)
+            texts += box->itemText(i);
+    }
+    return texts;
+}
+
+/// What a colour theme has no say in: colours, pictures, and text that is part of them.
+bool HoldsColours(const QWidget& widget) {
+    static const QStringList kNames = {"LblCurCol", "cmdColorsel", "lblx", "lbly", "lbltext"};
+    return kNames.contains(widget.objectName());
+}
+
+/// What lies below the text of a widget: the pixel in a corner, inside the edges of a button.
+QColor Below(const QImage& shot, const QWidget& widget, const QWidget& window) {
+    const bool edged = qobject_cast<const QPushButton*>(&widget) || qobject_cast<const QLineEdit*>(&widget);
+    const QPoint place =
+        edged ? QPoint(widget.width() / 2, widget.height() - 4) : QPoint(widget.width() - 1, 0);
+    return shot.pixelColor(widget.mapTo(&window, place) * shot.devicePixelRatio());
+}
+
+class LooksTest : public ProgramTest, public testing::WithParamInterface<Look> {
+  protected:
+    void SetUp() override {
+        ProgramTest::SetUp();
+        font_ = QApplication::font();
+        palette_ = QApplication::palette();
+        QFont font = font_;
+        font.setPointSize(GetParam().points);
+        QApplication::setFont(font);
+        QApplication::setPalette(Desktop(GetParam().dark));
+        QToolTip::setPalette(QApplication::palette());
+    }
+    void TearDown() override {
+        ProgramTest::TearDown();
+        QApplication::setFont(font_);
+        QApplication::setPalette(palette_);
+    }
+
+    void Look(const std::string& name, QWidget& window) {
+        PassEvents();
+        SCOPED_TRACE(name);
+        const QPixmap shot = window.grab();
+        if (const char* folder = std::getenv("PINTALUX_SHOTS")) {
+            const QString file = QStringLiteral("%1/%2-%3%4.png")
+                                     .arg(folder, QString::fromStdString(name))
+                                     .arg(GetParam().points)
+                                     .arg(QLatin1String(GetParam().dark ? "-dark" : ""));
+            shot.save(file);
+        }
+        const QImage image = shot.toImage();
+        for (const QWidget* widget : window.findChildren<QWidget*>()) {
+            if (!widget->isVisible() || widget->visibleRegion().isEmpty()) continue;
+            const QString code = widget->objectName();
+            if (code.isEmpty() || code.startsWith("qt_")) continue;
+            ExpectRoom(*widget);
+            ExpectContrast(*widget, image, window);
+        }
+    }
+
+    static void ExpectRoom(const QWidget& widget) {
+        for (const QString& text : TextsOf(widget)) {
+            if (text.isEmpty()) continue;
+            const QSize room = RoomOf(widget, text);
+            EXPECT_LE(WidthOf(widget, text), room.width())
+                << widget.objectName().toStdString() << ": " << text.toStdString();
+            EXPECT_LE(widget.fontMetrics().tightBoundingRect(text).height(), room.height())
+                << widget.objectName().toStdString();
+            // Whole, as far as what holds it goes; a panel scrolls.
+            const QWidget* holder = widget.parentWidget();
+            const bool whole = holder->objectName().isEmpty() || holder->rect().contains(widget.geometry());
+            EXPECT_TRUE(whole) << widget.objectName().toStdString() << " in "
+                               << holder->objectName().toStdString();
+        }
+    }
+
+    static void ExpectContrast(const QWidget& widget, const QImage& image, const QWidget& window) {
+        if (HoldsColours(widget) || !widget.visibleRegion().contains(widget.rect().center())) return;
+        const QStringList texts = TextsOf(widget);
+        const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+        if (!texts.isEmpty() && !texts.front().isEmpty() &&
+            widget.visibleRegion().boundingRect() == widget.rect() &&
+            !qobject_cast<const QComboBox*>(&widget)) {
+            const QColor ink = widget.palette().color(widget.foregroundRole());
+            EXPECT_GE(ContrastOf(ink, Below(image, widget, window)), 4.5)
+                << widget.objectName().toStdString();
+        }
+        if (!button || button->icon().isNull()) return;
+        ExpectIconSeen(*button, widget.palette().color(QPalette::Window));
+    }
+
+    /// What of an icon stands out from the ground by 3 to 1: its outlines are an eighth of it at least.
+    static void ExpectIconSeen(const QAbstractButton& button, const QColor& ground) {
+        const QImage icon = button.icon().pixmap(button.iconSize()).toImage();
+        int drawn = 0;
+        int seen = 0;
+        for (int y = 0; y < icon.height(); ++y) {
+            for (int x = 0; x < icon.width(); ++x) {
+                const QColor colour = icon.pixelColor(x, y);
+                if (colour.alpha() < 200) continue;
+                ++drawn;
+                seen += ContrastOf(colour, ground) >= 3 ? 1 : 0;
+            }
+        }
+        EXPECT_GT(drawn, 0) << button.objectName().toStdString();
+        EXPECT_GE(8 * seen, drawn) << button.objectName().toStdString();
+    }
+
+    template <class F>
+    void LookAt(const std::string& name, AutoForm<F>& form) {
+        form->Show();
+        Look(name, WidgetFor(*form));
+        form.Unload();
+    }
+
+  private:
+    QFont font_;
+    QPalette palette_;
+};
+
+TEST_P(LooksTest, MainWindowWithEveryPage) {
+    Start();
+    frmMain->MDIForm::Move(0, 0, 1280 * 15, 860 * 15);
+    OpenPicture("serra.bmp", Landscape(1200, 800));
+    for (const int size : {640, 300}) {
+        Clipboard.Clear();
+        Clipboard.SetData(Landscape(size, 480));
+        frmMain->LoadClipboard();
+    }
+    for (const int page : {0, 1, 2, 3, 4}) {
+        if (frmMain->PicTools(page).Height() <= ClosedPageHeight()) frmMain->cmdTools_Click(page);
+        frmMain->Timer1_Timer();
+        Look("frmMain-page" + std::to_string(page), WidgetFor(*frmMain));
+        frmMain->cmdTools_Click(page);
+    }
+}
+
+TEST_P(LooksTest, MainWindowAsItFirstShows) {
+    const std::string path = Folder("pictures") + "/serra.bmp";
+    SavePicture(Landscape(1200, 800), path);
+    StartWhole(path);
+    PassEvents();
+    frmMain->Timer1_Timer();
+    // As prescribed, where the font leaves a picture in it.
+    EXPECT_EQ(frmMain->MDIForm::Width() == 6500, GetParam().points == 10);
+    const QWidget* workspace = Find(WidgetFor(*frmMain), "workspace");
+    EXPECT_GE(workspace->width(), 70);
+    EXPECT_GE(workspace->height(), 200);
+    Look("frmMain-first", WidgetFor(*frmMain));
+}
+
+TEST_P(LooksTest, AtTheLeastSizeAllIsReached) {
+    Start();
+    QWidget& window = WidgetFor(*frmMain);
+    window.resize(1, 1);
+    PassEvents();
+    EXPECT_EQ(window.size(), window.minimumSize());
+    EXPECT_GE(Find(window, "workspace")->width(), 70);
+    for (const char* name : {"TB2_Text", "TB2_New", "Command1", "Command2"}) {
+        const QWidget* button = Find(window, name);
+        EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect()) << name;
+    }
+    // The last swatch of the collection, and each head.
+    for (const char* name : {"ColorBox", "cmdTools0", "cmdTools4"}) {
+        const QWidget* control = Find(window, name);
+        const QWidget* panel = Find(window, name == std::string("ColorBox") ? "ColTB" : "ToolSettings");
+        const auto* bar = panel->findChild<QScrollBar*>(QString(), Qt::FindDirectChildrenOnly);
+        ASSERT_NE(bar, nullptr);
+        const int bottom = control->mapTo(panel, QPoint(0, control->height())).y();
+        EXPECT_LE(bottom - bar->maximum(), panel->height()) << name;
+    }
+    Look("frmMain-least", window);
+}
+
+TEST_P(LooksTest, DocumentWithRulersAndBars) {
+    Start();
+    frmMain->MDIForm::Move(0, 0, 900 * 15, 600 * 15);
+    frmImage& image = OpenPicture("serra.bmp", Landscape(1200, 800));
+    RulersOn = true;
+    image.Timer2.Tick();
+    image.Width(400 * 15);
+    image.Height(300 * 15);
+    Look("frmImage-rulers", WidgetFor(*frmMain));
+    mnuZoomOutX_Click(3);
+    Look("frmImage-quarter", WidgetFor(*frmMain));
+}
+
+TEST_P(LooksTest, Dialogs) {
+    Start();
+    OpenPicture("serra.bmp", Landscape(1200, 800));
+    LookAt("frmNew", frmNew);
+    frmPrefs->Show();
+    for (const int tab : {0, 1, 2}) {
+        frmPrefs->SSTab1.Tab(tab);
+        Look("frmPrefs-" + std::to_string(tab), WidgetFor(*frmPrefs));
+    }
+    frmPrefs->Hide();
+    LookAt("frmText", frmText);
+    LookAt("frmFiltBrow", frmFiltBrow);
+    LookAt("frmBWiz", frmBWiz);
+    LookAt("frmAddBord", frmAddBord);
+    LookAt("frmResize", frmResize);
+    LookAt("frmImgprops", frmImgprops);
+    LookAt("frmScan", frmScan);
+    LookAt("frmScanSource", frmScanSource);
+    LookAt("frmScanWait", frmScanWait);
+    LookAt("frmSplash", frmSplash);
+}
+
+TEST_P(LooksTest, Menus) {
+    Start();
+    OpenPicture("serra.bmp", Landscape(120, 80));
+    frmMain->Timer1_Timer();
+    auto* window = qobject_cast<QMainWindow*>(&WidgetFor(*frmMain));
+    ASSERT_NE(window, nullptr);
+    int number = 0;
+    for (QAction* action : window->menuBar()->actions()) {
+        if (!action->menu()) continue;
+        action->menu()->popup(QPoint(0, 0));
+        Look("menu" + std::to_string(number++), *action->menu());
+        action->menu()->close();
+        EXPECT_GE(ContrastOf(action->menu()->palette().color(QPalette::WindowText),
+                             action->menu()->palette().color(QPalette::Window)),
+                  4.5);
+    }
+    EXPECT_GT(number, 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, LooksTest,
+                         testing::Values(Look{10, false}, Look{15, false}, Look{10, true}, Look{15, true}),
+                         [](const auto& look) {
+                             return std::to_string(look.param.points) + (look.param.dark ? "Dark" : "Light");
+                         });
+
+} // namespace
+} // namespace pintalux

@@ -1,0 +1,94 @@
+// A panel of the main window that scrolls where the window is too low for it.
+#include "surface/window/ScrollPanel.h"
+#include "surface/window/Buttons.h"
+#include "surface/window/Control_native.h"
+#include "window/WindowTest.h"
+
+#include <QScrollBar>
+#include <QWheelEvent>
+
+namespace pintalux {
+namespace {
+
+class ScrollPanelTest : public testing::Test {
+  protected:
+    ScrollPanelTest()
+        : window("window"), panel(static_cast<Container&>(window), "panel"), title(panel, "title"),
+          first(panel, "first", "first"), last(panel, "last", "last") {
+        panel.Width(120 * 15);
+        title.Move(0, 0, 120, 22);
+        panel.Header(title);
+        first.Move(10, 30, 100, 24);
+        last.Move(10, 500, 100, 24);
+        window.AlignPanel(panel, Align::Right);
+    }
+    void Show(int height) {
+        window.Form::Move(0, 0, 500 * 15, height * 15);
+        window.Show();
+        LetEventsRun();
+    }
+    static QScrollBar* Bar() { return FindWidget("panel")->findChild<QScrollBar*>(); }
+    /// Where a control lies on the panel as it is seen.
+    static QRect Seen(const std::string& name) {
+        QWidget* widget = FindWidget(name);
+        return {widget->mapTo(FindWidget("panel"), QPoint(0, 0)), widget->size()};
+    }
+    MDIForm window;
+    ScrollPanel panel;
+    Surface title;
+    CommandButton first, last;
+};
+
+TEST_F(ScrollPanelTest, AHighWindowShowsAllWithoutABar) {
+    Show(700);
+    EXPECT_FALSE(Bar()->isVisible());
+    EXPECT_EQ(FindWidget("panel")->width(), 120);
+    EXPECT_EQ(Seen("last"), QRect(10, 500, 100, 24));
+}
+
+TEST_F(ScrollPanelTest, ALowWindowScrollsToTheLastControlAndKeepsTheTitle) {
+    Show(300);
+    ASSERT_TRUE(Bar()->isVisible());
+    EXPECT_EQ(FindWidget("panel")->width(), 120 + Bar()->width()); // no room of the controls
+    EXPECT_EQ(panel.Width(), 120 * 15);
+    EXPECT_EQ(Seen("first").top(), 30);
+    Bar()->setValue(Bar()->maximum());
+    LetEventsRun();
+    EXPECT_EQ(Seen("last").bottom(), FindWidget("panel")->height() - 1);
+    EXPECT_EQ(Seen("title"), QRect(0, 0, 120, 22));
+    EXPECT_EQ(last.Top(), 500); // for the program nothing has moved
+}
+
+TEST_F(ScrollPanelTest, ABarThatIsNotNeededAnyMoreGoesAndAllIsBack) {
+    Show(300);
+    Bar()->setValue(Bar()->maximum());
+    last.Top(100);
+    LetEventsRun();
+    EXPECT_FALSE(Bar()->isVisible());
+    EXPECT_EQ(Seen("first").top(), 30);
+    EXPECT_EQ(FindWidget("panel")->width(), 120);
+}
+
+TEST_F(ScrollPanelTest, TheWheelScrolls) {
+    Show(300);
+    QWidget* over = FindWidget("first");
+    QWheelEvent event(QPointF(5, 5), over->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(over, &event);
+    EXPECT_EQ(Seen("first").top(), 30 - 60);
+}
+
+TEST_F(ScrollPanelTest, AControlThatGetsTheFocusComesIntoSight) {
+    Show(300);
+    FindWidget("window")->activateWindow();
+    ASSERT_TRUE(WaitFor([] { return FindWidget("window")->isActiveWindow(); }));
+    last.SetFocus();
+    LetEventsRun();
+    EXPECT_LE(Seen("last").bottom(), FindWidget("panel")->height() - 1);
+    first.SetFocus();
+    LetEventsRun();
+    EXPECT_GE(Seen("first").top(), 22); // not below the title
+}
+
+} // namespace
+} // namespace pintalux
