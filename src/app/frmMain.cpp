@@ -20,7 +20,7 @@ constexpr int kStartInterval = 20; // milliseconds
 
 // Pixels: what a scroll bar and the narrowest view of a picture take beside the panels; the least height,
 // from which the panels scroll.
-constexpr int kLeastBetween = 90;
+constexpr int kLeastBetween = 85;
 constexpr int kLeastHeight = 320;
 
 } // namespace

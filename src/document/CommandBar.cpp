@@ -34,7 +34,7 @@ constexpr double kEdge = 2;          // pixels above and below the buttons
 constexpr double kWideEnough = 4000; // pixels: one row
 
 // The progress bar, in pixels: beside the buttons where that costs them no further row, else a thin line
-// over their lower edge, so that the picture loses nothing to it.
+// in place of their lower edge, so that the picture loses next to nothing to it.
 constexpr double kProgressWidth = 120;
 constexpr double kProgressHeight = 14;
 constexpr double kLineHeight = 4;
@@ -64,8 +64,8 @@ void CommandBar::Fit() {
         ToolsTB.Height((height + 2 * kEdge) * kTwipsPerPixel);
     } else {
         TB2.Move(0, kEdge, width, height);
-        Pb.Move(kEdge, height + 2 * kEdge - kLineHeight, std::max(width - 2 * kEdge, 0.0), kLineHeight);
-        ToolsTB.Height((height + 2 * kEdge) * kTwipsPerPixel);
+        Pb.Move(kEdge, kEdge + height, std::max(width - 2 * kEdge, 0.0), kLineHeight);
+        ToolsTB.Height((kEdge + height + kLineHeight) * kTwipsPerPixel);
     }
 }
 

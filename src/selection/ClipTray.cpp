@@ -45,25 +45,23 @@ ControlArray<Display> ClipTray::MakeThumbnails(const ControlArray<Surface>& fram
     return thumbnails;
 }
 
-// The box stands under the head; the button beside it, or below it where the font leaves no room. What that
-// takes more than told moves the slots down.
+// The box and the button stand in one row under the head; what that takes more than told moves the slots
+// down.
 void ClipTray::LayOut() {
     constexpr double kTop = 15;
     constexpr double kSide = 45;
     constexpr double kRowHeight = 255;
+    constexpr double kLeastButton = 750;
     const auto twips = [](int pixels) { return pixels * double{kTwipsPerPixel}; };
-    const double row =
-        std::max({kRowHeight, twips(WantedHeight(ChClipLock)), twips(TextHeight()) + 4 * kTwipsPerPixel});
+    const double row = std::max(kRowHeight, twips(TextHeight() + 1));
     const double box = twips(WantedWidth(ChClipLock));
-    const double button = std::max(750.0, twips(TextWidth(cmdClear.Caption())) + 16 * kTwipsPerPixel);
-    panel_.WidthForTray(box + 2 * kSide);
-    const bool beside = kSide + box + button + kSide <= page_.Width();
+    const double button = std::max(kLeastButton, twips(TextWidth(cmdClear.Caption()) + 10));
     const double top = ClosedPageHeight() + kTop;
-    const double below = beside ? top : top + row;
-    lower_ = std::max(0.0, below + row + 2 * kMarkDistance - kRows[0]);
-    panel_.HeightForTray(lower_);
+    lower_ = std::max(0.0, top + row + kMarkDistance + kTop - kRows[0]);
+    // The page of an empty tray is just as high as this row.
+    panel_.RoomForTray(box + button + 2 * kSide, std::max(lower_, top + row + 10 - kEmptyHeight));
     ChClipLock.Move(kSide, top, box, row);
-    cmdClear.Move(page_.Width() - button - kSide, below, button, row);
+    cmdClear.Move(page_.Width() - button - kSide, top, button, row);
     ChClipLock.ToolTipText("Ligada, conserva as imagens guardadas e não recebe outras");
     cmdClear.ToolTipText("Limpar a área de transferência");
     cmdClear.Enabled(false);

@@ -30,6 +30,10 @@ double LabelHeight() {
     return std::max(kLabelHeight, Twips(TextHeight()));
 }
 
+double OptionHeight() {
+    return std::max(kOptionHeight, Twips(TextHeight() + 2));
+}
+
 double HeightOf(const Control& control, double least) {
     return std::max(least, Twips(WantedHeight(control)));
 }
@@ -157,8 +161,9 @@ void ToolSettingsPanel::LayOut() {
     StackPages();
 }
 
-void ToolSettingsPanel::WidthForTray(double width) {
+void ToolSettingsPanel::RoomForTray(double width, double extraHeight) {
     trayWidth_ = width;
+    trayExtra_ = extraHeight;
     LayOut();
 }
 
@@ -199,7 +204,7 @@ double ToolSettingsPanel::LayOutShapes() {
     Toolbar2.Move(kMargin, top, inner, bar);
     top += bar + 30;
     for (OptionButton* option : {&Option1, &Option2}) {
-        const double height = HeightOf(*option, kOptionHeight);
+        const double height = OptionHeight();
         option->Move(kMargin, top, inner, height);
         top += height + 15;
     }
@@ -209,7 +214,7 @@ double ToolSettingsPanel::LayOutShapes() {
 double ToolSettingsPanel::LayOutSelection() {
     double top = ClosedPageHeight() + 15;
     for (OptionButton* option : {&Option4, &Option3}) {
-        const double height = HeightOf(*option, kOptionHeight);
+        const double height = OptionHeight();
         option->Move(kMargin, top, width_ - 2 * kMargin, height);
         top += height;
     }

@@ -76,8 +76,7 @@ struct ToolSettingsPanel {
     /// Shows at each head whether its page is open; after a change of a page's height from outside.
     void ShowMarks();
     /// The tray's page wants this width, and so much more height than its slots are told, in twips.
-    void WidthForTray(double width);
-    void HeightForTray(double extra) { trayExtra_ = extra; }
+    void RoomForTray(double width, double extraHeight);
     void Option1_Click();
     void Option2_Click();
     void Toolbar1_ButtonClick(ToolButton& button);

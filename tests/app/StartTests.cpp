@@ -35,16 +35,6 @@ class StartTest : public ProgramTest {
     }
 };
 
-bool HasPrint(const Surface& surface) {
-    const Picture shown = surface.Image();
-    for (int y = 0; y < shown.Height(); ++y) {
-        for (int x = 0; x < shown.Width(); ++x) {
-            if (shown.At(x, y) != PixelOf(surface.BackColor())) return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 TEST_F(StartTest, FirstRunTakesAllDefaults) {
@@ -111,13 +101,13 @@ TEST_F(StartTest, ATextThatIsNoNumberCountsAsTheDefaultLengthOfTheRecentFiles) {
 }
 
 TEST_F(StartTest, APlaceOutsideTheScreensIsMovedIn) {
-    Set({{"MainLeft", "60000"}, {"MainTop", "-9000"}, {"MainWidth", "6000"}, {"MainHeight", "4500"}});
+    Set({{"MainLeft", "60000"}, {"MainTop", "-9000"}, {"MainWidth", "7200"}, {"MainHeight", "5400"}});
     Start();
-    // 6000 by 4500 twips are 400 by 300 pixels.
-    EXPECT_EQ(frmMain->Left(), (Screen.WidthPixels() - 400) * 15);
+    // 7200 by 5400 twips are 480 by 360 pixels.
+    EXPECT_EQ(frmMain->Left(), (Screen.WidthPixels() - 480) * 15);
     EXPECT_EQ(frmMain->Top(), 0);
-    EXPECT_EQ(frmMain->Width(), 6000);
-    EXPECT_EQ(frmMain->Height(), 4500);
+    EXPECT_EQ(frmMain->Width(), 7200);
+    EXPECT_EQ(frmMain->Height(), 5400);
 }
 
 TEST_F(StartTest, AWindowThatIsPartlyOutsideStays) {
@@ -133,8 +123,14 @@ TEST_F(StartTest, PenBlackAndTitles) {
     EXPECT_EQ(frmMain->TB2.Buttons(15).Value(), 1);
     EXPECT_EQ(CurrentColour(), kBlack);
     EXPECT_EQ(frmMain->Combo2.ListIndex(), 0);
-    EXPECT_TRUE(HasPrint(frmMain->Picture2));
-    EXPECT_TRUE(HasPrint(static_cast<ColourPanel&>(*frmMain).Picture1));
+    const auto expectTitle = [](const Surface& strip, const std::string& title) {
+        ASSERT_EQ(strip.Texts().size(), 1U);
+        EXPECT_EQ(strip.Texts()[0].text, title);
+        EXPECT_EQ(strip.Texts()[0].x, 3);
+        EXPECT_EQ(strip.Texts()[0].y, 3);
+    };
+    expectTitle(frmMain->Picture2, "Acertos-Ferramenta");
+    expectTitle(static_cast<ColourPanel&>(*frmMain).Picture1, "Palete de Cor");
 }
 
 TEST_F(StartTest, TheFirstDocumentWaitsForTheFifthTickAndGreetsWithNew) {

@@ -47,6 +47,13 @@ def stretched(piece, width, height):
     return [[piece[y][x] for x in columns] for y in cells(len(piece), height)]
 
 
+def averaged(piece, width, height):
+    """A rectangle in a reduced view, which shows means like the image around it."""
+    rows = [bytearray(channel for colour in row for channel in colour) for row in piece]
+    view = model.reduced(Picture(len(piece[0]), len(piece), rows), width, height)
+    return [[view.at(x, y) for x in range(width)] for y in range(height)]
+
+
 def cells(size, shown):
     """The cell under the centre of each shown one; on a border the lower one."""
     return [((2 * cell + 1) * size - 1) // (2 * shown) for cell in range(shown)]
@@ -174,7 +181,8 @@ class Easel:
         if self.floating:
             width, height = self.shown_size()
             left, top = self.floating.left, self.floating.top
-            shown = stretched(self.floating.piece, width, height)
+            show = stretched if self.floating.is_shape or self.factor >= 1 else averaged
+            shown = show(self.floating.piece, width, height)
             view = laid(view, shown, left, top)
             edge = ({(left + x, top + y) for x, y in edge_of(shown)} if self.floating.is_shape
                     else model.box(left, top, left + width - 1, top + height - 1))

@@ -176,11 +176,31 @@ def area(picture, x, y):
 
 
 def scaled(picture, factor):
-    """The picture as a view shows it: each pixel of the view is the one under its centre, on a border the lower one."""
+    """The picture as a view shows it: each pixel of the view is the one under its centre, on a border the lower one; in a
+    reduced view the mean of the pixels that it stands for."""
+    if factor < 1:
+        return reduced(picture, int(picture.width * factor), int(picture.height * factor))
     columns, rows = sources(picture.width, factor), sources(picture.height, factor)
     row_of_view = itemgetter(*(3 * x + channel for x in columns for channel in range(3)))
     shown = {y: bytearray(row_of_view(picture.rows[y])) for y in set(rows)}
     return Picture(len(columns), len(rows), [shown[y] for y in rows])
+
+
+def reduced(picture, width, height):
+    """The means of up to four samples along each axis, spread evenly, each channel to nearest."""
+    across, down = (min(4, ceil(Fraction(of, shown))) for of, shown in ((picture.width, width), (picture.height, height)))
+    columns = sources(picture.width, Fraction(width * across, picture.width))
+    rows = sources(picture.height, Fraction(height * down, picture.height))
+    samples = across * down
+    view = []
+    for y in range(height):
+        sums = [0] * (3 * width)
+        for row in (picture.rows[at] for at in rows[y * down:(y + 1) * down]):
+            for place, column in enumerate(columns):
+                for channel in range(3):
+                    sums[place // across * 3 + channel] += row[3 * column + channel]
+        view.append(bytearray((2 * value + samples) // (2 * samples) for value in sums))
+    return Picture(width, height, view)
 
 
 @lru_cache(maxsize=None)

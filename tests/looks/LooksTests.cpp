@@ -270,7 +270,7 @@ TEST_P(LooksTest, MainWindowAsItFirstShows) {
     // As prescribed, where the font leaves a picture in it.
     EXPECT_EQ(frmMain->MDIForm::Width() == 6500, GetParam().points == 10);
     const QWidget* workspace = Find(WidgetFor(*frmMain), "workspace");
-    EXPECT_GE(workspace->width(), 70);
+    EXPECT_GE(workspace->width(), 50);
     EXPECT_GE(workspace->height(), 200);
     Look("frmMain-first", WidgetFor(*frmMain));
 }
@@ -281,7 +281,7 @@ TEST_P(LooksTest, AtTheLeastSizeAllIsReached) {
     window.resize(1, 1);
     PassEvents();
     EXPECT_EQ(window.size(), window.minimumSize());
-    EXPECT_GE(Find(window, "workspace")->width(), 70);
+    EXPECT_GE(Find(window, "workspace")->width(), 50);
     for (const char* name : {"TB2_Text", "TB2_New", "Command1", "Command2"}) {
         const QWidget* button = Find(window, name);
         EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect()) << name;

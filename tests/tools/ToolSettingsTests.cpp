@@ -94,7 +94,7 @@ TEST_F(ToolSettingsTest, PageThatJustFitsClosesNothing) {
 TEST_F(ToolSettingsTest, PenPageAndTheOpenedPageStayOpen) {
     frmMain->cmdTools_Click(0);
     frmMain->cmdTools_Click(3);
-    MakeRoom(1500);
+    MakeRoom(3900);
     frmMain->cmdTools_Click(1);
     ExpectHeights({1845, 1980, 300, 300, 300});
 }

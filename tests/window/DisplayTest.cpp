@@ -440,7 +440,7 @@ TEST_F(DisplayTest, ABandIsAsThickEverywhereAtEveryScale) {
     std::vector<int> runs;
     for (const bool across : {true, false}) {
         int run = 0;
-        for (int at = 0; at < 70 * static_cast<int>(scale); ++at) {
+        for (int at = 0; at < static_cast<int>(70 * scale); ++at) {
             const bool on = across ? dark(at, middleY) : dark(middleX, at);
             if (on) ++run;
             if (!on && run > 0) runs.push_back(std::exchange(run, 0));

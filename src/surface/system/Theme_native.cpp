@@ -13,8 +13,8 @@ namespace pintalux {
 namespace {
 
 constexpr double kReadable = 4.5;
-/// Buttons and frames tint their ground, and what is switched off has little to lose.
-constexpr double kFadedReadable = 5.6;
+/// Buttons and frames tint their ground.
+constexpr double kFadedReadable = 5;
 constexpr double kSteps = 20;
 /// Windows below this luminance are a dark theme's.
 constexpr double kDark = 0.2;
@@ -55,9 +55,9 @@ class PaletteMaker {
         Set(QPalette::Base, base, window);
         Set(QPalette::AlternateBase, Mixed(base, Of(QPalette::Text), 0.04), window);
         Set(QPalette::Button, button);
-        Text(QPalette::WindowText, window, window);
-        Text(QPalette::Text, base, window);
-        Text(QPalette::ButtonText, button, button);
+        Text(QPalette::WindowText, window, Lit(button));
+        Text(QPalette::Text, base, Lit(window));
+        Text(QPalette::ButtonText, button, Lit(button));
         const QColor text = ReadableOn(base, Of(QPalette::Text));
         const QColor faded = Faded(text, window);
         Set(QPalette::PlaceholderText, Faded(text, base), faded);
@@ -83,6 +83,11 @@ class PaletteMaker {
         made_.setColor(QPalette::Disabled, role, off);
     }
     void Set(QPalette::ColorRole role, const QColor& colour) { Set(role, colour, colour); }
+
+    /// What the style makes of a dark ground below pages, frames and buttons.
+    static QColor Lit(const QColor& ground) {
+        return Luminance(ground) < kDark ? ground.lighter(130) : ground;
+    }
 
     /// Switched off: nearer to its ground, and still read.
     static QColor Faded(const QColor& text, const QColor& ground) {
