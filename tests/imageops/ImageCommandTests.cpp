@@ -343,7 +343,7 @@ TEST_F(ImageCommandTest, WithoutATemporaryFolderTheImageChangesAllTheSame) {
 
 TEST_F(ImageCommandTest, TheProgressBarNeverCoversAButton) {
     NewDocument(20, 20);
-    for (const int width : {300, 433, 560, 700, 800, 900, 1400}) {
+    for (const int width : {433, 560, 700, 800, 900, 1400}) {
         frmMain->MDIForm::Width(width * 15);
         PassEvents();
         const QRect bar = WidgetFor(frmMain->Pb).geometry();

@@ -269,6 +269,7 @@ TEST_F(ResizeTest, ABarDrivenOutOfItsRangeStandsAtItsEnd) {
 
 TEST_F(ResizeTest, TheImageIsStretchedByDroppingAndRepeatingPixels) {
     const Picture picture = RandomPicture(60, 40, 6);
+    frmMain->MDIForm::Width(9000); // room for the largest
     struct Size {
         const char* width;
         const char* height;
