@@ -1,10 +1,12 @@
 #include "app/frmMain.h"
 
+#include "app/ImageKeys.h"
 #include "document/Workspace.h"
 #include "selection/Floating.h"
 #include "selection/SelectionTools.h"
 #include "surface/system/App.h"
 #include "surface/system/Clipboard.h"
+#include "surface/window/HelpWindow.h"
 #include "tools/Image1_Pointer.h"
 #include "tools/PaintingTools.h"
 #include "tools/Text.h"
@@ -35,6 +37,7 @@ frmMainForm::frmMainForm()
     TheWorkspace.ConnectTools = [](frmImage& image) {
         ConnectTools(image);
         ConnectSelection(image);
+        ConnectKeys(image);
     };
     TheWorkspace.MergeByCommand = [](frmImage& image) { image.NeedtoPaste(); };
     ConnectFloatingSteps();
@@ -45,6 +48,12 @@ frmMainForm::frmMainForm()
     AlignPanel(ToolsTB, Align::Top);
     AlignPanel(ToolSettings, Align::Left);
     AlignPanel(ColTB, Align::Right);
+    FocusAreas({{&ToolsTB},
+                {&ToolSettings, &cmdTools(kPenPage)},
+                {&PicTools(kClipPage)},
+                {nullptr},
+                {&ColTB, &txtRed}});
+    OnKey("F1", [] { ShowHelpPage("Pintalux 64: ajuda", ":/help.html"); });
     ConnectMenus();
     ConnectBars();
     FilesDropped = [this](const std::vector<std::string>& paths) { OpenDropped(paths); };

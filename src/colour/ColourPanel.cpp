@@ -63,6 +63,7 @@ void ColourPanel::ShowReadout(Colour c) {
     if (ColorDisplayHex) lblColor.Caption(HexReadout(c));
     if (ColorDisplayRgb) lblColor.Caption(RgbReadout(c));
     if (ColorDisplayCor) lblColor.Caption(CorReadout(c));
+    lblColor.AccessibleName("Notação da cor, " + lblColor.Caption());
 }
 
 void ColourPanel::lblColor_Click() {
@@ -191,6 +192,7 @@ bool EndsTyping(const TextBox& text, const ScrollBar& bar, int KeyCode, int Shif
 void ColourPanel::ConnectRgb(TextBox& text, ScrollBar& bar) {
     bar.Max(255);
     DigitsOnly(text);
+    StepByKeys(text, bar);
     text.KeyUp = [this, &text, &bar](int KeyCode, int Shift) {
         if (EndsTyping(text, bar, KeyCode, Shift)) Typed(text, text, bar);
     };
@@ -203,6 +205,7 @@ void ColourPanel::ConnectRgb(TextBox& text, ScrollBar& bar) {
 void ColourPanel::ConnectHsl(TextBox& text, ScrollBar& bar) {
     bar.Max(240);
     DigitsOnly(text);
+    StepByKeys(text, bar);
     // Intended: what is typed as saturation takes the number of the hue box, so that a saturation follows the
     // hue as it always did; the spinner's arrows set it freely.
     const TextBox& read = &text == &txtSat ? txtHue : text;

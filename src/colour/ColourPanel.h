@@ -38,6 +38,7 @@ inline Registered<ColourPanel> TheColourPanel;
 
 struct ColourPanel {
     explicit ColourPanel(Container& window);
+    ~ColourPanel();
 
   private:
     Container& window_;
@@ -87,6 +88,7 @@ struct ColourPanel {
     Surface Picture6{ColorBox, "Picture6"};
     /// Shades around a colour, hidden until a right press asks for them.
     Surface picColBlowup{ColorBox, "picColBlowup"};
+    ShapeControl ShCell{ColorBox, "ShCell"}; ///< Marks the cell of the grid that keys act on.
 
     Flag ColorUpdating;          ///< While the panel moves its own scroll bars.
     std::int16_t TypedValue = 0; ///< The number last typed into one of the six boxes.
@@ -145,6 +147,9 @@ struct ColourPanel {
     double LayOutSpinners(double width, double top);
     void LayOutBox(double width, double top);
     void ConnectBox();
+    void ConnectGridKeys();
+    bool GridKey(const KeyStroke& key);
+    void GoToCell(int cell);
     std::optional<Colour> SampleAtPointer(CursorPosition& remembered);
     std::optional<Colour> GridColourAt(double X, double Y) const;
     void PlaceBlowup(double left, double top);
@@ -161,6 +166,7 @@ struct ColourPanel {
     void SetHslSide(Colour c);
     void ShowCaptionContrast();
 
+    int gridCell_ = 0; ///< The cell that keys act on, from 0.
     // The pointer's last place in each handler that samples: where it stands still, nothing is sampled anew.
     CursorPosition overBlowup_, spectrumPress_, overSpectrum_;
 

@@ -85,17 +85,23 @@ ColourPanel::ColourPanel(Container& window) : window_(window) {
     ConnectHsl(txtSat, VSsat);
     ConnectHsl(txtLum, VSlum);
     LayOut();
+    Picture4.PressedByKeys([this] { SetCurrentColour(Picture4.BackColor()); });
+    Picture5.PressedByKeys([this] { SetCurrentColour(Picture5.BackColor()); });
+    lblColor.PressedByKeys([this] { lblColor_Click(); });
     Picture4.Click = [this] { SetCurrentColour(Picture4.BackColor()); };
     Picture5.Click = [this] { SetCurrentColour(Picture5.BackColor()); };
     lblColor.MouseDown = [this](int Button, int, double, double) {
         if (Button == kLeftButton) lblColor_Click();
     };
     ConnectBox();
+    ConnectGridKeys();
     SetCurrentColour(Picture5.BackColor());
 }
 
 void ColourPanel::LayOut() {
     const double width = PanelWidth();
+    ColTB.AccessibleName("Palete de cor");
+    ColTB.AccessibleRole(SpokenRole::Group);
     ColTB.Width(width * kTwipsPerPixel);
     Picture1.AsPanel();
     Picture1.Move(0, 0, width, TitleHeight());

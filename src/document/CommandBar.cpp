@@ -11,7 +11,7 @@ namespace {
 // Intended: the first button keeps the words of the pointer tool as its tool tip; its caption says what it
 // does.
 const std::vector<ToolBar::Row> kCommands = {
-    {"New", "Apontador - não faz selecção.", ":/icons/new.svg", ButtonStyle::Default, "Nova imagem"},
+    {"New", "Apontador - não faz selecção.", ":/icons/new.svg", ButtonStyle::Default, "Novo"},
     {"Open", "Abrir imagem", ":/icons/open.svg"},
     {"Save", "Salvar imagem", ":/icons/save.svg"},
     {nullptr, nullptr, nullptr, ButtonStyle::Separator},

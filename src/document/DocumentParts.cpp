@@ -41,14 +41,28 @@ DocumentSurfaces::DocumentSurfaces(Form& window) : window_(window) {
     MakePreview(Line1);
     MakePreview(SelectShape);
     MakePreview(ShSquare);
+    MakePreview(CrossX);
+    MakePreview(CrossY);
     PicSelectShape.DrawMode(kDrawInvert);
     HS.Height(kScrollBarDepth);
     VS.Width(kScrollBarDepth);
     piccorner.Move(0, 0, kScrollBarDepth, kScrollBarDepth);
     piccorner.AsPanel();
     BelowBar.AsPanel();
+    PicFrame.AccessibleName("Vista da imagem");
+    PicBG.AccessibleName("Fundo da imagem");
+    for (Control* piece : std::initializer_list<Control*>{&PicSelect, &SelectImage, &PicFreeSelect})
+        piece->AccessibleName("Selecção a flutuar");
     HS.AccessibleName("Deslocamento horizontal");
     VS.AccessibleName("Deslocamento vertical");
+    // The image alone takes the keys of its window.
+    Image1.TakesFocus(FocusBy::TabAndClick);
+    Image1.AccessibleRole(SpokenRole::Canvas);
+    HS.TakesFocus(FocusBy::Nothing);
+    VS.TakesFocus(FocusBy::Nothing);
+    for (Control* around : std::initializer_list<Control*>{&PicFrame, &PicBG, &PicSelect, &SelectImage,
+                                                           &PicFreeSelect, &lbltext})
+        around->LeavesFocusTo(Image1);
 }
 
 DocumentRulers::DocumentRulers(Form& window) : window_(window) {

@@ -11,6 +11,7 @@
 #include "surface/window/Timer.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace pintalux {
@@ -35,6 +36,7 @@ struct DocumentSurfaces {
     Display SelectImage{PicSelect, "SelectImage"};
     ShapeControl PicSelectShape{PicSelect, "PicSelectShape"};
     Surface PicFreeSelect{PicBG, "PicFreeSelect"};
+    LineControl CrossX{PicBG, "CrossX"}, CrossY{PicBG, "CrossY"}; ///< Where keys act on the image.
 
     Surface PicMerge{PicFrame, "PicMerge"};   ///< The document's image, never visible: the one truth.
     Surface SelHolder{PicFrame, "SelHolder"}; ///< The floating piece at 1:1.
@@ -80,13 +82,18 @@ struct UndoLists {
 struct DocumentView {
     std::int16_t factorlevel = 15; ///< 0 to 30; 15 is 1:1.
     double factor = 1.0;           ///< View pixels per image pixel.
+    int crossX = -1, crossY = -1;  ///< The image pixel that keys act on; -1: the middle of what is seen.
 };
 
 /// What a stroke keeps between press, moves and release.
 struct StrokeState {
     Flag unrecorded; ///< Text was printed by a press whose release takes no state: the next state has it.
     Flag swallowed;  ///< The press merged what floats: nothing is drawn until its release.
-    Flag curpoly;    ///< The next press starts a new chain of lines.
+    Flag abandoned;  ///< Escape ended the stroke: its release does nothing.
+    Flag byKeys;     ///< A key holds the button, at the cross.
+    std::function<void()> EndKeys; ///< The key lets go of the button, if it holds it.
+    Flag chainBefore;              ///< `curpoly` as the press found it.
+    Flag curpoly;                  ///< The next press starts a new chain of lines.
     std::int16_t sx = 0,
                  sy = 0; ///< Anchor or last point, image pixels (view pixels for the rectangle selection).
     Colour curtranscolor = 0; ///< The image's background when the stroke began.

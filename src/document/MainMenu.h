@@ -40,28 +40,28 @@ struct MainMenu {
     MenuItem mnuFile{"mnuFile", "&Ficheiro"};
     MenuItem mnuFileNew{"mnuFileNew", "&Nova", "Ctrl+N"};
     MenuItem mnuFileOpen{"mnuFileOpen", "&Abrir...", "Ctrl+O"};
-    MenuItem mnuFileClose{"mnuFileClose", "&Fechar"};
-    MenuItem mnuFileSave{"mnuFileSave", "&Salvar"};
+    MenuItem mnuFileClose{"mnuFileClose", "&Fechar", "Ctrl+W"};
+    MenuItem mnuFileSave{"mnuFileSave", "&Salvar", "Ctrl+S"};
     MenuItem mnuFileSaveAs{"mnuFileSaveAs", "Salvar &Como..."};
     MenuItem mnuFileTwain{"mnuFileTwain", "Digitalizador"};
     MenuItem mnuFileAquire{"mnuFileAquire", "Digitalizar"};
     MenuItem mnuFileTSelect{"mnuFileTSelect", "Seleccionar Digitalizador"};
     MenuItem mnuFilePrinter{"mnuFilePrinter", "Impressora"};
     MenuItem mnuFilePrinterSetup{"mnuFilePrinterSetup", "Configurar Impressora"};
-    MenuItem mnuFilePrinterPrint{"mnuFilePrinterPrint", "Imprimir"};
+    MenuItem mnuFilePrinterPrint{"mnuFilePrinterPrint", "Imprimir", "Ctrl+P"};
     MenuItem mnuFileSaveOptions{"mnuFileSaveOptions", "Preferências"};
     MenuSeparator mnuFileBar5{"mnuFileBar5"};
-    MenuItem mnuFileExit{"mnuFileExit", "&Sair"};
+    MenuItem mnuFileExit{"mnuFileExit", "&Sair", "Ctrl+Q"};
     RecentFilesMenu mnuFileMRU{mnuFile};
 
     MenuItem mnuEdit{"mnuEdit", "&Editar"};
-    MenuItem mnuEditUndo{"mnuEditUndo", "&Desfazer", "Ctrl+D"};
-    MenuItem mnuEditRedo{"mnuEditRedo", "&Refazer"};
+    MenuItem mnuEditUndo{"mnuEditUndo", "&Desfazer", "Ctrl+D; Ctrl+Z"};
+    MenuItem mnuEditRedo{"mnuEditRedo", "&Refazer", "Ctrl+Y"};
     MenuItem mnuEditCut{"mnuEditCut", "Cu&rtar", "Ctrl+X"};
     MenuItem mnuEditCopy{"mnuEditCopy", "&Copiar", "Ctrl+C"};
     MenuItem mnuEditPaste{"mnuEditPaste", "C&olar", "Ctrl+V"};
     MenuItem mnuEditPasteNew{"mnuEditPasteNew", "Colar como Nova Imagem"};
-    MenuItem mnuEditSelectAll{"mnuEditSelectAll", "Seleccionar Tudo"};
+    MenuItem mnuEditSelectAll{"mnuEditSelectAll", "Seleccionar Tudo", "Ctrl+A"};
     MenuItem mnuEditSelectNone{"mnuEditSelectNone", "Limpar selecção"};
     MenuItem mnuEditClip{"mnuEditClip", "Monitor da area de transferência"};
 

@@ -53,6 +53,11 @@ frmImage::frmImage()
     Timer2.Tick = [this] { Timer2_Timer(); };
 }
 
+// What the toolkit still tells of the focus meets no half of a document.
+frmImage::~frmImage() {
+    Image1.FocusMoved = nullptr;
+}
+
 void frmImage::Form_Load() {
     factorlevel = 15;
     factor = 1.0;
@@ -82,6 +87,7 @@ void frmImage::Form_Load() {
 }
 
 void frmImage::Form_QueryUnload(bool& Cancel) {
+    if (EndKeys) EndKeys();
     if (SessionOver || frmPrefs->Check4.Value() != 0) return;
     // What floats belongs to what is asked about, also where nothing else changed since the last save.
     if (PieceIsPlaced(*this) || lbltext.Visible()) Show();
@@ -98,6 +104,7 @@ void frmImage::Form_QueryUnload(bool& Cancel) {
 }
 
 void frmImage::Form_Unload() {
+    byKeys = false;
     NoteDocuments(this);
     // A file that will not go must not keep the document.
     for (int i = 0; i < ListBackup.ListCount(); ++i)

@@ -16,6 +16,11 @@
 
 namespace pintalux {
 
+/// A pixel of the image.
+struct CrossPlace {
+    int x, y;
+};
+
 class frmImage : public Form,
                  public DocumentRulers,
                  public DocumentSurfaces,
@@ -25,6 +30,7 @@ class frmImage : public Form,
                  public SelectionState {
   public:
     frmImage();
+    ~frmImage() override;
 
     std::string AFCurfile; ///< Path of the document's file; empty if it was never saved or loaded.
     Flag alreadysaved;     ///< Set from a successful save until the next recorded state.
@@ -33,6 +39,11 @@ class frmImage : public Form,
     /// Lays out the scroll bars and centres the image; after any change of image size or zoom. Error 6 where
     /// a scroll range exceeds 32767 pixels.
     void Picsize();
+    /// Shows the cross at an image pixel, the nearest one there is, and brings it into view.
+    void ShowCross(int x, int y);
+    void HideCross();
+    /// The image pixel in the middle of what is seen.
+    CrossPlace MiddleOfView() const;
     void hiderulers();
     void drawrulers();
 
@@ -79,6 +90,7 @@ class frmImage : public Form,
     void LayOutHorizontal();
     void LayOutVertical();
     void LayOutCorner();
+    void DrawCross();
     void VS_Change();
     void HS_Change();
     void Timer2_Timer();

@@ -33,6 +33,7 @@ void frmImage::Picsize() {
         HS.Max(PicBG.Width() - HS.Width());
         HS.LargeChange(HS.Max() / 10.0);
     }
+    DrawCross();
 }
 
 void frmImage::LayOutHorizontal() {

@@ -77,6 +77,9 @@ void ClipTray::LayOut() {
         constexpr double kInset = (kFrameSide - kThumbnailSide) / 2;
         ImgClip(i).Move(kInset, kInset, kThumbnailSide, kThumbnailSide);
         const std::string name = "Imagem " + NumberText(i + 1) + " da área de transferência";
+        frame.AccessibleName(name);
+        frame.ToolTipText("Colocar esta imagem na área de transferência");
+        frame.PressedByKeys([this, i] { PicClipBG_Click(i); });
         ImgClip(i).AccessibleName(name);
         ImgClip(i).ToolTipText("Colocar esta imagem na área de transferência");
     }

@@ -95,6 +95,7 @@ void Lift(frmImage& image) {
 
 void frmImage::MakeSelection() {
     MousePointer(kPointerHourglass);
+    const bool focus = Image1.HasFocus();
     Enabled(false);
     const bool encloses = FreeMaxX != FreeMinX && FreeMaxY != FreeMinY;
     if (encloses) {
@@ -106,6 +107,7 @@ void frmImage::MakeSelection() {
     }
     MousePointer(kPointerDefault);
     Enabled(true);
+    if (focus) Image1.SetFocus(); // A window that takes no input loses it.
     // Not before: shown in a window that takes no input, the piece would not get its own pointer shape.
     if (encloses) PicFreeSelect.Visible(true);
 }

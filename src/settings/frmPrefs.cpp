@@ -16,6 +16,7 @@ AutoForm<frmPrefsForm> frmPrefs;
 
 frmPrefsForm::frmPrefsForm() : Form("frmPrefs", Kind::Dialog) {
     Caption("Preferências");
+    SSTab1.AccessibleName("Grupos de preferências");
     Slider1.SmallChange(1);
     Slider1.LargeChange(5);
     Slider1.TickFrequency(5);

@@ -14,8 +14,8 @@ constexpr Colour kNoPixel = -1; // what `GetPixel` gives beyond the image
 Colour ColourAtTip(frmImage& image, double X, double Y) {
     // Intended: the sample is taken at the tip of the dropper, 16 pixels left of and 14 below the pointer, so
     // that the tip shows which pixel counts.
-    const int x = ToInt32((X - 16) / image.factor);
-    const int y = ToInt32((Y + 14) / image.factor);
+    const int x = ToInt32((X + kEyeTipX) / image.factor);
+    const int y = ToInt32((Y + kEyeTipY) / image.factor);
     return GetPixel(image.PicMerge.hDC(), x, y);
 }
 

@@ -21,8 +21,8 @@ void Flood(Surface& surface, Colour fill, Colour colour, int style, int x, int y
 void FloodPress(frmImage& image, double X, double Y) {
     // Intended: the fill starts at the tip of the bucket, 14 pixels left of and 16 below the pointer, so that
     // the picture shows where the paint lands.
-    const int x = FloorToInt32((X - 14) / image.factor);
-    const int y = FloorToInt32((Y + 16) / image.factor);
+    const int x = FloorToInt32((X + kFillTipX) / image.factor);
+    const int y = FloorToInt32((Y + kFillTipY) / image.factor);
     FloodFromPoint(image.PicMerge, image.PicMerge.Point(x, y), kFillSolid, x, y);
 }
 

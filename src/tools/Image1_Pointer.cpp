@@ -10,6 +10,7 @@
 #include "tools/Text.h"
 #include "tools/ToolSettings.h"
 #include "tools/ToolTable.h"
+#include "tools/Wheel.h"
 
 #include <algorithm>
 #include <cmath>
@@ -105,6 +106,8 @@ void Image1_MouseDown(frmImage& image, int Button, double X, double Y) {
     Y = Y / Screen.TwipsPerPixelY();
     TakeColours(image);
     if (Button == kLeftButton) {
+        image.abandoned = false;
+        image.chainBefore = image.curpoly;
         LeftPress(image, tool, X, Y);
     } else if (Button == kRightButton && tool.rightPress != nullptr) {
         tool.rightPress(image, X, Y);
@@ -123,13 +126,14 @@ void Image1_MouseMove(frmImage& image, int Button, double X, double Y) {
         tool.hover(image, X, Y);
         return;
     }
-    if ((Button & kLeftButton) == 0 || image.swallowed) return;
+    if ((Button & kLeftButton) == 0 || image.swallowed || image.abandoned) return;
     if (tool.scrollsAtEdges) AutoScroll(image, X, Y);
     Run(tool.drag, image, X, Y);
     if (tool.showsDrag) ShowImage(image);
 }
 
 void Image1_MouseUp(frmImage& image, int Button, double X, double Y) {
+    if (Button == kLeftButton && std::exchange(image.abandoned, false)) return;
     const Tool& tool = TheTools->Row(CurrentTool);
     X = std::floor(X / Screen.TwipsPerPixelX());
     Y = std::floor(Y / Screen.TwipsPerPixelY());
@@ -148,9 +152,38 @@ void Image1_MouseUp(frmImage& image, int Button, double X, double Y) {
     if (tool.atRelease != AtRelease::Show) image.Backup();
 }
 
+bool AbandonStroke(frmImage& image) {
+    const bool drawing =
+        image.pathOpen || image.Line1.Visible() || image.ShSquare.Visible() || image.SelectShape.Visible();
+    if (!drawing) return false;
+    HidePreviews(image);
+    AbandonPath(image);
+    image.curpoly = image.chainBefore;
+    image.selecting = false;
+    image.abandoned = true;
+    image.byKeys = false;
+    return true;
+}
+
+void LayDown(frmImage& image) {
+    TakeColours(image);
+    if (image.lbltext.Visible()) {
+        Run(TheFloatingSteps.commitTextByPress, image);
+        ShowImage(image);
+        image.Backup();
+    } else if (image.PicSelect.Visible()) {
+        Run(TheFloatingSteps.mergeRectangle, image);
+    } else if (image.PicFreeSelect.Visible()) {
+        Run(TheFloatingSteps.mergeFreehand, image);
+        image.FreeSelDrawing = false; // No release follows.
+    }
+}
+
 void ConnectTools(frmImage& image) {
     ConnectText(image);
+    ConnectWheel(image);
     image.Image1.MouseDown = [&image](int Button, int, double X, double Y) {
+        if (image.EndKeys) image.EndKeys();
         Image1_MouseDown(image, Button, X, Y);
     };
     image.Image1.MouseMove = [&image](int Button, int, double X, double Y) {

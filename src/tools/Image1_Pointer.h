@@ -25,6 +25,13 @@ inline FloatingSteps TheFloatingSteps;
 /// Puts the marks of the rulers and the readouts to a place of the view, in view pixels. Only with rulers on.
 void MoveRulerMarks(frmImage& image, double X, double Y);
 
+/// Escape: takes away a line, shape, band or path that is being drawn, without a state; its release does
+/// nothing. False if there is none.
+bool AbandonStroke(frmImage& image);
+
+/// Merges what floats where it lies, as a press on the image does, and draws nothing.
+void LayDown(frmImage& image);
+
 /// Connects the handlers to the display of a new document.
 void ConnectTools(frmImage& image);
 

@@ -31,12 +31,16 @@ void ShapesPress(frmImage& image, double X, double Y);
 void ShapesMove(frmImage& image, double X, double Y);
 void ShapesRelease(frmImage& image, double X, double Y);
 // Flood.cpp
+inline constexpr int kFillTipX = -14; ///< The tip of the bucket, from the pointer, in view pixels.
+inline constexpr int kFillTipY = 16;
 void FloodPress(frmImage& image, double X, double Y);
 /// Fills the area of `colour` around x, y with the current colour; `style` 0 is a solid fill.
 void FloodFromPoint(Surface& surface, Colour colour, int style, int x, int y);
 /// The same with black, for masks.
 void FloodMaskOutside(Surface& surface, Colour colour, int style, int x, int y);
 // ColorPick.cpp
+inline constexpr int kEyeTipX = -16; ///< The tip of the dropper, likewise.
+inline constexpr int kEyeTipY = 14;
 void PickColour(frmImage& image, double X, double Y);
 void PickRelease(frmImage& image, double X, double Y);
 // Magnifier.cpp

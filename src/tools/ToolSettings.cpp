@@ -42,11 +42,15 @@ constexpr const char* kPageTitles[] = {"Caneta", "Texturas", "Selecção", "Alte
                                        "Area Transfêrencia"};
 
 const std::vector<ToolBar::Row> kBrushes = {
-    {"round", "Round", ":/icons/brush-round.svg", ButtonStyle::ButtonGroup, "Round"},
-    {"left", "Left Slash", ":/icons/brush-left.svg", ButtonStyle::ButtonGroup, "Left Slash"},
-    {"right", "Right Slash", ":/icons/brush-right.svg", ButtonStyle::ButtonGroup, "Right Slash"},
-    {"hori", "Horizontal Bar", ":/icons/brush-hori.svg", ButtonStyle::ButtonGroup, "Horizontal Bar"},
-    {"vert", "Vertical Bar", ":/icons/brush-vert.svg", ButtonStyle::ButtonGroup, "Vertical Bar"},
+    {"round", "Round", ":/icons/brush-round.svg", ButtonStyle::ButtonGroup, "Round", "Ponta redonda"},
+    {"left", "Left Slash", ":/icons/brush-left.svg", ButtonStyle::ButtonGroup, "Left Slash",
+     "Ponta inclinada para a esquerda"},
+    {"right", "Right Slash", ":/icons/brush-right.svg", ButtonStyle::ButtonGroup, "Right Slash",
+     "Ponta inclinada para a direita"},
+    {"hori", "Horizontal Bar", ":/icons/brush-hori.svg", ButtonStyle::ButtonGroup, "Horizontal Bar",
+     "Ponta horizontal"},
+    {"vert", "Vertical Bar", ":/icons/brush-vert.svg", ButtonStyle::ButtonGroup, "Vertical Bar",
+     "Ponta vertical"},
 };
 
 constexpr const char* kOutlined[] = {":/icons/shape-square.svg", ":/icons/shape-rect.svg",
@@ -72,6 +76,8 @@ void SetUpSlider(Slider& slider, const char* name, int ticks, int largeChange) {
 
 ToolSettingsPanel::ToolSettingsPanel(Container& window) : window_(window) {
     ToolSettings.ScaleMode(kScaleTwips);
+    ToolSettings.AccessibleName("Acertos da ferramenta");
+    ToolSettings.AccessibleRole(SpokenRole::Group);
     MakePages();
     ConnectPages();
     LayOut();
@@ -101,12 +107,16 @@ void ToolSettingsPanel::MakePages() {
     for (int i = 0; i < PicTools.Count(); ++i) {
         PicTools(i).ScaleMode(kScaleTwips);
         PicTools(i).AsPanel();
+        PicTools(i).AccessibleName(kPageTitles[i]);
+        PicTools(i).AccessibleRole(SpokenRole::Group);
         cmdTools(i).Click = [this, i] { cmdTools_Click(i); };
     }
     Picture2.AsPanel();
     Command1.Picture(":/icons/close.svg");
     Command1.AccessibleName("Fechar os acertos");
     Command1.ToolTipText("Fechar");
+    Toolbar1.AccessibleName("Ponta da caneta");
+    Toolbar2.AccessibleName("Formas");
     SetUpSlider(Slider1, "LARGURA", 5, 5);
     SetUpSlider(Slider2, "GROSSURA", 5, 5);
     SetUpSlider(Slider3, "LARGURA DA LINHA", 5, 5);

@@ -44,9 +44,10 @@ struct Tool {
     const char* key = nullptr;
     const char* toolTip = nullptr;
     const char* icon = nullptr;
-    const char* caption = nullptr;
+    const char* caption = nullptr; ///< What screen readers call it.
 
     // The choice
+    char letter = 0;                  ///< The capital of the key that chooses it at the image.
     int page = kNoPage;               ///< Opened when the tool is chosen; opening it chooses the tool.
     void (*chosen)() = nullptr;       ///< What a click on its button does besides. Its errors are ignored.
     bool returnsToToolBefore = false; ///< Chosen for one act only.
@@ -58,6 +59,7 @@ struct Tool {
     StrokeStep drag = nullptr;
     StrokeStep release = nullptr;
     PointerLook pointer = {};
+    int tipX = 0, tipY = 0;        ///< Where the tip acts, from the pointer, in view pixels.
     bool leavesWhatFloats = false; ///< Its press merges nothing.
     bool scrollsAtEdges = false;   ///< A drag to the edge of the view scrolls.
     bool showsDrag = true;         ///< Each move of a drag shows the image.

@@ -20,6 +20,9 @@ class Picture:
     def put(self, x, y, colour):
         self.rows[y][3 * x:3 * x + 3] = bytes(colour)
 
+    def part(self, left, top, width, height):
+        return Picture(width, height, [bytearray(row[3 * left:3 * (left + width)]) for row in self.rows[top:top + height]])
+
     def differences(self, other, tolerance=0):
         """(x, y, here, there) of the pixels that differ by more than the tolerance in a channel; sizes must be equal."""
         assert (self.width, self.height) == (other.width, other.height), \

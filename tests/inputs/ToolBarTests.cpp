@@ -95,6 +95,7 @@ TEST_F(ToolBarTest, MissingPictureShowsCaptionOrKey) {
 
 TEST_F(ToolBarTest, EveryButtonHasAnAccessibleName) {
     EXPECT_EQ(Widget("Pen").accessibleName(), "Desenha uma linha");
+    EXPECT_EQ(Widget("Eraser").accessibleName(), "Borracha") << "what it does; the tip describes it";
     EXPECT_EQ(Widget("Mag").accessibleName(), "Mag");
 }
 

@@ -12,10 +12,11 @@ struct Share {
     int weight;
 };
 /// How often each act comes: strokes and commands most.
-constexpr Share kShares[] = {{"tool", 12}, {"drag", 26},  {"press", 3},    {"move", 4},    {"release", 4},
-                             {"piece", 8}, {"menu", 22},  {"bar", 10},     {"key", 4},     {"zoom", 8},
-                             {"panel", 6}, {"colour", 6}, {"settings", 4}, {"scroll", 2},  {"window", 4},
-                             {"open", 3},  {"close", 3},  {"hand-off", 1}, {"foreign", 2}, {"wait", 4}};
+constexpr Share kShares[] = {
+    {"tool", 12},    {"drag", 26},  {"press", 3},      {"move", 4},  {"release", 4}, {"piece", 8},
+    {"menu", 22},    {"bar", 10},   {"key", 4},        {"zoom", 8},  {"panel", 6},   {"colour", 6},
+    {"settings", 4}, {"scroll", 2}, {"window", 4},     {"open", 3},  {"close", 3},   {"hand-off", 1},
+    {"foreign", 2},  {"wait", 4},   {"image-key", 16}, {"wheel", 5}, {"walk", 3}};
 
 std::string ActOf(unsigned number) {
     int sum = 0;

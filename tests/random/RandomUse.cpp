@@ -29,7 +29,9 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QTimer>
+#include <QWheelEvent>
 #include <set>
 
 namespace pintalux {
@@ -157,6 +159,9 @@ void RandomUse::DoOne(const RandomEvent& event) {
     if (event.act == "menu") Menu(n);
     if (event.act == "bar") Bar(n);
     if (event.act == "key") Key(n);
+    if (event.act == "image-key") ImageKey(n);
+    if (event.act == "wheel") Wheel(n);
+    if (event.act == "walk") Walk(n);
     if (event.act == "zoom") Zoom(n);
     if (event.act == "panel") Poke(WidgetFor(frmMain->ToolSettings), n);
     if (event.act == "colour") Poke(WidgetFor(frmMain->ColTB), n);
@@ -297,6 +302,52 @@ void RandomUse::Key(const Numbers& n) {
         widget = QApplication::focusWidget();
         if (widget == nullptr) return;
     }
+}
+
+// On the image: a hand that draws and carries by keys, and that may let go of a key or not.
+void RandomUse::ImageKey(const Numbers& n) {
+    if (!Active()) return;
+    static const int kKeys[] = {
+        Qt::Key_Left,     Qt::Key_Right,  Qt::Key_Up,      Qt::Key_Down,   Qt::Key_Space, Qt::Key_Space,
+        Qt::Key_Return,   Qt::Key_Return, Qt::Key_Escape,  Qt::Key_Delete, Qt::Key_Plus,  Qt::Key_Minus,
+        Qt::Key_PageDown, Qt::Key_Home,   Qt::Key_Control, Qt::Key_C,      Qt::Key_S,     Qt::Key_M,
+        Qt::Key_P,        Qt::Key_V,      Qt::Key_G,       Qt::Key_U,      Qt::Key_E,     Qt::Key_F};
+    frmImage& image = Image();
+    const int key = kKeys[n[0] % std::size(kKeys)];
+    const Qt::KeyboardModifiers held = n[1] % 3 == 0 ? Qt::ShiftModifier : Qt::NoModifier;
+    for (unsigned times = n[2] % 4 + 1; times > 0 && Active() && &Image() == &image; --times) {
+        QKeyEvent press(QEvent::KeyPress, key, held);
+        QCoreApplication::sendEvent(&WidgetFor(image.Image1), &press);
+        if (n[3] % 3 == 0 || !Active() || &Image() != &image) continue;
+        QKeyEvent release(QEvent::KeyRelease, key, held);
+        QCoreApplication::sendEvent(&WidgetFor(image.Image1), &release);
+    }
+    if (Active() && &Image() == &image && (image.byKeys || EndsUnrecorded(CurrentTool))) InStroke(image);
+}
+
+void RandomUse::Wheel(const Numbers& n) {
+    if (!Active()) return;
+    frmImage& image = Image();
+    static const Qt::KeyboardModifiers kHeld[] = {Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier};
+    QWidget& widget = WidgetFor(n[0] % 5 == 0 ? static_cast<Control&>(image.HS) : image.PicFrame);
+    const QPointF place(Part(n[1], std::max(1, widget.width())), Part(n[2], std::max(1, widget.height())));
+    QWheelEvent event(place, widget.mapToGlobal(place), QPoint(),
+                      QPoint(Part(n[3], 300) - 150, Part(n[2], 900) - 450), Qt::NoButton,
+                      kHeld[n[0] % std::size(kHeld)], Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+// F6 and Tab, and back.
+void RandomUse::Walk(const Numbers& n) {
+    for (QObject* child : WidgetFor(*frmMain).children()) {
+        auto* shortcut = qobject_cast<QShortcut*>(child);
+        if (shortcut != nullptr && n[0] % 2 == 0 && shortcut->key() == QKeySequence(Qt::Key_F6))
+            emit shortcut->activated();
+    }
+    QWidget* widget = QApplication::focusWidget();
+    if (widget == nullptr || n[0] % 2 == 0) return;
+    QKeyEvent tab(QEvent::KeyPress, n[1] % 2 == 0 ? Qt::Key_Tab : Qt::Key_Backtab, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &tab);
 }
 
 void RandomUse::Zoom(const Numbers& n) {

@@ -27,6 +27,9 @@ class RandomUse : public ProgramTest {
     void Menu(const Numbers& n);
     void Bar(const Numbers& n);
     void Key(const Numbers& n);
+    void ImageKey(const Numbers& n);
+    void Wheel(const Numbers& n);
+    void Walk(const Numbers& n);
     void Zoom(const Numbers& n);
     void Poke(QWidget& panel, const Numbers& n);
     void Scroll(const Numbers& n);

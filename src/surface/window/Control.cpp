@@ -2,9 +2,12 @@
 
 #include "base/Arithmetic.h"
 #include "base/RuntimeError.h"
+#include "surface/window/Accessible_native.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Cursors_native.h"
+#include "surface/window/Painting_native.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QEvent>
 #include <QTextDocument>
@@ -136,7 +139,44 @@ void Control::ToolTipText(std::string value) {
 }
 
 void Control::AccessibleName(const std::string& value) {
-    if (QWidget* widget = WidgetOf(*this)) widget->setAccessibleName(ToQString(value));
+    if (QWidget* widget = WidgetOf(*this)) NameForReaders(*widget, ToQString(value));
+}
+
+void Control::AccessibleRole(SpokenRole role) {
+    static constexpr QAccessible::Role kRoles[] = {QAccessible::Button, QAccessible::Grouping,
+                                                   QAccessible::Canvas, QAccessible::ColorChooser};
+    if (QWidget* widget = WidgetOf(*this))
+        widget->setProperty(kSpokenRole, int{kRoles[static_cast<std::size_t>(role)]});
+}
+
+bool Control::HasFocus() const {
+    const QWidget* widget = WidgetOf(*this);
+    return widget != nullptr && widget->hasFocus();
+}
+
+void Control::TakesFocus(FocusBy how) {
+    static constexpr Qt::FocusPolicy kPolicies[] = {Qt::NoFocus, Qt::TabFocus, Qt::StrongFocus};
+    if (QWidget* widget = WidgetOf(*this)) widget->setFocusPolicy(kPolicies[static_cast<std::size_t>(how)]);
+}
+
+void Control::LeavesFocusTo(const Control& other) {
+    QWidget* widget = WidgetOf(*this);
+    if (!widget) return;
+    widget->setFocusPolicy(Qt::ClickFocus);
+    widget->setFocusProxy(WidgetOf(other));
+}
+
+void Control::PressedByKeys(std::function<void()> press) {
+    constexpr int kEnter = 13;
+    constexpr int kSpace = 32;
+    TakesFocus(FocusBy::Tab);
+    AccessibleRole(SpokenRole::Button);
+    if (auto* painted = dynamic_cast<PaintedWidget*>(WidgetOf(*this))) painted->framed = true;
+    Key = [press = std::move(press)](const KeyStroke& key) {
+        if ((key.code != kEnter && key.code != kSpace) || (key.shift & ~kShiftMask) != 0) return false;
+        if (!key.repeated) press();
+        return true;
+    };
 }
 
 void Control::SetFocus() {

@@ -43,6 +43,24 @@ struct Icon {
 
 using PointerEvent = std::function<void(int Button, int Shift, double X, double Y)>;
 
+/// A key that was pressed or released. Letters and digits have the code of their capital, F1 is 112, the
+/// arrows are 37 (left), 38, 39, 40 (down).
+struct KeyStroke {
+    int code = 0;
+    int shift = 0;         ///< `ShiftBits`
+    bool repeated = false; ///< The key is held down.
+};
+
+/// A turn of the wheel at a place, in the unit of pointer events. A notch is 120; finer devices send less.
+struct WheelTurn {
+    int shift = 0; ///< `ShiftBits`
+    double x = 0, y = 0;
+    double right = 0, down = 0; ///< Which way the view is to go.
+};
+
+enum class FocusBy { Nothing, Tab, TabAndClick };
+enum class SpokenRole { Button, Group, Canvas, Colours };
+
 class Control {
   public:
     Control(const Control&) = delete;
@@ -80,8 +98,17 @@ class Control {
     void ToolTipText(std::string value);
     /// What a screen reader says; as a rule the text of the control's label.
     void AccessibleName(const std::string& value);
+    /// What screen readers take it for, where the toolkit does not know.
+    void AccessibleRole(SpokenRole role);
 
     void SetFocus();
+    bool HasFocus() const;
+    /// What gives it the focus.
+    void TakesFocus(FocusBy how);
+    /// The focus that a click would give it goes to another control.
+    void LeavesFocusTo(const Control& other);
+    /// The Tab key reaches it, Space and Enter press it, and screen readers take it for a button.
+    void PressedByKeys(std::function<void()> press);
     /// In front of its siblings.
     void BringToFront();
     /// Repaints at once what is out of date.
@@ -94,6 +121,13 @@ class Control {
     PointerEvent MouseUp;
     std::function<void()> Click;
     std::function<void()> DblClick;
+    /// The wheel over it, or over a control in it that does not hear of the wheel itself.
+    std::function<void(const WheelTurn&)> MouseWheel;
+    /// A key while it has the focus, but for Tab. True: the key is used up.
+    std::function<bool(const KeyStroke&)> Key;
+    std::function<bool(const KeyStroke&)> KeyReleased;
+    /// It got or lost the focus; `byKeys`: by the Tab key or a short cut.
+    std::function<void(bool got, bool byKeys)> FocusMoved;
 
     ControlNative& Native() const { return *native_; }
     /// The container that holds it; null for a window.

@@ -39,6 +39,10 @@ class FormWindow : public Base {
         if (event->type() == QEvent::ActivationChange && this->isActiveWindow()) native_.Activated();
     }
 
+    bool focusNextPrevChild(bool next) override {
+        return (native_.focusStep && native_.focusStep(next)) || Base::focusNextPrevChild(next);
+    }
+
   private:
     FormNative& native_;
 };

@@ -36,11 +36,18 @@ struct FormNative {
     explicit FormNative(Form& owner) : form(owner) {}
 
     Form& form;
+    /// Where the Tab key leads; unset, or false: the toolkit decides.
+    std::function<bool(bool next)> focusStep;
     FormHost* host = nullptr; ///< Of a document window; null for the others, and once the host is gone.
     bool placing = false;     ///< The mark of a `FromUs`: the program places or shows the window.
     bool sizeKept = false; ///< A size was assigned to the minimised window. It gets it when it is restored.
     int state = kNormal;   ///< The `WindowState` that the next showing takes.
     QSize heard;           ///< The client size in pixels that the last `Form_Resize` was run for.
+
+    void LoseHost() {
+        host = nullptr;
+        focusStep = nullptr;
+    }
 
     void MakeWindow();
     QMdiSubWindow* SubWindow() const;

@@ -9,6 +9,18 @@ namespace pintalux {
 
 namespace {
 
+/// A label that may be pressed shows where the focus is.
+class FramedLabel final : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        if (hasFocus()) PaintFocusFrame(*this);
+    }
+};
+
 QLabel* LabelWidget(const Label& label) {
     return static_cast<QLabel*>(WidgetOf(label));
 }
@@ -39,7 +51,7 @@ QString WithBreaks(const QString& text) {
 
 Label::Label(Container& parent, std::string name, std::string caption)
     : Control(&parent, std::move(name)), caption_(std::move(caption)) {
-    auto* widget = new QLabel(ClientWidgetOf(parent));
+    auto* widget = new FramedLabel(ClientWidgetOf(parent));
     widget->setTextFormat(Qt::PlainText);
     InstallWidget(*this, widget);
     widget->setText(ToQString(caption_));

@@ -1,5 +1,6 @@
 #include "surface/window/Layout.h"
 
+#include "surface/window/Accessible_native.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
 #include "surface/window/Form.h"
@@ -146,7 +147,7 @@ void LabelFor(Control& label, Control& control) {
     QString name = text->text();
     name.remove(QLatin1Char('&'));
     if (name.endsWith(QLatin1Char(':'))) name.chop(1);
-    widget->setAccessibleName(name);
+    NameForReaders(*widget, name);
 }
 
 } // namespace pintalux

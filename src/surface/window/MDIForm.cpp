@@ -50,6 +50,8 @@ void TranslateSystemMenu(QMdiSubWindow& window) {
             action->setVisible(false); // A document window always above the others has no use here.
         } else {
             action->setText(QStringLiteral("&Fechar"));
+            action->setShortcut(Qt::CTRL |
+                                Qt::Key_F4); // Of the two that the toolkit gives a menu has the other.
         }
         ++place;
     }
@@ -61,13 +63,14 @@ MDIForm::MDIForm(std::string name)
     : Form(std::move(name), Kind::Main), mdi_(std::make_unique<MDINative>(*this)) {
     mdi_->MakeWindow();
     mdi_->ConnectKeys();
+    mdi_->ConnectFocus();
 }
 
 MDIForm::~MDIForm() {
     mdi_->closing = true;
     mdi_->active = nullptr;
     for (const std::unique_ptr<Form>& child : children_)
-        FormNative::Of(*child).host = nullptr;
+        FormNative::Of(*child).LoseHost();
     children_.clear();
     delete native_->widget.data();
 }
@@ -102,6 +105,7 @@ Form& MDIForm::Adopt(std::unique_ptr<Form> child) {
     Form& form = *child;
     FormNative& native = FormNative::Of(form);
     native.host = mdi_.get();
+    native.focusStep = [this](bool next) { return mdi_->StepFocus(next); };
     if (mdi_->area) {
         const FromUs ours(mdi_->switching);
         mdi_->area->addSubWindow(native.SubWindow());
@@ -209,7 +213,7 @@ void MDINative::TakeOut(Form& child) {
         window->hide();
         area->removeSubWindow(window);
     }
-    FormNative::Of(child).host = nullptr;
+    FormNative::Of(child).LoseHost();
     if (active != &child) return;
     active = nullptr;
     if (closing) return;

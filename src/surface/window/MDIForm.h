@@ -16,6 +16,12 @@ struct MDINative;
 
 enum class Align { Top, Bottom, Left, Right };
 
+/// Where F6 leads.
+struct FocusArea {
+    const Control* area;            ///< Null: the active document.
+    const Control* first = nullptr; ///< What F6 goes to in it; null: the first control that takes the focus.
+};
+
 class MDIForm : public Form {
   public:
     explicit MDIForm(std::string name);
@@ -46,6 +52,12 @@ class MDIForm : public Form {
     /// order of the calls. It keeps its own depth (`Height` at the top and bottom, `Width` at the sides) and
     /// disappears while not visible.
     void AlignPanel(Surface& panel, Align edge);
+
+    /// The areas of the window in the order of F6 and, with their controls, of the Tab key; an area may lie
+    /// in another one.
+    void FocusAreas(std::vector<FocusArea> areas);
+    /// A key of the window that no menu names, such as "F1".
+    void OnKey(const std::string& key, std::function<void()> command);
 
   protected:
     /// Main window's own load, query and unload, named as their events are.

@@ -30,6 +30,7 @@ struct MDINative final : FormHost {
     QPointer<QWidget> frame; ///< Below the menu bar: the panels around the area.
     QPointer<QMdiArea> area;
     std::vector<Panel> panels;
+    std::vector<FocusArea> areas;
     Form* active = nullptr;         ///< The document window that `ActiveForm` gives.
     MenuItem* windowList = nullptr; ///< The menu that ends with the list of the open windows; null: none.
     std::vector<QPointer<QAction>> listEntries; ///< Of that list; the first is the separator above it.
@@ -54,6 +55,15 @@ struct MDINative final : FormHost {
     /// Ctrl+Tab and Ctrl+F6 go to the next document window, with Shift to the one before, wherever the focus
     /// is.
     void ConnectKeys();
+    /// Tab and F6 (MDIFocus.cpp).
+    void ConnectFocus();
+    const QWidget* WidgetOfArea(const FocusArea& place) const;
+    /// The place of the area that a widget lies in; -1 for none.
+    int AreaOf(const QWidget* widget) const;
+    /// Where the Tab key stops in an area, in its order.
+    std::vector<QWidget*> TabStopsOf(int place) const;
+    bool StepFocus(bool next);
+    void StepArea(bool next);
 
     /// Gives the panels and the workspace their places and runs `Resize` of each panel whose size changed.
     /// The panel `assigned` is left out: the program gave it its size itself.

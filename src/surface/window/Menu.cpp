@@ -4,6 +4,7 @@
 #include "surface/window/Events.h"
 #include "surface/window/Menu_native.h"
 
+#include <QApplication>
 #include <QKeySequence>
 
 namespace pintalux {
@@ -31,9 +32,10 @@ MenuItem::MenuItem(std::string name, std::string caption, const std::string& sho
     auto* action = new QAction(Shortened(ToQString(caption_)), nullptr);
     action->setObjectName(ToQString(name_));
     action->setMenuRole(QAction::NoRole);
-    if (!shortcut.empty()) action->setShortcut(QKeySequence::fromString(ToQString(shortcut)));
+    if (!shortcut.empty()) action->setShortcuts(QKeySequence::listFromString(ToQString(shortcut)));
     QObject::connect(action, &QAction::triggered, action, [this, action] {
         action->setChecked(checked_); // The program ticks, not the click.
+        if (QApplication::mouseButtons() != Qt::NoButton && !QApplication::activePopupWidget()) return;
         if (Click) RunEvent(EventKind::Ordinary, std::function<void()>(Click));
     });
     native_->action = action;
@@ -74,6 +76,7 @@ QMenu* MenuNative::Menu() {
     menu = new QMenu;
     menu->setObjectName(action->objectName());
     menu->setToolTipsVisible(false);
+    menu->setAccessibleName(action->text().remove(QLatin1Char('&')));
     DeleteBeforeExit(menu);
     action->setMenu(menu);
     return menu;

@@ -13,6 +13,8 @@ struct MenuNative;
 /// An item, or a menu if it has items. Captions mark the access key by an ampersand.
 class MenuItem {
   public:
+    /// `shortcut` may name several, parted by "; "; the first one shows. None acts while a button of the
+    /// mouse is held, since a stroke or a drag is under way then.
     MenuItem(std::string name, std::string caption, const std::string& shortcut = {});
     ~MenuItem();
     MenuItem(const MenuItem&) = delete;

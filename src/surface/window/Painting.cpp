@@ -155,6 +155,15 @@ void PaintBitmap(QWidget& widget, const QRegion& exposed, const Bitmap& source, 
     }
 }
 
+void PaintFocusFrame(QWidget& widget) {
+    constexpr int kWidth = 2;
+    QPainter painter(&widget);
+    const QColor colour = widget.palette().color(QPalette::Highlight);
+    const QRect inside = widget.rect().adjusted(kWidth, kWidth, -kWidth, -kWidth);
+    for (const QRect& part : QRegion(widget.rect()) - QRegion(inside))
+        painter.fillRect(part, colour);
+}
+
 QRect VisibleRect(const QWidget& widget) {
     QRect visible = widget.rect();
     QPoint offset;

@@ -30,15 +30,20 @@ inline QRect ToQRect(const Box& box) {
     return {box.left, box.top, box.Width(), box.Height()};
 }
 
+/// The frame that shows where the focus is, along the edge of a widget.
+void PaintFocusFrame(QWidget& widget);
+
 /// A widget whose picture is made by a function.
 class PaintedWidget : public QWidget {
   public:
     using QWidget::QWidget;
     std::function<void(QPaintEvent&)> paint;
+    bool framed = false; ///< A frame shows that it has the focus.
 
   protected:
     void paintEvent(QPaintEvent* event) override {
         if (paint) paint(*event);
+        if (framed && hasFocus()) PaintFocusFrame(*this);
     }
 };
 

@@ -1,8 +1,13 @@
-// The road of pointer events from the toolkit to the handlers of a control.
+// The road of pointer, wheel and key events from the toolkit to the handlers of a control.
+#include "surface/window/Accessible_native.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
+#include "surface/window/KeyCodes_native.h"
 
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 
 namespace pintalux {
 
@@ -44,6 +49,16 @@ class PointerFilter : public QObject {
         case QEvent::MouseButtonRelease:
             Release(*static_cast<QMouseEvent*>(event), widget);
             break;
+        case QEvent::Wheel:
+            return Turn(*static_cast<QWheelEvent*>(event));
+        case QEvent::KeyPress:
+            return Type(control_.Key, *static_cast<QKeyEvent*>(event));
+        case QEvent::KeyRelease:
+            return Type(control_.KeyReleased, *static_cast<QKeyEvent*>(event));
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+            MoveFocus(*static_cast<QFocusEvent*>(event));
+            break;
         default:
             break;
         }
@@ -51,11 +66,14 @@ class PointerFilter : public QObject {
     }
 
   private:
+    static double UnitOf(const Control& control) {
+        const auto* container = dynamic_cast<const Container*>(&control);
+        return container ? container->UnitsPerPixel() : kTwipsPerPixel;
+    }
+
     void Send(const PointerEvent& handler, int button, const QMouseEvent& event) {
         if (!handler) return;
-        const auto* container = dynamic_cast<const Container*>(&control_);
-        const double unit = container ? container->UnitsPerPixel() : kTwipsPerPixel;
-        const QPointF place = event.position() * unit;
+        const QPointF place = event.position() * UnitOf(control_);
         const int shift = ShiftBitsOf(event.modifiers());
         // A copy: a handler may well replace itself.
         RunEvent(EventKind::Pointer, [&, run = handler] { run(button, shift, place.x(), place.y()); });
@@ -76,6 +94,41 @@ class PointerFilter : public QObject {
         if (click) Run(control_.Click);
     }
 
+    /// The control around hears of it where this one does not.
+    bool Turn(QWheelEvent& event) {
+        const Control* hears = &control_;
+        while (hears != nullptr && !hears->MouseWheel)
+            hears = hears->Parent();
+        const QWidget* widget = hears ? WidgetOf(*hears) : nullptr;
+        if (widget == nullptr) return false;
+        const QPointF place = widget->mapFromGlobal(event.globalPosition()) * UnitOf(*hears);
+        const QPoint angle = event.angleDelta();
+        const WheelTurn turn{ShiftBitsOf(event.modifiers()), place.x(), place.y(), -1.0 * angle.x(),
+                             -1.0 * angle.y()};
+        RunEvent(EventKind::Pointer, [&turn, run = hears->MouseWheel] { run(turn); });
+        event.accept();
+        return true;
+    }
+
+    /// What keys do stands for what the pointer does: an overflow ends the handler alone.
+    static bool Type(const std::function<bool(const KeyStroke&)>& handler, QKeyEvent& event) {
+        if (!handler || event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) return false;
+        bool used = false;
+        const KeyStroke stroke{KeyCodeOf(event), ShiftOf(event), event.isAutoRepeat()};
+        RunEvent(EventKind::Pointer, [&, run = handler] { used = run(stroke); });
+        if (used) event.accept();
+        return used;
+    }
+
+    void MoveFocus(const QFocusEvent& event) {
+        if (!control_.FocusMoved) return;
+        const bool byKeys = event.reason() == Qt::TabFocusReason ||
+                            event.reason() == Qt::BacktabFocusReason ||
+                            event.reason() == Qt::ShortcutFocusReason;
+        RunEvent(EventKind::Pointer,
+                 [got = event.gotFocus(), byKeys, run = control_.FocusMoved] { run(got, byKeys); });
+    }
+
     Control& control_;
     bool ownsClick_;
 };
@@ -83,6 +136,7 @@ class PointerFilter : public QObject {
 } // namespace
 
 void InstallWidget(Control& control, QWidget* widget, bool ownsClick) {
+    SpeakForOurWidgets();
     control.Native().widget = widget;
     widget->setObjectName(ToQString(control.Name()));
     widget->setMouseTracking(true);

@@ -1,6 +1,11 @@
 #include "surface/window/SpinnerPair.h"
 
 #include "base/NumberText.h"
+#include "surface/window/Accessible_native.h"
+#include "surface/window/Control_native.h"
+
+#include <algorithm>
+#include <QVariant>
 
 namespace pintalux {
 
@@ -20,12 +25,28 @@ void DigitsOnly(TextBox& text) {
     };
 }
 
+void StepByKeys(TextBox& text, ScrollBar& bar) {
+    text.KeyDown = [&bar](int KeyCode, int Shift) {
+        constexpr int kUp = 38;
+        constexpr int kDown = 40;
+        if ((KeyCode != kUp && KeyCode != kDown) || Shift != 0) return;
+        // The bar stands upside down.
+        const int value = bar.Value() + (KeyCode == kUp ? -1 : 1);
+        bar.Value(std::clamp(value, bar.Min(), bar.Max()));
+    };
+}
+
 void BindSpinner(TextBox& text, ScrollBar& bar) {
     constexpr double kWidth = 17 * kTwipsPerPixel;
     constexpr double kHeight = 26 * kTwipsPerPixel;
     bar.Width(kWidth);
     bar.Height(kHeight);
+    if (QWidget* box = WidgetOf(text); box && WidgetOf(bar)) {
+        box->setProperty(kSpinnerBar, QVariant::fromValue<QObject*>(WidgetOf(bar)));
+        NameForReaders(*box, box->accessibleName());
+    }
     DigitsOnly(text);
+    StepByKeys(text, bar);
     text.Change = [&text, &bar] {
         if (Val(text.Text()) > bar.Max()) text.Text(NumberText(bar.Max()));
     };

@@ -14,8 +14,12 @@ std::string SpinnerText(const ScrollBar& bar);
 /// Lets only the digits 0 to 9 and backspace pass.
 void DigitsOnly(TextBox& text);
 
-/// Binds the pair: the bar writes the text, digits that were typed or pasted move the bar. A number above its
-/// `Max` becomes `Max` at once, so that no text of the box is too large for what reads it.
+/// Up and Down in the text step the bar by one.
+void StepByKeys(TextBox& text, ScrollBar& bar);
+
+/// Binds the pair: Up and Down step it; the bar writes the text, digits that were typed or pasted move the
+/// bar. A number above its `Max` becomes `Max` at once, so that no text of the box is too large for what
+/// reads it.
 void BindSpinner(TextBox& text, ScrollBar& bar);
 
 } // namespace pintalux

@@ -1,11 +1,13 @@
 #include "surface/window/ToolBar.h"
 
 #include "base/RuntimeError.h"
+#include "surface/window/Accessible_native.h"
 #include "surface/window/Icons_native.h"
 #include "surface/window/Inputs_native.h"
 #include "surface/window/ToolBar_native.h"
 
 #include <algorithm>
+#include <QAccessible>
 
 namespace pintalux {
 
@@ -81,10 +83,12 @@ void ToolBar::AddButton(const Row& row) {
     button.toolTip_ = textOf(row.toolTip);
     QToolButton* widget = bar->AddButton();
     button.native_->button = widget;
+    if (button.style_ == ButtonStyle::ButtonGroup)
+        widget->setProperty(kSpokenRole, int{QAccessible::RadioButton}); // Before it is first spoken of.
     widget->setObjectName(ToQString(Name() + "_" + button.key_));
     widget->setToolTip(ToQString(button.toolTip_));
-    const std::string& spoken = button.toolTip_.empty() ? button.caption_ : button.toolTip_;
-    widget->setAccessibleName(ToQString(spoken.empty() ? button.key_ : spoken));
+    for (const std::string& name : {textOf(row.spoken), button.caption_, button.toolTip_, button.key_})
+        if (widget->accessibleName().isEmpty()) widget->setAccessibleName(ToQString(name));
     widget->setCheckable(button.style_ != ButtonStyle::Default);
     button.Image(textOf(row.image));
     widget->show();

@@ -54,7 +54,8 @@ class ToolBar : public Control {
         const char* toolTip; ///< May be null.
         const char* image;   ///< SVG resource.
         ButtonStyle style = ButtonStyle::Default;
-        const char* caption = nullptr; ///< Also the accessible name if there is no tool tip.
+        const char* caption = nullptr;
+        const char* spoken = nullptr; ///< What screen readers hear; null: the caption, or else the tool tip.
     };
     ToolBar(Container& parent, std::string name, const std::vector<Row>& rows);
     ~ToolBar() override;

@@ -1,6 +1,9 @@
 #include "surface/window/ToolBar_native.h"
 
+#include "surface/window/Accessible_native.h"
+
 #include <algorithm>
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -16,7 +19,9 @@ bool IsArrow(int key) {
 
 } // namespace
 
-BarWidget::BarWidget(QWidget* parent) : QWidget(parent) {}
+BarWidget::BarWidget(QWidget* parent) : QWidget(parent) {
+    setProperty(kSpokenRole, int{QAccessible::ToolBar});
+}
 
 QToolButton* BarWidget::AddButton() {
     auto* button = new QToolButton(this);
