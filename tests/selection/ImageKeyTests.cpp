@@ -1,59 +1,15 @@
-// The keys and the wheel over a document: drawing without a pointer, moving what floats, giving up.
+// The keys over a document: drawing without a pointer, moving what floats, giving up.
 #include "document/FileCommands.h"
 #include "document/Selection.h"
 #include "document/UndoCommands.h"
+#include "selection/ImageKeyTest.h"
 #include "selection/RectangleSelection.h"
-#include "selection/SelectionTest.h"
 #include "surface/system/Clipboard.h"
-#include "tools/ToolTable.h"
 
 #include <algorithm>
-#include <QAccessible>
-#include <QApplication>
-#include <QKeyEvent>
-#include <QShortcut>
-#include <QTextBrowser>
-#include <QWheelEvent>
 
 namespace pintalux {
 namespace {
-
-class ImageKeyTest : public SelectionTest {
-  protected:
-    static void Send(frmImage& image, QEvent::Type type, int key, Qt::KeyboardModifiers held, bool repeated) {
-        QKeyEvent event(type, key, held, QString(), repeated);
-        QCoreApplication::sendEvent(&WidgetFor(image.Image1), &event);
-    }
-    static void Down(frmImage& image, int key, Qt::KeyboardModifiers held = Qt::NoModifier,
-                     bool repeated = false) {
-        Send(image, QEvent::KeyPress, key, held, repeated);
-    }
-    static void Up(frmImage& image, int key, Qt::KeyboardModifiers held = Qt::NoModifier) {
-        Send(image, QEvent::KeyRelease, key, held, false);
-    }
-    static void Tap(frmImage& image, int key, Qt::KeyboardModifiers held = Qt::NoModifier) {
-        Down(image, key, held);
-        Up(image, key, held);
-    }
-    static void Times(frmImage& image, int key, int times) {
-        for (int i = 0; i < times; ++i)
-            Tap(image, key);
-    }
-    /// The cross at a pixel.
-    static void GoTo(frmImage& image, int x, int y) {
-        image.crossX = x;
-        image.crossY = y;
-    }
-    static void Turn(Control& over, QPointF place, QPoint angle,
-                     Qt::KeyboardModifiers held = Qt::NoModifier) {
-        QWidget& widget = WidgetFor(over);
-        QWheelEvent event(place, widget.mapToGlobal(place), QPoint(), angle, Qt::NoButton, held,
-                          Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&widget, &event);
-    }
-};
-
-constexpr int kNotch = 120;
 
 TEST_F(ImageKeyTest, TheImageHasTheFocusAndTheScrollBarsTakeNone) {
     frmImage& image = NewDocument(900, 900);
@@ -405,82 +361,7 @@ TEST_F(ImageKeyTest, ALetterChoosesATool) {
     EXPECT_EQ(CurrentTool, kMagTool);
 }
 
-// The wheel
-
-TEST_F(ImageKeyTest, TheWheelScrollsAndWithShiftSideways) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
-    Turn(image.Image1, {100, 100}, {0, -kNotch});
-    EXPECT_EQ(image.VS.Value(), 60);
-    EXPECT_EQ(image.PicBG.Top(), -60);
-    Turn(image.Image1, {100, 100}, {0, -kNotch}, Qt::ShiftModifier);
-    EXPECT_EQ(image.HS.Value(), 60);
-    Turn(image.PicFrame, {10, 10}, {-2 * kNotch, 0});
-    EXPECT_EQ(image.HS.Value(), 180);
-    Turn(image.HS, {5, 5}, {0, kNotch});
-    EXPECT_EQ(image.HS.Value(), 120) << "over the lying bar it moves that bar";
-    Turn(image.Image1, {100, 100}, {0, 9 * kNotch});
-    EXPECT_EQ(image.VS.Value(), 0);
-}
-
-TEST_F(ImageKeyTest, FineStepsAddUp) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
-    for (int i = 0; i < 7; ++i)
-        Turn(image.Image1, {100, 100}, {0, -1}); // half a pixel each
-    EXPECT_EQ(image.VS.Value(), 3);
-    for (int i = 0; i < 119; ++i)
-        Turn(image.Image1, {100, 100}, {0, 1}, Qt::ControlModifier);
-    EXPECT_EQ(image.factorlevel, 15);
-    Turn(image.Image1, {100, 100}, {0, 1}, Qt::ControlModifier);
-    EXPECT_EQ(image.factorlevel, 16);
-}
-
-TEST_F(ImageKeyTest, WithCtrlItZoomsAtThePointer) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
-    image.HS.Value(300);
-    image.VS.Value(200);
-    // The pixel 400, 260 lies under the pointer at 100, 60 of the view.
-    for (int level = 16; level <= 20; ++level) {
-        Turn(image.PicFrame, {100, 60}, {0, kNotch}, Qt::ControlModifier);
-        EXPECT_EQ(image.factorlevel, level);
-        EXPECT_EQ((100 - image.PicBG.Left()) / image.factor, 400) << level;
-        EXPECT_EQ((60 - image.PicBG.Top()) / image.factor, 260) << level;
-    }
-    for (int i = 0; i < 40; ++i)
-        Turn(image.PicFrame, {100, 60}, {0, -kNotch}, Qt::ControlModifier);
-    EXPECT_EQ(image.factorlevel, 0);
-    EXPECT_FALSE(ScreenLocked());
-    EXPECT_EQ(States(image), 1);
-}
-
-TEST_F(ImageKeyTest, TheWheelTreatsWhatFloatsAsTheZoomMenuDoes) {
-    CopyMode();
-    frmImage& image = OpenRandom(60, 40);
-    SelectRectangle(image, 10, 10, 30, 20);
-    Turn(image.Image1, {5, 5}, {0, kNotch}, Qt::ControlModifier);
-    EXPECT_EQ(image.PicSelect.Left(), 20);
-    EXPECT_EQ(image.PicSelect.Width(), 40);
-    Turn(image.Image1, {5, 5}, {0, -kNotch}, Qt::ControlModifier);
-    mnuEditSelectNone_Click();
-    SelectPath(image, {{10, 10}, {25, 10}, {25, 20}});
-    Turn(image.Image1, {5, 5}, {0, kNotch}, Qt::ControlModifier);
-    EXPECT_FALSE(PieceFloats(image)) << "a shape that was only lifted goes";
-    ExpectSamePixels(ImageOf(image), Before());
-}
-
-TEST_F(ImageKeyTest, DuringAStrokeByKeysTheWheelStandsStill) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
-    Choose("Line");
-    GoTo(image, 50, 50);
-    Down(image, Qt::Key_Space);
-    Turn(image.Image1, {100, 100}, {0, -kNotch});
-    Turn(image.Image1, {100, 100}, {0, kNotch}, Qt::ControlModifier);
-    EXPECT_EQ(image.VS.Value(), 0);
-    EXPECT_EQ(image.factorlevel, 15);
-}
+// A window without a picture
 
 TEST_F(ImageKeyTest, AnEmptyWindowTakesEveryKeyAndTurn) {
     PutBytes(Folder("pictures") + "/none.bmp", "no picture");
@@ -489,8 +370,8 @@ TEST_F(ImageKeyTest, AnEmptyWindowTakesEveryKeyAndTurn) {
     for (const int key : {Qt::Key_Left, Qt::Key_PageDown, Qt::Key_Space, Qt::Key_Escape, Qt::Key_Delete,
                           Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Return, Qt::Key_Return, Qt::Key_F6})
         Tap(image, key);
-    Turn(image.Image1, {1, 1}, {0, kNotch});
-    Turn(image.Image1, {1, 1}, {0, kNotch}, Qt::ControlModifier);
+    Turn(image.Image1, {1, 1}, {0, 120});
+    Turn(image.Image1, {1, 1}, {0, 120}, Qt::ControlModifier);
     EXPECT_TRUE(untrapped.empty());
 }
 
@@ -559,140 +440,6 @@ TEST_F(ImageKeyTest, SwatchesAndSlotsOfTheTrayArePressedByKeys) {
     Clipboard.SetData(Solid(5, 5, kWhite));
     press(frmMain->PicClipBG(0), Qt::Key_Return);
     EXPECT_EQ(Clipboard.GetData(CF_BITMAP).Width(), 3);
-}
-
-// Where Tab and F6 lead
-
-class FocusTest : public ImageKeyTest {
-  protected:
-    static std::string Where() {
-        const QWidget* widget = QApplication::focusWidget();
-        return widget ? widget->objectName().toStdString() : "nowhere";
-    }
-    static void Press(int key, Qt::KeyboardModifiers held = Qt::NoModifier) {
-        QWidget* widget = QApplication::focusWidget();
-        ASSERT_NE(widget, nullptr);
-        QKeyEvent event(QEvent::KeyPress, key, held);
-        QCoreApplication::sendEvent(widget, &event);
-    }
-    void SetUp() override {
-        ImageKeyTest::SetUp();
-        WidgetFor(*frmMain).activateWindow();
-        PassEvents();
-    }
-};
-
-TEST_F(FocusTest, TabLeavesTheDocumentAndComesBack) {
-    frmMain->cmdTools_Click(0);
-    frmImage& image = NewDocument(900, 900);
-    NewDocument(300, 300);
-    image.Show();
-    PassEvents();
-    EXPECT_EQ(Where(), "Image1");
-    std::vector<std::string> walk;
-    int documents = 0;
-    for (int i = 0; i < 60 && documents == 0; ++i) {
-        Press(Qt::Key_Tab);
-        walk.push_back(Where());
-        if (QApplication::focusWidget() == &WidgetFor(image.Image1)) ++documents;
-    }
-    EXPECT_EQ(documents, 1);
-    const auto passed = [&](const std::string& name) {
-        return std::find(walk.begin(), walk.end(), name) != walk.end();
-    };
-    for (const char* name :
-         {"TB2_New", "cmdTools0", "Slider2", "cmdTools4", "txtRed", "Picture4", "ColorBox"})
-        EXPECT_TRUE(passed(name)) << name;
-    for (const char* name : {"HS", "VS", "Slider4", "Combo2", "Option3"})
-        EXPECT_FALSE(passed(name)) << name << " lies on a closed page or is no stop";
-    EXPECT_EQ(std::count(walk.begin(), walk.end(), "Image1"), 1) << "the other document takes no part";
-    std::vector<std::string> back{"Image1"};
-    while (back.size() < walk.size()) {
-        Press(Qt::Key_Backtab, Qt::ShiftModifier);
-        back.push_back(Where());
-    }
-    EXPECT_EQ(back, std::vector<std::string>(walk.rbegin(), walk.rend()));
-}
-
-TEST_F(FocusTest, AnOpenPageIsInTheChain) {
-    NewDocument(300, 300);
-    frmMain->cmdTools_Click(3);
-    PassEvents();
-    std::vector<std::string> walk;
-    for (int i = 0; i < 60; ++i) {
-        Press(Qt::Key_Tab);
-        walk.push_back(Where());
-    }
-    EXPECT_NE(std::find(walk.begin(), walk.end(), "Slider4"), walk.end());
-}
-
-TEST_F(FocusTest, F6GoesFromAreaToArea) {
-    frmImage& image = NewDocument(300, 300);
-    PassEvents();
-    const auto f6 = [](bool next) {
-        for (QObject* child : WidgetFor(*frmMain).children()) {
-            auto* shortcut = qobject_cast<QShortcut*>(child);
-            const QKeySequence wanted =
-                next ? QKeySequence(Qt::Key_F6) : QKeySequence(Qt::SHIFT | Qt::Key_F6);
-            if (shortcut && shortcut->key() == wanted) emit shortcut->activated();
-        }
-    };
-    std::vector<std::string> walk;
-    for (int i = 0; i < 5; ++i) {
-        f6(true);
-        walk.push_back(Where());
-    }
-    EXPECT_EQ(walk, (std::vector<std::string>{"txtRed", "TB2_New", "cmdTools0", "cmdTools4", "Image1"}));
-    EXPECT_TRUE(image.CrossX.Visible()) << "it shows that the image has the focus";
-    f6(false);
-    EXPECT_EQ(Where(), "cmdTools4");
-    frmMain->mnuViewSettingsBar_Click();
-    PassEvents();
-    f6(true);
-    f6(true);
-    f6(true);
-    EXPECT_NE(Where(), "cmdTools0") << "a panel that is closed is left out";
-}
-
-TEST_F(FocusTest, AFreehandLiftLeavesTheFocusOnTheImage) {
-    frmImage& image = OpenRandom(60, 40);
-    PassEvents();
-    image.Image1.SetFocus();
-    SelectPath(image, {{10, 10}, {25, 10}, {25, 20}});
-    EXPECT_EQ(Where(), "Image1");
-}
-
-TEST_F(FocusTest, F1ShowsTheHelpAndEscapeClosesIt) {
-    NewDocument(60, 40);
-    for (QObject* child : WidgetFor(*frmMain).children()) {
-        auto* shortcut = qobject_cast<QShortcut*>(child);
-        if (shortcut && shortcut->key() == QKeySequence(Qt::Key_F1)) emit shortcut->activated();
-    }
-    QWidget* help = nullptr;
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->objectName() == "help") help = window;
-    ASSERT_NE(help, nullptr);
-    EXPECT_TRUE(help->isVisible());
-    const QString text = help->findChild<QTextBrowser*>()->toPlainText();
-    // Each tool with its letter, by the name that screen readers hear.
-    for (int number = kFirstTool; number <= kLastTool; ++number) {
-        const Tool& tool = TheTools->Row(number);
-        EXPECT_TRUE(text.contains(QString(tool.letter) + "\n" + tool.caption)) << tool.caption;
-    }
-    for (const char* key : {"Ctrl+S", "Ctrl+Z", "F6", "Escape", "Espaço"})
-        EXPECT_TRUE(text.contains(key)) << key;
-    Type(*help, "\x1b");
-    EXPECT_FALSE(help->isVisible());
-}
-
-TEST_F(FocusTest, TheNewButtonIsSpokenNovoAndItsTipDescribesIt) {
-    auto* spoken = QAccessible::queryAccessibleInterface(Find(WidgetFor(frmMain->TB2), "TB2_New"));
-    ASSERT_NE(spoken, nullptr);
-    EXPECT_EQ(spoken->text(QAccessible::Name), "Novo");
-    EXPECT_EQ(spoken->text(QAccessible::Description), "Apontador - não faz selecção.");
-    auto* pen = QAccessible::queryAccessibleInterface(Find(WidgetFor(frmMain->TB2), "TB2_Pen"));
-    EXPECT_EQ(pen->role(), QAccessible::RadioButton);
-    EXPECT_EQ(pen->text(QAccessible::Name), "Caneta");
 }
 
 } // namespace

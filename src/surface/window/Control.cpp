@@ -145,8 +145,13 @@ void Control::AccessibleName(const std::string& value) {
 void Control::AccessibleRole(SpokenRole role) {
     static constexpr QAccessible::Role kRoles[] = {QAccessible::Button, QAccessible::Grouping,
                                                    QAccessible::Canvas, QAccessible::ColorChooser};
-    if (QWidget* widget = WidgetOf(*this))
-        widget->setProperty(kSpokenRole, int{kRoles[static_cast<std::size_t>(role)]});
+    QWidget* widget = WidgetOf(*this);
+    if (!widget) return;
+    widget->setProperty(kSpokenRole, int{kRoles[static_cast<std::size_t>(role)]});
+    // Who was asked about before would keep the role that the toolkit had for it.
+    if (QAccessible::isActive())
+        QAccessible::deleteAccessibleInterface(
+            QAccessible::uniqueId(QAccessible::queryAccessibleInterface(widget)));
 }
 
 bool Control::HasFocus() const {

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QFile>
+#include <QScrollBar>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -20,6 +21,9 @@ QDialog* MakeWindow(const QString& name) {
     auto* text = new QTextBrowser(window);
     text->setObjectName(QStringLiteral("helpText"));
     text->setFrameShape(QFrame::NoFrame);
+    text->document()->setDocumentMargin(12);
+    text->verticalScrollBar()->setAccessibleName(QStringLiteral("Deslocamento vertical"));
+    text->horizontalScrollBar()->setAccessibleName(QStringLiteral("Deslocamento horizontal"));
     auto* layout = new QVBoxLayout(window);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(text);

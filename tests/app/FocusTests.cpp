@@ -1,0 +1,148 @@
+// Where Tab, F6 and F1 lead, and what screen readers call the buttons.
+#include "document/BarPositions.h"
+#include "selection/ImageKeyTest.h"
+#include "tools/ToolTable.h"
+
+#include <algorithm>
+#include <QAccessible>
+#include <QApplication>
+#include <QShortcut>
+#include <QTextBrowser>
+
+namespace pintalux {
+namespace {
+
+class FocusTest : public ImageKeyTest {
+  protected:
+    static std::string Where() {
+        const QWidget* widget = QApplication::focusWidget();
+        return widget ? widget->objectName().toStdString() : "nowhere";
+    }
+    static void Press(int key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        QWidget* widget = QApplication::focusWidget();
+        ASSERT_NE(widget, nullptr);
+        QKeyEvent event(QEvent::KeyPress, key, held);
+        QCoreApplication::sendEvent(widget, &event);
+    }
+    void SetUp() override {
+        ImageKeyTest::SetUp();
+        WidgetFor(*frmMain).activateWindow();
+        PassEvents();
+    }
+};
+
+TEST_F(FocusTest, TabLeavesTheDocumentAndComesBack) {
+    frmMain->cmdTools_Click(0);
+    frmImage& image = NewDocument(900, 900);
+    NewDocument(300, 300);
+    image.Show();
+    PassEvents();
+    EXPECT_EQ(Where(), "Image1");
+    std::vector<std::string> walk;
+    int documents = 0;
+    for (int i = 0; i < 60 && documents == 0; ++i) {
+        Press(Qt::Key_Tab);
+        walk.push_back(Where());
+        if (QApplication::focusWidget() == &WidgetFor(image.Image1)) ++documents;
+    }
+    EXPECT_EQ(documents, 1);
+    const auto passed = [&](const std::string& name) {
+        return std::find(walk.begin(), walk.end(), name) != walk.end();
+    };
+    for (const char* name :
+         {"TB2_New", "cmdTools0", "Slider2", "cmdTools4", "txtRed", "Picture4", "ColorBox"})
+        EXPECT_TRUE(passed(name)) << name;
+    for (const char* name : {"HS", "VS", "Slider4", "Combo2", "Option3"})
+        EXPECT_FALSE(passed(name)) << name << " lies on a closed page or is no stop";
+    EXPECT_EQ(std::count(walk.begin(), walk.end(), "Image1"), 1) << "the other document takes no part";
+    std::vector<std::string> back{"Image1"};
+    while (back.size() < walk.size()) {
+        Press(Qt::Key_Backtab, Qt::ShiftModifier);
+        back.push_back(Where());
+    }
+    EXPECT_EQ(back, std::vector<std::string>(walk.rbegin(), walk.rend()));
+}
+
+TEST_F(FocusTest, AnOpenPageIsInTheChain) {
+    NewDocument(300, 300);
+    frmMain->cmdTools_Click(3);
+    PassEvents();
+    std::vector<std::string> walk;
+    for (int i = 0; i < 60; ++i) {
+        Press(Qt::Key_Tab);
+        walk.push_back(Where());
+    }
+    EXPECT_NE(std::find(walk.begin(), walk.end(), "Slider4"), walk.end());
+}
+
+TEST_F(FocusTest, F6GoesFromAreaToArea) {
+    frmImage& image = NewDocument(300, 300);
+    PassEvents();
+    const auto f6 = [](bool next) {
+        for (QObject* child : WidgetFor(*frmMain).children()) {
+            auto* shortcut = qobject_cast<QShortcut*>(child);
+            const QKeySequence wanted =
+                next ? QKeySequence(Qt::Key_F6) : QKeySequence(Qt::SHIFT | Qt::Key_F6);
+            if (shortcut && shortcut->key() == wanted) emit shortcut->activated();
+        }
+    };
+    std::vector<std::string> walk;
+    for (int i = 0; i < 5; ++i) {
+        f6(true);
+        walk.push_back(Where());
+    }
+    EXPECT_EQ(walk, (std::vector<std::string>{"txtRed", "TB2_New", "cmdTools0", "cmdTools4", "Image1"}));
+    EXPECT_TRUE(image.CrossX.Visible()) << "it shows that the image has the focus";
+    f6(false);
+    EXPECT_EQ(Where(), "cmdTools4");
+    frmMain->mnuViewSettingsBar_Click();
+    PassEvents();
+    f6(true);
+    f6(true);
+    f6(true);
+    EXPECT_NE(Where(), "cmdTools0") << "a panel that is closed is left out";
+}
+
+TEST_F(FocusTest, AFreehandLiftLeavesTheFocusOnTheImage) {
+    frmImage& image = OpenRandom(60, 40);
+    PassEvents();
+    image.Image1.SetFocus();
+    SelectPath(image, {{10, 10}, {25, 10}, {25, 20}});
+    EXPECT_EQ(Where(), "Image1");
+}
+
+TEST_F(FocusTest, F1ShowsTheHelpAndEscapeClosesIt) {
+    NewDocument(60, 40);
+    for (QObject* child : WidgetFor(*frmMain).children()) {
+        auto* shortcut = qobject_cast<QShortcut*>(child);
+        if (shortcut && shortcut->key() == QKeySequence(Qt::Key_F1)) emit shortcut->activated();
+    }
+    QWidget* help = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == "help") help = window;
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    const QString text = help->findChild<QTextBrowser*>()->toPlainText();
+    // Each tool with its letter, by the name that screen readers hear.
+    for (int number = kFirstTool; number <= kLastTool; ++number) {
+        const Tool& tool = TheTools->Row(number);
+        EXPECT_TRUE(text.contains(QString(tool.letter) + "\n" + tool.caption)) << tool.caption;
+    }
+    for (const char* key : {"Ctrl+S", "Ctrl+Z", "F6", "Escape", "Espaço"})
+        EXPECT_TRUE(text.contains(key)) << key;
+    Type(*help, "\x1b");
+    EXPECT_FALSE(help->isVisible());
+}
+
+TEST_F(FocusTest, TheNewButtonIsSpokenNovoAndItsTipDescribesIt) {
+    auto* spoken = QAccessible::queryAccessibleInterface(Find(WidgetFor(frmMain->TB2), "TB2_New"));
+    ASSERT_NE(spoken, nullptr);
+    EXPECT_EQ(spoken->text(QAccessible::Name), "Novo");
+    EXPECT_EQ(spoken->text(QAccessible::Description), "Apontador - não faz selecção.");
+    auto* pen = QAccessible::queryAccessibleInterface(Find(WidgetFor(frmMain->TB2), "TB2_Pen"));
+    EXPECT_EQ(pen->role(), QAccessible::RadioButton);
+    EXPECT_EQ(pen->text(QAccessible::Name), "Caneta");
+}
+
+} // namespace
+} // namespace pintalux

@@ -1,0 +1,89 @@
+// The wheel over a document.
+#include "document/Selection.h"
+#include "selection/ImageKeyTest.h"
+#include "selection/RectangleSelection.h"
+
+namespace pintalux {
+namespace {
+
+using WheelTest = ImageKeyTest;
+
+constexpr int kNotch = 120;
+
+TEST_F(WheelTest, TheWheelScrollsAndWithShiftSideways) {
+    frmImage& image = NewDocument(1500, 1200);
+    PassEvents();
+    Turn(image.Image1, {100, 100}, {0, -kNotch});
+    EXPECT_EQ(image.VS.Value(), 60);
+    EXPECT_EQ(image.PicBG.Top(), -60);
+    Turn(image.Image1, {100, 100}, {0, -kNotch}, Qt::ShiftModifier);
+    EXPECT_EQ(image.HS.Value(), 60);
+    Turn(image.PicFrame, {10, 10}, {-2 * kNotch, 0});
+    EXPECT_EQ(image.HS.Value(), 180);
+    Turn(image.HS, {5, 5}, {0, kNotch});
+    EXPECT_EQ(image.HS.Value(), 120) << "over the lying bar it moves that bar";
+    Turn(image.Image1, {100, 100}, {0, 9 * kNotch});
+    EXPECT_EQ(image.VS.Value(), 0);
+}
+
+TEST_F(WheelTest, FineStepsAddUp) {
+    frmImage& image = NewDocument(1500, 1200);
+    PassEvents();
+    for (int i = 0; i < 7; ++i)
+        Turn(image.Image1, {100, 100}, {0, -1}); // half a pixel each
+    EXPECT_EQ(image.VS.Value(), 3);
+    for (int i = 0; i < 119; ++i)
+        Turn(image.Image1, {100, 100}, {0, 1}, Qt::ControlModifier);
+    EXPECT_EQ(image.factorlevel, 15);
+    Turn(image.Image1, {100, 100}, {0, 1}, Qt::ControlModifier);
+    EXPECT_EQ(image.factorlevel, 16);
+}
+
+TEST_F(WheelTest, WithCtrlItZoomsAtThePointer) {
+    frmImage& image = NewDocument(1500, 1200);
+    PassEvents();
+    image.HS.Value(300);
+    image.VS.Value(200);
+    // The pixel 400, 260 lies under the pointer at 100, 60 of the view.
+    for (int level = 16; level <= 20; ++level) {
+        Turn(image.PicFrame, {100, 60}, {0, kNotch}, Qt::ControlModifier);
+        EXPECT_EQ(image.factorlevel, level);
+        EXPECT_EQ((100 - image.PicBG.Left()) / image.factor, 400) << level;
+        EXPECT_EQ((60 - image.PicBG.Top()) / image.factor, 260) << level;
+    }
+    for (int i = 0; i < 40; ++i)
+        Turn(image.PicFrame, {100, 60}, {0, -kNotch}, Qt::ControlModifier);
+    EXPECT_EQ(image.factorlevel, 0);
+    EXPECT_FALSE(ScreenLocked());
+    EXPECT_EQ(States(image), 1);
+}
+
+TEST_F(WheelTest, TheWheelTreatsWhatFloatsAsTheZoomMenuDoes) {
+    CopyMode();
+    frmImage& image = OpenRandom(60, 40);
+    SelectRectangle(image, 10, 10, 30, 20);
+    Turn(image.Image1, {5, 5}, {0, kNotch}, Qt::ControlModifier);
+    EXPECT_EQ(image.PicSelect.Left(), 20);
+    EXPECT_EQ(image.PicSelect.Width(), 40);
+    Turn(image.Image1, {5, 5}, {0, -kNotch}, Qt::ControlModifier);
+    mnuEditSelectNone_Click();
+    SelectPath(image, {{10, 10}, {25, 10}, {25, 20}});
+    Turn(image.Image1, {5, 5}, {0, kNotch}, Qt::ControlModifier);
+    EXPECT_FALSE(PieceFloats(image)) << "a shape that was only lifted goes";
+    ExpectSamePixels(ImageOf(image), Before());
+}
+
+TEST_F(WheelTest, DuringAStrokeByKeysTheWheelStandsStill) {
+    frmImage& image = NewDocument(1500, 1200);
+    PassEvents();
+    Choose("Line");
+    GoTo(image, 50, 50);
+    Down(image, Qt::Key_Space);
+    Turn(image.Image1, {100, 100}, {0, -kNotch});
+    Turn(image.Image1, {100, 100}, {0, kNotch}, Qt::ControlModifier);
+    EXPECT_EQ(image.VS.Value(), 0);
+    EXPECT_EQ(image.factorlevel, 15);
+}
+
+} // namespace
+} // namespace pintalux
