@@ -20,7 +20,7 @@ def text_of(path):
 def every_picture_is_a_resource():
     listed = set(re.findall(r"<file>([^<]+)</file>", text_of(RESOURCES)))
     art = ROOT / "src/art"
-    there = {path.relative_to(art).as_posix() for path in art.rglob("*.svg")}
+    there = {path.relative_to(art).as_posix() for kind in ("*.svg", "*.html") for path in art.rglob(kind)}
     for name in sorted(there - listed):
         yield f"src/art/{name}: not in {RESOURCES}: add its <file>, or delete the picture"
     for name in sorted(listed - there):

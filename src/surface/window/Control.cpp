@@ -148,10 +148,9 @@ void Control::AccessibleRole(SpokenRole role) {
     QWidget* widget = WidgetOf(*this);
     if (!widget) return;
     widget->setProperty(kSpokenRole, int{kRoles[static_cast<std::size_t>(role)]});
-    // Who was asked about before would keep the role that the toolkit had for it.
-    if (QAccessible::isActive())
-        QAccessible::deleteAccessibleInterface(
-            QAccessible::uniqueId(QAccessible::queryAccessibleInterface(widget)));
+    // What was spoken of before, as at the naming, would keep the role that the toolkit had for it.
+    QAccessible::deleteAccessibleInterface(
+        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(widget)));
 }
 
 bool Control::HasFocus() const {
