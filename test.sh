@@ -105,7 +105,7 @@ part_checks() {
 }
 
 part_desktop() {
-    build release pintalux64 program_places program_tests || return
+    build release pintalux64 program_places || return
     run_lines desktop tests/desktop/run.py
 }
 

@@ -2,13 +2,11 @@
 or without any display."""
 import subprocess
 
-from desktop import PATIENCE, Skip, desktop_test, wait_for
+from desktop import PATIENCE, desktop_test, wait_for
 from pictures import read_bmp, write_bmp
 from roads import sample, with_stroke
 
 SOCKET = "wayland-test"
-# Forms that paint, open, save, ask and end.
-FORMS = "PenTest.*:OpenTest.*:SaveTest.*:CloseTest.*:DropTest.*:SessionTest.*:ExitTest.*"
 
 
 def start_session(desktop, backend, *options):
@@ -90,16 +88,3 @@ def WithoutAnyDisplayAWaylandCompositorShowsThePicture(desktop):
         return read_bmp(desktop.folder / "shot.bmp").find(sample())
     wait_for(seen, "the picture is seen on the compositor's screen")
     assert words_of_the_program(desktop) == ""
-
-
-@desktop_test
-def TheFormsWorkInAWaylandSession(desktop):
-    forms = desktop.places_program.parent / "program_tests"
-    if not forms.exists():
-        raise Skip(f"{forms} is not built")
-    del desktop.environment["DISPLAY"]
-    start_session(desktop, "headless")
-    done = subprocess.run([forms, f"--gtest_filter={FORMS}", "--gtest_brief=1"], text=True, capture_output=True,
-                          env={**desktop.environment, "WAYLAND_DISPLAY": SOCKET, "QT_QPA_PLATFORM": "wayland"})
-    assert done.returncode == 0, done.stdout + done.stderr
-    assert "[  PASSED  ]" in done.stdout, "some forms were tested"
