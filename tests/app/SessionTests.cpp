@@ -37,7 +37,7 @@ class SessionTest : public ProgramTest {
     /// What the next start would find.
     static std::vector<RunDocument> Left() {
         States().Settle();
-        return ReadIndexFile(LivingIndices().at(0));
+        return ReadIndexFile(RunIndices().at(0)).value();
     }
     std::optional<int> ended;
 };
