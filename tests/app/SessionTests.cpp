@@ -119,9 +119,10 @@ TEST_F(SessionTest, WithoutQuestionsEveryStateIsOnTheDisk) {
     const DialogScript nothingIsAsked;
     EXPECT_TRUE(frmMain->LogOut(false));
     EXPECT_FALSE(image.lbltext.Visible()) << "what floats is recorded";
-    ASSERT_EQ(Left().size(), 1U);
-    ASSERT_EQ(Left()[0].states.size(), 3U);
-    for (const std::string& state : Left()[0].states)
+    const std::vector<RunDocument> left = Left();
+    ASSERT_EQ(left.size(), 1U);
+    ASSERT_EQ(left[0].states.size(), 3U);
+    for (const std::string& state : left[0].states)
         EXPECT_EQ(LoadPicture(state).Bounds(), (Box{0, 0, 8, 6}));
     frmMain->EndWithSession();
     EXPECT_EQ(ended, 0) << "nobody was asked, so all of it comes back";

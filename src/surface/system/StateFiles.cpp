@@ -192,17 +192,19 @@ void StateFiles::Shared::WriteNext(std::unique_lock<std::mutex>& lock) {
     writing = &*next; // stays put, whatever joins or leaves the list
     const std::string& path = next->path;
     Picture picture = states.at(path).picture;
+    const bool ofADocument = states.at(path).document != nullptr;
     lock.unlock();
     const bool written = WriteState(picture, path);
     std::optional<FileStamp> stamp;
     std::uint64_t room = 0;
-    ResumeNext([&] { stamp = StampOfFile(path); }, [&] { room = RoomForPictures(); });
+    if (written && ofADocument)
+        ResumeNext([&] { stamp = StampOfFile(path); }, [&] { room = RoomForPictures(); });
     picture = {};
     lock.lock();
     std::vector<Picture> released;
     if (written) {
         State& state = states.at(path);
-        if (stamp && state.document != nullptr) {
+        if (stamp) {
             state.stamp = stamp;
         } else {
             std::swap(picture, state.picture);
