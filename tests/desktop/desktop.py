@@ -83,6 +83,7 @@ class Desktop:
             "XDG_CACHE_HOME": str(self.folder / "cache"),
             "XDG_RUNTIME_DIR": str(self.folder / "runtime"),
             "TMPDIR": str(self.temporary),
+            "DBUS_SESSION_BUS_ADDRESS": "disabled:",  # or the toolkit starts one for each test
         }
         try:
             self._start_display()

@@ -24,9 +24,9 @@ from desktop import Desktop, Skip, tests  # noqa: E402
 def built_program():
     if "PINTALUX64" in os.environ:
         return Path(os.environ["PINTALUX64"])
-    for path in (ROOT / "build" / "release").rglob("pintalux64"):
-        if path.is_file() and os.access(path, os.X_OK):
-            return path
+    path = ROOT / "build" / "release" / "bin" / "pintalux64"
+    if path.is_file() and os.access(path, os.X_OK):
+        return path
     sys.exit("The program is not built: scripts/build.sh release pintalux64")
 
 

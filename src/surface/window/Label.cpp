@@ -17,7 +17,8 @@ class FramedLabel final : public QLabel {
   protected:
     void paintEvent(QPaintEvent* event) override {
         QLabel::paintEvent(event);
-        if (hasFocus()) PaintFocusFrame(*this);
+        // One that hands its focus on, as the text that floats, looks like what it will print.
+        if (hasFocus() && focusProxy() == nullptr) PaintFocusFrame(*this);
     }
 };
 
