@@ -137,15 +137,18 @@ class Busy {
     Form& form_;
 };
 
-// The clipboard's bitmap; the empty picture, after a message, if its owner gives none. `waiting` shows that
-// an owner may take its time.
+// The clipboard's bitmap; the empty picture, after a message, if its owner gives none, and without a word if
+// the user would not wait for it. `waiting` shows that an owner may take its time.
 Picture BitmapToPaste(Form* waiting) {
     Picture bitmap;
-    ResumeNext([&] {
+    bool givenUp = false;
+    try {
         const auto busy = waiting != nullptr ? std::make_unique<Busy>(*waiting) : nullptr;
         bitmap = Clipboard.GetData(CF_BITMAP);
-    });
-    if (bitmap.Empty())
+    } catch (...) {
+        givenUp = CurrentError().Number() == kInterrupted;
+    }
+    if (bitmap.Empty() && !givenUp)
         MsgBox("Não foi possível obter uma imagem da área de transferência. Nada foi colado e a imagem ficou "
                "como estava.",
                BoxButtons::Ok, BoxIcon::Exclamation, kMessageTitle);

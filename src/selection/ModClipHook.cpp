@@ -38,11 +38,13 @@ std::intptr_t ClipWindowProc(ClipTray& window, std::uint32_t message, std::intpt
 }
 
 void SetClipboardViewer(ClipTray& window) {
-    SetClipboardViewer([&window] {
-        // A copy: the procedure may be put back while it runs.
-        const WindowProc procedure = window.Procedure;
-        procedure(window, WM_DRAWCLIPBOARD, 0, 0);
-    });
+    SetClipboardViewer(
+        [&window] {
+            // A copy: the procedure may be put back while it runs.
+            const WindowProc procedure = window.Procedure;
+            procedure(window, WM_DRAWCLIPBOARD, 0, 0);
+        },
+        [&window] { return window.Hooked && !ClipCaptureOff; });
 }
 
 } // namespace pintalux

@@ -8,7 +8,7 @@ from pathlib import Path
 
 from desktop import PATIENCE, desktop_test, wait_for
 from pictures import Picture, expect_same, read_any, read_bmp, write_bmp
-from roads import QUESTION, leave, sample, start_without_document
+from roads import NEW, QUESTION, leave, sample, start_without_document
 
 SIDE = 41  # pixels: a picture of this size is shown unscaled in the tray
 COLUMN = 58  # pixels from a slot to the one beside it
@@ -192,6 +192,31 @@ def PasteFromASilentOwnerSaysSoAndChangesNothing(desktop):
     leave(desktop)  # nothing was changed, so that nothing is asked
     assert desktop.wait_for_end(process) == 0
     expect_same(read_bmp(desktop.pictures / "picture.bmp"), picture)
+
+
+def expect_alive(desktop):
+    """The program does what a hand asks for."""
+    desktop.keys("ctrl+n")
+    desktop.wait_for_window(NEW)
+    desktop.keys("Escape")
+    desktop.wait_until_gone(NEW)
+
+
+@desktop_test
+def EndlessOwnerLeavesTheProgramAlive(desktop):
+    process = start_with_tray(desktop)
+    owner = other_client(desktop, "endless")
+    expect_alive(desktop)
+    desktop.menu("e", "Up", "Up", "Up", "Up", "Return")  # as a new document: waits for it
+    time.sleep(0.5)
+    desktop.keys("Escape")  # until its user has enough of it
+    expect_alive(desktop)
+    assert owner.poll() is None
+    picture = sample(SIDE, SIDE)
+    copy(desktop, picture)
+    desktop.wait_for_picture(picture)
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
 
 
 @desktop_test

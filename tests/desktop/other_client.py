@@ -1,22 +1,25 @@
 #!/usr/bin/env python3
-"""other_client.py manager <file> | silent | drop <window> <file>...: a second program, of a kind that no package brings.
+"""other_client.py manager <file> | silent | endless | drop <window> <file>...: a second program, of a kind that no package
+brings.
 
 manager: a clipboard manager. It takes over what a program leaves at its end, as image/png, goes on offering it, and
 keeps a copy in the file.
 silent: owns the clipboard and offers two bitmap formats, but never gives either.
+endless: owns the clipboard and offers a bitmap in pieces, of which there is always one more.
 drop: drops files, or what is named with a scheme, in the middle of a window, and prints what it is told: "copied", "moved" or
 "refused".
 
-The first two print a line once they are ready.
+All but the last print a line once they are ready.
 """
 import ctypes
 import sys
+import time
 from ctypes import POINTER, Structure, Union, byref, c_char_p, c_int, c_long, c_ubyte, c_uint, c_ulong, c_void_p
 from pathlib import Path
 
 PROPERTY_NOTIFY, SELECTION_REQUEST, SELECTION_NOTIFY, CLIENT_MESSAGE = 28, 30, 31, 33
 PROPERTY_CHANGE_MASK = 1 << 22
-NEW_VALUE, REPLACE, ANY_TYPE = 0, 0, 0
+NEW_VALUE, DELETED, REPLACE, ANY_TYPE = 0, 1, 0, 0
 ATOM = 4
 
 
@@ -65,6 +68,7 @@ X.XTranslateCoordinates.argtypes = [c_void_p, c_ulong, c_ulong, c_int, c_int, PO
 X.XGetGeometry.argtypes = [c_void_p, c_ulong, POINTER(c_ulong)] + [POINTER(c_int)] * 2 + [POINTER(c_uint)] * 4
 X.XFree.argtypes = [c_void_p]
 X.XFlush.argtypes = [c_void_p]
+IGNORED = ctypes.CFUNCTYPE(c_int, c_void_p, c_void_p)(lambda display, error: 0)
 
 
 class Client:
@@ -146,6 +150,28 @@ class Client:
                 data += piece
 
 
+class EndlessClient(Client):
+    """Gives a piece whenever the one before was taken."""
+    PIECE = b"\x89PNG\r\n\x1a\n" + bytes(1000)
+
+    def serve(self, request):
+        if request.target != self.atom("image/png"):
+            super().serve(request)
+            return
+        X.XSelectInput(self.display, request.requestor, PROPERTY_CHANGE_MASK)
+        self.put(request.requestor, request.property, self.atom("INCR"), 32, (c_ulong * 1)(1))
+        self.notify(request, request.property)
+
+    def put(self, window, prop, kind, size, data):
+        X.XChangeProperty(self.display, window, prop, kind, size, REPLACE, ctypes.cast(data, c_void_p), len(data))
+        X.XFlush(self.display)
+
+    def go_on(self, change):
+        if change.state == DELETED and change.window != self.window:
+            time.sleep(0.05)
+            self.put(change.window, change.atom, self.atom("image/png"), 8, self.PIECE)
+
+
 class Drag:
     """A drag by the X drag-and-drop protocol, from its entry into a window to its drop."""
 
@@ -194,7 +220,10 @@ class Drag:
 
 
 def main():
-    client = Client()
+    client = EndlessClient() if sys.argv[1] == "endless" else Client()
+    if sys.argv[1] == "endless":
+        # Whoever asks may have gone meanwhile.
+        X.XSetErrorHandler(IGNORED)
     if sys.argv[1] == "drop":
         addresses = [name if "://" in name else Path(name).as_uri() for name in sys.argv[3:]]
         print(Drag(client, int(sys.argv[2]), addresses).drop())
@@ -202,11 +231,13 @@ def main():
     if sys.argv[1] == "manager":
         client.own("CLIPBOARD_MANAGER")
     else:
-        client.offer = {"image/png": None, "image/bmp": None}
+        client.offer = {"image/png": None, "image/bmp": None} if sys.argv[1] == "silent" else {"image/png": None}
         client.own("CLIPBOARD")
     print("ready", flush=True)
     while True:
         event = client.next_event()
+        if event.type == PROPERTY_NOTIFY and isinstance(client, EndlessClient):
+            client.go_on(event.change)
         if event.type != SELECTION_REQUEST:
             continue
         request = SelectionRequest.from_buffer_copy(event.request)

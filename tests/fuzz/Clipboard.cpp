@@ -20,10 +20,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     QMimeData offer;
     offer.setData(kFormats[data[0] % std::size(kFormats)], bytes);
     MayRefuse([&] {
-        const std::optional<Picture> picture = ReadBitmap(offer, ReadableFormats(offer.formats()));
-        if (!picture) return;
-        Demand(!picture->Empty() && picture->Width() <= kMaxPictureSide &&
-               picture->Height() <= kMaxPictureSide);
+        bool silent = false;
+        std::optional<File> given = AskToolkit(offer, kFormats[data[0] % std::size(kFormats)], silent);
+        if (!given) return;
+        const FetchedBitmap found = DecodeBitmap(*given, kAnySize, {});
+        if (found.outcome != Fetch::Taken) return;
+        Demand(!found.picture.Empty() && found.picture.Width() <= kMaxPictureSide &&
+               found.picture.Height() <= kMaxPictureSide);
     });
     return 0;
 }

@@ -3,6 +3,7 @@
 #include "inputs/ByHand.h"
 #include "support/Memory.h"
 #include "support/Pictures.h"
+#include "support/Waiting.h"
 #include "surface/system/Pictures.h"
 #include "surface/window/Events.h"
 
@@ -224,6 +225,84 @@ TEST_F(ClipboardTest, WidestPictureGoesOutAndComesBackInBothFormats) {
         PutForeign(format, bytes);
         ExpectSamePixels(Clipboard.GetData(), widest);
     }
+}
+
+/// The header of a BMP file with run lengths of 8 bits, and an end of the picture that comes at once: all
+/// pixels have the first colour.
+QByteArray EmptyRunLengths(int side) {
+    QByteArray bytes;
+    const auto add = [&bytes](quint32 value, int length) {
+        for (int i = 0; i < length; ++i)
+            bytes += static_cast<char>(value >> 8 * i & 0xFF);
+    };
+    bytes += "BM";
+    add(14 + 40 + 4 + 2, 4);
+    add(0, 4);
+    add(14 + 40 + 4, 4);
+    add(40, 4);
+    add(static_cast<quint32>(side), 4);
+    add(static_cast<quint32>(side), 4);
+    add(1, 2);
+    add(8, 2);
+    add(1, 4); // run lengths
+    add(0, 4);
+    add(0, 8);
+    add(1, 4); // colours
+    add(0, 4);
+    add(0x123456, 4); // blue, green, red
+    add(0x0100, 2);
+    return bytes;
+}
+
+TEST_F(ClipboardTest, BmpAboveTheSizesOfTheToolkitIsTaken) {
+    const SupposedMemory plenty(std::uint64_t{1} << 40);
+    PutForeign("image/bmp", EmptyRunLengths(16400));
+    const Picture picture = Clipboard.GetData();
+    EXPECT_EQ(picture.Width(), 16400);
+    EXPECT_EQ(picture.Height(), 16400);
+    EXPECT_EQ(picture.At(16399, 0), 0x563412U);
+}
+
+TEST_F(ClipboardTest, LargePictureGoesOutAsPngToThePixelToo) {
+    const Picture large = RandomPicture(2003, 2001, 8);
+    Clipboard.SetData(large);
+    PutForeign("image/png", QApplication::clipboard()->mimeData()->data("image/png"));
+    ExpectSamePixels(Clipboard.GetData(), large);
+}
+
+TEST_F(ClipboardTest, SmallPngIsSmallerThanItsPixels) {
+    Clipboard.SetData(Picture(300, 200, 0x123456));
+    EXPECT_LT(QApplication::clipboard()->mimeData()->data("image/png").size(), 300 * 200);
+}
+
+TEST_F(ClipboardTest, CapturingViewerHearsWhenTheBitmapIsHere) {
+    std::vector<Picture> heard;
+    SetClipboardViewer([&] { heard.push_back(Clipboard.GetData()); }, [] { return true; });
+    QImage image(3, 2, QImage::Format_RGB32);
+    image.fill(0xFF102030);
+    PutForeign("image/png", Encoded(image, "png"));
+    EXPECT_TRUE(heard.empty()) << "nobody waits for the decoder";
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP)) << "what is offered is known before";
+    ASSERT_TRUE(WaitFor([&] { return !heard.empty(); }));
+    EXPECT_EQ(heard[0], Picture(3, 2, 0x302010));
+}
+
+TEST_F(ClipboardTest, CaptureThatIsOvertakenIsDropped) {
+    std::vector<Picture> heard;
+    SetClipboardViewer([&] { heard.push_back(Clipboard.GetData()); }, [] { return true; });
+    PutForeign("image/png", Encoded(QImage(300, 200, QImage::Format_RGB32), "png"));
+    Clipboard.SetData(Four());
+    EXPECT_FALSE(WaitFor([&] { return heard.size() > 1; }, 300));
+    EXPECT_EQ(heard, std::vector<Picture>{Four()});
+}
+
+TEST_F(ClipboardTest, CaptureFallsBackToTheFormatBesideABrokenOne) {
+    int width = 0;
+    SetClipboardViewer([&] { width = Clipboard.GetData().Width(); }, [] { return true; });
+    auto* data = new ForeignData("image/png", "broken");
+    data->setData("image/bmp", Encoded(QImage(5, 4, QImage::Format_RGB32), "bmp"));
+    QApplication::clipboard()->setMimeData(data);
+    EXPECT_TRUE(WaitFor([&] { return width == 5; }));
 }
 
 TEST_F(ClipboardTest, SinglePixelGoesOutAndComesBack) {

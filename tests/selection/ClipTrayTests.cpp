@@ -3,8 +3,10 @@
 
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/Memory.h"
 #include "support/Pictures.h"
 #include "support/Program.h"
+#include "support/Waiting.h"
 
 #include "document/Globals.h"
 #include "surface/system/Clipboard.h"
@@ -62,6 +64,19 @@ class ClipTrayTest : public ProgramTest {
         data->setData(format, bytes);
         QGuiApplication::clipboard()->setMimeData(data);
         PassEvents();
+    }
+    /// Decodes aside, hence the wait.
+    static void ExpectCaptured(int slot, const Picture& picture) {
+        EXPECT_TRUE(WaitFor([slot] { return frmMain->PicClipBG(slot).Visible(); }));
+        ExpectSamePixels(frmMain->PicClip(slot).Image(), picture);
+    }
+    static QByteArray Png(int width, int height, QRgb colour) {
+        QImage image(width, height, QImage::Format_RGB32);
+        image.fill(colour);
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        image.save(&buffer, "png");
+        return bytes;
     }
     static int Filled() {
         int filled = 0;
@@ -130,14 +145,21 @@ TEST_F(ClipTrayTest, CopiedBitmapIsInTheTrayBeforeTheCopyReturns) {
 
 TEST_F(ClipTrayTest, BitmapOfAnotherProgramIsCaptured) {
     StartMonitor();
-    QImage image(3, 2, QImage::Format_RGB32);
-    image.fill(0xFF102030);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "png");
-    CopyElsewhere("image/png", bytes);
+    CopyElsewhere("image/png", Png(3, 2, 0xFF102030));
+    ExpectCaptured(0, Solid(3, 2, 0x302010));
     EXPECT_EQ(frmMain->NextClip, 1);
-    ExpectSamePixels(frmMain->PicClip(0).Image(), Solid(3, 2, 0x302010));
+}
+
+TEST_F(ClipTrayTest, BitmapAboveAnEighthOfTheMemoryIsLeftOutAndStillPasted) {
+    StartMonitor();
+    const SupposedMemory machine(std::uint64_t{8} * 40 * 30 * 4);
+    CopyElsewhere("image/png", Png(41, 30, 0xFF102030));
+    EXPECT_FALSE(WaitFor([] { return frmMain->NextClip != 0; }, 300));
+    ExpectSamePixels(Clipboard.GetData(), Solid(41, 30, 0x302010));
+    Copy(41, 30);
+    EXPECT_EQ(frmMain->NextClip, 0) << "our own is as large";
+    CopyElsewhere("image/png", Png(40, 30, 0xFF102030));
+    ExpectCaptured(0, Solid(40, 30, 0x302010));
 }
 
 TEST_F(ClipTrayTest, TallBitmapGivesAThumbnailOf307AndAHalfBy615CentredAcross) {
@@ -381,8 +403,11 @@ TEST_F(ClipTrayTest, BitmapThatCannotBeReadIsPassedOver) {
     EXPECT_EQ(Filled(), 1);
     EXPECT_FALSE(frmMain->PicClipBG(1).Visible());
     EXPECT_TRUE(untrapped.empty());
-    frmMain->Timer1_Timer();
-    EXPECT_FALSE(frmMain->mnuEditPasteNew.Enabled()) << "nothing can come of a paste";
+    const auto pasteIsOff = [] {
+        frmMain->Timer1_Timer();
+        return !frmMain->mnuEditPasteNew.Enabled();
+    };
+    EXPECT_TRUE(WaitFor(pasteIsOff)) << "nothing can come of a paste";
     Copy();
     EXPECT_EQ(frmMain->NextClip, 2);
 }
@@ -393,8 +418,8 @@ TEST_F(ClipTrayTest, FailingCaptureStillHidesTheMarkOfALockedTray) {
     frmMain->ChClipLock.Value(1);
     ClipCaptureOff = false;
     CopyElsewhere("image/png", "no picture at all");
+    EXPECT_TRUE(WaitFor([] { return !frmMain->ShClip.Visible(); }));
     EXPECT_EQ(Filled(), 1);
-    EXPECT_FALSE(frmMain->ShClip.Visible());
 }
 
 TEST_F(ClipTrayTest, MonitorOffHearsNothingUntilItIsOnAgain) {

@@ -3,13 +3,20 @@
 #include "base/RuntimeError.h"
 #include "surface/system/ClipboardData_native.h"
 #include "surface/system/ClipboardHandOver_native.h"
+#include "surface/system/ClipboardOwner_native.h"
+#include "surface/system/FreeMemory.h"
 #include "surface/window/Events.h"
+#include "surface/window/Waiting.h"
 
+#include <atomic>
+#include <memory>
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QPointer>
+#include <thread>
 #include <utility>
+#include <vector>
 
 namespace pintalux {
 
@@ -18,13 +25,41 @@ ClipboardObject Clipboard;
 namespace {
 
 std::function<void()> viewerHook;
+std::function<bool()> capturesHook;
+
+/// Threads that ask other programs and decode what they give.
+class Askers {
+  public:
+    void Start(std::function<void(const std::stop_token&)> work) {
+        std::erase_if(askers_, [](const Asker& asker) { return asker.over->load(); });
+        const auto over = std::make_shared<std::atomic<bool>>(false);
+        askers_.push_back({over, std::jthread([over, work](const std::stop_token& stop) {
+                               ResumeNext([&] { work(stop); });
+                               over->store(true);
+                           })});
+    }
+    /// Soon; nobody waits for it.
+    void StopAll() {
+        for (Asker& asker : askers_)
+            asker.thread.request_stop();
+    }
+
+  private:
+    struct Asker {
+        std::shared_ptr<std::atomic<bool>> over;
+        std::jthread thread;
+    };
+    std::vector<Asker> askers_;
+};
 
 /// Watches the desktop's clipboard: tells our own writes from those of others, and remembers what was asked.
+/// Whatever another program has to say is waited for on a thread of its own.
 class Watch final : public QObject {
   public:
-    explicit Watch(QObject* parent) : QObject(parent), readable_(ReadableFormats(Offered())) {
+    explicit Watch(QObject* parent) : QObject(parent) {
         connect(Toolkit(), &QClipboard::dataChanged, this, [this] { Heard(); });
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { Leave(); });
+        Look(false); // what was there before is no change
     }
 
     static QClipboard* Toolkit() { return QGuiApplication::clipboard(); }
@@ -36,19 +71,21 @@ class Watch final : public QObject {
 
     bool HasBitmap() const { return !readable_.isEmpty(); }
 
-    /// The bitmap of another program. One that cannot be read counts as none until the next change.
-    Picture Read() {
-        const QStringList formats = std::exchange(readable_, {});
-        const QMimeData* data = formats.isEmpty() ? nullptr : Toolkit()->mimeData();
-        std::optional<Picture> picture;
-        if (data != nullptr) picture = ReadBitmap(*data, formats);
-        if (!picture) throw RuntimeError(kClipboardUnavailable);
-        readable_ = formats;
-        return std::move(*picture);
+    Picture Bitmap() {
+        if (const PictureData* own = Own()) {
+            const Picture& picture = own->picture;
+            if (telling_ && PictureBytes(picture.Width(), picture.Height()) > LargestCapture())
+                throw RuntimeError(kClipboardUnavailable);
+            return picture;
+        }
+        if (captured_ && captured_->outcome == Fetch::Taken) return captured_->picture;
+        if (telling_ && captured_) throw RuntimeError(kClipboardUnavailable);
+        return Read();
     }
 
     /// Puts `data` on the clipboard (null clears it), then runs the viewer nested, once.
     void Put(PictureData* data) {
+        Forget();
         writing_ = true;
         own_ = data;
         readable_ = data != nullptr ? ReadableFormats(data->formats()) : QStringList();
@@ -59,31 +96,147 @@ class Watch final : public QObject {
             Toolkit()->clear();
         }
         writing_ = false;
-        const auto viewer = viewerHook; // it may switch itself off
-        if (viewer) viewer();
+        Tell();
     }
 
   private:
-    static QStringList Offered() {
-        const QMimeData* data = Toolkit()->mimeData();
-        return data != nullptr ? data->formats() : QStringList();
+    /// A capture leaves out what would take more than this of memory.
+    static std::uint64_t LargestCapture() { return MachineMemory() / 8; }
+
+    /// What was asked about the bitmap before is of no use any more.
+    void Forget() {
+        ++change_;
+        askers_.StopAll();
+        readable_.clear();
+        captured_.reset();
+    }
+
+    /// Runs `answer` here, from any thread, unless the clipboard has changed since.
+    void Return(int change, const std::function<void()>& answer) {
+        const auto run = [this, change, answer] {
+            if (change == change_) answer();
+        };
+        QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
     }
 
     void Heard() {
         // The desktop may report our own write or clearing a second time, later.
         if (writing_ || Own() != nullptr) return;
-        // Here and nowhere else another program is asked for its formats: one that keeps silent holds us up
-        // once for its change, not with every poll.
-        const QStringList offered = Offered();
+        own_ = nullptr;
+        Look(true);
+    }
+
+    /// Asks what is offered: here and nowhere else, once for a change and not with every poll.
+    void Look(bool tell) {
+        Forget();
+        if (!ClipboardOwner::Reachable()) {
+            const QMimeData* data = Toolkit()->mimeData();
+            return Learn(data != nullptr ? data->formats() : QStringList(), tell);
+        }
+        askers_.Start([this, tell, change = change_](const std::stop_token& stop) {
+            const QStringList offered = ClipboardOwner(stop).Formats();
+            Return(change, [this, tell, offered] { Learn(offered, tell); });
+        });
+    }
+
+    void Learn(const QStringList& offered, bool tell) {
         readable_ = ReadableFormats(offered);
         if (std::exchange(cleared_, false) && offered.isEmpty()) return;
-        own_ = nullptr;
-        const auto viewer = viewerHook;
-        if (viewer) RunEvent(EventKind::Ordinary, viewer);
+        if (!tell) return;
+        if (readable_.isEmpty() || !capturesHook || !capturesHook()) return TellAtLast();
+        if (ClipboardOwner::Reachable()) return Capture();
+        CaptureByToolkit(readable_);
+    }
+
+    /// The viewer hears of the bitmap when it is here, so that it waits for nobody.
+    void Capture() {
+        askers_.Start([this, formats = readable_, change = change_](const std::stop_token& stop) {
+            FetchedBitmap found;
+            ResumeNext([&] { found = FetchBitmap(formats, LargestCapture(), stop); });
+            Return(change, [this, found] { Captured(found); });
+        });
+    }
+
+    /// The same where the toolkit alone can ask; decoding at least is done elsewhere.
+    void CaptureByToolkit(QStringList formats) {
+        bool silent = false;
+        std::shared_ptr<File> bytes;
+        while (bytes == nullptr && !silent && !formats.isEmpty())
+            if (auto given = AskToolkit(*Toolkit()->mimeData(), formats.takeFirst(), silent))
+                bytes = std::make_shared<File>(std::move(*given));
+        if (bytes == nullptr) return Captured({});
+        askers_.Start([this, bytes, formats, change = change_](const std::stop_token& stop) {
+            FetchedBitmap found;
+            ResumeNext([&] { found = DecodeBitmap(*bytes, LargestCapture(), stop); });
+            Return(change, [this, found, formats] {
+                if (found.outcome == Fetch::Unreadable) return CaptureByToolkit(formats);
+                Captured(found);
+            });
+        });
+    }
+
+    void Captured(const FetchedBitmap& found) {
+        if (found.outcome == Fetch::Unreadable || found.outcome == Fetch::Silent) readable_.clear();
+        captured_ = found;
+        TellAtLast();
+    }
+
+    /// The bitmap of another program. One that cannot be read counts as none until the next change.
+    Picture Read() {
+        const QStringList formats = std::exchange(readable_, {});
+        FetchedBitmap found;
+        const int change = change_;
+        try {
+            found = ClipboardOwner::Reachable() ? AskWaiting(formats) : AskToolkitWaiting(formats);
+        } catch (const RuntimeError& error) {
+            if (error.Number() == kInterrupted && change == change_) readable_ = formats;
+            throw;
+        }
+        if (found.outcome != Fetch::Taken) throw RuntimeError(kClipboardUnavailable);
+        if (change == change_) readable_ = formats;
+        return found.picture;
+    }
+
+    static FetchedBitmap AskWaiting(const QStringList& formats) {
+        FetchedBitmap found;
+        if (formats.isEmpty()) return found;
+        WorkWhileWaiting([&](const std::stop_token& stop) { found = FetchBitmap(formats, kAnySize, stop); });
+        return found;
+    }
+
+    static FetchedBitmap AskToolkitWaiting(const QStringList& formats) {
+        FetchedBitmap found;
+        bool silent = false;
+        for (const QString& format : formats) {
+            std::optional<File> bytes = AskToolkit(*Toolkit()->mimeData(), format, silent);
+            if (silent) break;
+            if (!bytes) continue;
+            WorkWhileWaiting(
+                [&](const std::stop_token& stop) { found = DecodeBitmap(*bytes, kAnySize, stop); });
+            if (found.outcome == Fetch::Taken) break;
+        }
+        return found;
+    }
+
+    void Tell() {
+        const auto viewer = viewerHook; // it may switch itself off
+        if (!viewer) return;
+        const bool before = std::exchange(telling_, true);
+        try {
+            viewer();
+        } catch (...) {
+            telling_ = before;
+            throw;
+        }
+        telling_ = before;
+    }
+    void TellAtLast() {
+        RunEvent(EventKind::Ordinary, [this] { Tell(); });
     }
 
     /// At the end of the program.
     void Leave() {
+        Forget();
         if (Own() == nullptr) return;
         writing_ = true;
         // What nobody took over is lost: the toolkit need not ask in vain once more.
@@ -92,9 +245,13 @@ class Watch final : public QObject {
     }
 
     QPointer<PictureData> own_;
-    QStringList readable_; ///< The formats of the bitmap on the clipboard; empty if there is none.
+    QStringList readable_;                  ///< The formats of the bitmap on the clipboard; empty if none.
+    std::optional<FetchedBitmap> captured_; ///< What came of the last capture, until the next change.
+    int change_ = 0;
     bool writing_ = false;
     bool cleared_ = false;
+    bool telling_ = false; ///< The viewer runs.
+    Askers askers_;        ///< Last: they use the rest.
 };
 
 /// One watch for the life of the program object.
@@ -116,16 +273,16 @@ void ClipboardObject::SetData(const Picture& picture) {
 
 Picture ClipboardObject::GetData(int format) {
     if (format != CF_BITMAP) throw RuntimeError(kClipboardUnavailable);
-    if (const PictureData* own = TheWatch().Own()) return own->picture;
-    return TheWatch().Read();
+    return TheWatch().Bitmap();
 }
 
 bool IsClipboardFormatAvailable(int format) {
     return format == CF_BITMAP && TheWatch().HasBitmap();
 }
 
-void SetClipboardViewer(std::function<void()> viewer) {
+void SetClipboardViewer(std::function<void()> viewer, std::function<bool()> captures) {
     viewerHook = std::move(viewer);
+    capturesHook = std::move(captures);
     if (viewerHook) TheWatch();
 }
 

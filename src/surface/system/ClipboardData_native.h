@@ -2,9 +2,13 @@
 #pragma once
 
 #include "surface/raster/Bitmap.h"
+#include "surface/system/FileLayer.h"
 
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <QMimeData>
+#include <stop_token>
 
 namespace pintalux {
 
@@ -24,9 +28,27 @@ class PictureData final : public QMimeData {
 /// Those of the offered formats that `ReadBitmap` can take, best first.
 QStringList ReadableFormats(const QStringList& offered);
 
-/// The bitmap of the first format that can be read; nothing if none can, or if the owner keeps silent. Never
-/// above the legal sizes, which are checked before anything is decoded: the bytes come from outside. Error 7
-/// if memory runs out.
-std::optional<Picture> ReadBitmap(const QMimeData& data, const QStringList& formats);
+enum class Fetch { Taken, Unreadable, Silent, TooLarge };
+
+/// What came of a question for another program's bitmap.
+struct FetchedBitmap {
+    Fetch outcome = Fetch::Unreadable;
+    Picture picture = {}; ///< If it was taken.
+};
+
+inline constexpr std::uint64_t kAnySize = std::numeric_limits<std::uint64_t>::max();
+
+/// Asks the owner of the X clipboard for the first of the formats that can be read. A bitmap that would take
+/// more than `limit` bytes of memory is too large, one above the legal sizes unreadable: both are found
+/// before anything is decoded, since the bytes come from outside. Error 7 if memory runs out, 18 at a stop.
+/// Any thread may call it.
+FetchedBitmap FetchBitmap(const QStringList& formats, std::uint64_t limit, const std::stop_token& stop);
+
+/// The same from bytes that are here already.
+FetchedBitmap DecodeBitmap(File& bytes, std::uint64_t limit, const std::stop_token& stop);
+
+/// What the toolkit is given under a format, where it has to be asked; nothing if that is nothing. For the
+/// interface's thread. `silent` tells that the owner let us wait in vain.
+std::optional<File> AskToolkit(const QMimeData& data, const QString& format, bool& silent);
 
 } // namespace pintalux

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -147,6 +148,12 @@ File File::OpenForReading(const std::string& path) {
 File File::OpenForWriting(const std::string& path, bool forUserOnly) {
     return Open(path, O_WRONLY | O_CREAT | O_TRUNC | (forUserOnly ? O_NOFOLLOW : 0),
                 forUserOnly ? 0600 : 0666, path);
+}
+
+File File::InMemory(const std::string& shownPath) {
+    const int descriptor = Operation([&] { return ::memfd_create("pintalux", MFD_CLOEXEC); });
+    if (descriptor < 0) RaiseFileError(errno, shownPath);
+    return File(descriptor, shownPath);
 }
 
 std::optional<File> File::TryCreateNew(const std::string& path) {

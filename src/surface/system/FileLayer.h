@@ -29,6 +29,8 @@ class File {
     static File CreateNew(const std::string& path);
     /// The same, but gives nothing if the file exists.
     static std::optional<File> TryCreateNew(const std::string& path);
+    /// Empty, in memory alone, for reading and writing: bytes that a reader of files is to take.
+    static File InMemory(const std::string& shownPath);
     /// With the flags of open(2), for the layer itself; messages name `shownPath`.
     static File Open(const std::string& path, int flags, unsigned mode, const std::string& shownPath);
     File(File&& other) noexcept;

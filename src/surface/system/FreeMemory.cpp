@@ -15,12 +15,12 @@ constexpr std::uint64_t kUnknown = std::numeric_limits<std::uint64_t>::max();
 
 std::atomic<std::uint64_t> supposed{kUnknown};
 
-std::uint64_t FreeBytesOfSystem() {
+std::uint64_t BytesOfSystem(const char* line) {
     std::ifstream table("/proc/meminfo");
     std::string word;
     while (table >> word) {
         std::uint64_t kilobytes = 0;
-        if (word == "MemAvailable:" && table >> kilobytes) return kilobytes * 1024;
+        if (word == line && table >> kilobytes) return kilobytes * 1024;
     }
     return kUnknown;
 }
@@ -28,7 +28,11 @@ std::uint64_t FreeBytesOfSystem() {
 } // namespace
 
 std::uint64_t FreeMemory() {
-    return supposed != kUnknown ? supposed.load() : FreeBytesOfSystem();
+    return supposed != kUnknown ? supposed.load() : BytesOfSystem("MemAvailable:");
+}
+
+std::uint64_t MachineMemory() {
+    return supposed != kUnknown ? supposed.load() : BytesOfSystem("MemTotal:");
 }
 
 void DemandMemory(std::uint64_t bytes) {
