@@ -124,8 +124,9 @@ void ColourPanel::ToggleLock() {
 }
 
 void ColourPanel::ClearByCommand() {
-    const BoxAnswer answer = MsgBox("Are you sure you wish to remove your collection of colors ?",
-                                    BoxButtons::YesNo, BoxIcon::Question, kMessageTitle);
+    const BoxAnswer answer =
+        MsgBox("Are you sure you wish to remove your collection of colors ?", BoxButtons::YesNo,
+               BoxIcon::Question, kMessageTitle, BoxDefault::Last);
     if (answer == BoxAnswer::Yes) unloadselected();
 }
 

@@ -35,7 +35,7 @@ void mnuFilePrinterPrint_Click() {
     if (ImageCount == 0) return;
     const Picture picture = ActiveImage().PicMerge.Picture();
     if (picture.Empty()) {
-        MsgBox("Esta imagem ainda só tem traços por guardar, por isso nada foi impresso. A imagem continua "
+        MsgBox("Esta imagem ainda só tem traços por salvar, por isso nada foi impresso. A imagem continua "
                "aberta. "
                "Salve-a, abra-a de novo e imprima.",
                BoxButtons::Ok, BoxIcon::Information, kMessageTitle);

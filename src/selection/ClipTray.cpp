@@ -164,7 +164,7 @@ void ClipTray::ChClipLock_Click() {
 
 void ClipTray::cmdClear_Click() {
     if (MsgBox("Tem certeza que deseja limpar a area de transferência ?", BoxButtons::YesNo,
-               BoxIcon::Question, kMessageTitle) != BoxAnswer::Yes)
+               BoxIcon::Question, kMessageTitle, BoxDefault::Last) != BoxAnswer::Yes)
         return;
     Clipboard.Clear();
     for (int i = 0; i < kSlots; ++i) {

@@ -77,7 +77,7 @@ void frmPrefsForm::Save() try {
                   {"MRUlist", NumberText(Combo1.ListIndex())},
                   {"UndoSteps", NumberText(Combo2.ListIndex())}});
 } catch (const RuntimeError& error) {
-    MsgBox("Não foi possível gravar as preferências.\n" + error.Text(), BoxButtons::Ok, BoxIcon::Exclamation,
+    MsgBox("Não foi possível salvar as preferências.\n" + error.Text(), BoxButtons::Ok, BoxIcon::Exclamation,
            kMessageTitle);
 }
 

@@ -244,7 +244,7 @@ TEST_F(SaveTest, ANameOfAFolderWithAPointIsNoExtension) {
     SavePicture(Solid(5, 5, kWhite), File("fotos.2024/praia"));
     OpenFile("fotos.2024/praia");
     Edit(Image(), kBlack);
-    const DialogScript script({PressesButton("Guardar")});
+    const DialogScript script({PressesButton("Salvar")});
     Save();
     EXPECT_EQ(script.Dialog(0).title, "Savar Como");
     EXPECT_EQ(Image().AFCurfile, File("fotos.2024/praia.bmp"));

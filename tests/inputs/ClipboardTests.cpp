@@ -296,6 +296,18 @@ TEST_F(ClipboardTest, CaptureThatIsOvertakenIsDropped) {
     EXPECT_EQ(heard, std::vector<Picture>{Four()});
 }
 
+TEST_F(ClipboardTest, OwnBitmapThatAManagerTakesOverIsNothingNew) {
+    int heard = 0;
+    SetClipboardViewer([&] { ++heard; }, [] { return true; });
+    Clipboard.SetData(Four());
+    const QByteArray bytes = QApplication::clipboard()->mimeData()->data("image/png");
+    PutForeign("image/png", bytes);
+    EXPECT_FALSE(WaitFor([&] { return heard > 1; }, 300));
+    EXPECT_EQ(Clipboard.GetData(), Four());
+    PutForeign("image/png", Encoded(QImage(2, 2, QImage::Format_RGB32), "png"));
+    EXPECT_TRUE(WaitFor([&] { return heard > 1; })) << "another one is";
+}
+
 TEST_F(ClipboardTest, CaptureFallsBackToTheFormatBesideABrokenOne) {
     int width = 0;
     SetClipboardViewer([&] { width = Clipboard.GetData().Width(); }, [] { return true; });

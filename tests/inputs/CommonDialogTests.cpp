@@ -2,6 +2,7 @@
 
 #include "inputs/ByHand.h"
 #include "inputs/Dialogs.h"
+#include "surface/system/FileThumbnails_native.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -9,6 +10,8 @@
 #include <QColorDialog>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QImage>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -63,6 +66,60 @@ class CommonDialogTest : public testing::Test {
     CommonDialog dialog;
     std::string folder;
 };
+
+TEST_F(CommonDialogTest, SizeOutlivesTheProgram) {
+    {
+        const Answer<QFileDialog> answer([](QFileDialog& shown) {
+            shown.resize(700, 480);
+            shown.reject();
+        });
+        dialog.ShowOpen();
+    }
+    QSize size;
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        size = shown.size();
+        shown.reject();
+    });
+    CommonDialog afterwards;
+    afterwards.ShowSave();
+    EXPECT_EQ(size, QSize(700, 480));
+}
+
+TEST_F(CommonDialogTest, PicturesAreTheirOwnSymbolsAtMost48PixelsHigh) {
+    QImage red(100, 50, QImage::Format_RGB32);
+    red.fill(0xFFC02010);
+    red.save(QString::fromStdString(folder + "/a.bmp"));
+    const FileThumbnails thumbnails(48);
+    const auto of = [&](const char* name) {
+        return thumbnails.icon(QFileInfo(QString::fromStdString(folder + "/" + name))).pixmap(48, 48).toImage();
+    };
+    EXPECT_EQ(of("a.bmp").size(), QSize(48, 24));
+    EXPECT_EQ(of("a.bmp").pixel(20, 10), 0xFFC02010U);
+    const QImage broken = of("B.JPG"); // no picture: whatever symbol the desktop has
+    EXPECT_TRUE(broken.isNull() || broken.pixel(20, 10) != 0xFFC02010U);
+}
+
+TEST_F(CommonDialogTest, ListShowsThumbnailsAndWholeColumns) {
+    bool fits = false;
+    int side = 0;
+    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+        auto& list = *shown.findChild<QTreeView*>("treeView");
+        side = list.iconSize().height();
+        fits = WaitFor([&] {
+            int width = 0;
+            for (int i = 0; i < list.header()->count(); ++i) {
+                width += list.columnWidth(i);
+                const QString text = list.model()->index(0, i, list.rootIndex()).data().toString();
+                if (list.columnWidth(i) < list.fontMetrics().horizontalAdvance(text)) return false;
+            }
+            return list.model()->rowCount(list.rootIndex()) > 0 && width <= list.viewport()->width();
+        });
+        shown.reject();
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(side, 48);
+    EXPECT_TRUE(fits);
+}
 
 TEST_F(CommonDialogTest, ProposesTheLastNameAndGivesThePath) {
     QString proposed;

@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
 
 namespace pintalux {
 
@@ -12,7 +13,7 @@ namespace {
 
 void Press(QMessageBox& box, const char* text) {
     for (QAbstractButton* button : box.buttons())
-        if (button->text() == text) return button->click();
+        if (button->text().remove('&') == text) return button->click();
     box.close();
     FAIL() << "no button " << text;
 }
@@ -44,6 +45,26 @@ TEST(MsgBox, EscapeIsCancelOrNoOrOk) {
 
 TEST(MsgBox, EnterIsTheFirstButton) {
     EXPECT_EQ(PressingKey(Qt::Key_Return, BoxButtons::YesNoCancel), BoxAnswer::Yes);
+}
+
+TEST(MsgBox, WhereSomethingWouldBeLostEnterIsTheLastButton) {
+    const Answer<QMessageBox> answer([](QMessageBox& box) { Key(box, Qt::Key_Return); });
+    EXPECT_EQ(MsgBox("Limpar?", BoxButtons::YesNo, BoxIcon::Question, "", BoxDefault::Last), BoxAnswer::No);
+}
+
+TEST(MsgBox, FirstLettersAreUnderlinedAndPressAloneToo) {
+    const auto pressing = [](Qt::Key key) {
+        const Answer<QMessageBox> answer([key](QMessageBox& box) {
+            for (const QAbstractButton* button : box.buttons())
+                EXPECT_EQ(button->shortcut().toString(), "Alt+" + QString(button->text()).remove('&').left(1));
+            for (QShortcut* alone : box.findChildren<QShortcut*>())
+                if (alone->key() == QKeySequence(key)) return alone->activated();
+            box.close();
+        });
+        return MsgBox("Pretende salvar?", BoxButtons::YesNoCancel);
+    };
+    EXPECT_EQ(pressing(Qt::Key_S), BoxAnswer::Yes);
+    EXPECT_EQ(pressing(Qt::Key_N), BoxAnswer::No);
 }
 
 TEST(MsgBox, ShowsItsTextPlainUnderItsTitle) {

@@ -132,8 +132,8 @@ TEST_F(StockTextTest, StandardButtons) {
     for (unsigned bit = QDialogButtonBox::FirstButton; bit <= QDialogButtonBox::LastButton; bit <<= 1)
         box.addButton(static_cast<QDialogButtonBox::StandardButton>(bit));
     ExpectPortuguese(box);
-    for (const char* text : {"OK", "Guardar", "Abrir", "&Sim", "&Não", "Cancelar", "Fechar", "Aplicar",
-                             "Ajuda", "Repor", "Ignorar", "Tentar novamente", "Não guardar"})
+    for (const char* text : {"OK", "Salvar", "Abrir", "&Sim", "&Não", "Cancelar", "Fechar", "Aplicar",
+                             "Ajuda", "Repor", "Ignorar", "Tentar novamente", "Não salvar"})
         EXPECT_TRUE(seen.contains(text)) << text;
 }
 
@@ -156,7 +156,7 @@ TEST_F(StockTextTest, SaveDialog) {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     ExpectPortuguese(dialog);
-    EXPECT_TRUE(seen.contains("&Guardar"));
+    EXPECT_TRUE(seen.contains("&Salvar"));
 }
 
 TEST_F(StockTextTest, KindsOfFiles) {
@@ -217,7 +217,7 @@ TEST_F(StockTextTest, MenuOfATextBox) {
     line.show();
     const QStringList texts = ContextMenuOf(line);
     for (const char* text :
-         {"&Desfazer", "&Refazer", "Cor&tar", "&Copiar", "C&olar", "Eliminar", "Seleccionar tudo"})
+         {"&Desfazer", "&Refazer", "Cor&tar", "&Copiar", "C&olar", "Apagar", "Seleccionar tudo"})
         EXPECT_TRUE(texts.contains(text)) << text;
 }
 
@@ -226,7 +226,7 @@ TEST_F(StockTextTest, MenuOfALongText) {
     edit.show();
     const QStringList texts = ContextMenuOf(*edit.viewport());
     EXPECT_TRUE(texts.contains("Seleccionar tudo"));
-    EXPECT_TRUE(texts.contains("Eliminar"));
+    EXPECT_TRUE(texts.contains("Apagar"));
 }
 
 TEST_F(StockTextTest, MenuOfAScrollBar) {

@@ -164,7 +164,7 @@ TEST_F(PreferencesTest, AStoreThatCannotBeWrittenIsToldOnceAndTheRunGoesOn) {
                                },
                                PressesButton("OK")});
     Choose(frmMain->mnuFileSaveOptions);
-    EXPECT_NE(script.Dialog(1).text.find("Não foi possível gravar as preferências."), std::string::npos);
+    EXPECT_NE(script.Dialog(1).text.find("Não foi possível salvar as preferências."), std::string::npos);
     EXPECT_NE(script.Dialog(1).text.find(Folder("settings") + "/Pintalux64"), std::string::npos)
         << script.Dialog(1).text;
     EXPECT_EQ(MRUlimit, 7);

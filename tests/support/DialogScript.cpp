@@ -193,7 +193,7 @@ DialogScript::Step ChoosesFile(const std::string& path, int filterIndex) {
         // As when the name is typed, the mark goes from the file that was proposed.
         dialog->findChild<QAbstractItemView*>("listView")->clearSelection();
         name->setText(QString::fromStdString(path));
-        PressButton(*dialog, dialog->acceptMode() == QFileDialog::AcceptOpen ? "Abrir" : "Guardar");
+        PressButton(*dialog, dialog->acceptMode() == QFileDialog::AcceptOpen ? "Abrir" : "Salvar");
     };
 }
 

@@ -90,12 +90,10 @@ class Watch final : public QObject {
         own_ = data;
         readable_ = data != nullptr ? ReadableFormats(data->formats()) : QStringList();
         cleared_ = data == nullptr;
-        if (data != nullptr) {
-            Toolkit()->setMimeData(data);
-        } else {
-            Toolkit()->clear();
-        }
+        put_ = data != nullptr ? data->picture : Picture();
+        if (data != nullptr) Toolkit()->setMimeData(data);
         writing_ = false;
+        if (data == nullptr) ClearSoon();
         Tell();
     }
 
@@ -117,6 +115,16 @@ class Watch final : public QObject {
             if (change == change_) answer();
         };
         QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
+    }
+
+    /// Unless something is put there at once: managers of the desktop bring back what was there before when
+    /// they see it empty, over what comes next.
+    void ClearSoon() {
+        Return(change_, [this] {
+            writing_ = true;
+            Toolkit()->clear();
+            writing_ = false;
+        });
     }
 
     void Heard() {
@@ -150,10 +158,11 @@ class Watch final : public QObject {
 
     /// The viewer hears of the bitmap when it is here, so that it waits for nobody.
     void Capture() {
-        askers_.Start([this, formats = readable_, change = change_](const std::stop_token& stop) {
+        askers_.Start([this, formats = readable_, put = put_, change = change_](const std::stop_token& stop) {
             FetchedBitmap found;
             ResumeNext([&] { found = FetchBitmap(formats, LargestCapture(), stop); });
-            Return(change, [this, found] { Captured(found); });
+            const bool ours = found.outcome == Fetch::Taken && found.picture == put;
+            Return(change, [this, found, ours] { Captured(found, ours); });
         });
     }
 
@@ -164,20 +173,24 @@ class Watch final : public QObject {
         while (bytes == nullptr && !silent && !formats.isEmpty())
             if (auto given = AskToolkit(*Toolkit()->mimeData(), formats.takeFirst(), silent))
                 bytes = std::make_shared<File>(std::move(*given));
-        if (bytes == nullptr) return Captured({});
-        askers_.Start([this, bytes, formats, change = change_](const std::stop_token& stop) {
+        if (bytes == nullptr) return Captured({}, false);
+        askers_.Start([this, bytes, formats, put = put_, change = change_](const std::stop_token& stop) {
             FetchedBitmap found;
             ResumeNext([&] { found = DecodeBitmap(*bytes, LargestCapture(), stop); });
-            Return(change, [this, found, formats] {
+            const bool ours = found.outcome == Fetch::Taken && found.picture == put;
+            Return(change, [this, found, ours, formats] {
                 if (found.outcome == Fetch::Unreadable) return CaptureByToolkit(formats);
-                Captured(found);
+                Captured(found, ours);
             });
         });
     }
 
-    void Captured(const FetchedBitmap& found) {
+    /// A manager of the desktop may take over what was copied here, in order to keep it: nothing new.
+    void Captured(const FetchedBitmap& found, bool ours) {
         if (found.outcome == Fetch::Unreadable || found.outcome == Fetch::Silent) readable_.clear();
         captured_ = found;
+        if (ours) return;
+        put_ = {};
         TellAtLast();
     }
 
@@ -245,6 +258,7 @@ class Watch final : public QObject {
     }
 
     QPointer<PictureData> own_;
+    Picture put_;                           ///< What we put there last, until something else is.
     QStringList readable_;                  ///< The formats of the bitmap on the clipboard; empty if none.
     std::optional<FetchedBitmap> captured_; ///< What came of the last capture, until the next change.
     int change_ = 0;

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "surface/system/App.h"
+#include "surface/system/FileThumbnails_native.h"
 #include "surface/system/Settings.h"
 #include "surface/window/DialogOwner_native.h"
 
@@ -10,14 +11,19 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QHeaderView>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStandardPaths>
+#include <QTreeView>
 
 namespace pintalux {
 
 namespace {
 
 constexpr const char* kFolderKey = "DialogFolder";
+constexpr const char* kSizeKey = "DialogSize";
 
 QString FromPath(const std::string& path) {
     return QFile::decodeName(QByteArray::fromStdString(path));
@@ -99,6 +105,36 @@ QString FolderToShow(const std::string& proposed, const std::string& last) {
     return QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
 }
 
+/// The size that the last file dialog was given, which outlives the program; a roomy one at first.
+QSize SizeToShow() {
+    const QStringList sides = QString::fromStdString(GetSetting(App.Title(), "Settings", kSizeKey)).split('x');
+    const QSize kept(sides.value(0).toInt(), sides.value(1).toInt());
+    return kept.isEmpty() ? QSize(760, 520) : kept;
+}
+
+/// Where no setting can be written the size is lost, and nobody is troubled with it.
+void KeepSize(const QSize& shown, const QSize& left) {
+    if (left == shown) return;
+    const QString text = QString("%1x%2").arg(left.width()).arg(left.height());
+    ResumeNext([&] { SaveSetting(App.Title(), "Settings", kSizeKey, text.toStdString()); });
+}
+
+/// Pictures instead of file symbols, and columns that show all they hold; the name has what is left.
+void ShowPictures(QFileDialog& dialog) {
+    constexpr int kThumbnailSide = 48;
+    static FileThumbnails thumbnails(kThumbnailSide);
+    dialog.setIconProvider(&thumbnails);
+    for (QAbstractItemView* view : dialog.findChildren<QAbstractItemView*>()) {
+        if (view->objectName() == "treeView" || view->objectName() == "listView")
+            view->setIconSize({kThumbnailSide, kThumbnailSide});
+    }
+    auto* columns = dialog.findChild<QTreeView*>("treeView");
+    if (columns == nullptr) return;
+    columns->header()->setStretchLastSection(false);
+    columns->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    columns->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 /// Shows the dialog; whether a choice was made. `filterIndex` goes in and comes out.
 bool AskForFile(QFileDialog& dialog, const CommonDialog& settings, const std::string& proposed,
                 const std::string& lastFolder, int& filterIndex) {
@@ -115,8 +151,13 @@ bool AskForFile(QFileDialog& dialog, const CommonDialog& settings, const std::st
     const QFileInfo file(FromPath(proposed));
     // The name of a document that was never saved is nothing to open.
     if (dialog.acceptMode() == QFileDialog::AcceptSave || file.exists()) dialog.selectFile(file.fileName());
+    ShowPictures(dialog);
+    dialog.resize(SizeToShow().boundedTo(QGuiApplication::primaryScreen()->availableSize()));
     PlaceOverOwner(dialog);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+    const QSize shown = dialog.size();
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    KeepSize(shown, dialog.size());
+    if (!accepted || dialog.selectedFiles().isEmpty()) return false;
     const qsizetype chosen = filters.IndexOf(dialog.selectedNameFilter());
     if (chosen >= 0) filterIndex = static_cast<int>(chosen) + 1;
     return true;

@@ -1,4 +1,5 @@
-// The desktop's open, save and colour dialogs, with Portuguese texts.
+// The desktop's open, save and colour dialogs, with Portuguese texts. Those of files show pictures as
+// thumbnails and keep their size and folder beyond the program's end.
 #pragma once
 
 #include "surface/raster/Colour.h"

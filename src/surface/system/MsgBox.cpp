@@ -5,8 +5,13 @@
 
 #include <algorithm>
 #include <cctype>
+#include <QApplication>
+#include <QFile>
+#include <QIcon>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
 #include <vector>
 
 namespace pintalux {
@@ -27,6 +32,23 @@ QMessageBox::Icon ToolkitIcon(BoxIcon icon) {
         break;
     }
     return QMessageBox::NoIcon;
+}
+
+/// Our own picture of the kind, which is sharp at every scale and on light and dark; null for none.
+const char* PictureOf(BoxIcon icon) {
+    switch (icon) {
+    case BoxIcon::Critical:
+        return ":/icons/box-critical.svg";
+    case BoxIcon::Question:
+        return ":/icons/box-question.svg";
+    case BoxIcon::Exclamation:
+        return ":/icons/box-exclamation.svg";
+    case BoxIcon::Information:
+        return ":/icons/box-information.svg";
+    case BoxIcon::None:
+        break;
+    }
+    return nullptr;
 }
 
 /// The buttons of a box, from left to right; the last is what closing the box means.
@@ -55,7 +77,7 @@ Choice ChoiceOf(BoxAnswer answer) {
     case BoxAnswer::No:
         return {"Não", QMessageBox::NoRole, Qt::Key_N};
     case BoxAnswer::Cancel:
-        return {"Cancelar", QMessageBox::RejectRole, 0};
+        return {"Cancelar", QMessageBox::RejectRole, Qt::Key_C};
     case BoxAnswer::Ok:
         break;
     }
@@ -70,12 +92,16 @@ class Box {
         box_.setTextFormat(Qt::PlainText); // captions and paths come from outside
         box_.setText(QString::fromStdString(text));
         box_.setIcon(ToolkitIcon(icon));
+        ShowPicture(PictureOf(icon));
     }
 
     void Add(const Choice& choice) {
-        QPushButton* button = box_.addButton(QString::fromUtf8(choice.caption), choice.role);
-        if (choice.key != 0) button->setShortcut(QKeySequence(choice.key));
+        const QString mark = choice.key != 0 ? "&" : "";
+        QPushButton* button = box_.addButton(mark + QString::fromUtf8(choice.caption), choice.role);
         buttons_.push_back(button);
+        if (choice.key == 0) return;
+        auto* alone = new QShortcut(QKeySequence(choice.key), &box_);
+        QObject::connect(alone, &QShortcut::activated, button, [button] { button->click(); });
     }
 
     /// Shows the box; gives the place of the answer, from 0.
@@ -90,18 +116,27 @@ class Box {
     }
 
   private:
+    /// In the toolkit's own place for it, so that the box still knows its kind.
+    void ShowPicture(const char* resource) {
+        auto* label = box_.findChild<QLabel*>("qt_msgboxex_icon_label");
+        if (resource == nullptr || label == nullptr || !QFile::exists(resource)) return;
+        constexpr int kSide = 48;
+        label->setPixmap(QIcon(resource).pixmap(QSize(kSide, kSide), qApp->devicePixelRatio()));
+    }
+
     QMessageBox box_;
     std::vector<QPushButton*> buttons_;
 };
 
 } // namespace
 
-BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title) {
+BoxAnswer MsgBox(const std::string& text, BoxButtons buttons, BoxIcon icon, const std::string& title,
+                 BoxDefault defaultButton) {
     const std::vector<BoxAnswer> answers = AnswersOf(buttons);
     Box box(text, icon, title);
     for (const BoxAnswer answer : answers)
         box.Add(ChoiceOf(answer));
-    return answers[box.Ask(0)];
+    return answers[box.Ask(defaultButton == BoxDefault::First ? 0 : answers.size() - 1)];
 }
 
 std::size_t MsgBox(const std::string& text, const std::vector<std::string>& captions, BoxIcon icon,

@@ -6,9 +6,9 @@
 <message><source>OK</source>
 <translation>OK</translation></message>
 <message><source>Save</source>
-<translation>Guardar</translation></message>
+<translation>Salvar</translation></message>
 <message><source>Save All</source>
-<translation>Guardar tudo</translation></message>
+<translation>Salvar tudo</translation></message>
 <message><source>Open</source>
 <translation>Abrir</translation></message>
 <message><source>&amp;Yes</source>
@@ -30,7 +30,7 @@
 <message><source>Cancel</source>
 <translation>Cancelar</translation></message>
 <message><source>Discard</source>
-<translation>Não guardar</translation></message>
+<translation>Não salvar</translation></message>
 <message><source>Help</source>
 <translation>Ajuda</translation></message>
 <message><source>Apply</source>
@@ -44,13 +44,13 @@
 <message><source>&amp;OK</source>
 <translation>&amp;OK</translation></message>
 <message><source>&amp;Save</source>
-<translation>&amp;Guardar</translation></message>
+<translation>&amp;Salvar</translation></message>
 <message><source>&amp;Cancel</source>
 <translation>&amp;Cancelar</translation></message>
 <message><source>&amp;Close</source>
 <translation>&amp;Fechar</translation></message>
 <message><source>Close without Saving</source>
-<translation>Fechar sem guardar</translation></message>
+<translation>Fechar sem salvar</translation></message>
 </context>
 <context><name>QDialogButtonBox</name>
 <message><source>OK</source>
@@ -146,7 +146,7 @@
 <message><source>&amp;Paste</source>
 <translation>C&amp;olar</translation></message>
 <message><source>Delete</source>
-<translation>Eliminar</translation></message>
+<translation>Apagar</translation></message>
 <message><source>Select All</source>
 <translation>Seleccionar tudo</translation></message>
 </context>
@@ -164,7 +164,7 @@
 <message><source>&amp;Paste</source>
 <translation>C&amp;olar</translation></message>
 <message><source>Delete</source>
-<translation>Eliminar</translation></message>
+<translation>Apagar</translation></message>
 <message><source>Select All</source>
 <translation>Seleccionar tudo</translation></message>
 </context>
@@ -346,21 +346,21 @@
 <message><source>&amp;Open</source>
 <translation>&amp;Abrir</translation></message>
 <message><source>&amp;Save</source>
-<translation>&amp;Guardar</translation></message>
+<translation>&amp;Salvar</translation></message>
 <message><source>&amp;Choose</source>
 <translation>&amp;Escolher</translation></message>
 <message><source>Open</source>
 <translation>Abrir</translation></message>
 <message><source>Save As</source>
-<translation>Guardar como</translation></message>
+<translation>Salvar como</translation></message>
 <message><source>Find Directory</source>
 <translation>Procurar pasta</translation></message>
 <message><source>&amp;Rename</source>
 <translation>&amp;Mudar o nome</translation></message>
 <message><source>&amp;Delete</source>
-<translation>&amp;Eliminar</translation></message>
+<translation>A&amp;pagar</translation></message>
 <message><source>Delete</source>
-<translation>Eliminar</translation></message>
+<translation>Apagar</translation></message>
 <message><source>Show &amp;hidden files</source>
 <translation>Mostrar ficheiros &amp;ocultos</translation></message>
 <message><source>&amp;New Folder</source>
@@ -402,11 +402,11 @@ Verifique se o nome do ficheiro está correcto.</translation></message>
 <message><source>'%1' is write protected.
 Do you want to delete it anyway?</source>
 <translation>'%1' está protegido contra escrita.
-Pretende eliminar mesmo assim?</translation></message>
+Pretende apagar mesmo assim?</translation></message>
 <message><source>Are you sure you want to delete '%1'?</source>
-<translation>Tem a certeza de que pretende eliminar '%1'?</translation></message>
+<translation>Tem a certeza de que pretende apagar '%1'?</translation></message>
 <message><source>Could not delete directory.</source>
-<translation>Não foi possível eliminar a pasta.</translation></message>
+<translation>Não foi possível apagar a pasta.</translation></message>
 </context>
 <context><name>QFileSystemModel</name>
 <message><source>Name</source>

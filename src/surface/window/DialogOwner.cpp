@@ -24,7 +24,7 @@ void PlaceOverOwner(QDialog& dialog) {
     if (!owner) return;
     dialog.winId();
     dialog.windowHandle()->setTransientParent(owner->windowHandle());
-    const QSize size = dialog.sizeHint();
+    const QSize size = dialog.testAttribute(Qt::WA_Resized) ? dialog.size() : dialog.sizeHint();
     const QRect screen = owner->screen()->availableGeometry();
     const QPoint place = owner->frameGeometry().center() - QPoint(size.width() / 2, size.height() / 2);
     dialog.move(std::clamp(place.x(), screen.left(), std::max(screen.left(), screen.right() - size.width())),
