@@ -124,9 +124,8 @@ void ColourPanel::ToggleLock() {
 }
 
 void ColourPanel::ClearByCommand() {
-    const BoxAnswer answer =
-        MsgBox("Are you sure you wish to remove your collection of colors ?", BoxButtons::YesNo,
-               BoxIcon::Question, kMessageTitle, BoxDefault::Last);
+    const BoxAnswer answer = MsgBox("Are you sure you wish to remove your collection of colors ?",
+                                    BoxButtons::YesNo, BoxIcon::Question, kMessageTitle, BoxDefault::Last);
     if (answer == BoxAnswer::Yes) unloadselected();
 }
 

@@ -56,7 +56,8 @@ TEST(MsgBox, FirstLettersAreUnderlinedAndPressAloneToo) {
     const auto pressing = [](Qt::Key key) {
         const Answer<QMessageBox> answer([key](QMessageBox& box) {
             for (const QAbstractButton* button : box.buttons())
-                EXPECT_EQ(button->shortcut().toString(), "Alt+" + QString(button->text()).remove('&').left(1));
+                EXPECT_EQ(button->shortcut().toString(),
+                          "Alt+" + QString(button->text()).remove('&').left(1));
             for (QShortcut* alone : box.findChildren<QShortcut*>())
                 if (alone->key() == QKeySequence(key)) return alone->activated();
             box.close();

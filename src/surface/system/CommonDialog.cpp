@@ -107,7 +107,8 @@ QString FolderToShow(const std::string& proposed, const std::string& last) {
 
 /// The size that the last file dialog was given, which outlives the program; a roomy one at first.
 QSize SizeToShow() {
-    const QStringList sides = QString::fromStdString(GetSetting(App.Title(), "Settings", kSizeKey)).split('x');
+    const QStringList sides =
+        QString::fromStdString(GetSetting(App.Title(), "Settings", kSizeKey)).split('x');
     const QSize kept(sides.value(0).toInt(), sides.value(1).toInt());
     return kept.isEmpty() ? QSize(760, 520) : kept;
 }
@@ -133,6 +134,8 @@ void ShowPictures(QFileDialog& dialog) {
     columns->header()->setStretchLastSection(false);
     columns->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     columns->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    constexpr int kKind = 2; // the name's ending and the thumbnail tell it
+    columns->setColumnHidden(kKind, true);
 }
 
 /// Shows the dialog; whether a choice was made. `filterIndex` goes in and comes out.

@@ -1,6 +1,7 @@
 #include "surface/system/FileThumbnails_native.h"
 
 #include <QImageReader>
+#include <QPainter>
 
 namespace pintalux {
 
@@ -31,13 +32,21 @@ QImage Thumbnail(const QString& path, const QByteArray& decoder, int side) {
     return reader.read();
 }
 
+/// In the middle of a square, so that all rows are of one height.
+QImage Centred(const QImage& small, int side) {
+    QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
+    square.fill(Qt::transparent);
+    QPainter(&square).drawImage((side - small.width()) / 2, (side - small.height()) / 2, small);
+    return square;
+}
+
 } // namespace
 
 QIcon FileThumbnails::icon(const QFileInfo& file) const {
     const QByteArray decoder = DecoderFor(file.suffix().toLower());
     if (!decoder.isEmpty() && file.isFile() && file.size() <= kMostBytes) {
         const QImage small = Thumbnail(file.filePath(), decoder, side_);
-        if (!small.isNull()) return QIcon(QPixmap::fromImage(small));
+        if (!small.isNull()) return QIcon(QPixmap::fromImage(Centred(small, side_)));
     }
     return QFileIconProvider::icon(file);
 }
