@@ -101,7 +101,7 @@ def collection_is_saved_cleared_and_opened_in_a_second_run(desktop):
     wait_for(file.exists, "the collection is saved")
     panel.command("Clear")
     desktop.wait_for_window(QUESTION)
-    desktop.keys("Return")
+    desktop.keys("s")
     desktop.wait_for_pixel(*panel.cell(1), (192, 192, 192))
     panel.leave()
     lines = file.read_bytes().decode("cp1252").split("\r\n")
