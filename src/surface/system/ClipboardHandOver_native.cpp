@@ -16,7 +16,7 @@ namespace pintalux {
 
 namespace {
 
-constexpr qint64 kPatience = 3000; // milliseconds without a sign of the manager
+constexpr qint64 kPatience = 1500; // milliseconds without a sign of the manager
 
 template <class Reply>
 std::unique_ptr<Reply, decltype(&std::free)> Owned(Reply* reply) {
