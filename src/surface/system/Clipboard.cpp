@@ -187,11 +187,14 @@ class Watch final : public QObject {
 
     /// A manager of the desktop may take over what was copied here, in order to keep it: nothing new.
     void Captured(const FetchedBitmap& found, bool ours) {
-        if (found.outcome == Fetch::Unreadable || found.outcome == Fetch::Silent) readable_.clear();
         captured_ = found;
         if (ours) return;
         put_ = {};
+        const int change = change_;
         TellAtLast();
+        // Only now: the viewer hears of a bitmap, also of one that cannot be had.
+        const bool failed = found.outcome == Fetch::Unreadable || found.outcome == Fetch::Silent;
+        if (failed && change == change_) readable_.clear();
     }
 
     /// The bitmap of another program. One that cannot be read counts as none until the next change.
