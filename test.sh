@@ -83,6 +83,8 @@ part_unit() {
     build release || return
     local name
     for name in $(test_programs release); do run_gtest "$name" "build/release/tests/$name"; done
+    # Once more on a display of 1.5 device pixels a pixel, where no line falls on whole ones by itself.
+    QT_SCALE_FACTOR=1.5 run_gtest "window_tests at scale 1.5" build/release/tests/window_tests
 }
 
 part_sanitizers() {

@@ -12,7 +12,6 @@ from roads import NEW, QUESTION, leave, sample, start_without_document
 
 SIDE = 41  # pixels: a picture of this size is shown unscaled in the tray
 COLUMN = 58  # pixels from a slot to the one beside it
-PANEL = (240, 240, 240)
 ROW = 56  # pixels from a slot to the one below it
 
 
@@ -276,9 +275,10 @@ def PhotographOutlivesTheProgramToo(desktop):
     # Noise, so that no encoding brings it below what one message of the display holds.
     noise = random.Random(5)
     photograph = Picture(2500, 2500, [bytearray(noise.randbytes(3 * 2500)) for _ in range(2500)])
-    copy(desktop, photograph, "image/bmp")
     middle = (left + COLUMN + SIDE // 2, top + SIDE // 2)
-    wait_for(lambda: desktop.photograph().at(*middle) != PANEL, "its thumbnail is seen")
+    empty = desktop.photograph().at(*middle)
+    copy(desktop, photograph, "image/bmp")
+    wait_for(lambda: desktop.photograph().at(*middle) != empty, "its thumbnail is seen")
     copy_text(desktop)
     desktop.click(*middle)
     wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts it on the clipboard")
