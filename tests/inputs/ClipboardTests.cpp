@@ -231,7 +231,7 @@ TEST_F(ClipboardTest, WidestPictureGoesOutAndComesBackInBothFormats) {
 /// pixels have the first colour.
 QByteArray EmptyRunLengths(int side) {
     QByteArray bytes;
-    const auto add = [&bytes](quint32 value, int length) {
+    const auto add = [&bytes](quint64 value, int length) {
         for (int i = 0; i < length; ++i)
             bytes += static_cast<char>(value >> 8 * i & 0xFF);
     };
@@ -240,8 +240,8 @@ QByteArray EmptyRunLengths(int side) {
     add(0, 4);
     add(14 + 40 + 4, 4);
     add(40, 4);
-    add(static_cast<quint32>(side), 4);
-    add(static_cast<quint32>(side), 4);
+    add(static_cast<quint64>(side), 4);
+    add(static_cast<quint64>(side), 4);
     add(1, 2);
     add(8, 2);
     add(1, 4); // run lengths

@@ -13,13 +13,14 @@ namespace {
 static_assert(std::endian::native == std::endian::little, "the lowest byte of a pixel comes first in memory");
 
 using Bytes = std::uint8_t __attribute__((vector_size(16)));
-constexpr int kAtOnce = 4; // pixels of `Bytes`
+constexpr int kAtOnce = 4;                                       // pixels of `Bytes`
+constexpr std::ptrdiff_t kTriples = std::ptrdiff_t{3} * kAtOnce; // bytes
 
 } // namespace
 
 PINTALUX_VECTOR_CLONES
 void UnpackTriples(const std::byte* in, Pixel* out, int count) {
-    for (; count >= kAtOnce; count -= kAtOnce, in += 3 * kAtOnce, out += kAtOnce) {
+    for (; count >= kAtOnce; count -= kAtOnce, in += kTriples, out += kAtOnce) {
         Bytes bytes;
         std::memcpy(&bytes, in, sizeof bytes);
         bytes = __builtin_shufflevector(bytes, Bytes{}, 2, 1, 0, 16, 5, 4, 3, 16, 8, 7, 6, 16, 11, 10, 9, 16);
@@ -35,7 +36,7 @@ void UnpackTriples(const std::byte* in, Pixel* out, int count) {
 // Four pixels are written as sixteen bytes, and what is too much is overwritten by those that follow.
 PINTALUX_VECTOR_CLONES
 void PackTriples(const Pixel* in, std::byte* out, int count) {
-    for (; count >= 2 * kAtOnce; count -= kAtOnce, in += kAtOnce, out += 3 * kAtOnce) {
+    for (; count >= 2 * kAtOnce; count -= kAtOnce, in += kAtOnce, out += kTriples) {
         Bytes bytes;
         std::memcpy(&bytes, in, sizeof bytes);
         bytes =

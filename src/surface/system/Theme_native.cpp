@@ -24,8 +24,9 @@ double Luminance(const QColor& colour) {
     const auto linear = [](double channel) {
         return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
+    return 0.2126 * linear(static_cast<double>(colour.redF())) +
+           0.7152 * linear(static_cast<double>(colour.greenF())) +
+           0.0722 * linear(static_cast<double>(colour.blueF()));
 }
 
 QColor Mixed(const QColor& one, const QColor& other, double share) {

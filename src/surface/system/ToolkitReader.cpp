@@ -38,7 +38,9 @@ class FileDevice final : public QIODevice {
     qint64 readData(char* data, qint64 length) override {
         std::size_t got = 0;
         const std::span<char> bytes(data, static_cast<std::size_t>(length));
-        if (!Try([&] { got = file_.Read(std::as_writable_bytes(bytes)); })) return -1;
+        // A failure looks like the end of the file: the TIFF decoder takes a -1 for a length, and would write
+        // before its buffer.
+        Try([&] { got = file_.Read(std::as_writable_bytes(bytes)); });
         return static_cast<qint64>(got);
     }
     qint64 writeData(const char*, qint64) override { return -1; }

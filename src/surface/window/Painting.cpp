@@ -80,7 +80,7 @@ void PaintPart(QPainter& painter, const QPoint& origin, const QRect& part, const
     if (pixels.size() < count) pixels.resize(count);
     StretchForScreen(source, size.width(), size.height(), ToBox(part), pixels.data(), part.width());
     const QImage image(static_cast<const uchar*>(static_cast<const void*>(pixels.data())), part.width(),
-                       part.height(), part.width() * 4, QImage::Format_RGB32);
+                       part.height(), qsizetype{part.width()} * 4, QImage::Format_RGB32);
     painter.drawImage(part.topLeft() + origin, image);
 }
 
