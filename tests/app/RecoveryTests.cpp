@@ -126,6 +126,25 @@ TEST_F(RecoveryTest, WhatCameBackStandsInTheIndexOfThisRun) {
     EXPECT_EQ(noted[1].cursor, 1);
 }
 
+// A kill between quick undos brings back what was shown, or what was shown one undo before.
+TEST_F(RecoveryTest, TheIndexIsOneUndoBehindAtMost) {
+    RunDocument document = Three("");
+    for (int i = 3; i < 40; ++i) {
+        document.states.push_back(State(Solid(8, 6, static_cast<Colour>(i))));
+        document.order.push_back(i);
+    }
+    document.cursor = 39;
+    StartAfterRun({document}, {PressesButton("Sim")});
+    States().Settle();
+    const std::string index = RunIndices().at(0);
+    for (int cursor = 38; cursor >= 0; --cursor) {
+        mnuEditUndo_Click();
+        const std::vector<RunDocument> listed = Listed(index);
+        ASSERT_EQ(listed.size(), 2U);
+        EXPECT_LE(listed[1].cursor, cursor + 1);
+    }
+}
+
 TEST_F(RecoveryTest, NoKeepsEverythingForTheNextStart) {
     const RunDocument document = Three("");
     StartAfterRun({document}, {PressesButton("Não")});

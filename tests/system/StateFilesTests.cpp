@@ -7,7 +7,9 @@
 #include "system/Sandbox.h"
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 namespace pintalux {
 namespace {
@@ -449,6 +451,33 @@ TEST(StateFiles, TextIsWrittenBehindForTheUserAlone) {
     EXPECT_EQ(ModeOf(box / "note"), 0600U);
     states.WriteBehind(box / "no/note", "lost");
     EXPECT_TRUE(states.Settle().empty());
+}
+
+TEST(StateFiles, TextsThatAreAwaitedStandOnTheDisk) {
+    const Sandbox box;
+    StateFiles states;
+    Gate gate(Gate::Call::Write, box / "note.new");
+    states.SaveBehind(Pattern(30, 20), NewFile(box));
+    states.WriteBehind(box / "note", "one");
+    gate.AwaitSomebody();
+    states.WriteBehind(box / "note", "two");
+    std::thread opener([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        gate.Open();
+    });
+    states.AwaitTexts();
+    EXPECT_EQ(BytesOf(box / "note"), "two");
+    opener.join();
+}
+
+// As a disk that hangs: the user waits for two seconds, not for the disk.
+TEST(StateFiles, TextThatHangsIsNotAwaitedForEver) {
+    const Sandbox box;
+    StateFiles states;
+    Gate gate(Gate::Call::Write, box / "note.new");
+    states.WriteBehind(box / "note", "one");
+    states.AwaitTexts();
+    EXPECT_FALSE(std::filesystem::exists(box / "note"));
 }
 
 TEST(StateFiles, SignalWaitsUntilAllIsWritten) {

@@ -351,6 +351,11 @@ void StateFiles::WriteBehind(const std::string& path, const std::string& text) {
     shared_->work.notify_one();
 }
 
+void StateFiles::AwaitTexts() {
+    std::unique_lock lock(shared_->mutex);
+    shared_->done.wait_for(lock, kLongestWait, [&] { return !shared_->NotesWait(); });
+}
+
 bool StateFiles::Refused() const {
     const std::lock_guard lock(shared_->mutex);
     return !shared_->failed.empty() || std::any_of(shared_->pending.begin(), shared_->pending.end(),

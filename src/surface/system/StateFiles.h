@@ -49,6 +49,10 @@ class StateFiles {
     /// states are, unless a newer text comes.
     void WriteBehind(const std::string& path, const std::string& text);
 
+    /// Waits until no text waits for the writer, for `kLongestWait` at most: what comes then is one step
+    /// ahead of the disk, not several.
+    void AwaitTexts();
+
     /// Gives up a text that a disk refused; waits if the writer is at it.
     void ForgetText(const std::string& path);
 
