@@ -37,8 +37,8 @@ void ShowImage() {
 void WalkTo(const std::string& path, std::string (frmImage::*move)()) {
     if (path.empty()) return;
     frmImage& image = ActiveImage();
-    States()
-        .AwaitTexts(); // so that some quick undos and a kill bring back what was shown, or one step before
+    // Some quick undos and a kill bring back what was shown, or what was shown one step before.
+    States().Await(&image);
     try {
         image.PicMerge.AutoSize(true);
         image.PicMerge.Picture(States().LoadState(path));

@@ -145,6 +145,19 @@ TEST_F(RecoveryTest, TheIndexIsOneUndoBehindAtMost) {
     }
 }
 
+// Else a kill right after the undo would find neither the undo in the index nor the state that it left.
+TEST_F(RecoveryTest, AnUndoLeavesNoHalfStateBehind) {
+    StartAfterRun({}, {});
+    frmImage& image = Document(0);
+    image.PicMerge.Picture(Solid(5000, 4000, 0x11));
+    image.Backup();
+    image.PicMerge.Picture(Solid(5000, 4000, 0x22));
+    image.Backup();
+    const std::string left = image.ListBackup.List(image.ListBackup.ListCount() - 1);
+    mnuEditUndo_Click();
+    ExpectSamePixels(LoadPicture(left), Solid(5000, 4000, 0x22));
+}
+
 TEST_F(RecoveryTest, NoKeepsEverythingForTheNextStart) {
     const RunDocument document = Three("");
     StartAfterRun({document}, {PressesButton("Não")});

@@ -453,31 +453,38 @@ TEST(StateFiles, TextIsWrittenBehindForTheUserAlone) {
     EXPECT_TRUE(states.Settle().empty());
 }
 
-TEST(StateFiles, TextsThatAreAwaitedStandOnTheDisk) {
+TEST(StateFiles, WhatIsAwaitedStandsOnTheDisk) {
     const Sandbox box;
     StateFiles states;
-    Gate gate(Gate::Call::Write, box / "note.new");
-    states.SaveBehind(Pattern(30, 20), NewFile(box));
-    states.WriteBehind(box / "note", "one");
-    gate.AwaitSomebody();
-    states.WriteBehind(box / "note", "two");
+    const int document = 0;
+    const std::string path = NewFile(box);
+    Gate state(Gate::Call::Write, path);
+    Gate text(Gate::Call::Write, box / "note.new");
+    states.SaveBehind(Pattern(30, 20), path, &document);
+    state.AwaitSomebody();
+    states.WriteBehind(box / "note", "text");
     std::thread opener([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
-        gate.Open();
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        state.Open();
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        text.Open();
     });
-    states.AwaitTexts();
-    EXPECT_EQ(BytesOf(box / "note"), "two");
+    states.Await(&document);
+    EXPECT_TRUE(LoadPicture(path) == Pattern(30, 20));
+    EXPECT_EQ(BytesOf(box / "note"), "text");
     opener.join();
 }
 
-// As a disk that hangs: the user waits for two seconds, not for the disk.
-TEST(StateFiles, TextThatHangsIsNotAwaitedForEver) {
+// The user waits for two seconds, not for the disk.
+TEST(StateFiles, DiskThatHangsIsNotAwaitedForEver) {
     const Sandbox box;
     StateFiles states;
-    Gate gate(Gate::Call::Write, box / "note.new");
-    states.WriteBehind(box / "note", "one");
-    states.AwaitTexts();
-    EXPECT_FALSE(std::filesystem::exists(box / "note"));
+    const int document = 0;
+    const std::string path = NewFile(box);
+    Gate gate(Gate::Call::Write, path);
+    states.SaveBehind(Pattern(30, 20), path, &document);
+    states.Await(&document);
+    EXPECT_EQ(FileLength(path), 0U);
 }
 
 TEST(StateFiles, SignalWaitsUntilAllIsWritten) {

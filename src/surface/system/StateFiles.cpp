@@ -141,6 +141,7 @@ struct StateFiles::Shared {
     bool NotesWait() const { return writingNote || !notes.empty(); }
     void CountToDo() { toDo = pending.size() + notes.size() + (writingNote ? 1 : 0); }
     bool Waits(const void* document) const;
+    void Await(std::unique_lock<std::mutex>& lock, const void* document);
     bool BeingWritten(const std::string& path) const { return writing != nullptr && writing->path == path; }
 };
 
@@ -289,9 +290,12 @@ void StateFiles::Shared::Withdraw(std::unique_lock<std::mutex>& lock, const std:
 
 /// Whether the newest state of the document still waits for the writer.
 bool StateFiles::Shared::Waits(const void* document) const {
-    return document != nullptr && std::any_of(pending.begin(), pending.end(), [&](const Pending& p) {
-               return p.document == document && !p.superseded;
-           });
+    return std::any_of(pending.begin(), pending.end(),
+                       [&](const Pending& p) { return p.document == document && !p.superseded; });
+}
+
+void StateFiles::Shared::Await(std::unique_lock<std::mutex>& lock, const void* document) {
+    done.wait_for(lock, kLongestWait, [&] { return !Waits(document) && !NotesWait(); });
 }
 
 StateFiles::StateFiles() : shared_(std::make_unique<Shared>()) {}
@@ -311,9 +315,7 @@ void StateFiles::SaveBehind(const Picture& picture, const std::string& path, con
     if (picture.Empty()) throw RuntimeError(kInvalidPicture, path);
     std::unique_lock lock(shared_->mutex);
     shared_->Withdraw(lock, path);
-    shared_->done.wait_for(lock, kLongestWait, [&] {
-        return !shared_->Waits(document) && (document == nullptr || !shared_->NotesWait());
-    });
+    if (document != nullptr) shared_->Await(lock, document);
     shared_->done.wait(lock, [&] { return shared_->pending.size() < kMostPending; });
     try {
         shared_->states[path] = {
@@ -351,9 +353,9 @@ void StateFiles::WriteBehind(const std::string& path, const std::string& text) {
     shared_->work.notify_one();
 }
 
-void StateFiles::AwaitTexts() {
+void StateFiles::Await(const void* document) {
     std::unique_lock lock(shared_->mutex);
-    shared_->done.wait_for(lock, kLongestWait, [&] { return !shared_->NotesWait(); });
+    shared_->Await(lock, document);
 }
 
 bool StateFiles::Refused() const {

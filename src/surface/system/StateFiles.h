@@ -8,11 +8,11 @@
 // and what they do not share takes no more than `kMostKept`, or a quarter of the free memory: an undo after a
 // stroke then costs the stroke, not the picture.
 //
-// Whatever ends the process, the newest state on disk is at most one edit behind: `SaveBehind` waits until
-// the state before of the same document is written. A disk that hangs is waited for `kLongestWait` only; the
-// writer then takes the newest state of each document first, and at most `kMostPending` wait, so that memory
-// stays bounded. States that a disk refused are tried again with each later one. What is written is made
-// durable behind, half a second later.
+// Whatever ends the process, the newest state on disk is at most one edit behind: `SaveBehind` and `Await`
+// wait until the state before of the same document is written. A disk that hangs is waited for `kLongestWait`
+// only; the writer then takes the newest state of each document first, and at most `kMostPending` wait, so
+// that memory stays bounded. States that a disk refused are tried again with each later one. What is written
+// is made durable behind, half a second later.
 #pragma once
 
 #include "surface/raster/Bitmap.h"
@@ -49,9 +49,9 @@ class StateFiles {
     /// states are, unless a newer text comes.
     void WriteBehind(const std::string& path, const std::string& text);
 
-    /// Waits until no text waits for the writer, for `kLongestWait` at most: what comes then is one step
-    /// ahead of the disk, not several.
-    void AwaitTexts();
+    /// Waits until the newest state of the document and all texts are written, for `kLongestWait` at most:
+    /// what the user does next is then one step ahead of the disk, not several.
+    void Await(const void* document);
 
     /// Gives up a text that a disk refused; waits if the writer is at it.
     void ForgetText(const std::string& path);
