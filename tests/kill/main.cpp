@@ -1,10 +1,9 @@
 // seeded_edits: the program, offscreen, edited by a seed until it is killed; and the start after that.
 //
-//   seeded_edits edit <seed> <picture>...   opens the pictures and edits them for ever. Of each edit it
-//   prints
-//                                           "begin <state> <document> <digest>" when the image shows it and
-//                                           "done <state> <document> <digest>" when the edit is finished. The
-//                                           state is 0 for the picture as it was opened.
+//   seeded_edits edit <seed> <picture>...   opens the pictures and edits them for ever. It prints
+//                                           "begin <state> <document> <digest>" of what an edit will show,
+//                                           and "done <state> <document> <digest>" of what it shows at its
+//                                           end. The state is 0 for the picture as it was opened.
 //   seeded_edits recover <picture>          starts with the picture, opens what was left and prints
 //                                           "open <states> <document> <digest>" for each.
 #include "app/frmMain.h"
@@ -13,6 +12,7 @@
 #include "document/FileCommands.h"
 #include "document/frmImage.h"
 #include "document/Recovery.h"
+#include "document/States.h"
 #include "document/UndoCommands.h"
 #include "document/Workspace.h"
 #include "imageops/ImageCommands.h"
@@ -20,6 +20,7 @@
 #include "surface/window/Events.h"
 #include "surface/window/MDIForm.h"
 
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -28,6 +29,7 @@
 #include <QTimer>
 #include <random>
 #include <string>
+#include <sys/prctl.h>
 #include <vector>
 
 namespace pintalux {
@@ -45,10 +47,32 @@ std::uint64_t DigestOf(const Picture& picture) {
     return digest;
 }
 
-void Say(const char* word, int number, const frmImage& image) {
+void Say(const char* word, int number, const frmImage& image, const Picture& picture) {
     std::printf("%s %d %s %016llx\n", word, number, image.Caption().c_str(),
-                static_cast<unsigned long long>(DigestOf(image.PicMerge.Image())));
+                static_cast<unsigned long long>(DigestOf(picture)));
     std::fflush(stdout);
+}
+
+void Say(const char* word, int number, const frmImage& image) {
+    Say(word, number, image, image.PicMerge.Image());
+}
+
+Picture FlippedAcross(const Picture& picture) {
+    Picture flipped(picture.Width(), picture.Height(), 0);
+    for (int y = 0; y < picture.Height(); ++y) {
+        for (int x = 0; x < picture.Width(); ++x)
+            flipped.Set(picture.Width() - 1 - x, y, picture.At(x, y));
+    }
+    return flipped;
+}
+
+Picture TurnedByHalf(const Picture& picture) {
+    Picture turned(picture.Width(), picture.Height(), 0);
+    for (int y = 0; y < picture.Height(); ++y) {
+        for (int x = 0; x < picture.Width(); ++x)
+            turned.Set(picture.Width() - 1 - x, picture.Height() - 1 - y, picture.At(x, y));
+    }
+    return turned;
 }
 
 int StateOf(const frmImage& image) {
@@ -73,16 +97,18 @@ class Editor {
         // Half of all is undo and redo, as quick as keys repeat.
         switch (Below(2) == 0 ? Below(2) : Below(8)) {
         case 0:
-            mnuEditUndo_Click();
+            Walk(image, -1);
             break;
         case 1:
-            mnuEditRedo_Click();
+            Walk(image, 1);
             break;
         case 2:
+            Say("begin", image.ListBackup.ListCount(), image, FlippedAcross(image.PicMerge.Image()));
             mnuFlipH_Click();
             break;
         case 3:
-            mnuRotate90_Click();
+            Say("begin", image.ListBackup.ListCount(), image, TurnedByHalf(image.PicMerge.Image()));
+            mnuRotate180_Click();
             break;
         default:
             Fill(image);
@@ -92,6 +118,15 @@ class Editor {
 
   private:
     std::size_t Below(std::size_t count) { return random_() % count; }
+
+    void Walk(frmImage& image, int step) {
+        const std::string place = image.ListBUorder.List(image.ListBUorder.ListIndex() + step);
+        if (!place.empty()) {
+            const int state = ToInt32(Val(place));
+            Say("begin", state, image, States().LoadState(image.ListBackup.List(state)));
+        }
+        step < 0 ? mnuEditUndo_Click() : mnuEditRedo_Click();
+    }
 
     void Fill(frmImage& image) {
         const auto at = [this](int side) { return static_cast<int>(Below(static_cast<std::size_t>(side))); };
@@ -155,6 +190,7 @@ int Run(const std::string& word, unsigned seed, const std::vector<std::string>& 
 } // namespace pintalux
 
 int main(int argc, char** argv) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // where the script dies, nobody else would end the edits
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     pintalux::Application application(argc, argv);
     const std::vector<std::string> words(argv + 1, argv + argc);

@@ -46,13 +46,19 @@ def may_come_back(lines):
         edits = shown.setdefault(name, [])
         # An edit that was begun and is finished is one edit.
         if word == "done" and edits and edits[-1][0] == "begin":
-            edits.pop()
+            begun = edits.pop()
+            if begun[1:] != (state, digest):
+                raise ValueError(f"{name}: an edit was to be {begun[1:]} and is {(state, digest)}")
         # A redo at the end of the history is none.
         if edits and edits[-1] == (word, state, digest):
             continue
         edits.append((word, state, digest))
     return {name: [(state, digest) for _, state, digest in edits[-3 if edits[-1][0] == "begin" else -2:]]
             for name, edits in shown.items()}
+
+
+def last_said(folder):
+    return "; ".join((folder / "said").read_text().splitlines()[-16:])
 
 
 def kill_once(program, seed):
@@ -86,11 +92,13 @@ def kill_once(program, seed):
         opened = {name: digest for _, _, name, digest in map(parts, again.stdout.splitlines())}
         for name, edits in expected.items():
             if name in opened and opened[name] not in [digest for _, digest in edits]:
-                return f"{name} came back as {opened[name]}, which is none of {edits}"
+                return f"{name} came back as {opened[name]}, which is none of {edits}: {last_said(folder)}"
             # One that showed its file, or did so one edit ago, need not come back; nor one of a single edit.
             if name not in opened and len(edits) > 1 and all(state != 0 for state, _ in edits):
-                return f"{name} did not come back; it showed {edits}"
+                return f"{name} did not come back; it showed {edits}: {last_said(folder)}"
         return ""
+    except ValueError as error:
+        return str(error)
     finally:
         shutil.rmtree(folder, ignore_errors=True)
 

@@ -150,8 +150,8 @@ void StateFiles::Shared::Start() {
     if (!syncer.joinable()) syncer = std::thread([this] { RunSyncer(); });
 }
 
+/// At the interface's own priority: the next edit waits for it.
 void StateFiles::Shared::Run() {
-    LowerPriorityOfThread();
     std::unique_lock lock(mutex);
     for (;;) {
         const auto called = [&] { return stopping || !pending.empty() || !notes.empty(); };
