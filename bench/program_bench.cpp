@@ -4,13 +4,13 @@
 #include "Program.h"
 
 #include "colour/ModHSL.h"
+#include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "document/States.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/ToolkitImages_native.h"
-#include "tools/ToolNumbers.h"
 
 #include <benchmark/benchmark.h>
 #include <chrono>

@@ -2,10 +2,10 @@
 // outline. `per_pixel` is the time by the pixels of the piece's box.
 #include "Program.h"
 
+#include "document/BarPositions.h"
 #include "selection/FreehandSelection.h"
 #include "selection/RectangleSelection.h"
 #include "surface/system/Pictures.h"
-#include "tools/ToolNumbers.h"
 
 namespace pintalux {
 namespace {
