@@ -8,47 +8,37 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-RESOURCES = "src/art/icons.qrc"
-EXIT = "src/app/frmMain_Exit.cpp"
-TOOLS = "src/document/BarPositions.h"
+DIALOGS = "src/app/Dialogs.h"
+HELP = "src/art/help.html"
 
 
 def text_of(path):
     return (ROOT / path).read_text(encoding="utf-8")
 
 
-def every_picture_is_a_resource():
-    listed = set(re.findall(r"<file>([^<]+)</file>", text_of(RESOURCES)))
-    art = ROOT / "src/art"
-    there = {path.relative_to(art).as_posix() for kind in ("*.svg", "*.html") for path in art.rglob(kind)}
-    for name in sorted(there - listed):
-        yield f"src/art/{name}: not in {RESOURCES}: add its <file>, or delete the picture"
-    for name in sorted(listed - there):
-        yield f"{RESOURCES}: {name} is no file of src/art: draw it, or take the line out"
-
-
 def every_picture_that_is_named_exists():
-    listed = set(re.findall(r"<file>([^<]+)</file>", text_of(RESOURCES)))
+    """The build takes what lies in src/art."""
     for path in sorted((ROOT / "src").rglob("*.cpp")):
         for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
-            for name in re.findall(r'":/([\w./-]+\.svg)"', line):
-                if name not in listed:
-                    yield f"{path.relative_to(ROOT)}:{number}: {name} is not in {RESOURCES}"
+            for name in re.findall(r'":/([\w./-]+\.(?:svg|html))"', line):
+                if not (ROOT / "src/art" / name).is_file():
+                    yield f"{path.relative_to(ROOT)}:{number}: src/art/{name} does not exist"
 
 
-def every_dialog_is_unloaded_at_the_exit():
-    leaving = text_of(EXIT)
+def every_dialog_is_among_the_dialogs():
+    listed = text_of(DIALOGS)
     for path in sorted((ROOT / "src").rglob("*.cpp")):
         for name in re.findall(r"^AutoForm<\w+> (\w+);", path.read_text(encoding="utf-8"), re.M):
-            if name != "frmMain" and f"{name}.Unload();" not in leaving:
-                yield f"{path.relative_to(ROOT)}: {name} is not unloaded at the exit: add it to {EXIT}"
+            if name != "frmMain" and f"act({name});" not in listed:
+                yield f"{path.relative_to(ROOT)}: {name} stays at the exit and is in no test of all dialogs: add it to {DIALOGS}"
 
 
-def the_last_tool_is_the_last_of_its_list():
-    text = text_of(TOOLS)
-    last = re.findall(r"^\s*(k\w+Tool)\b", text[:text.index("};")], re.M)[-1]
-    if f"kLastTool = {last};" not in text:
-        yield f"{TOOLS}: kLastTool is not {last}, the last of the list"
+def every_tool_stands_in_the_help():
+    rows = set(re.findall(r"<td><b>(\w)</b></td><td>([^<]+)</td>", text_of(HELP)))
+    for path in sorted((ROOT / "src").rglob("*.cpp")):
+        for caption, letter in re.findall(r'\.caption = "([^"]+)",\s*\.letter = \'(\w)\'', path.read_text(encoding="utf-8")):
+            if (letter, caption) not in rows:
+                yield f"{path.relative_to(ROOT)}: {HELP} has no line for {letter}, {caption}"
 
 
 def the_version_stands_once():
@@ -75,8 +65,8 @@ def the_two_readmes_say_the_same():
 
 def main():
     failures = 0
-    for rule in (every_picture_is_a_resource, every_picture_that_is_named_exists, every_dialog_is_unloaded_at_the_exit,
-                 the_last_tool_is_the_last_of_its_list, the_version_stands_once, the_two_readmes_say_the_same):
+    for rule in (every_picture_that_is_named_exists, every_dialog_is_among_the_dialogs,
+                 every_tool_stands_in_the_help, the_version_stands_once, the_two_readmes_say_the_same):
         problems = list(rule())
         failures += len(problems)
         for problem in problems:

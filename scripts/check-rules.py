@@ -182,50 +182,18 @@ def operations_leave_selections_to_the_scaffold():
 
 
 def form_tests_start_with_every_global_reset():
-    # The ways in to an object ("The...") are set by its owner.
-    variable = re.compile(r"^inline (?!const)[\w:<>, ]+ (?!The)(\w+)(?:\s*=|;|\{)", re.M)
+    """The variables of the headers; not the ways in to an object, nor the hooks that the program sets once."""
+    once = {"TheWorkspace", "TheFloatingSteps"}
+    variable = re.compile(r"^(?:inline|extern) (?!const|AutoForm|Registered)(?:std::function<.*>|[\w:<>]+) "
+                          r"((?:\w+(?: = [^,;]+)?(?:, |;))+)", re.M)
     reset = text_of(Path("tests/support/Program.cpp"))
     for path in files("src"):
-        for name in variable.findall(code_of(path)):
-            if path.suffix == ".h" and not re.search(rf"\b{name}\b", reset):
-                yield f"{path}: {name} keeps its value from one form test to the next: reset it in tests/support/Program.cpp"
-
-
-def the_last_tool_is_the_last():
-    path = Path("src/document/BarPositions.h")
-    code = code_of(path)
-    names = re.findall(r"\b(k\w+)\b", re.search(r"enum BarPosition[^{]*\{(.*?)\}", code, re.S).group(1))
-    last = re.search(r"kLastTool = (\w+);", code).group(1)
-    if last != names[-1]:
-        yield f"{path}: kLastTool is {last}; make it {names[-1]}, the last of its list"
-
-
-def every_resource_is_listed():
-    """The files below src/art and the lists of them in its .qrc files; what the code names stands there too."""
-    listed = set()
-    for qrc in sorted((SRC / "art").glob("*.qrc")):
-        for name in re.findall(r"<file>([^<]+)</file>", qrc.read_text(encoding="utf-8")):
-            listed.add(name)
-            if not (SRC / "art" / name).is_file():
-                yield f"src/art/{qrc.name}: lists {name}; there is no such file, take the line out"
-    for path in sorted((SRC / "art").rglob("*.svg")):
-        name = path.relative_to(SRC / "art").as_posix()
-        if name not in listed:
-            yield f"src/art/{name}: stands in no .qrc; add it to src/art/icons.qrc, or the program does not find it"
-    for path in files("src"):
-        for number, line in numbered(code_of(path)):
-            for name in re.findall(r'":/([^"]+\.svg)"', line):
-                if name not in listed:
-                    yield f"{path}:{number}: names {name}, which stands in no .qrc of src/art"
-
-
-def every_dialog_is_unloaded_at_the_exit():
-    end = code_of(Path("src/app/frmMain_Exit.cpp"))
-    for path in files("src"):
-        for number, line in numbered(code_of(path)):
-            found = re.match(r"AutoForm<\w+> (\w+);", line)
-            if found and found.group(1) != "frmMain" and f"{found.group(1)}.Unload()" not in end:
-                yield f"{path}:{number}: {found.group(1)} is left at the exit; unload it in UnloadDialogs, src/app/frmMain_Exit.cpp"
+        if path.suffix != ".h":
+            continue
+        for names in variable.findall(code_of(path)):
+            for name in re.findall(r"(\w+)(?: = [^,;]+)?[,;]", names):
+                if name not in once and not re.search(rf"\b{name}\b", reset):
+                    yield f"{path}: {name} keeps its value from one form test to the next: reset it in tests/support/Program.cpp"
 
 
 def files_stay_short():
@@ -240,8 +208,7 @@ def main():
     for rule in (the_toolkit_stays_in_the_surface, includes_follow_the_arrows, includes_go_in_no_circle,
                  own_header_comes_first, headers_are_guarded, no_notes_to_self, no_machine_paths,
                  only_undo_touches_the_history, operations_leave_selections_to_the_scaffold,
-                 form_tests_start_with_every_global_reset, the_last_tool_is_the_last, every_resource_is_listed,
-                 every_dialog_is_unloaded_at_the_exit, files_stay_short):
+                 form_tests_start_with_every_global_reset, files_stay_short):
         problems = list(rule())
         if problems == [None]:
             print("skipped", rule.__name__)

@@ -93,7 +93,6 @@ class frmMainForm : public MDIForm,
     // frmMain_Recovery.cpp
     void OfferRecovery();
     // frmMain_Exit.cpp
-    void UnloadDialogs();
     void SaveViews();
 
     /// The documents as they were when the questions of a log-out were answered; nothing before.

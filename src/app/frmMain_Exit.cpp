@@ -1,23 +1,12 @@
 // The end of the program: dialogs go in a fixed order, then the window's place and views are stored.
+#include "app/Dialogs.h"
 #include "app/frmMain.h"
-#include "app/frmSplash.h"
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
-#include "devices/frmScan.h"
-#include "devices/frmScanSource.h"
-#include "devices/frmScanWait.h"
-#include "document/frmImgprops.h"
-#include "document/frmNew.h"
 #include "document/Globals.h"
-#include "imageops/frmAddBord.h"
-#include "imageops/frmBWiz.h"
-#include "imageops/frmFiltBrow.h"
-#include "imageops/frmResize.h"
-#include "settings/frmPrefs.h"
 #include "surface/system/App.h"
 #include "surface/system/Settings.h"
 #include "surface/window/Screen.h"
-#include "tools/frmText.h"
 
 namespace pintalux {
 
@@ -38,25 +27,10 @@ void frmMainForm::MDIForm_Unload() {
     Closing = true;
     Timer1.Enabled(false);
     Timer2.Enabled(false);
-    UnloadDialogs();
+    ForEachDialog([](auto& dialog) { dialog.Unload(); });
     // Who leaves can do nothing about a settings file that cannot be written.
     ResumeNext([this] { SaveViews(); });
     ClipHookOff(*this);
-}
-
-void frmMainForm::UnloadDialogs() {
-    frmNew.Unload();
-    frmResize.Unload();
-    frmFiltBrow.Unload();
-    frmAddBord.Unload();
-    frmBWiz.Unload();
-    frmText.Unload();
-    frmImgprops.Unload();
-    frmSplash.Unload();
-    frmPrefs.Unload();
-    frmScanSource.Unload();
-    frmScan.Unload();
-    frmScanWait.Unload();
 }
 
 void frmMainForm::SaveViews() {

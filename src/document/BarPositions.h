@@ -26,8 +26,9 @@ enum BarPosition : int {
     kColorPickTool,
     kMagTool,
     kTextTool,
+    kBarEnd ///< Behind the last tool.
 };
 inline constexpr int kFirstTool = kPointerTool;
-inline constexpr int kLastTool = kTextTool;
+inline constexpr int kLastTool = kBarEnd - 1;
 
 } // namespace pintalux

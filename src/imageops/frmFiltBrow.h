@@ -16,11 +16,11 @@ namespace pintalux {
 
 class ProgressBar;
 
-inline std::int16_t FiltIndex = 0; ///< The filter chosen last: its row in the table, 0 to 9.
+inline std::int16_t FiltIndex = 0; ///< The filter chosen last: its row in the table.
 inline std::int16_t FiltLevel = 0; ///< Its level as the slider gave it.
 inline Flag FiltCancelled;         ///< The dialog was left without a choice.
 
-/// Runs the filter of an index, 0 to 9, with the level as the slider gives it. Error 9 outside.
+/// Runs the filter of a row of the table, from 0, with the level as the slider gives it. Error 9 outside.
 void RunFilter(int index, Surface& work, Surface& live, std::int16_t level, ProgressBar& Pb);
 
 class frmFiltBrowForm : public Form, public SampleParts {

@@ -5,20 +5,9 @@
 #include "support/Folders.h"
 #include "support/Program.h"
 
+#include "app/Dialogs.h"
 #include "app/frmMain.h"
-#include "app/frmSplash.h"
-#include "devices/frmScan.h"
-#include "devices/frmScanSource.h"
-#include "devices/frmScanWait.h"
-#include "document/frmImgprops.h"
-#include "document/frmNew.h"
-#include "imageops/frmAddBord.h"
-#include "imageops/frmBWiz.h"
-#include "imageops/frmFiltBrow.h"
-#include "imageops/frmResize.h"
-#include "settings/frmPrefs.h"
 #include "surface/system/Clipboard.h"
-#include "tools/frmText.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -30,6 +19,7 @@
 #include <QMenu>
 #include <QTabBar>
 #include <QWidget>
+#include <regex>
 #include <set>
 #include <sstream>
 
@@ -129,6 +119,28 @@ std::string TextOf(QWidget& window) {
     return text;
 }
 
+/// What the choice of each entry of a list changes in the text of its window, line by line and without
+/// places.
+std::string ChoicesOf(QWidget& window) {
+    const auto linesOf = [](QWidget& shown) {
+        static const std::regex place(" at row \\d+ column \\d+");
+        return std::istringstream(std::regex_replace(TextOf(shown), place, ""));
+    };
+    std::string text;
+    for (QListWidget* list : window.findChildren<QListWidget*>()) {
+        for (int row = 0; row < list->count(); ++row) {
+            std::istringstream before = linesOf(window);
+            list->setCurrentRow(row);
+            std::istringstream after = linesOf(window);
+            text += "chosen " + Quoted(list->item(row)->text()) + "\n";
+            std::string old, line;
+            while (std::getline(before, old) && std::getline(after, line))
+                if (line != old) text += line + "\n";
+        }
+    }
+    return text;
+}
+
 std::string KeptIn(const std::string& path) {
     std::ifstream file(path);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -138,14 +150,10 @@ class KeptTextTest : public ProgramTest {
   protected:
     static void Expect(const std::string& name, QWidget& window) {
         const std::string path = TestData() + "/windows/" + name + ".txt";
-        const std::string text = TextOf(window);
+        std::string text = TextOf(window);
+        text += ChoicesOf(window);
         if (std::getenv("PINTALUX_KEEP") != nullptr) std::ofstream(path) << text;
         EXPECT_EQ(KeptIn(path), text) << path;
-    }
-    template <class F>
-    static void ExpectForm(const std::string& name, AutoForm<F>& form) {
-        Expect(name, WidgetFor(*form));
-        form.Unload();
     }
 };
 
@@ -167,22 +175,10 @@ TEST_F(KeptTextTest, Document) {
 TEST_F(KeptTextTest, Dialogs) {
     Start();
     NewDocument(120, 80);
-    ExpectForm("frmNew", frmNew);
-    ExpectForm("frmPrefs", frmPrefs);
-    ExpectForm("frmText", frmText);
-    ExpectForm("frmFiltBrow", frmFiltBrow);
-    ExpectForm("frmBWiz", frmBWiz);
-    ExpectForm("frmAddBord", frmAddBord);
-    ExpectForm("frmResize", frmResize);
-    ExpectForm("frmImgprops", frmImgprops);
-    ExpectForm("frmSplash", frmSplash);
-}
-
-TEST_F(KeptTextTest, ScanDialogs) {
-    Start();
-    ExpectForm("frmScan", frmScan);
-    ExpectForm("frmScanSource", frmScanSource);
-    ExpectForm("frmScanWait", frmScanWait);
+    ForEachDialog([](auto& dialog) {
+        Expect(dialog->Name(), WidgetFor(*dialog));
+        dialog.Unload();
+    });
 }
 
 } // namespace pintalux

@@ -4,24 +4,13 @@
 #include "support/Documents.h"
 #include "support/Program.h"
 
+#include "app/Dialogs.h"
 #include "app/frmMain.h"
-#include "app/frmSplash.h"
-#include "devices/frmScan.h"
-#include "devices/frmScanSource.h"
-#include "devices/frmScanWait.h"
-#include "document/frmImgprops.h"
-#include "document/frmNew.h"
 #include "document/Globals.h"
 #include "document/Zoom.h"
-#include "imageops/frmAddBord.h"
-#include "imageops/frmBWiz.h"
-#include "imageops/frmFiltBrow.h"
-#include "imageops/frmResize.h"
-#include "settings/frmPrefs.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/Theme_native.h"
-#include "tools/frmText.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -232,13 +221,6 @@ class LooksTest : public ProgramTest, public testing::WithParamInterface<Look> {
         EXPECT_GE(8 * seen, drawn) << button.objectName().toStdString();
     }
 
-    template <class F>
-    void LookAt(const std::string& name, AutoForm<F>& form) {
-        form->Show();
-        Look(name, WidgetFor(*form));
-        form.Unload();
-    }
-
   private:
     QFont font_;
     QPalette palette_;
@@ -314,23 +296,17 @@ TEST_P(LooksTest, DocumentWithRulersAndBars) {
 TEST_P(LooksTest, Dialogs) {
     Start();
     OpenPicture("serra.bmp", Landscape(1200, 800));
-    LookAt("frmNew", frmNew);
+    ForEachDialog([this](auto& dialog) {
+        dialog->Show();
+        Look(dialog->Name(), WidgetFor(*dialog));
+        dialog.Unload();
+    });
     frmPrefs->Show();
-    for (const int tab : {0, 1, 2}) {
+    for (const int tab : {1, 2}) {
         frmPrefs->SSTab1.Tab(tab);
         Look("frmPrefs-" + std::to_string(tab), WidgetFor(*frmPrefs));
     }
     frmPrefs->Hide();
-    LookAt("frmText", frmText);
-    LookAt("frmFiltBrow", frmFiltBrow);
-    LookAt("frmBWiz", frmBWiz);
-    LookAt("frmAddBord", frmAddBord);
-    LookAt("frmResize", frmResize);
-    LookAt("frmImgprops", frmImgprops);
-    LookAt("frmScan", frmScan);
-    LookAt("frmScanSource", frmScanSource);
-    LookAt("frmScanWait", frmScanWait);
-    LookAt("frmSplash", frmSplash);
 }
 
 TEST_P(LooksTest, Menus) {
