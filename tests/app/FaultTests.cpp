@@ -18,7 +18,6 @@
 #include "settings/frmPrefs.h"
 #include "settings/ModAssoc.h"
 #include "surface/system/App.h"
-#include "surface/system/CommonDialog.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/Folders.h"
 #include "surface/system/Pictures.h"
@@ -82,7 +81,6 @@ class FaultTest : public ProgramTest {
         ProgramTest::SetUp();
         setenv("XDG_DATA_HOME", Folder("program").c_str(), 1);
         setenv("XDG_DATA_DIRS", Folder("program").c_str(), 1);
-        CommonDialog1 = {};
         Start();
         frmMain->Timer1.Enabled(false); // The poll's own file operations would be counted.
         // An error that no question for a file should give ends the program, with a message that names what
@@ -93,9 +91,7 @@ class FaultTest : public ProgramTest {
         };
     }
     void TearDown() override {
-        EndProgram = endBefore_;
         FailFileOperation(0, 0);
-        Printer().PrintToFileForTests("");
         unsetenv("XDG_DATA_HOME");
         unsetenv("XDG_DATA_DIRS");
         ProgramTest::TearDown();
@@ -128,7 +124,6 @@ class FaultTest : public ProgramTest {
     }
 
   private:
-    const std::function<void(const std::string&, const std::string&)> endBefore_ = EndProgram;
     bool ended_ = false;
 
     Contents Prepared(const Way& way) {

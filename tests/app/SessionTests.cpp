@@ -25,7 +25,6 @@ class SessionTest : public ProgramTest {
     }
     void TearDown() override {
         ProgramTest::TearDown();
-        EndProcess = [](int code) { std::_Exit(code); };
         EndRun();
     }
     std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }

@@ -27,12 +27,10 @@ class StopMessageTest : public ProgramTest {
         ProgramTest::SetUp();
         Start();
         frmMain->Timer1.Enabled(false);
-        before_ = std::exchange(EndProcess, [this](int code) { codes.push_back(code); });
-        clockBefore_ = std::exchange(StopClock, [this] { return now; });
+        EndProcess = [this](int code) { codes.push_back(code); };
+        StopClock = [this] { return now; };
     }
     void TearDown() override {
-        EndProcess = before_;
-        StopClock = clockBefore_;
         FailFileOperation(0, 0);
         ProgramTest::TearDown();
     }
@@ -63,8 +61,6 @@ class StopMessageTest : public ProgramTest {
     }();
 
   private:
-    std::function<void(int)> before_;
-    std::function<std::chrono::steady_clock::time_point()> clockBefore_;
 };
 
 } // namespace

@@ -66,8 +66,6 @@ class WalkTest : public ProgramTest {
         frmMain->mnuFileTwain.Enabled(true);
     }
     void TearDown() override {
-        TheScanPatience = {};
-        Printer().PrintToFileForTests("");
         EndSane();
         ::unsetenv("SANE_CONFIG_DIR");
         Clipboard.Clear();

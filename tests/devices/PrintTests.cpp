@@ -25,10 +25,6 @@ class PrintTest : public ProgramTest {
         file_ = Folder("pictures") + "/page.pdf";
         Printer().PrintToFileForTests(file_);
     }
-    void TearDown() override {
-        Printer().PrintToFileForTests("");
-        ProgramTest::TearDown();
-    }
 
     struct Page {
         int width = 0, height = 0;

@@ -38,7 +38,6 @@ class ScanTest : public ProgramTest {
         GTEST_SKIP() << "the scanner library's own test device forgets memory at its end";
 #endif
         ForgetScanner();
-        kept_ = OpenScannerLibrary;
         OpenScannerLibrary = [] { return dlopen("libsane.so.1", RTLD_LAZY | RTLD_LOCAL); };
         if (OpenScannerLibrary() == nullptr) GTEST_SKIP() << "the scanner library is not installed";
         configuration_ = Folder("settings");
@@ -46,9 +45,7 @@ class ScanTest : public ProgramTest {
         Configure(1);
     }
     void TearDown() override {
-        TheScanPatience = {};
         EndSane();
-        if (kept_) OpenScannerLibrary = kept_;
         ::unsetenv("SANE_CONFIG_DIR");
         ProgramTest::TearDown();
     }
@@ -84,7 +81,6 @@ class ScanTest : public ProgramTest {
     }
 
   private:
-    std::function<void*()> kept_;
     std::string configuration_;
 };
 

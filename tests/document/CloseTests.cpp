@@ -6,7 +6,6 @@
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "settings/frmPrefs.h"
-#include "surface/system/CommonDialog.h"
 #include "surface/system/Pictures.h"
 
 #include <filesystem>
@@ -20,7 +19,6 @@ class CloseTest : public ProgramTest {
   protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        CommonDialog1 = {};
         Start();
     }
     std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }

@@ -7,7 +7,6 @@
 
 #include "document/Globals.h"
 #include "files/FileNames.h"
-#include "surface/system/CommonDialog.h"
 #include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"
 
@@ -23,7 +22,6 @@ class SaveFailureTest : public ProgramTest {
   protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        CommonDialog1 = {};
         Start();
         frmMain->Timer1.Enabled(false); // The poll's own file operations would be counted.
     }

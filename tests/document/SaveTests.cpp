@@ -22,7 +22,6 @@ class SaveTest : public ProgramTest {
   protected:
     void SetUp() override {
         ProgramTest::SetUp();
-        CommonDialog1 = {};
         Start();
     }
     std::string File(const std::string& name) const { return Folder("pictures") + "/" + name; }

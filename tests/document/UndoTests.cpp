@@ -54,7 +54,6 @@ TEST_F(UndoTest, ANewDocumentHasOneStateAndNothingToUndo) {
     const frmImage& image = NewDocument(10, 10);
     EXPECT_EQ(EntriesOf(image.ListBUorder), (Names{"0"}));
     EXPECT_EQ(image.ListBUorder.ListIndex(), 0);
-    EXPECT_EQ(image.ListBUtemp.ListCount(), 0);
     ExpectEnabled(false, false);
 }
 

@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 #include <QApplication>
-#include <QKeyEvent>
 
 namespace pintalux {
 
@@ -28,21 +27,6 @@ class TestWindow final : public Form {
 template <class Widget>
 Widget& ToolkitOf(const Control& control) {
     return dynamic_cast<Widget&>(*WidgetOf(control));
-}
-
-inline void PressKey(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
-    QKeyEvent press(QEvent::KeyPress, key, held, text);
-    QApplication::sendEvent(&widget, &press);
-}
-
-inline void ReleaseKey(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
-    QKeyEvent release(QEvent::KeyRelease, key, held, text);
-    QApplication::sendEvent(&widget, &release);
-}
-
-inline void Key(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
-    PressKey(widget, key, text, held);
-    ReleaseKey(widget, key, text, held);
 }
 
 /// Types capitals, digits and signs.

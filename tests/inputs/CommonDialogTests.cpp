@@ -1,7 +1,7 @@
 #include "surface/system/CommonDialog.h"
 
 #include "inputs/ByHand.h"
-#include "inputs/Dialogs.h"
+#include "support/DialogScript.h"
 #include "surface/system/FileThumbnails_native.h"
 
 #include <cstdlib>
@@ -50,13 +50,15 @@ class CommonDialogTest : public testing::Test {
     /// Accepts as the accept button does.
     static void Accept(QFileDialog& shown) { static_cast<QDialog&>(shown).accept(); }
 
-    /// What a name typed into the save dialog becomes, without its folder.
-    std::string Saved(const QString& name, int filterIndex) {
+    /// What a name typed into the save dialog becomes, without its folder; `then` are the questions that
+    /// follow.
+    std::string Saved(const QString& name, int filterIndex, std::vector<DialogScript::Step> then = {}) {
         dialog.FilterIndex = filterIndex;
-        const Answer<QFileDialog> answer([&](QFileDialog& shown) {
-            TypeName(shown, name);
-            Accept(shown);
-        });
+        then.insert(then.begin(), In<QFileDialog>([&](QFileDialog& shown) {
+                        TypeName(shown, name);
+                        Accept(shown);
+                    }));
+        const DialogScript script(then);
         dialog.ShowSave();
         EXPECT_EQ(dialog.FilterIndex, filterIndex);
         EXPECT_TRUE(dialog.FileName().starts_with(folder + "/")) << dialog.FileName();
@@ -69,17 +71,17 @@ class CommonDialogTest : public testing::Test {
 
 TEST_F(CommonDialogTest, SizeOutlivesTheProgram) {
     {
-        const Answer<QFileDialog> answer([](QFileDialog& shown) {
+        const DialogScript script({In<QFileDialog>([](QFileDialog& shown) {
             shown.resize(700, 480);
             shown.reject();
-        });
+        })});
         dialog.ShowOpen();
     }
     QSize size;
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         size = shown.size();
         shown.reject();
-    });
+    })});
     CommonDialog afterwards;
     afterwards.ShowSave();
     EXPECT_EQ(size, QSize(700, 480));
@@ -107,7 +109,7 @@ TEST_F(CommonDialogTest, PicturesAreTheirOwnSymbolsInSquaresOf48Pixels) {
 TEST_F(CommonDialogTest, ListShowsThumbnailsAndWholeColumns) {
     bool fits = false;
     int side = 0;
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         auto& list = *shown.findChild<QTreeView*>("treeView");
         side = list.iconSize().height();
         fits = WaitFor([&] {
@@ -121,7 +123,7 @@ TEST_F(CommonDialogTest, ListShowsThumbnailsAndWholeColumns) {
             return list.model()->rowCount(list.rootIndex()) > 0 && width <= list.viewport()->width();
         });
         shown.reject();
-    });
+    })});
     dialog.ShowOpen();
     EXPECT_EQ(side, 48);
     EXPECT_TRUE(fits);
@@ -129,10 +131,10 @@ TEST_F(CommonDialogTest, ListShowsThumbnailsAndWholeColumns) {
 
 TEST_F(CommonDialogTest, ProposesTheLastNameAndGivesThePath) {
     QString proposed;
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         proposed = NameOf(shown).text();
         Accept(shown);
-    });
+    })});
     dialog.ShowOpen();
     EXPECT_EQ(proposed, "a.bmp");
     EXPECT_EQ(dialog.FileName(), folder + "/a.bmp");
@@ -140,22 +142,22 @@ TEST_F(CommonDialogTest, ProposesTheLastNameAndGivesThePath) {
 
 TEST_F(CommonDialogTest, CancelGivesAnEmptyNameAndTheNextProposesTheLast) {
     {
-        const Answer<QFileDialog> answer([](QFileDialog& shown) { shown.reject(); });
+        const DialogScript script({In<QFileDialog>([](QFileDialog& shown) { shown.reject(); })});
         dialog.ShowOpen();
         EXPECT_EQ(dialog.FileName(), "");
     }
     QString proposed;
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         proposed = NameOf(shown).text();
         shown.reject();
-    });
+    })});
     dialog.ShowSave();
     EXPECT_EQ(proposed, "a.bmp");
 }
 
 TEST_F(CommonDialogTest, CancelErrorRaises32755) {
     dialog.CancelError = true;
-    const Answer<QFileDialog> answer([](QFileDialog& shown) { shown.reject(); });
+    const DialogScript script({In<QFileDialog>([](QFileDialog& shown) { shown.reject(); })});
     EXPECT_EQ(ErrorOf([&] { dialog.ShowSave(); }), kDialogCancelled);
     EXPECT_EQ(dialog.FileName(), "");
 }
@@ -164,7 +166,7 @@ TEST_F(CommonDialogTest, FilterTextsShowAsTheyStandAndTheIndexGoesInAndOut) {
     dialog.FilterIndex = 2;
     QStringList shownTexts;
     int first = -1;
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         QComboBox& types = TypesOf(shown);
         first = types.currentIndex();
         for (int i = 0; i < types.count(); ++i)
@@ -172,7 +174,7 @@ TEST_F(CommonDialogTest, FilterTextsShowAsTheyStandAndTheIndexGoesInAndOut) {
         types.setCurrentIndex(0);
         TypeName(shown, "novo.bmp");
         Accept(shown);
-    });
+    })});
     dialog.ShowSave();
     EXPECT_EQ(first, 1);
     EXPECT_EQ(shownTexts, (QStringList{"Bitmap (*.bmp)", "Jpeg"}));
@@ -183,13 +185,13 @@ TEST_F(CommonDialogTest, PatternsMatchInAnyCase) {
     dialog.FilterIndex = 2;
     dialog.FileName(folder + "/nova.jpg");
     QStringList names;
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         const auto* view = shown.findChild<QTreeView*>("treeView");
         WaitFor([&] { return view->model()->rowCount(view->rootIndex()) > 0; });
         for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
             names << view->model()->index(row, 0, view->rootIndex()).data().toString();
         shown.reject();
-    });
+    })});
     dialog.ShowOpen();
     EXPECT_EQ(names, QStringList{"B.JPG"});
 }
@@ -211,13 +213,13 @@ TEST_F(CommonDialogTest, SaveLeavesANameWhoseFilterAsksForNoEnding) {
 
 TEST_F(CommonDialogTest, TheNameOfAFolderOpensTheFolder) {
     std::filesystem::create_directory(folder + "/fotos.2024");
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         TypeName(shown, "fotos.2024");
         Accept(shown);
         EXPECT_EQ(shown.directory().path().toStdString(), folder + "/fotos.2024");
         TypeName(shown, "praia");
         Accept(shown);
-    });
+    })});
     dialog.ShowSave();
     EXPECT_EQ(dialog.FileName(), folder + "/fotos.2024/praia.bmp");
 }
@@ -226,74 +228,67 @@ TEST_F(CommonDialogTest, TheFolderOfTheLastChoiceOutlivesTheProgram) {
     Saved("praia", 1);
     CommonDialog next; // as after a restart
     QString shownFolder;
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         shownFolder = shown.directory().path();
         shown.reject();
-    });
+    })});
     next.ShowSave();
     EXPECT_EQ(shownFolder.toStdString(), folder);
 }
 
 TEST_F(CommonDialogTest, SaveOverAFileAsksInPortuguese) {
-    QString question;
-    const Answer<QMessageBox> no([&](QMessageBox& box) {
-        question = box.text();
-        box.reject();
-    });
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
-        Accept(shown);
-        shown.reject();
-    });
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
+                                   Accept(shown);
+                                   shown.reject();
+                               }),
+                               PressesButton("Não")});
     dialog.ShowSave();
-    EXPECT_TRUE(question.contains("já existe")) << question.toStdString();
+    EXPECT_NE(script.Dialog(1).text.find("já existe"), std::string::npos) << script.Dialog(1).text;
     EXPECT_EQ(dialog.FileName(), "");
 }
 
 TEST_F(CommonDialogTest, TheQuestionIsAboutTheNameThatWillBeWritten) {
     QString question;
-    const Answer<QMessageBox> yes([&](QMessageBox& box) {
+    const auto yes = In<QMessageBox>([&](QMessageBox& box) {
         question = box.text();
         box.button(QMessageBox::Yes)->click();
     });
-    EXPECT_EQ(Saved("a.jpg", 1), "a.bmp");
+    EXPECT_EQ(Saved("a.jpg", 1, {yes}), "a.bmp");
     EXPECT_TRUE(question.startsWith("a.bmp já existe")) << question.toStdString();
 }
 
 TEST_F(CommonDialogTest, OpenProposesNoNameThatDoesNotExist) {
     dialog.FileName("Imagem 1.bmp");
     QString proposed = "?";
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
         proposed = NameOf(shown).text();
         shown.reject();
-    });
+    })});
     dialog.ShowOpen();
     EXPECT_EQ(proposed, "");
 }
 
 TEST_F(CommonDialogTest, OpenRefusesAMissingFile) {
-    QString complaint;
-    const Answer<QMessageBox> ok([&](QMessageBox& box) {
-        complaint = box.text();
-        box.reject();
-    });
-    const Answer<QFileDialog> answer([&](QFileDialog& shown) {
-        TypeName(shown, "nenhum.bmp");
-        Accept(shown);
-        shown.reject();
-    });
+    const DialogScript script({In<QFileDialog>([&](QFileDialog& shown) {
+                                   TypeName(shown, "nenhum.bmp");
+                                   Accept(shown);
+                                   shown.reject();
+                               }),
+                               ClosesDialog()});
     dialog.ShowOpen();
-    EXPECT_TRUE(complaint.contains("Ficheiro não encontrado")) << complaint.toStdString();
+    EXPECT_NE(script.Dialog(1).text.find("Ficheiro não encontrado"), std::string::npos)
+        << script.Dialog(1).text;
     EXPECT_EQ(dialog.FileName(), "");
 }
 
 TEST_F(CommonDialogTest, ColourGoesInAndOut) {
     dialog.Color = RGB(1, 2, 3);
     QColor start;
-    const Answer<QColorDialog> answer([&](QColorDialog& shown) {
+    const DialogScript script({In<QColorDialog>([&](QColorDialog& shown) {
         start = shown.currentColor();
         shown.setCurrentColor(QColor(200, 100, 50));
         shown.accept();
-    });
+    })});
     dialog.ShowColor();
     EXPECT_EQ(start, QColor(1, 2, 3));
     EXPECT_EQ(dialog.Color, 50 * 65536 + 100 * 256 + 200);
@@ -301,10 +296,10 @@ TEST_F(CommonDialogTest, ColourGoesInAndOut) {
 
 TEST_F(CommonDialogTest, CancelledColourStays) {
     dialog.Color = RGB(1, 2, 3);
-    const Answer<QColorDialog> answer([&](QColorDialog& shown) {
+    const DialogScript script({In<QColorDialog>([&](QColorDialog& shown) {
         shown.setCurrentColor(QColor(200, 100, 50));
         shown.reject();
-    });
+    })});
     dialog.ShowColor();
     EXPECT_EQ(dialog.Color, RGB(1, 2, 3));
 }

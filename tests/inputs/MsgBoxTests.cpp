@@ -1,7 +1,7 @@
 #include "surface/system/MsgBox.h"
 
 #include "inputs/ByHand.h"
-#include "inputs/Dialogs.h"
+#include "support/DialogScript.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -11,20 +11,13 @@ namespace pintalux {
 
 namespace {
 
-void Press(QMessageBox& box, const char* text) {
-    for (QAbstractButton* button : box.buttons())
-        if (button->text().remove('&') == text) return button->click();
-    box.close();
-    FAIL() << "no button " << text;
-}
-
 BoxAnswer Pressing(const char* text, BoxButtons buttons) {
-    const Answer<QMessageBox> answer([=](QMessageBox& box) { Press(box, text); });
+    const DialogScript script({PressesButton(text)});
     return MsgBox("Pretende salvar?", buttons);
 }
 
 BoxAnswer PressingKey(int key, BoxButtons buttons) {
-    const Answer<QMessageBox> answer([=](QMessageBox& box) { Key(box, key); });
+    const DialogScript script({[=](QWidget& box) { Key(box, key); }});
     return MsgBox("Pretende salvar?", buttons);
 }
 
@@ -48,20 +41,20 @@ TEST(MsgBox, EnterIsTheFirstButton) {
 }
 
 TEST(MsgBox, WhereSomethingWouldBeLostEnterIsTheLastButton) {
-    const Answer<QMessageBox> answer([](QMessageBox& box) { Key(box, Qt::Key_Return); });
+    const DialogScript script({[](QWidget& box) { Key(box, Qt::Key_Return); }});
     EXPECT_EQ(MsgBox("Limpar?", BoxButtons::YesNo, BoxIcon::Question, "", BoxDefault::Last), BoxAnswer::No);
 }
 
 TEST(MsgBox, FirstLettersAreUnderlinedAndPressAloneToo) {
     const auto pressing = [](Qt::Key key) {
-        const Answer<QMessageBox> answer([key](QMessageBox& box) {
+        const DialogScript script({In<QMessageBox>([key](QMessageBox& box) {
             for (const QAbstractButton* button : box.buttons())
                 EXPECT_EQ(button->shortcut().toString(),
                           "Alt+" + QString(button->text()).remove('&').left(1));
             for (QShortcut* alone : box.findChildren<QShortcut*>())
                 if (alone->key() == QKeySequence(key)) return alone->activated();
             box.close();
-        });
+        })});
         return MsgBox("Pretende salvar?", BoxButtons::YesNoCancel);
     };
     EXPECT_EQ(pressing(Qt::Key_S), BoxAnswer::Yes);
@@ -69,26 +62,18 @@ TEST(MsgBox, FirstLettersAreUnderlinedAndPressAloneToo) {
 }
 
 TEST(MsgBox, ShowsItsTextPlainUnderItsTitle) {
-    QString text;
-    QString title;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
     Qt::TextFormat format = Qt::RichText;
-    const Answer<QMessageBox> answer([&](QMessageBox& box) {
-        text = box.text();
-        title = box.windowTitle();
-        icon = box.icon();
+    const DialogScript script({In<QMessageBox>([&](QMessageBox& box) {
         format = box.textFormat();
         box.close();
-    });
+    })});
     MsgBox("<b>foto</b>.bmp", BoxButtons::Ok, BoxIcon::Critical, kMessageTitle);
-    EXPECT_EQ(text, "<b>foto</b>.bmp");
     EXPECT_EQ(format, Qt::PlainText);
-    EXPECT_EQ(title, kMessageTitle);
-    EXPECT_EQ(icon, QMessageBox::Critical);
+    EXPECT_EQ(script.Dialog(0), (DialogScript::Seen{"critical", kMessageTitle, "<b>foto</b>.bmp", "OK"}));
 }
 
 std::size_t Asking(const std::vector<std::string>& captions, const std::function<void(QMessageBox&)>& act) {
-    const Answer<QMessageBox> answer(act);
+    const DialogScript script({In<QMessageBox>(act)});
     return MsgBox("Erro", captions, BoxIcon::Critical);
 }
 
@@ -99,7 +84,7 @@ TEST(MsgBox, OwnCaptionsStandFromLeftToRightAndGiveTheirPlaces) {
         return [&places, text](QMessageBox& box) {
             for (const QAbstractButton* button : box.buttons())
                 places.push_back(button->x());
-            Press(box, text);
+            PressButton(box, text);
         };
     };
     EXPECT_EQ(Asking(captions, press("Terminar")), 0U);
@@ -116,13 +101,9 @@ TEST(MsgBox, TheLastOwnCaptionIsTheDefaultAndTheWayOut) {
 }
 
 TEST(MsgBox, EmptyTitleIsThePrograms) {
-    QString title;
-    const Answer<QMessageBox> answer([&](QMessageBox& box) {
-        title = box.windowTitle();
-        box.close();
-    });
+    const DialogScript script({ClosesDialog()});
     MsgBox("Olá");
-    EXPECT_EQ(title, "Pintalux64");
+    EXPECT_EQ(script.Dialog(0).title, "Pintalux64");
 }
 
 } // namespace

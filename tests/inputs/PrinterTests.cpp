@@ -1,7 +1,7 @@
 #include "surface/system/Printer.h"
 
 #include "inputs/ByHand.h"
-#include "inputs/Dialogs.h"
+#include "support/DialogScript.h"
 
 #include <filesystem>
 #include <fstream>
@@ -66,11 +66,11 @@ TEST_F(PrinterTest, UnwritableTargetIsAnError) {
 TEST_F(PrinterTest, SetupIsPortugueseAndCancels) {
     QString title;
     QString button;
-    const Answer<QDialog> answer([&](QDialog& dialog) {
+    const DialogScript script({In<QDialog>([&](QDialog& dialog) {
         title = dialog.windowTitle();
         button = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->text();
         dialog.reject();
-    });
+    })});
     EXPECT_FALSE(Printer().ShowSetup());
     EXPECT_EQ(title, "Configurar Impressora");
     EXPECT_EQ(button, "OK");

@@ -4,7 +4,7 @@
 #include "surface/system/StockTexts_native.h"
 
 #include "inputs/ByHand.h"
-#include "inputs/Dialogs.h"
+#include "support/DialogScript.h"
 #include "surface/system/Printer.h"
 
 #include <QAction>
@@ -27,6 +27,7 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTextEdit>
+#include <QTimer>
 #include <QToolButton>
 #include <QTranslator>
 #include <QTreeView>
@@ -247,12 +248,11 @@ TEST_F(StockTextTest, MenuOfANumberBox) {
 }
 
 TEST_F(StockTextTest, PrinterDialog) {
-    const Answer<QDialog> answer([&](QDialog& dialog) {
+    const DialogScript script({In<QDialog>([&](QDialog& dialog) {
         ExpectPortuguese(dialog);
         dialog.reject();
-    });
+    })});
     Printer().ShowSetup();
-    EXPECT_TRUE(answer.Given());
     EXPECT_TRUE(seen.contains("Impressora"));
 }
 

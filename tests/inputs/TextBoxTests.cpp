@@ -153,14 +153,6 @@ TEST_F(TextBoxTest, MaxLengthCutsTypingAndAssignment) {
     EXPECT_EQ(ErrorOf([&] { box.MaxLength(-1); }), 380);
 }
 
-TEST_F(TextBoxTest, LockedTakesNoKeysButAssignments) {
-    box.Locked(true);
-    Type(Line(), "9");
-    EXPECT_EQ(box.Text(), "");
-    box.Text("8");
-    EXPECT_EQ(box.Text(), "8");
-}
-
 TEST_F(TextBoxTest, TabSelectsAllAndFocusEventsRun) {
     TextBox other(window, "txtGreen");
     box.Text("123");

@@ -1,4 +1,5 @@
 // The tests of the input controls and of the desktop's services, under the program object itself.
+#include "support/DialogScript.h"
 #include "surface/system/App.h"
 
 #include <cstdlib>
@@ -9,5 +10,6 @@ int main(int argc, char** argv) {
     ::setenv("CUPS_SERVER", "/nonexistent", 1); // these tests know no printer, whatever the machine has
     ::testing::InitGoogleTest(&argc, argv);
     const pintalux::Application application(argc, argv);
+    const pintalux::DialogWatch watch;
     return RUN_ALL_TESTS();
 }

@@ -121,7 +121,6 @@ void RandomUse::SetUp() {
 }
 
 void RandomUse::TearDown() {
-    Printer().PrintToFileForTests("");
     untrapped.clear();
     for (frmImage* image : Documents())
         image->alreadysaved = true;

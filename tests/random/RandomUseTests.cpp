@@ -69,6 +69,7 @@ int main(int argc, char** argv) {
     }
     argc = 1;
     Application application(argc, argv);
+    const DialogWatch watch;
     if (!wish.list.empty()) {
         Register("List", EventsFrom(BytesOf(wish.list)), "");
         return RUN_ALL_TESTS();

@@ -1,6 +1,6 @@
 #include "support/DialogScript.h"
 
-#include "support/Program.h"
+#include "support/Hand.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -156,6 +156,11 @@ DialogWatch::DialogWatch() : native_(std::make_unique<Native>()) {
 
 DialogWatch::~DialogWatch() = default;
 
+void FailOn(QWidget& dialog) {
+    ADD_FAILURE() << "another kind of dialog: " << testing::PrintToString(Look(dialog));
+    dialog.close();
+}
+
 void PressButton(QWidget& dialog, const std::string& text) {
     for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
         if (button->isVisible() && button->text().remove('&').toStdString() == text) {
@@ -176,29 +181,22 @@ DialogScript::Step ClosesDialog() {
 }
 
 DialogScript::Step ChoosesFile(const std::string& path, int filterIndex) {
-    return [path, filterIndex](QWidget& widget) {
-        auto* dialog = dynamic_cast<QFileDialog*>(&widget);
-        auto* name = widget.findChild<QLineEdit*>("fileNameEdit");
-        if (dialog == nullptr || name == nullptr) {
-            ADD_FAILURE() << "no file dialog: " << widget.windowTitle().toStdString();
-            widget.close();
-            return;
-        }
+    return In<QFileDialog>([path, filterIndex](QFileDialog& dialog) {
         if (filterIndex > 0) {
-            auto* filters = dialog->findChild<QComboBox*>("fileTypeCombo");
+            auto* filters = dialog.findChild<QComboBox*>("fileTypeCombo");
             filters->setCurrentIndex(filterIndex - 1);
             emit filters->textActivated(filters->currentText());
             emit filters->activated(filterIndex - 1);
         }
         // As when the name is typed, the mark goes from the file that was proposed.
-        dialog->findChild<QAbstractItemView*>("listView")->clearSelection();
-        name->setText(QString::fromStdString(path));
-        PressButton(*dialog, dialog->acceptMode() == QFileDialog::AcceptOpen ? "Abrir" : "Salvar");
-    };
+        dialog.findChild<QAbstractItemView*>("listView")->clearSelection();
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
+        PressButton(dialog, dialog.acceptMode() == QFileDialog::AcceptOpen ? "Abrir" : "Salvar");
+    });
 }
 
 DialogScript::Step PressesEscape() {
-    return [](QWidget& dialog) { Type(dialog, "\x1b"); };
+    return [](QWidget& dialog) { Key(dialog, Qt::Key_Escape); };
 }
 
 } // namespace pintalux

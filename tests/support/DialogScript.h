@@ -6,6 +6,7 @@
 #include <iosfwd>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 class QWidget;
@@ -44,7 +45,7 @@ class DialogScript {
 void PrintTo(const DialogScript::Seen& seen, std::ostream* out);
 
 /// While it lives no dialog stays longer than ten seconds: it fails the test by its title and text and is
-/// closed. One that cannot be closed ends the run.
+/// closed. One that cannot be closed ends the run. Each program of tests has one.
 class DialogWatch {
   public:
     DialogWatch();
@@ -56,6 +57,19 @@ class DialogWatch {
     struct Native;
     std::unique_ptr<Native> native_;
 };
+
+/// Fails the test and closes the dialog.
+void FailOn(QWidget& dialog);
+
+/// A step in a dialog of this class; any other fails the test.
+template <class Dialog>
+DialogScript::Step In(std::function<void(Dialog& dialog)> act) {
+    return [act = std::move(act)](QWidget& shown) {
+        auto* dialog = dynamic_cast<Dialog*>(&shown);
+        if (dialog == nullptr) return FailOn(shown);
+        act(*dialog);
+    };
+}
 
 /// Presses the button with this text; an ampersand in its caption does not count.
 void PressButton(QWidget& dialog, const std::string& text);

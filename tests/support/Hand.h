@@ -1,7 +1,8 @@
-// The hand on a widget: presses and releases as the toolkit would send them.
+// The hand on a widget: buttons and keys as the toolkit would send them.
 #pragma once
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -17,6 +18,21 @@ inline void SendMouse(QWidget& widget, QEvent::Type type, const QPointF& place, 
 inline void ClickAt(QWidget& widget, const QPointF& place, Qt::MouseButton button = Qt::LeftButton) {
     SendMouse(widget, QEvent::MouseButtonPress, place, button, button);
     SendMouse(widget, QEvent::MouseButtonRelease, place, button, Qt::NoButton);
+}
+
+inline void PressKey(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
+    QKeyEvent press(QEvent::KeyPress, key, held, text);
+    QCoreApplication::sendEvent(&widget, &press);
+}
+
+inline void ReleaseKey(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
+    QKeyEvent release(QEvent::KeyRelease, key, held, text);
+    QCoreApplication::sendEvent(&widget, &release);
+}
+
+inline void Key(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
+    PressKey(widget, key, text, held);
+    ReleaseKey(widget, key, text, held);
 }
 
 } // namespace pintalux

@@ -3,11 +3,14 @@
 #include "support/DialogScript.h"
 #include "support/Hand.h"
 
+#include "app/StopMessage.h"
+#include "devices/frmScanWait.h"
 #include "devices/sane/SaneCalls.h"
 #include "document/FileCommands.h"
 #include "document/Globals.h"
 #include "document/Recovery.h"
 #include "document/Workspace.h"
+#include "files/FileNames.h"
 #include "imageops/Frames.h"
 #include "imageops/frmAddBord.h"
 #include "imageops/frmFiltBrow.h"
@@ -18,7 +21,9 @@
 #include "settings/RecentFiles.h"
 #include "surface/system/App.h"
 #include "surface/system/CommonDialog.h"
+#include "surface/system/FreeMemory.h"
 #include "surface/system/Pictures.h"
+#include "surface/system/Printer.h"
 #include "surface/system/TempNames.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Events.h"
@@ -26,7 +31,7 @@
 #include "tools/Wand.h"
 
 #include <QApplication>
-#include <QKeyEvent>
+#include <QClipboard>
 #include <QTimer>
 #include <unistd.h>
 
@@ -36,6 +41,14 @@ namespace {
 
 // Every variable that a header of the program defines, as the program finds it at its start.
 void ResetGlobals() {
+    static const auto endProcess = EndProcess;
+    static const auto stopClock = StopClock;
+    static const auto endProgram = EndProgram;
+    EndProcess = endProcess;
+    StopClock = stopClock;
+    EndProgram = endProgram;
+    OpenScannerLibrary = []() -> void* { return &OpenScannerLibrary; }; // whether or not this machine has it
+    TheScanPatience = {};
     ImageCount = 0;
     NewImageMode = false;
     NewWidth = NewHeight = 0;
@@ -68,6 +81,10 @@ void ResetGlobals() {
     CollectionCount = 0;
     LockWindowUpdate(nullptr);
     Screen.MousePointer(kPointerDefault);
+    QApplication::clipboard()->clear(); // what `Clipboard` holds
+    Printer().PrintToFileForTests("");
+    FreeMemoryForTests({});
+    TempFoldersForTests(true);
 }
 
 Qt::MouseButton ToolkitButton(int button) {
@@ -88,14 +105,6 @@ void Send(frmImage& image, QEvent::Type type, double x, double y, Qt::MouseButto
     SendMouse(WidgetFor(image.Image1), type, {x, y}, button, held);
 }
 
-void SendKey(QWidget& widget, int key, const QString& text,
-             Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, key, modifiers, text);
-        QCoreApplication::sendEvent(&widget, &event);
-    }
-}
-
 } // namespace
 
 void ProgramTest::SetUp() {
@@ -110,7 +119,6 @@ void ProgramTest::SetUp() {
     setenv("TMPDIR", (root_ / "temporary").c_str(), 1);
     App.PathForTests((root_ / "program").string());
     App.CommandForTests("");
-    OpenScannerLibrary = []() -> void* { return &OpenScannerLibrary; }; // whether or not this machine has it
     ResetGlobals();
     OnUntrappedError = [this](const RuntimeError& error) { untrapped.push_back(error); };
 }
@@ -126,7 +134,7 @@ void ProgramTest::TearDown() {
     PassEvents();
     EndEventLoop();
     unsetenv("TMPDIR");
-    TempFoldersForTests(true);
+    ResetGlobals();
     std::filesystem::remove_all(root_);
 }
 
@@ -214,13 +222,13 @@ QWidget* Find(QWidget& parent, const std::string& name) {
 void Type(QWidget& widget, const std::string& text) {
     for (const QChar c : QString::fromStdString(text)) {
         if (c == '\b') {
-            SendKey(widget, Qt::Key_Backspace, "\b");
+            Key(widget, Qt::Key_Backspace, "\b");
         } else if (c == '\n') {
-            SendKey(widget, Qt::Key_Return, "\r");
+            Key(widget, Qt::Key_Return, "\r");
         } else if (c == QChar(0x1b)) {
-            SendKey(widget, Qt::Key_Escape, {});
+            Key(widget, Qt::Key_Escape);
         } else {
-            SendKey(widget, c.toUpper().unicode(), QString(c));
+            Key(widget, c.toUpper().unicode(), QString(c));
         }
     }
 }

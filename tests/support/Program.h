@@ -47,7 +47,6 @@ class ProgramTest : public ::testing::Test {
 
   private:
     std::filesystem::path root_;
-    const DialogWatch watch_;
 };
 
 // The hand on the image: view pixels of `Image1`; buttons as in `MouseButtonBits`.

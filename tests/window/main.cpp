@@ -1,4 +1,6 @@
 // Starts the toolkit offscreen for the tests of the window objects.
+#include "support/DialogScript.h"
+
 #include <gtest/gtest.h>
 #include <QApplication>
 
@@ -8,5 +10,6 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setStyle(QStringLiteral("fusion"));
     QApplication::setQuitOnLastWindowClosed(false);
+    const pintalux::DialogWatch watch;
     return RUN_ALL_TESTS();
 }
