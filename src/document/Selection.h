@@ -22,30 +22,30 @@
 
 namespace pintalux {
 
-/// The members of the selection from where its band or its piece lies on the view.
+/// Sets `SelectLeft`, `SelectTop`, `Selectwidth` and `Selectheight` to where `place`, a band or a piece, lies
+/// in the image: at 2:1 the view pixel 11 is 5.5.
 void TakeMembers(frmImage& image, const Control& place);
 
-/// The selection's rectangle in whole image pixels, half to even. Error 6 beyond 32 bits.
+/// These four in whole image pixels, rounded half to even: 5.5 gives 6. Error 6 beyond 32 bits.
 Extent SelectionExtent(const frmImage& image);
 
-/// Cut and Copy, in the menu and on the tool bar.
+/// Switches Cut and Copy on or off, in the menu and on the tool bar.
 void EnableCutAndCopy(bool value);
 
 /// Shows the document's image on its display.
 void ShowMerge(frmImage& image);
 
 bool PieceFloats(const frmImage& image);
-/// Whether a piece floats that was grabbed or pasted.
+/// Whether a placed piece floats.
 bool PieceIsPlaced(const frmImage& image);
 
-/// Before a command that would leave a piece behind or work on the image below it: a placed piece is merged,
-/// with the states of `NeedtoPaste`. One that was only lifted goes on floating.
+/// Before a command that would leave a piece behind or work on the image below it: merges a placed piece and
+/// records it as `NeedtoPaste` does. One that was only lifted goes on floating.
 void MergePlacedPiece(frmImage& image);
 /// Before a save, and before the question whether to save: merges a placed piece or floating text, so that
 /// what is written is what is seen. Text that was printed without a state gets its state.
 void MergeFloating(frmImage& image);
-/// Before an undo or a redo, which would take it away for good: text that was printed without a state gets
-/// one.
+/// Before an undo or a redo: text that was printed without a state gets one, or it would be lost.
 void RecordText(frmImage& image);
 /// Before another piece floats: what floats is merged, a piece that was only lifted is discarded.
 void MakeRoomForPiece(frmImage& image);
@@ -76,7 +76,7 @@ void StampShape(const frmImage& image, Surface& copy);
 /// Gives up a freehand path in the middle of its drag: its dashes leave the image.
 void AbandonPath(frmImage& image);
 
-/// The flags that belong to a floating piece take the values of this document's.
+/// Sets `PasteFloating` and `FreePasteActive` for the piece of this document.
 void TakePieceFlags(const frmImage& image);
 
 /// The image as a merge of the placed piece would make it; document and history stay as they are.

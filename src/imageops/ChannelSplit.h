@@ -18,10 +18,10 @@ struct Channels {
     bool operator==(const Channels&) const = default;
 };
 
-/// Red is colour mod 256, green round(colour / 256) mod 256, blue round(colour / 65536), both rounded half to
-/// even; in whole numbers of 16 bits, as loops over vectors want them, which a test holds against the
-/// quotients for every colour. Green wraps where 16 bits end; blue is lifted where the lower half is above
-/// 0x8000, or at 0x8000 where blue is odd. White gives 255, 0, 256.
+/// Red is colour mod 256, green round(colour / 256) mod 256, blue round(colour / 65536), rounded half to
+/// even: 0x3264C8 gives 200, 101, 50, and white gives 255, 0, 256. It is reckoned in whole numbers of 16
+/// bits, as loops over vectors want them. Green wraps where 16 bits end. Blue is lifted where the lower half
+/// is above 0x8000, or at 0x8000 where blue is odd. A test compares every colour with the quotients.
 // Intended: a channel of 129 or more lifts the next one by one, which every formula downstream is tuned to.
 constexpr Channels SplitChannels(Pixel colour) {
     const auto lower = static_cast<std::uint16_t>(colour);

@@ -1,9 +1,10 @@
 // Where the four bands of a frame run, row by row.
 //
-// A column of depth k has its top band in k rows and its bottom band in k rows; between them lie the side
-// bands. Depths rise from the left by one a column, stay, and fall again towards the right, so that the bands
-// meet in diagonals: a frame of size 4 on a width of 12 has the depths 1 2 3 3 3 3 3 2 1 0 -1 from column 1
-// on. The columns of a depth or more are therefore one stretch, and a frame goes by rows.
+// In a column of depth k the top band and the bottom band have k rows each. Between them lie the side bands.
+// Depths rise from the left by one a column, stay, and fall again towards the right, so that the bands meet
+// in diagonals. A frame of size 4 on a width of 12 has the depths 1 2 3 3 3 3 3 2 1 0 -1 from column 1 on.
+// The columns of depth 3 or more are one stretch, 3 to 7, as those of every depth are. So a frame goes by
+// rows.
 #pragma once
 
 #include "base/Flag.h"

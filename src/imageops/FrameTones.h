@@ -1,5 +1,5 @@
-// The bands of a moulding in flat tones: each band has two, told by the place across it, the later one on
-// top.
+// The bands of a moulding in flat tones. Each band has two, the later one on top; the place across the band
+// says which shows.
 #pragma once
 
 #include "imageops/FrameBands.h"

@@ -80,7 +80,7 @@ class MaskOnlyFreehand {
     Flag kept_;
 };
 
-/// Where a pasted piece floats that was never dragged: its place on the view becomes that of the selection.
+/// A pasted piece that was never dragged: its place on the view becomes the selection's.
 void TakePastedPlace(frmImage& image);
 
 /// Drops `width` by `height` pixels of `SelHolder` onto the image, where the selection is; it ends.
@@ -116,8 +116,8 @@ struct Margins {
     int left, top, right, bottom;
 };
 
-/// Gives the image margins in a colour and shows it at the zoom that there is. The members of the selection
-/// hold the place of the old image meanwhile. A rectangle that floats stays where it is on the view.
+/// Gives the image margins in a colour and shows it at the zoom that there is. A rectangle that floats stays
+/// where it is on the view.
 void GrowCanvas(frmImage& image, const Margins& margins, Colour colour);
 
 /// Shows the active document, whose size has changed, pixel for pixel, so that tools hit what they point at:

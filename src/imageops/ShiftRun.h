@@ -5,8 +5,9 @@
 
 namespace pintalux {
 
-/// Adds a number to each channel of `count` pixels, reflects what falls below 0 and applies the near-white
-/// rule.
+/// Adds `shift` to the channels of `count` pixels. A channel that would fall below 0 is reflected: 5 at -30
+/// gives
+/// 25. The near-white rule follows.
 void ShiftRun(const Pixel* pixels, const Channels& shift, Pixel* out, int count);
 
 } // namespace pintalux

@@ -57,7 +57,7 @@ struct ClipTray {
   private:
     static ControlArray<Display> MakeThumbnails(const ControlArray<Surface>& frames);
     void LayOut();
-    double lower_ = 0; ///< How much lower than told the slots lie, in twips: a large font wants it.
+    double lower_ = 0; ///< How much lower a large font moves the slots, in twips.
     void TakeBitmap();
     void FitThumbnail(int slot, std::int16_t width, std::int16_t height);
     void MarkSlot(int slot);

@@ -10,12 +10,12 @@ class frmImage;
 void TextChosen();
 
 /// Prints the floating text at the label's place, in the size of the label, and hides it. Both are view
-/// pixels: at a zoom other than 1:1 the text lands as much larger and further out.
+/// pixels: at 2:1 the text is printed twice as large and twice as far from the corner.
 void CommitTextByPress(frmImage& image);
 /// The same, but where `PicMerge` printed or drew last.
 void CommitTextByCommand(frmImage& image);
 
-/// Puts both in as what happens to floating text.
+/// Enters both in `TheFloatingSteps`.
 void ConnectTextSteps();
 
 /// Connects the label and the drag timer of a new document.

@@ -26,11 +26,12 @@ struct WandShift {
 /// The shift that the settings page asks for.
 WandShift ChosenShift();
 
-/// One pass. Ring n of `steps` reaches round(radius / steps * n) pixels far; each pixel of the disc belongs
-/// to the first ring that covers it and is shifted (steps - n) times, each channel kept within 0 to 255.
-/// Reads and writes go to `hDC`, the source's; its image becomes the picture of the destination and of the
-/// source. X and Y are whole image pixels and may lie off the image. Error 6 for a radius above 181, whose
-/// square is no 16-bit number. Costs what the disc has pixels, not the image.
+/// One pass. Ring n of `steps` reaches round(radius / steps * n) pixels far. A pixel belongs to the first
+/// ring that covers it and is shifted (steps - n) times: of 5 rings over 10 pixels the first reaches 2 and
+/// shifts 4 times. Each channel is kept within 0 to 255. Reads and writes go to `hDC`, the source's; its
+/// image becomes the picture of the destination and of the source. X and Y are whole image pixels and may lie
+/// off the image. Error 6 for a radius above 181, whose square is no 16-bit number. Costs what the disc has
+/// pixels, not the image.
 void WandApply(Surface& destination, Surface& source, DeviceContext& hDC, float X, float Y,
                const WandShift& shift, std::int16_t radius, std::int16_t steps);
 

@@ -2,21 +2,20 @@
 //
 // The words of the pixels:
 // - A tile is a piece of 256 by 32 pixels, whose memory lies together.
-// - A band of a bitmap is a row of tiles: 32 rows of the image. (The band of a selection is another thing:
-// the
-//   rectangle that is drawn with the pointer.)
+// - A band of a bitmap is a row of tiles: 32 rows of the image. (The band of a selection is another thing,
+//   the frame that is drawn with the pointer.)
 // - A run is pixels that lie side by side in one row of one tile: `Run(300, 5)` of an image 400 wide has the
 //   100 pixels from column 300 on, since the second tile ends with the image.
 // - A surface is a window object with a bitmap that is drawn on and a stored picture (surface/window).
 // - A snapshot is a copy of a bitmap. It shares all tiles with it until one of the two is written.
 //
-// A write detaches only the tiles that it touches, and the short tables above them. Bands alone would not do:
-// a dot on an image 6000 pixels wide would copy 24 KB for each of its rows. With tiles a pen stroke costs the
-// same on every image. Which tiles of two related bitmaps differ is known without looking at pixels.
+// A write detaches only the tiles that it touches, and the short tables above them: a pen stroke costs the
+// same on every image. Without tiles a dot on an image 6000 pixels wide would copy 24 KB for each of its
+// rows. Related bitmaps are compared tile by tile, without looking at pixels.
 //
 // Threads: several may read one bitmap. Several may write disjoint boxes of one bitmap after `Detach` or
-// `Overwrite` of the whole area, and different bands of it after `DetachTable`. Two bitmaps that share tiles
-// count as independent.
+// `Overwrite` of the whole area, and different bands of it after `DetachTable`. Two bitmaps are
+// independent, whatever tiles they share.
 #pragma once
 
 #include "base/Shared.h"

@@ -22,7 +22,7 @@ struct DrawAttributes {
     int DrawWidth = 1; ///< Pen width in pixels, 1 or more.
 };
 
-/// Drawing calls take it by reference; a const one, which a const surface gives, is only read from.
+/// What drawing calls draw on. A const one is only read from.
 class DeviceContext {
   public:
     DeviceContext() = default;

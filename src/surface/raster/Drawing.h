@@ -13,11 +13,11 @@ Colour GetPixel(const DeviceContext& hdc, int x, int y);
 /// Sets one pixel, or inverts it in draw mode 6; outside nothing happens.
 void SetPixel(DeviceContext& hdc, int x, int y, Colour colour);
 
-/// The pen's line from (x1, y1) to (x2, y2) without its last point if the pen is 1 wide; draw width, style
-/// and mode from the context.
+/// The pen's line, with draw width, style and mode of the context. A pen 1 wide leaves its last point out:
+/// from (0, 0) to (3, 0) it paints columns 0 to 2.
 void PenLine(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
 
-/// The surface's line: like `PenLine`, both ends painted; from a point to itself one dot.
+/// The surface's line: like `PenLine`, with both ends. From a point to itself it is one dot.
 void DrawLine(DeviceContext& hdc, int x1, int y1, int x2, int y2, Colour colour);
 
 /// One dot of the draw width.

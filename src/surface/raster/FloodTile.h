@@ -1,9 +1,10 @@
 // The part of a flood fill that lies in one tile of the bitmap.
 //
-// A pixel is a bit, and 32 of them, a word, are filled at a step. The fill enters a tile at some pixels, its
-// seeds, and spreads from there to all open pixels that hang together with them. The words that hold seeds
-// wait in a queue. A word that is taken out fills its runs of open bits that hold a seed, then seeds the
-// words beside it.
+// A pixel is a bit; 32 of them, a word, are filled at a step. Open pixels belong to the area and are not
+// filled yet. The fill enters a tile at some of them, its seeds. It spreads to all open pixels that hang
+// together with a seed. Words with seeds wait in a queue. A word that is taken out fills its runs of open
+// bits that hold a seed: open 01110110 with the seed 00000100 fills 00000110. What it filled seeds the words
+// beside it.
 #pragma once
 
 #include "surface/raster/FloodMask.h"
@@ -15,9 +16,9 @@
 
 namespace pintalux {
 
-/// The words hold rows of the tile, 8 words a row; or columns, one word each, where the area stands upright.
-/// A lying corridor one pixel wide is so filled 32 pixels at a step, and an upright one too. By rows alone an
-/// image full of upright corridors takes twice the time.
+/// The words hold rows of the tile, 8 words a row. Where the area stands upright they hold columns, one word
+/// each. So a corridor one pixel wide is filled 32 pixels at a step, whether it lies or stands. By rows alone
+/// an image full of upright corridors takes nearly twice the time.
 class FloodTile {
   public:
     using Word = FloodMask::Word;
@@ -55,8 +56,8 @@ class FloodTile {
     void SpreadAlongRows(Edges& edges);
     void SpreadAlongColumns(Edges& edges);
 
-    /// Both layouts have 256 words, 32 rows of 8 or 256 columns. 8 closed words lie before and behind them:
-    /// the first and the last row have words beside them that nothing can enter.
+    /// Both layouts have 256 words, 32 rows of 8 or 256 columns. 8 closed words lie before and 8 behind them,
+    /// so that the edges need no test: nothing enters a closed word.
     static constexpr std::size_t kMargin = FloodMask::kRowWords;
     static_assert(FloodMask::kWords <= FloodMask::kColumns && FloodMask::kColumns < 0xFFFF);
     using Words = std::array<Word, FloodMask::kColumns + 2 * kMargin>;
@@ -65,13 +66,11 @@ class FloodTile {
     FloodMask::Columns area_{}; ///< What belonged to the area before the fill.
     Words open_{};              ///< What of it is not filled yet.
     Words seeds_{};             ///< What of that the fill has entered.
-    /// The queue of the words that hold seeds, each of them once. It is a ring, with room for one more number
-    /// than there are words: `Seed` writes the number of a word first and counts it only if the word has to
-    /// wait.
+    /// The queue: the numbers of the words that hold seeds, each once. It is a ring with room for one number
+    /// too many: `Seed` writes the number of a word first and counts it only if the word has to wait.
     static constexpr std::size_t kRing = std::bit_ceil(FloodMask::kColumns + 1);
     std::array<std::uint16_t, kRing> waiting_;
-    // Both only grow; a place in the ring is the rest of a division by its size. Of 512 places number 513 is
-    // place 1.
+    // Counted on past the end of the ring: of 512 places number 513 is place 1.
     std::size_t first_ = 0; ///< The word that waits longest.
     std::size_t end_ = 0;   ///< Behind the word that came last.
 };

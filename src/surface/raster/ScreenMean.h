@@ -12,8 +12,9 @@ inline std::uint32_t OnScreen(Pixel pixel) {
     return 0xFF000000 | (pixel & 0xFF) << 16 | (pixel & 0xFF00) | (pixel >> 16 & 0xFF);
 }
 
-/// How many samples a screen pixel takes along an axis that shows `source` cells on `destination`: 1 where
-/// nothing is reduced, at most 4, so that a repaint costs no more however large the image is.
+/// How many samples a screen pixel takes along an axis that shows `source` cells on `destination`: 500 on 200
+/// take 3. Enlarged cells take 1. No pixel takes more than 4, so that a repaint is bounded however large the
+/// image is.
 int SamplesAlong(int source, int destination);
 
 /// As `StretchForScreen`, for a picture that is shown smaller than it is along an axis. `shown` is not empty

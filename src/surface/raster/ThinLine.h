@@ -13,8 +13,8 @@ class ThinLine {
   public:
     ThinLine(LongPoint from, LongPoint to);
 
-    /// Calls plot(x, y) for each pixel inside `clip`, from the line's start on. Pixels outside cost nothing,
-    /// but the dashes count them. A painted last point is painted in a gap, too.
+    /// Calls plot(x, y) for each pixel inside `clip`, from the line's start on. Pixels outside cost nothing.
+    /// The dashes count them all the same. A painted last point is painted in a gap, too.
     template <class Plot>
     void Walk(const Box& clip, bool dashed, LastPoint last, Plot plot) const;
 
@@ -25,9 +25,11 @@ class ThinLine {
     };
 
     Steps Inside(const Box& clip, LastPoint last) const;
-    /// The coordinate on the shorter axis after `step` steps: rounded to nearest, a half to the smaller one.
+    /// The coordinate on the shorter axis after `step` steps, rounded to nearest, a half down: step 1 of the
+    /// way from (0, 0) to (4, 2) lies at 1/2 and gives 0.
     std::int64_t CrossAt(std::int64_t step) const;
-    /// How far `cross` lies above the exact coordinate less a half, in units of 1 / (2 * steps_) pixel.
+    /// How far the exact coordinate may rise before `cross` is no more the nearest, in units of 1 / (2 *
+    /// steps_) pixel: 4 at the start of that way, that is half a pixel, and 0 at its step 1.
     std::int64_t RoundingAt(std::int64_t step, std::int64_t cross) const;
     template <class Test>
     std::int64_t FirstStepWhere(std::int64_t first, std::int64_t end, Test test) const;

@@ -10,8 +10,8 @@ namespace pintalux {
 /// with small pages the processor would look up an address for every few pixels. Throws std::bad_alloc.
 void* TakeTileMemory(std::size_t size);
 
-/// Gives the room of a tile back, from any thread. A block without tiles goes back to the system, but for
-/// one.
+/// Gives the room of a tile back, from any thread. Blocks without tiles are kept up to 96 megabytes, the size
+/// of a photograph; what is beyond goes back to the system.
 void GiveTileMemory(void* tile) noexcept;
 
 } // namespace pintalux

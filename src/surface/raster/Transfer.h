@@ -1,8 +1,9 @@
 // Copies between contexts: plain, stretched, mirrored, inverted, with a transparent colour.
 //
-// A destination cell d of D cells takes the source cell under its centre, ceil((d + 1/2) * s / D) - 1 of s:
-// pixels are repeated or dropped, never blended. A negative width or height mirrors exactly. A destination
-// pixel whose source lies outside is left alone. Copying a bitmap onto itself reads before it writes.
+// A destination cell d of D cells takes the source cell under its centre, ceil((d + 1/2) * s / D) - 1 of s.
+// Of 4 cells copied to 2 these are cells 0 and 2. Pixels are repeated or dropped, never blended. A negative
+// width or height mirrors exactly. A destination pixel whose source lies outside is left alone. Copying a
+// bitmap onto itself reads before it writes.
 #pragma once
 
 #include "surface/raster/DeviceContext.h"
@@ -22,8 +23,8 @@ struct Extent {
     int height = 0;
 };
 
-/// The source cell that destination cell `d` of `destination` cells takes, of `source` cells. All positive.
-/// 64-bit inside, so that every legal size is exact.
+/// The cell, of `source` cells, that cell `d` of `destination` cells takes: cell 1 of 2 takes cell 2 of 4.
+/// Exact for every size above 0.
 int StretchedCell(int d, int source, int destination);
 
 /// Copies without stretching.
@@ -42,11 +43,10 @@ void StretchBits(DeviceContext& to, const Extent& place, const Bitmap& from, con
 void TransparentBlt(DeviceContext& to, const Extent& place, const DeviceContext& from,
                     const Extent& fromPlace, Colour key);
 
-/// The part `visible` of `source` shown at `width` by `height` pixels: what a stretching display puts on the
-/// screen. Enlarged pixels stay hard; along an axis that is reduced a screen pixel is the mean of up to four
-/// evenly spread samples, so that a photograph does not glitter. Writes visible.Width() by visible.Height()
-/// pixels to `out`, `stride` pixels a row, in the byte order 0xFFRRGGBB that screens take. Costs what is
-/// visible, whatever the size of the source.
+/// What a stretching display puts on the screen: `source` at `width` by `height` pixels, of which the part
+/// `visible` is written. Enlarged pixels stay hard. Along an axis that is reduced a screen pixel is the mean
+/// of up to four evenly spread samples, so that a photograph does not glitter. `out` takes visible.Height()
+/// rows, `stride` pixels apart, as 0xFFRRGGBB. Costs what is visible, whatever the size of the source.
 void StretchForScreen(const Bitmap& source, int width, int height, const Box& visible, std::uint32_t* out,
                       int stride);
 

@@ -40,9 +40,10 @@ struct FormNative {
     std::function<bool(bool next)> focusStep;
     FormHost* host = nullptr; ///< Of a document window; null for the others, and once the host is gone.
     bool placing = false;     ///< The mark of a `FromUs`: the program places or shows the window.
-    bool sizeKept = false; ///< A size was assigned to the minimised window. It gets it when it is restored.
-    int state = kNormal;   ///< The `WindowState` that the next showing takes.
-    QSize heard;           ///< The client size in pixels that the last `Form_Resize` was run for.
+    bool sizeKept =
+        false;           ///< A size was assigned while the window was minimised: it is taken at the restore.
+    int state = kNormal; ///< The `WindowState` that the next showing takes.
+    QSize heard;         ///< The client size in pixels that the last `Form_Resize` was run for.
 
     void LoseHost() {
         host = nullptr;
@@ -52,9 +53,9 @@ struct FormNative {
     void MakeWindow();
     QMdiSubWindow* SubWindow() const;
     bool IsChild() const { return form.kind_ == Form::Kind::Child; }
-    /// The life of the form, or the one it goes back to if a running unload is refused.
+    /// The life of the form; while it unloads, the one it had before.
     Form::Life& LastingLife() const;
-    /// Whether the form was shown before. That a running unload asks changes nothing about it.
+    /// Whether the form was shown before; also while it unloads.
     bool WasShown() const { return LastingLife() == Form::Life::Shown; }
 
     /// The size of the client area that Width and Height ask for, in pixels.
@@ -70,8 +71,9 @@ struct FormNative {
     void SizeWindow();
     /// Gives Width and Height the size that the window has.
     void TakeActualSize();
+    /// Shows the window for the first time.
     void FirstShowing();
-    /// The first half of it: the size as far as it is known before, and the place.
+    /// Its beginning: gives the window its place and its size before it can be seen.
     void SizeAndMoveUnseen();
     void ShowWindow();
     /// Ends the life of the form: its window hides, its host and its owner are told.
