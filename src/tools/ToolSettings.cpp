@@ -5,6 +5,7 @@
 #include "surface/window/TextSize.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace pintalux {
 
@@ -144,9 +145,7 @@ void ToolSettingsPanel::ConnectPages() {
 double ToolSettingsPanel::WantedPanelWidth() const {
     double width = kLeastWidth;
     for (const Control* control :
-         {static_cast<const Control*>(&Option1), static_cast<const Control*>(&Option2),
-          static_cast<const Control*>(&Option3), static_cast<const Control*>(&Option4),
-          static_cast<const Control*>(&Label3), static_cast<const Control*>(&Combo2)})
+         std::initializer_list<const Control*>{&Option1, &Option2, &Option3, &Option4, &Label3, &Combo2})
         width = std::max(width, Twips(WantedWidth(*control)) + 2 * kMargin);
     width = std::max(width, WandLabelWidth() + kGap + kLeastSlider + 2 * kMargin);
     for (const char* title : kPageTitles)
@@ -187,56 +186,26 @@ void ToolSettingsPanel::LayOutTitle() {
 // Each of these gives the height of the page below its head, and lays it out from there.
 
 double ToolSettingsPanel::LayOutPen() {
-    const double inner = width_ - 2 * kMargin;
-    double top = ClosedPageHeight() + 30;
-    Toolbar1.ImageSize(20);
-    const double bar = HeightOf(Toolbar1, kBarHeight);
-    Toolbar1.Move(kMargin, top, inner, bar);
-    top += bar;
-    top = LayOutLabelled(Label1, Slider1, top);
-    return LayOutLabelled(Label2, Slider2, top);
-}
-
-/// A slider below its label; gives where it ends.
-double ToolSettingsPanel::LayOutLabelled(Label& label, Slider& slider, double top) {
-    const double inner = width_ - 2 * kMargin;
-    const double height = HeightOf(slider, kSliderHeight);
-    label.Move(kMargin, top, inner, LabelHeight());
-    slider.Move(kMargin, top + LabelHeight() - 15, inner, height);
-    return top + LabelHeight() - 15 + height;
+    return LayOutLabelled(Label2, Slider2, LayOutLabelled(Label1, Slider1, LayOutBar(Toolbar1)));
 }
 
 double ToolSettingsPanel::LayOutShapes() {
-    const double inner = width_ - 2 * kMargin;
-    double top = ClosedPageHeight() + 30;
-    Toolbar2.ImageSize(20);
-    const double bar = HeightOf(Toolbar2, kBarHeight);
-    Toolbar2.Move(kMargin, top, inner, bar);
-    top += bar + 30;
-    for (OptionButton* option : {&Option1, &Option2}) {
-        const double height = OptionHeight();
-        option->Move(kMargin, top, inner, height);
-        top += height + 15;
-    }
+    double top = LayOutBar(Toolbar2) + 30;
+    for (OptionButton* option : {&Option1, &Option2})
+        top = PutAt(*option, top, OptionHeight()) + 15;
     return LayOutLabelled(Label3, Slider3, top);
 }
 
 double ToolSettingsPanel::LayOutSelection() {
     double top = ClosedPageHeight() + 15;
-    for (OptionButton* option : {&Option4, &Option3}) {
-        const double height = OptionHeight();
-        option->Move(kMargin, top, width_ - 2 * kMargin, height);
-        top += height;
-    }
+    for (OptionButton* option : {&Option4, &Option3})
+        top = PutAt(*option, top, OptionHeight());
     return top;
 }
 
 double ToolSettingsPanel::LayOutWand() {
     const double inner = width_ - 2 * kMargin;
-    double top = ClosedPageHeight() + kGap;
-    const double choice = HeightOf(Combo2, 360);
-    Combo2.Move(kMargin, top, inner, choice);
-    top += choice + 90;
+    double top = PutAt(Combo2, ClosedPageHeight() + kGap, HeightOf(Combo2, 360)) + 90;
     const double labels = WandLabelWidth() + kGap;
     const auto row = [&](Label& label, Slider& slider) {
         const double height = HeightOf(slider, kSliderHeight + 30);
@@ -248,6 +217,23 @@ double ToolSettingsPanel::LayOutWand() {
     row(Label5, Slider5);
     row(Label6, Slider6);
     return top - 75;
+}
+
+// These put a part across the page and give where it ends.
+
+double ToolSettingsPanel::PutAt(Control& control, double top, double height) const {
+    control.Move(kMargin, top, width_ - 2 * kMargin, height);
+    return top + height;
+}
+
+double ToolSettingsPanel::LayOutBar(ToolBar& bar) const {
+    bar.ImageSize(20);
+    return PutAt(bar, ClosedPageHeight() + 30, HeightOf(bar, kBarHeight));
+}
+
+double ToolSettingsPanel::LayOutLabelled(Label& label, Slider& slider, double top) const {
+    const double below = PutAt(label, top, LabelHeight()) - 15;
+    return PutAt(slider, below, HeightOf(slider, kSliderHeight));
 }
 
 double ToolSettingsPanel::FullHeight(int page) const {

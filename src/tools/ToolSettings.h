@@ -73,9 +73,9 @@ struct ToolSettingsPanel {
     void cmdTools_Click(int Index);
     /// The height of an open page in twips.
     double FullHeight(int page) const;
-    /// Shows at each head whether its page is open; after a change of a page's height from outside.
+    /// Shows at each head whether its page is open. For who changes a page's height from outside.
     void ShowMarks();
-    /// The tray's page wants this width, and so much more height than its slots are told, in twips.
+    /// Gives the tray's page this width, and this height beyond that of its slots, in twips.
     void RoomForTray(double width, double extraHeight);
     void Option1_Click();
     void Option2_Click();
@@ -95,7 +95,9 @@ struct ToolSettingsPanel {
     double WantedPanelWidth() const;
     double WandLabelWidth() const;
     double LayOutPen();
-    double LayOutLabelled(Label& label, Slider& slider, double top);
+    double PutAt(Control& control, double top, double height) const;
+    double LayOutBar(ToolBar& bar) const;
+    double LayOutLabelled(Label& label, Slider& slider, double top) const;
     double LayOutShapes();
     double LayOutSelection();
     double LayOutWand();
