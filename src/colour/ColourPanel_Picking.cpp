@@ -140,7 +140,6 @@ void ColourPanel::FallBackToCurrent() {
 Colour ColourPanel::PickColorDialog() try {
     CommonDialog1.DialogTitle.clear();
     CommonDialog1.CancelError = true;
-    CommonDialog1.Flags = 0;
     CommonDialog1.Color = TheColor.BackColor();
     CommonDialog1.ShowColor();
     return CommonDialog1.Color;

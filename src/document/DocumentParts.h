@@ -73,7 +73,6 @@ struct UndoLists {
     ListStore ListBackup;  ///< Paths of the state files, append only; an entry's index is stable.
     ListStore ListBUorder; ///< Each entry is the decimal index of an entry of `ListBackup`; the cursor is the
                            ///< current state.
-    ListStore ListBUtemp;  ///< Stays empty.
     std::string sfilename; ///< The newest state file.
     int before = -1;       ///< The entry of `ListBackup` that was current before the last edit; -1 for none.
 };
@@ -112,7 +111,7 @@ enum class PieceState {
 /// What a selection keeps.
 struct SelectionState {
     std::int32_t SelX = 0, SelY = 0; ///< View pixels where the rectangle began.
-    Flag selecting;                  ///< Set between press and release.
+    Flag selecting; ///< Set between press and release of the band's drag. Nothing is decided by it.
     double SelectLeft = 0, SelectTop = 0, Selectwidth = 0, Selectheight = 0; ///< Image pixels.
     PieceState piece = PieceState::Lifted;
     Flag hole; ///< The piece left one: in the clean copy from the lift on, in the image from the first grab.

@@ -25,7 +25,7 @@ inline Flag CloseCancelled;
 
 // View
 inline Flag RulersOn;
-inline std::int16_t ZoomOldWidth = 0; ///< `Image1.Width` before a zoom.
+inline std::int16_t ZoomOldWidth = 0; ///< `Image1.Width` before a zoom. Nothing is decided by it.
 inline double ZoomRatio = 1;
 inline double ScrollRatioV = 0;
 inline double ScrollRatioH = 0;

@@ -21,7 +21,6 @@ void StampBlank(frmImage& image) {
     const Extent hole = SelectionExtent(image);
     const PixelWrite write(image.PicMerge.hDC(), {hole.x, hole.y, hole.x + hole.width, hole.y + hole.height});
     write.Bits().Fill(write.Area(), PixelOf(image.PicSelect.BackColor()));
-    image.PicMerge.Refresh();
     ShowMerge(image);
 }
 

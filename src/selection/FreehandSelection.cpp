@@ -26,11 +26,6 @@ void UseDashes(Surface& surface) {
     surface.DrawWidth(1);
 }
 
-void UsePen(Surface& surface) {
-    surface.DrawMode(kDrawCopyPen);
-    surface.DrawStyle(kDrawSolid);
-}
-
 } // namespace
 
 void FreeSelectPress(frmImage& image, double X, double Y) {
@@ -44,8 +39,6 @@ void FreeSelectPress(frmImage& image, double X, double Y) {
     image.FreeMinY = image.FreeMaxY = image.sy;
     UseDashes(image.PicMerge);
     image.PicMask.Cls();
-    image.PicMask.BackColor(image.PicMask.BackColor());
-    UsePen(image.PicMask);
     DrawPath(image, image.sx, image.sy, image.sx, image.sy);
     image.FreeStartX = image.sx;
     image.FreeStartY = image.sy;
@@ -75,10 +68,10 @@ void FreeSelectRelease(frmImage& image, double /*X*/, double /*Y*/) {
     FreePasteActive = false;
     DrawPath(image, image.sx, image.sy, image.FreeStartX, image.FreeStartY);
     image.MakeSelection();
-    UsePen(image.PicMerge);
+    image.PicMerge.DrawMode(kDrawCopyPen);
+    image.PicMerge.DrawStyle(kDrawSolid);
     EnableCutAndCopy(true);
     FreeSelActive = true;
-    image.FreeSelDrawing = false;
 }
 
 void PicFreeSelect_MouseDown(frmImage& image) {

@@ -42,7 +42,6 @@ void PlacePiece(frmImage& image) {
 void StampHole(frmImage& image) {
     image.SelHolder.Height(image.Selectheight);
     image.SelHolder.Width(image.Selectwidth);
-    image.PicSelect.Picture(LoadPicture());
     StampBlank(image);
     image.hole = true;
 }
@@ -74,7 +73,7 @@ void SelectMove(frmImage& image, double X, double Y) {
     image.SelectShape.Move(toLeft ? image.Image1.Left() + x : image.sx,
                            toTop ? image.Image1.Top() + y : image.sy, std::abs(x - image.SelX),
                            std::abs(y - image.SelY));
-    image.SelectShape.Visible(true);
+    image.SelectShape.Visible(true); // A merge by command hides the band in the middle of its drag.
 }
 
 void SelectRelease(frmImage& image, double X, double Y) {
@@ -101,7 +100,6 @@ void SelectionBlit(frmImage& image) {
     const Extent from = SelectionExtent(image);
     StretchBlt(image.SelHolder.hDC(), {0, 0, from.width, from.height}, image.PicMerge.hDC(), from, SRCCOPY);
     image.SelHolder.Picture(image.SelHolder.Image());
-    image.SelHolder.Refresh();
 }
 
 // Intended: in cut mode every grab of a piece that came out of the image stamps the background at the place

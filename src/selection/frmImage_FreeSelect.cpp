@@ -82,8 +82,6 @@ void Lift(frmImage& image) {
     image.liftedAt = image.factor;
     TransparentBlt(shown.hDC(), {0, 0, shown.PixelWidth(), shown.PixelHeight()}, image.SelHolder.hDC(),
                    {0, 0, width, height}, MaskKeyColour);
-    shown.Refresh();
-    image.PicMerge.Refresh();
     // The display keeps the dashes around the piece; the image, which may be saved meanwhile, does not.
     ShowMerge(image);
     image.PicMerge.Picture(clean);

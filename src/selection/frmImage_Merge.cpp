@@ -33,7 +33,6 @@ void MergeFreehand(frmImage& image) {
     const Extent place{ToInt32(at.x), ToInt32(at.y), piece.width, piece.height};
     TransparentBlt(image.Pic1BU.hDC(), place, image.SelHolder.hDC(), piece, MaskKeyColour);
     image.PicMerge.Picture(image.Pic1BU.Image());
-    image.PicMerge.Refresh();
     ShowMerge(image);
     image.PicFreeSelect.Visible(false);
     image.PicFreeSelect.Picture(LoadPicture());

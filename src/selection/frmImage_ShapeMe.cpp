@@ -46,7 +46,6 @@ void TakeOut(Region& full, int from, int end, int line, bool horizontal) {
 } // namespace
 
 void frmImage::ShapeMe(Colour Color, bool HorizontalScan, Surface& Name2) {
-    Name2.AutoRedraw(true);
     Name2.ScaleMode(kScalePixels);
     const Bitmap bits = Name2.Image();
     const int width = bits.Width();

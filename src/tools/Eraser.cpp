@@ -10,7 +10,7 @@ namespace {
 // Intended: the eraser writes the exact background, never raised as a pen's colour is, so that it leaves no
 // trace.
 void Dot(frmImage& image) {
-    image.PicMerge.CurrentX(image.sx);
+    image.PicMerge.CurrentX(image.sx); // Where the text goes that a command prints.
     image.PicMerge.CurrentY(image.sy);
     image.PicMerge.PSet(image.sx, image.sy, image.PicMerge.BackColor());
 }

@@ -40,6 +40,7 @@ void TakeTip(StrokeState& stroke, int brush) {
 }
 
 void Dot(frmImage& image, const ImagePoint& at) {
+    // Where the text goes that a command prints.
     image.PicMerge.CurrentX(at.x);
     image.PicMerge.CurrentY(at.y);
     image.PicMerge.PSet(at.x, at.y, image.curdrawcolor);

@@ -69,9 +69,6 @@ void ShapesPress(frmImage& image, double X, double Y) {
     const double left = image.sx * image.factor;
     const double top = image.sy * image.factor;
     if (HasBoxPreview()) {
-        image.ShSquare.Shape(0);
-        image.ShSquare.BorderWidth(1);
-        image.ShSquare.BorderColor(kBlack);
         image.ShSquare.Move(left, top, 0, 0);
         image.ShSquare.Visible(true);
     } else {

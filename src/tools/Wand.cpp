@@ -79,7 +79,6 @@ void WandRelease(frmImage& image, double, double) {
     WandStopped = true;
     image.PicMerge.AutoRedraw(true);
     image.Image1.Picture(image.PicMerge.Image());
-    image.PicMerge.Refresh();
     image.Image1.Refresh();
 }
 

@@ -134,7 +134,6 @@ void frmTextForm::ComboStyle_Click() {
 void frmTextForm::Command1_Click() try {
     CommonDialog1.DialogTitle.clear();
     CommonDialog1.CancelError = true;
-    CommonDialog1.Flags = 5;
     CommonDialog1.Color = picFontcol.BackColor();
     CommonDialog1.ShowColor();
     picFontcol.BackColor(CommonDialog1.Color);

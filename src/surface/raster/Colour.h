@@ -10,8 +10,7 @@ using Pixel = std::uint32_t; ///< A stored pixel, 0x00BBGGRR; the high byte is a
 
 inline constexpr Colour kBlack = 0;
 inline constexpr Colour kWhite = 0xFFFFFF;
-inline constexpr Colour kWorkspaceColour = 0xABABAB;  ///< Behind the documents, whatever the desktop's theme.
-inline constexpr Colour kButtonFaceColour = 0xF0F0F0; ///< Panels and dialogs.
+inline constexpr Colour kWorkspaceColour = 0xABABAB; ///< Behind the documents, whatever the desktop's theme.
 
 /// The colour of three whole channels. A channel above 255 counts as 255; a negative one is error 5.
 Colour RGB(int red, int green, int blue);

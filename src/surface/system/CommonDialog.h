@@ -15,7 +15,6 @@ class CommonDialog {
     std::string Filter;       ///< "Text|*.a;*.b|Text|*.c"; patterns match in any case.
     int FilterIndex = 1;      ///< From 1; the user's choice after the dialog.
     bool CancelError = false; ///< A cancel raises error 32755.
-    int Flags = 0;
     Colour Color = kBlack;
 
     /// The path chosen by the dialog just shown; empty after a cancel. Assigned, it is what the next dialog

@@ -120,7 +120,7 @@ void CommandButton::BackColor(Colour value) {
     }
 }
 
-Frame::Frame(Container& parent, std::string name, std::string caption)
+Frame::Frame(Container& parent, std::string name, const std::string& caption)
     : Container(&parent, std::move(name), kScaleTwips) {
     InstallWidget(*this, new QGroupBox(ToQString(caption), ClientWidgetOf(parent)));
 }

@@ -34,7 +34,7 @@ class CommandButton : public Control {
 /// A frame with a caption around other controls; children in twips.
 class Frame : public Container {
   public:
-    Frame(Container& parent, std::string name, std::string caption);
+    Frame(Container& parent, std::string name, const std::string& caption);
     int PixelWidth() const override;
     int PixelHeight() const override;
 };

@@ -175,7 +175,6 @@ class Container : public Control {
     double ScaleWidth() const;
     double ScaleHeight() const;
     double ScaleLeft() const { return 0; }
-    double ScaleTop() const { return 0; }
 
     /// Units of this container in one pixel: 1, 15 or 0.75.
     double UnitsPerPixel() const;

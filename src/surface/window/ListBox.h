@@ -11,7 +11,6 @@ namespace pintalux {
 class ListBox : public ListControl {
   public:
     ListBox(Container& parent, std::string name, std::vector<std::string> items = {});
-    bool Selected(int index) const { return index >= 0 && index == ListIndex(); }
 
   protected:
     void ShowItem(const std::string& text) override;

@@ -152,10 +152,6 @@ void TextBox::MaxLength(int value) {
                        [&](QLineEdit& line) { line.setMaxLength(value == 0 ? kToolkitLongest : value); });
 }
 
-void TextBox::Locked(bool value) {
-    Quietly<QLineEdit>(*this, [&](QLineEdit& line) { line.setReadOnly(value); });
-}
-
 void TextBox::BackColor(Colour value) {
     backColor_ = value;
     Quietly<QLineEdit>(*this, [&](QLineEdit& line) {

@@ -17,7 +17,6 @@ class TextBox : public Control {
     std::string Text() const { return text_; }
     void Text(const std::string& value); ///< Cut to the `MaxLength`. Runs `Change` if it differs.
     void MaxLength(int value);           ///< In characters; 0: no limit. Error 380 if negative.
-    void Locked(bool value);
     void SelectAll();
     /// The colour behind the text; it may be a `SystemColour`. At the start it is the desktop's for input.
     Colour BackColor() const { return backColor_; }
