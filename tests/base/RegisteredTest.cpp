@@ -1,4 +1,5 @@
 #include "base/Registered.h"
+#include "support/Errors.h"
 
 #include <gtest/gtest.h>
 
@@ -14,12 +15,7 @@ struct Panel {
 TEST(Registered, WithoutAnEntryItIsError91) {
     const Registered<Panel> way;
     EXPECT_FALSE(way);
-    try {
-        way->value = 1;
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 91);
-    }
+    EXPECT_EQ(ErrorOf([&] { way->value = 1; }), 91);
 }
 
 TEST(Registered, AnObjectIsReachedWhileItLives) {

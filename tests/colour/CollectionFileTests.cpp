@@ -2,6 +2,7 @@
 #include "base/NumberText.h"
 #include "colour/CollectionFile.h"
 #include "support/Documents.h"
+#include "support/Errors.h"
 #include "support/Program.h"
 
 #include <random>
@@ -17,15 +18,6 @@ class CollectionFileTest : public ProgramTest {
     std::vector<Colour> Reading(const std::string& text) const {
         PutBytes(File(), text);
         return ReadCollection(File());
-    }
-
-    static int ErrorOf(const std::function<void()>& act) {
-        try {
-            act();
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
     }
 };
 

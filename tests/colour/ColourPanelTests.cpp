@@ -1,5 +1,6 @@
 // The current colour and its six spinners.
 #include "support/Documents.h"
+#include "support/Errors.h"
 #include "support/Program.h"
 
 namespace pintalux {
@@ -162,12 +163,7 @@ TEST_F(ColourPanelTest, PanelIsShownAndHiddenByItsMenuAndItsCloseButton) {
 
 // A colour that is none, from a dropper off the image, is too large for the caption's contrast.
 TEST_F(ColourPanelTest, ColourOutsideTheRangeIsAnOverflow) {
-    try {
-        frmMain->SetCurrentColour(-1);
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kOverflow);
-    }
+    EXPECT_EQ(ErrorOf([&] { frmMain->SetCurrentColour(-1); }), kOverflow);
 }
 
 } // namespace

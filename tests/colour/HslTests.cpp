@@ -2,6 +2,7 @@
 #include "base/RuntimeError.h"
 #include "colour/HslModel.h"
 #include "colour/ModHSL.h"
+#include "support/Errors.h"
 
 #include <gtest/gtest.h>
 
@@ -28,12 +29,7 @@ const HslCase kTable[] = {
 };
 
 int NumberOfError(Colour colour) {
-    try {
-        RgbToHsl(colour);
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
+    return ErrorOf([&] { RgbToHsl(colour); });
 }
 
 TEST(Hsl, TableBothWays) {

@@ -4,6 +4,7 @@
 #include "support/Documents.h"
 #include "support/Program.h"
 
+#include "support/Errors.h"
 #include "surface/system/FileLayer.h"
 
 #include <cerrno>
@@ -63,12 +64,7 @@ TEST(ReplaceExtension, ThePointStaysOnTheCallersText) {
 TEST(ReplaceExtension, ANameWithoutAPointIsError5) {
     for (const char* path : {"/casa/praia", "/casa/fotos.2024/praia"}) {
         std::string bmp = "bmp";
-        try {
-            ReplaceExtension(path, bmp);
-            FAIL() << "nothing was raised";
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.Number(), 5);
-        }
+        EXPECT_EQ(ErrorOf([&] { ReplaceExtension(path, bmp); }), 5);
     }
 }
 

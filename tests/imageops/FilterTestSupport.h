@@ -6,6 +6,7 @@
 #include "document/Globals.h"
 #include "imageops/FilterModels.h"
 #include "imageops/ImgFiltMod.h"
+#include "support/Errors.h"
 #include "support/Pictures.h"
 #include "surface/window/Form.h"
 #include "surface/window/ProgressBar.h"
@@ -100,16 +101,6 @@ inline const std::vector<PictureSize> kAwkwardSizes = {
     {31, 31}, {33, 32},  {32, 33},  {17, 65},  {255, 1},  {256, 2},  {257, 3},  {1, 33},  {2, 257},
     {3, 100}, {255, 31}, {256, 32}, {257, 33}, {255, 33}, {257, 31}, {300, 70}, {70, 131}};
 
-/// The number of the run-time error that a statement raises; 0 if it raises none.
-inline int ErrorRaisedBy(const std::function<void()>& statement) {
-    try {
-        statement();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-}
-
 inline ModelSurface ModelOf(const Surface& surface) {
     ModelSurface model(surface.Image(), surface.BackColor(), surface.AutoSize());
     model.stored = surface.Picture();
@@ -169,8 +160,8 @@ class FilterTest : public testing::Test {
     /// Runs routine and model over the surfaces as they stand and compares all that is left of them.
     void ExpectAsModel(const FilterCase& filter, std::int16_t level) {
         FilterModel expected(ModelOf(work), ModelOf(live), FreeSelActive);
-        const int expectedError = ErrorRaisedBy([&] { filter.model(expected, level); });
-        ASSERT_EQ(ErrorRaisedBy([&] { filter.routine(work, live, Pb, level); }), expectedError);
+        const int expectedError = ErrorOf([&] { filter.model(expected, level); });
+        ASSERT_EQ(ErrorOf([&] { filter.routine(work, live, Pb, level); }), expectedError);
         if (expectedError != 0) return;
         ExpectSamePixels(work.Image(), expected.work.shown);
         ExpectSamePixels(live.Image(), expected.live.shown);
@@ -218,7 +209,7 @@ class FilterTest : public testing::Test {
         SCOPED_TRACE(std::to_string(width) + " x " + std::to_string(height));
         const Bitmap picture = Flat(width, height, RGB(1, 2, 3));
         Load(picture);
-        EXPECT_EQ(ErrorRaisedBy([&] { routine(work, live, Pb, level); }), kOverflow);
+        EXPECT_EQ(ErrorOf([&] { routine(work, live, Pb, level); }), kOverflow);
         EXPECT_TRUE(live.Image() == picture);
     }
 

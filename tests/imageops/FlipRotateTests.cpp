@@ -239,7 +239,7 @@ TEST_F(FlipRotateTest, Turn_ASideAbove32769Overflows) {
     for (const PictureSize size : {PictureSize{32770, 1}, PictureSize{1, 32770}}) {
         Load(Flat(size.width, size.height, kBlack));
         double angle = 90;
-        EXPECT_EQ(ErrorRaisedBy([&] { RotateImage(work, live, angle); }), kOverflow);
+        EXPECT_EQ(ErrorOf([&] { RotateImage(work, live, angle); }), kOverflow);
     }
 }
 

@@ -170,7 +170,7 @@ TEST_P(FrameModelTest, ASideAbove32767IsAnOverflowWithNothingDrawn) {
     for (const PictureSize size : {PictureSize{32769, 1}, PictureSize{1, 32769}}) {
         const Bitmap picture = Flat(size.width, size.height, 0x102030);
         Load(picture);
-        EXPECT_EQ(ErrorRaisedBy([&] {
+        EXPECT_EQ(ErrorOf([&] {
                       GetParam().routine(work, live, Pb, {8, 10, 10, 8, true, true});
                   }),
                   kOverflow);

@@ -365,7 +365,7 @@ TEST_F(PixelateTest, TellsTheBarTheWidthAndABox) {
 TEST_F(PixelateTest, ASideAbove32767Overflows) {
     for (const PictureSize size : {PictureSize{32768, 2}, PictureSize{2, 32768}}) {
         Load(Flat(size.width, size.height, kBlack));
-        EXPECT_EQ(ErrorRaisedBy([&] { PixelateFilter(work, live, Pb, 5); }), kOverflow);
+        EXPECT_EQ(ErrorOf([&] { PixelateFilter(work, live, Pb, 5); }), kOverflow);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "surface/raster/Bitmap.h"
 
 #include "base/RuntimeError.h"
+#include "support/Errors.h"
 #include "support/Pictures.h"
 
 #include <sys/resource.h>
@@ -96,12 +97,7 @@ TEST(Bitmap, NoSizeIsTheEmptyPicture) {
 }
 
 TEST(Bitmap, NegativeSizeIsError5) {
-    try {
-        const Bitmap bits(-1, 5, 0);
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kInvalidArgument);
-    }
+    EXPECT_EQ(ErrorOf([&] { const Bitmap bits(-1, 5, 0); }), kInvalidArgument);
 }
 
 TEST(Bitmap, OnePixelCanBeWrittenAndRead) {
@@ -133,12 +129,7 @@ TEST(Bitmap, MemoryThatRunsOutIsError7) {
     std::ifstream("/proc/self/statm") >> pages;
     tight.rlim_cur = pages * 4096 + 300'000'000;
     setrlimit(RLIMIT_AS, &tight);
-    int number = 0;
-    try {
-        bits.Detach(bits.Bounds());
-    } catch (const RuntimeError& error) {
-        number = error.Number();
-    }
+    const int number = ErrorOf([&] { bits.Detach(bits.Bounds()); });
     setrlimit(RLIMIT_AS, &before);
     EXPECT_EQ(number, kOutOfMemory);
     EXPECT_EQ(bits.At(31999, 31999), 5U);

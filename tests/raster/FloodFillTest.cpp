@@ -1,6 +1,7 @@
 #include "surface/raster/FloodFill.h"
 
 #include "base/RuntimeError.h"
+#include "support/Errors.h"
 #include "support/Pictures.h"
 
 namespace pintalux {
@@ -253,12 +254,7 @@ TEST(ExtFloodFill, TransparentFillChangesNothingAndSucceeds) {
 
 TEST(ExtFloodFill, UnknownKindIsError5) {
     Pot pot(PictureOf({".."}));
-    try {
-        ExtFloodFill(pot.hdc, 0, 0, kWhite, 2);
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kInvalidArgument);
-    }
+    EXPECT_EQ(ErrorOf([&] { ExtFloodFill(pot.hdc, 0, 0, kWhite, 2); }), kInvalidArgument);
 }
 
 TEST(ExtFloodFill, BorderKindFillsWhateverLiesInside) {

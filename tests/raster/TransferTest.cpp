@@ -2,6 +2,7 @@
 #include "surface/raster/Transfer.h"
 
 #include "base/RuntimeError.h"
+#include "support/Errors.h"
 #include "support/Pictures.h"
 
 #include <optional>
@@ -174,12 +175,10 @@ TEST(StretchBlt, LeavesAloneWhatHasNoSource) {
 
 TEST(StretchBlt, UnknownOperationIsError5) {
     Target target(Bitmap(2, 2, 0));
-    try {
-        StretchBits(target.hdc, {0, 0, 0, 0}, Bitmap(1, 1, 0), {0, 0, 1, 1}, 0x123456);
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kInvalidArgument);
-    }
+    EXPECT_EQ(ErrorOf([&] {
+                  StretchBits(target.hdc, {0, 0, 0, 0}, Bitmap(1, 1, 0), {0, 0, 1, 1}, 0x123456);
+              }),
+              kInvalidArgument);
 }
 
 TEST(StretchBlt, WithoutExtentTouchesNothing) {

@@ -8,6 +8,7 @@
 #include "document/Globals.h"
 #include "settings/frmPrefs.h"
 #include "settings/RecentFiles.h"
+#include "support/Errors.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/Settings.h"
 
@@ -197,12 +198,7 @@ TEST_F(RecentFilesTest, ARaisedLimitFailsUntilTheNextStart) {
     frmPrefs->Combo1.ListIndex(1);
     frmPrefs->Command1_Click();
     ASSERT_EQ(MRUlimit, 5);
-    try {
-        UpdateMRUs(frmMain->mnuFileMRU, frmMain->mnuFileBar5, File("b.bmp"));
-        FAIL() << "nothing was raised";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 9);
-    }
+    EXPECT_EQ(ErrorOf([&] { UpdateMRUs(frmMain->mnuFileMRU, frmMain->mnuFileBar5, File("b.bmp")); }), 9);
     Restart();
     Open({"b.bmp"});
     EXPECT_EQ(Shown(), (Names{"b.bmp", "a.bmp"}));

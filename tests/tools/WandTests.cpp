@@ -1,6 +1,7 @@
 // The colour wand.
 #include "tools/Wand.h"
 
+#include "support/Errors.h"
 #include "tools/ToolTest.h"
 
 #include <map>
@@ -167,12 +168,7 @@ TEST_F(WandTest, RadiusAbove181IsAnOverflow) {
     frmImage& image = NewDocument(9, 9, 0x808080);
     EXPECT_NO_THROW(Apply(image, 4, 4, {1, 1, 1}, 181, 10));
     const Picture before = ImageOf(image);
-    try {
-        Apply(image, 4, 4, {1, 1, 1}, 182, 10);
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kOverflow);
-    }
+    EXPECT_EQ(ErrorOf([&] { Apply(image, 4, 4, {1, 1, 1}, 182, 10); }), kOverflow);
     ExpectSamePixels(ImageOf(image), before);
 }
 

@@ -1,6 +1,7 @@
 #include "base/RuntimeError.h"
 #include "devices/sane/SaneCalls.h"
 #include "devices/sane/Scanner.h"
+#include "support/Errors.h"
 
 #include <gtest/gtest.h>
 
@@ -80,15 +81,6 @@ ScanPage ScanWith(const ScanSettings& settings) {
     ScanProgress progress;
     Scanner scanner("test:0");
     return PageOf(scanner, settings, progress);
-}
-
-int ErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 /// The same page by the library's own command line program: a portable any-map of 8 bits a channel, or of 1.
