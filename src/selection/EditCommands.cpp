@@ -89,19 +89,13 @@ void FloatRectangle(frmImage& image, const Picture& bitmap) {
     image.PicSelectShape.Move(0, 0, image.PicSelect.Width(), image.PicSelect.Height());
 }
 
-// At 1:1 the bitmap itself is clipped; at other zooms its enlarged or reduced copy.
 void FillFreehand(frmImage& image, const Picture& bitmap) {
     Surface& shown = image.PicFreeSelect;
     shown.Picture(LoadPicture());
     image.SelHolder.Picture(bitmap);
-    if (image.factor == 1) {
-        shown.Picture(bitmap);
-        return;
-    }
     shown.Width(image.factor * image.SelHolder.Width());
     shown.Height(image.factor * image.SelHolder.Height());
-    StretchBlt(shown.hDC(), {0, 0, shown.PixelWidth(), shown.PixelHeight()}, image.SelHolder.hDC(),
-               {0, 0, image.SelHolder.PixelWidth(), image.SelHolder.PixelHeight()}, SRCCOPY);
+    shown.ShowStretched(bitmap, MaskKeyColour);
 }
 
 // Intended: the outline is found again by its mask colour, so that a shape survives the clipboard, which

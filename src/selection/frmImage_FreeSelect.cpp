@@ -80,8 +80,7 @@ void Lift(frmImage& image) {
     LiftPixels(image, clean, {image.FreeMinX, image.FreeMinY, image.FreeMaxX + 1, image.FreeMaxY + 1}, cut);
     image.hole = cut;
     image.liftedAt = image.factor;
-    TransparentBlt(shown.hDC(), {0, 0, shown.PixelWidth(), shown.PixelHeight()}, image.SelHolder.hDC(),
-                   {0, 0, width, height}, MaskKeyColour);
+    shown.ShowStretched(image.SelHolder.Image(), MaskKeyColour);
     // The display keeps the dashes around the piece; the image, which may be saved meanwhile, does not.
     ShowMerge(image);
     image.PicMerge.Picture(clean);

@@ -270,5 +270,64 @@ TEST_F(SurfaceTest, RegionClipsPointerAndView) {
     EXPECT_FALSE(FindWidget("surface")->mask().isEmpty());
 }
 
+constexpr Colour kKey = 0x8894A0;
+
+/// What `StretchBlt` makes of a picture on an empty surface.
+Picture StretchedTo(int width, int height, const Picture& picture) {
+    Bitmap bits(width, height, 0xFFFFFF);
+    DrawAttributes attributes;
+    DeviceContext to(bits, attributes);
+    StretchBits(to, {0, 0, width, height}, picture, {0, 0, picture.Width(), picture.Height()}, SRCCOPY);
+    return bits;
+}
+
+class StretchedSurfaceTest : public SurfaceTest {
+  protected:
+    StretchedSurfaceTest() {
+        piece.Set(1, 1, kKey);
+        piece.Set(2, 0, 0x0000FF);
+        piece.Set(0, 2, 0x00FF00);
+        surface.ShowStretched(piece, kKey);
+    }
+    Picture piece{4, 3, 0xFF0000};
+};
+
+TEST_F(StretchedSurfaceTest, ItsImageIsTheStretchedPicture) {
+    EXPECT_EQ(surface.Image(), StretchedTo(10, 8, piece));
+    EXPECT_EQ(surface.Image(), surface.Image());
+    EXPECT_EQ(surface.Point(9, 7), kBlue);
+    EXPECT_EQ(GetPixel(surface.hDC(), 3, 3), kKey);
+}
+
+TEST_F(StretchedSurfaceTest, WhatIsDrawnLiesOverIt) {
+    surface.PSet(0, 0, kGreen);
+    Picture expected = StretchedTo(10, 8, piece);
+    expected.Set(0, 0, 0x00FF00);
+    EXPECT_EQ(surface.Image(), expected);
+}
+
+TEST_F(StretchedSurfaceTest, AnotherSizeKeepsItsPixels) {
+    surface.Width(12);
+    Picture expected = StretchedTo(10, 8, piece).Resized(12, 8, 0xFFFFFF);
+    EXPECT_EQ(surface.Image(), expected);
+}
+
+TEST_F(StretchedSurfaceTest, ClsAndAnotherPictureEndIt) {
+    surface.Cls();
+    EXPECT_EQ(surface.Image(), Picture(10, 8, 0xFFFFFF));
+    surface.ShowStretched(piece, kKey);
+    surface.Picture(Picture(2, 2, 0x0000FF));
+    EXPECT_EQ(surface.Point(1, 1), kRed);
+    EXPECT_EQ(surface.Point(3, 3), kWhite);
+}
+
+TEST_F(StretchedSurfaceTest, WithoutAutoRedrawItIsWhatIsDrawnOn) {
+    surface.AutoRedraw(false);
+    surface.PSet(0, 0, kGreen);
+    EXPECT_EQ(surface.Image(), StretchedTo(10, 8, piece));
+    surface.ShowStretched(piece, kKey);
+    EXPECT_TRUE(surface.AutoRedraw());
+}
+
 } // namespace
 } // namespace pintalux

@@ -37,6 +37,63 @@ void AddGathered(const Pixel* pixels, const std::uint8_t* places, int count, std
     }
 }
 
+/// Of a picture with a key the sums leave out what is in its colour; the upper half of green counts the rest.
+constexpr std::uint32_t kOneSample = 0x00010000;
+
+PINTALUX_VECTOR_CLONES
+void AddRunUnlessKey(const Pixel* pixels, int count, Pixel key, std::uint32_t* redBlue,
+                     std::uint32_t* green) {
+    for (int i = 0; i < count; ++i) {
+        const std::uint32_t inside = pixels[i] == key ? 0U : ~0U;
+        redBlue[i] += pixels[i] & kRedAndBlue & inside;
+        green[i] += ((pixels[i] >> 8 & 0xFF) | kOneSample) & inside;
+    }
+}
+
+PINTALUX_VECTOR_CLONES
+void AddGatheredUnlessKey(const Pixel* pixels, const std::uint8_t* places, int count, Pixel key,
+                          std::uint32_t* redBlue, std::uint32_t* green) {
+    for (int i = 0; i < count; ++i) {
+        const Pixel pixel = pixels[places[i]];
+        const std::uint32_t inside = pixel == key ? 0U : ~0U;
+        redBlue[i] += pixel & kRedAndBlue & inside;
+        green[i] += ((pixel >> 8 & 0xFF) | kOneSample) & inside;
+    }
+}
+
+/// As `Divide`, with what `out` holds, alpha as well, in the place of the samples that were left out.
+template <int along>
+[[gnu::always_inline]] inline void DivideOver(const std::uint32_t* redBlue, const std::uint32_t* green,
+                                              int count, std::uint32_t samples, std::uint32_t* out) {
+    const std::uint32_t share = (65536 + samples - 1) / samples;
+    const std::uint32_t half = samples / 2;
+    for (int i = 0; i < count; ++i) {
+        std::uint32_t rb = 0;
+        std::uint32_t g = 0;
+        for (int j = 0; j < along; ++j) {
+            rb += redBlue[i * along + j];
+            g += green[i * along + j];
+        }
+        const std::uint32_t inside = g >> 16;
+        const std::uint32_t below = samples - inside;
+        const std::uint32_t under = out[i];
+        const std::uint32_t alpha = (255 * inside + below * (under >> 24) + half) * share >> 16;
+        const std::uint32_t red = ((rb & 0xFFFF) + below * (under >> 16 & 0xFF) + half) * share >> 16;
+        const std::uint32_t middle = ((g & 0xFFFF) + below * (under >> 8 & 0xFF) + half) * share >> 16;
+        const std::uint32_t blue = ((rb >> 16) + below * (under & 0xFF) + half) * share >> 16;
+        out[i] = alpha << 24 | red << 16 | middle << 8 | blue;
+    }
+}
+
+PINTALUX_VECTOR_CLONES
+void DivideRowOver(const std::uint32_t* redBlue, const std::uint32_t* green, int count, int along,
+                   std::uint32_t samples, std::uint32_t* out) {
+    if (along == 1) return DivideOver<1>(redBlue, green, count, samples, out);
+    if (along == 2) return DivideOver<2>(redBlue, green, count, samples, out);
+    if (along == 3) return DivideOver<3>(redBlue, green, count, samples, out);
+    DivideOver<4>(redBlue, green, count, samples, out);
+}
+
 /// The sums of `along` neighbours, divided by `samples` to nearest: for 16 samples of at most 255 the product
 /// is exact.
 template <int along>
@@ -69,8 +126,8 @@ void DivideRow(const std::uint32_t* redBlue, const std::uint32_t* green, int cou
 class ScreenMean {
   public:
     ScreenMean(const Bitmap& source, int width, int height, const Box& shown, std::uint32_t* out,
-               std::ptrdiff_t stride)
-        : source_(source), across_(SamplesAlong(source.Width(), width)),
+               std::ptrdiff_t stride, std::optional<Pixel> key)
+        : source_(source), key_(key), across_(SamplesAlong(source.Width(), width)),
           down_(SamplesAlong(source.Height(), height)),
           columns_(MapVisible(shown.left * across_, shown.right * across_, width * across_, source.Width())),
           rows_(MapVisible(shown.top * down_, shown.bottom * down_, height * down_, source.Height())),
@@ -87,7 +144,7 @@ class ScreenMean {
         std::vector<std::uint32_t> green(fine);
         for (int row = begin; row < end; ++row) {
             std::uint32_t* to = out_ + row * stride_;
-            if (row > begin && SameRows(row)) {
+            if (row > begin && SameRows(row) && !key_) {
                 std::copy_n(to - stride_, width_, to);
                 continue;
             }
@@ -95,8 +152,8 @@ class ScreenMean {
             std::fill(green.begin(), green.end(), 0);
             for (int sample = 0; sample < down_; ++sample)
                 AddRow(SourceRow(row * down_ + sample), redBlue.data(), green.data());
-            DivideRow(redBlue.data(), green.data(), width_, across_,
-                      static_cast<std::uint32_t>(across_ * down_), to);
+            (key_ ? DivideRowOver : DivideRow)(redBlue.data(), green.data(), width_, across_,
+                                               static_cast<std::uint32_t>(across_ * down_), to);
         }
     }
 
@@ -118,17 +175,21 @@ class ScreenMean {
             const TileColumns& part = parts_[i];
             const Pixel* pixels = source_.Run(part.tile, y).data();
             const int count = part.end - part.begin;
+            const std::uint8_t* places = places_.data() + part.begin;
+            std::uint32_t* toRedBlue = redBlue + part.begin;
+            std::uint32_t* toGreen = green + part.begin;
             if (adjoining_[i]) {
-                AddRun(pixels + places_[static_cast<std::size_t>(part.begin)], count, redBlue + part.begin,
-                       green + part.begin);
+                key_ ? AddRunUnlessKey(pixels + *places, count, *key_, toRedBlue, toGreen)
+                     : AddRun(pixels + *places, count, toRedBlue, toGreen);
             } else {
-                AddGathered(pixels, places_.data() + part.begin, count, redBlue + part.begin,
-                            green + part.begin);
+                key_ ? AddGatheredUnlessKey(pixels, places, count, *key_, toRedBlue, toGreen)
+                     : AddGathered(pixels, places, count, toRedBlue, toGreen);
             }
         }
     }
 
     const Bitmap& source_;
+    std::optional<Pixel> key_;
     int across_; ///< Samples of a screen pixel along a row,
     int down_;   ///< and down a column.
     AxisMap columns_;
@@ -148,8 +209,8 @@ int SamplesAlong(int source, int destination) {
 }
 
 void MeanForScreen(const Bitmap& source, int width, int height, const Box& shown, std::uint32_t* out,
-                   std::ptrdiff_t stride) {
-    const ScreenMean mean(source, width, height, shown, out, stride);
+                   std::ptrdiff_t stride, std::optional<Pixel> key) {
+    const ScreenMean mean(source, width, height, shown, out, stride, key);
     if (std::int64_t{shown.Width()} * shown.Height() < kWorthSplitting) return mean.Rows(0, shown.Height());
     SplitOverCores(shown.Height(), [&](int begin, int end) { mean.Rows(begin, end); });
 }

@@ -4,6 +4,7 @@
 #include "surface/raster/Bitmap.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace pintalux {
 
@@ -18,8 +19,8 @@ inline std::uint32_t OnScreen(Pixel pixel) {
 int SamplesAlong(int source, int destination);
 
 /// As `StretchForScreen`, for a picture that is shown smaller than it is along an axis. `shown` is not empty
-/// and lies inside.
+/// and lies inside. Samples in the colour `key` let through what `out` held.
 void MeanForScreen(const Bitmap& source, int width, int height, const Box& shown, std::uint32_t* out,
-                   std::ptrdiff_t stride);
+                   std::ptrdiff_t stride, std::optional<Pixel> key = std::nullopt);
 
 } // namespace pintalux

@@ -1,3 +1,4 @@
+#include "surface/raster/ScreenPiece.h"
 #include "surface/raster/Transfer.h"
 #include "surface/window/Painting_native.h"
 
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace pintalux {
@@ -58,30 +60,70 @@ QImage* CanvasOf(const QPainter& painter) {
     return plain ? image : nullptr;
 }
 
+/// What is painted: a picture in a size, in device pixels, and its transparent colour if it has one.
+struct Shown {
+    const Bitmap& source;
+    QSize size;
+    std::optional<Pixel> transparent;
+
+    /// Writes a part of it, or lays it over what stands there.
+    void Write(const QRect& part, std::uint32_t* out, qsizetype stride) const {
+        if (transparent) {
+            LayForScreen(source, *transparent, size.width(), size.height(), ToBox(part), out, stride);
+        } else {
+            StretchForScreen(source, size.width(), size.height(), ToBox(part), out, static_cast<int>(stride));
+        }
+    }
+};
+
 /// Writes the pixels where the display takes them from. The way over a picture of its own and the painter
 /// writes and reads each of them once more, which takes longer than all the rest of a repaint.
-void PaintInPlace(QImage& canvas, const QPoint& origin, const QRect& part, const Bitmap& source,
-                  const QSize& size) {
-    const QRect shown = part & canvas.rect().translated(-origin);
-    if (shown.isEmpty()) return;
-    const QPoint corner = shown.topLeft() + origin;
+void PaintInPlace(QImage& canvas, const QPoint& origin, const QRect& part, const Shown& shown) {
+    const QRect visible = part & canvas.rect().translated(-origin);
+    if (visible.isEmpty()) return;
+    const QPoint corner = visible.topLeft() + origin;
     auto* line = static_cast<std::uint32_t*>(static_cast<void*>(canvas.scanLine(corner.y())));
-    StretchForScreen(source, size.width(), size.height(), ToBox(shown), line + corner.x(),
-                     static_cast<int>(canvas.bytesPerLine() / 4));
+    shown.Write(visible, line + corner.x(), canvas.bytesPerLine() / 4);
 }
 
 /// Paints device pixels; the painter counts them.
-void PaintPart(QPainter& painter, const QPoint& origin, const QRect& part, const Bitmap& source,
-               const QSize& size) {
+void PaintPart(QPainter& painter, const QPoint& origin, const QRect& part, const Shown& shown) {
     // Kept from one repaint to the next: fresh memory for a view costs more than the pixels in it. Painting
     // happens on the interface thread only.
     static std::vector<std::uint32_t> pixels;
     const auto count = static_cast<std::size_t>(part.width()) * static_cast<std::size_t>(part.height());
     if (pixels.size() < count) pixels.resize(count);
-    StretchForScreen(source, size.width(), size.height(), ToBox(part), pixels.data(), part.width());
+    if (shown.transparent) std::fill_n(pixels.begin(), count, 0);
+    shown.Write(part, pixels.data(), part.width());
     const QImage image(static_cast<const uchar*>(static_cast<const void*>(pixels.data())), part.width(),
-                       part.height(), qsizetype{part.width()} * 4, QImage::Format_RGB32);
+                       part.height(), qsizetype{part.width()} * 4,
+                       shown.transparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
     painter.drawImage(part.topLeft() + origin, image);
+}
+
+/// `around` null: nothing is painted beside the picture.
+void PaintParts(QWidget& widget, const QRegion& exposed, const Bitmap& source, const QSize& size,
+                std::optional<Pixel> transparent, const QColor* around) {
+    QPainter painter(&widget);
+    const DeviceGrid grid(painter);
+    const Shown shown{source, grid.Scaled(size), transparent};
+    const QRect picture = source.Empty() ? QRect() : QRect(QPoint(0, 0), size);
+    const bool many = exposed.rectCount() > kManyRectangles;
+    const QRegion region = many ? QRegion(exposed.boundingRect()) : exposed;
+    // Only the painter keeps to what is exposed by itself, and to the part of a pixel that is.
+    QImage* canvas = many || !grid.Exact() ? nullptr : CanvasOf(painter);
+    for (const QRect& rect : region) {
+        const QRect part = rect.intersected(picture);
+        if (around && part != rect) painter.fillRect(rect, *around);
+        if (part.isEmpty()) continue;
+        const QRect pixels = grid.Touched(part) & QRect(QPoint(0, 0), shown.size);
+        if (canvas) {
+            PaintInPlace(*canvas, grid.origin, pixels, shown);
+        } else if (!pixels.isEmpty()) {
+            const DevicePixels device(painter);
+            PaintPart(painter, grid.origin, pixels, shown);
+        }
+    }
 }
 
 } // namespace
@@ -133,26 +175,12 @@ void PaintFrame(QPainter& painter, const QRect& rect, const QColor& colour, int 
 
 void PaintBitmap(QWidget& widget, const QRegion& exposed, const Bitmap& source, const QSize& size,
                  const QColor& around) {
-    QPainter painter(&widget);
-    const DeviceGrid grid(painter);
-    const QSize onDevice = grid.Scaled(size);
-    const QRect picture = source.Empty() ? QRect() : QRect(QPoint(0, 0), size);
-    const bool many = exposed.rectCount() > kManyRectangles;
-    const QRegion region = many ? QRegion(exposed.boundingRect()) : exposed;
-    // Only the painter keeps to what is exposed by itself, and to the part of a pixel that is.
-    QImage* canvas = many || !grid.Exact() ? nullptr : CanvasOf(painter);
-    for (const QRect& rect : region) {
-        const QRect part = rect.intersected(picture);
-        if (part != rect) painter.fillRect(rect, around);
-        if (part.isEmpty()) continue;
-        const QRect pixels = grid.Touched(part) & QRect(QPoint(0, 0), onDevice);
-        if (canvas) {
-            PaintInPlace(*canvas, grid.origin, pixels, source, onDevice);
-        } else if (!pixels.isEmpty()) {
-            const DevicePixels device(painter);
-            PaintPart(painter, grid.origin, pixels, source, onDevice);
-        }
-    }
+    PaintParts(widget, exposed, source, size, std::nullopt, &around);
+}
+
+void PaintOver(QWidget& widget, const QRegion& exposed, const Bitmap& source, Pixel transparent,
+               const QSize& size) {
+    PaintParts(widget, exposed, source, size, transparent, nullptr);
 }
 
 void PaintFocusFrame(QWidget& widget) {

@@ -77,6 +77,10 @@ void PaintTexts(QPainter& painter, const QRegion& exposed, const std::vector<Scr
 void PaintBitmap(QWidget& widget, const QRegion& exposed, const Bitmap& source, const QSize& size,
                  const QColor& around);
 
+/// The same of a picture with a transparent colour, over what lies below the widget.
+void PaintOver(QWidget& widget, const QRegion& exposed, const Bitmap& source, Pixel transparent,
+               const QSize& size);
+
 /// The part of a widget that its ancestors leave to be seen, whatever lies over it.
 QRect VisibleRect(const QWidget& widget);
 

@@ -1,6 +1,8 @@
 #include "surface/window/Surface.h"
 
 #include "base/RuntimeError.h"
+#include "surface/raster/ScreenPiece.h"
+#include "surface/raster/Transfer.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Surface_native.h"
 
@@ -22,6 +24,8 @@ Surface::Surface(Container& parent, std::string name)
     widget->setAttribute(Qt::WA_OpaquePaintEvent);
     widget->paint = [this](QPaintEvent& event) {
         if (surface_->panel) return surface_->PaintPanel(event, texts_);
+        if (stretched_)
+            return surface_->PaintPiece(stretched_->picture, PixelOf(stretched_->transparent), event);
         surface_->Paint(screen_ ? *screen_ : persistent_, event, backColor_);
     };
     surface_->widget = widget;
@@ -63,6 +67,7 @@ void Surface::TakePictureSize() {
 
 void Surface::AutoRedraw(bool value) {
     if (value == AutoRedraw()) return;
+    Settle();
     if (value) {
         dc_.Redirect(persistent_);
         screen_.reset();
@@ -76,6 +81,7 @@ void Surface::AutoRedraw(bool value) {
 /// Back to the stored picture over the back colour, on the screen as well.
 void Surface::ResetPersistent() {
     texts_.clear();
+    EndStretched();
     const int width = PixelWidth();
     const int height = PixelHeight();
     drawn_ = false;
@@ -94,12 +100,50 @@ void Surface::ResizeBitmaps() {
     const int width = PixelWidth();
     const int height = PixelHeight();
     if (persistent_.Width() == width && persistent_.Height() == height) return;
+    Settle();
     // Nothing drawn: a fresh bitmap shares its tiles, where a grown one would have edges of its own. The
     // backing panel of a document is as large as the zoomed image.
     if (!drawn_) return ResetPersistent();
     persistent_ = persistent_.Resized(width, height, PixelOf(backColor_));
     if (screen_) *screen_ = screen_->Resized(width, height, PixelOf(backColor_));
     Changed(persistent_.Bounds());
+}
+
+void Surface::ShowStretched(pintalux::Picture value, Colour transparent) {
+    AutoRedraw(true);
+    drawn_ = true;
+    persistent_ = Bitmap(persistent_.Width(), persistent_.Height(), PixelOf(backColor_));
+    stretched_ = {std::move(value), transparent};
+    if (surface_->widget) surface_->widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    Changed(persistent_.Bounds());
+}
+
+/// The bitmap that the picture would have made.
+Picture Surface::Stretched() const {
+    pintalux::Picture bits = persistent_;
+    DrawAttributes attributes;
+    DeviceContext to(bits, attributes);
+    const pintalux::Picture& from = stretched_->picture;
+    StretchBits(to, {0, 0, bits.Width(), bits.Height()}, from, {0, 0, from.Width(), from.Height()}, SRCCOPY);
+    return bits;
+}
+
+/// Whoever asks for the bitmap has it.
+void Surface::Settle() const {
+    if (!stretched_) return;
+    persistent_ = Stretched();
+    EndStretched();
+}
+
+void Surface::EndStretched() const {
+    if (!stretched_) return;
+    stretched_.reset();
+    if (surface_->widget) surface_->widget->setAttribute(Qt::WA_OpaquePaintEvent, true);
+}
+
+Region Surface::ShapeWithout(Colour colour) const {
+    const pintalux::Picture& shown = stretched_ ? stretched_->picture : persistent_;
+    return ShapeOnView(shown, PixelOf(colour), persistent_.Width(), persistent_.Height());
 }
 
 void Surface::Placed() {
@@ -186,6 +230,12 @@ void SurfaceNative::PaintPanel(QPaintEvent& event, const std::vector<ScreenText>
         painter.fillRect(rect, widget->palette().window());
     const QColor ink = widget->palette().color(QPalette::WindowText);
     PaintTexts(painter, event.region(), texts, widget->font(), &ink);
+}
+
+void SurfaceNative::PaintPiece(const Bitmap& piece, Pixel transparent, QPaintEvent& event) {
+    pending = {};
+    PaintOver(*widget, event.region(), piece, transparent, widget->size());
+    if (!edge.isEmpty()) PaintEdge(event.region());
 }
 
 // Dots in the opposite colours, as around a rectangle: a piece that lies where it came from could not be seen

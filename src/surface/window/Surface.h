@@ -56,7 +56,16 @@ class Surface : public Container {
     void Picture(pintalux::Picture value);
     /// What the surface shows, drawn pixels included. While `AutoRedraw` is off: without what was drawn
     /// since.
-    pintalux::Picture Image() const { return persistent_; }
+    pintalux::Picture Image() const { return stretched_ ? Stretched() : persistent_; }
+
+    /// Draws a picture over the whole surface, stretched to its size, with `transparent` as the colour of
+    /// what does not belong to it: on the screen what lies below shows there. A surface as large as a zoomed
+    /// view costs the picture alone; its bitmap, with pixels repeated or dropped as `StretchBlt` does, is
+    /// made when somebody asks for it. Reduced on the screen the picture shows as means.
+    void ShowStretched(pintalux::Picture value, Colour transparent);
+    /// What of the surface is not in a colour, to clip it to; reduced, all that holds anything of its
+    /// picture.
+    Region ShapeWithout(Colour colour) const;
 
     bool AutoRedraw() const { return !screen_.has_value(); }
     /// Off: drawing goes to the screen only, and `Image` does not see it. On again: that drawing is gone.
@@ -66,8 +75,14 @@ class Surface : public Container {
     AutoSize(bool value); ///< Switched on, the surface takes the size of its picture at once, if it has one.
 
     /// The device context; refers to the persistent bitmap, or to the screen while `AutoRedraw` is off.
-    DeviceContext& hDC() { return dc_; }
-    const DeviceContext& hDC() const { return dc_; } ///< To read from.
+    DeviceContext& hDC() {
+        Settle();
+        return dc_;
+    }
+    const DeviceContext& hDC() const { ///< To read from.
+        Settle();
+        return dc_;
+    }
 
     Colour ForeColor() const { return attributes_.ForeColor; }
     void ForeColor(Colour value) { attributes_.ForeColor = value; }
@@ -144,10 +159,20 @@ class Surface : public Container {
     void ResizeBitmaps();
     void TakePictureSize();
     void Changed(const Box& box);
+    pintalux::Picture Stretched() const;
+    void Settle() const;
+    void EndStretched() const;
+
+    /// A picture that is shown without a bitmap of the surface's size.
+    struct StretchedPicture {
+        pintalux::Picture picture;
+        Colour transparent;
+    };
 
     Colour backColor_ = kWhite;
     pintalux::Picture picture_;
-    Bitmap persistent_;
+    mutable Bitmap persistent_; ///< Blank while `stretched_` has the contents.
+    mutable std::optional<StretchedPicture> stretched_;
     std::optional<Bitmap> screen_;
     bool autoSize_ = false;
     bool drawn_ = false; ///< Something was drawn since the contents were last reset.

@@ -95,10 +95,10 @@ void Surface::Print(const std::string& text) {
         currentY_ += QFontMetrics(font).height();
         return;
     }
-    const QRect part = PartOn(ReachOf(font, line), x, y, dc_.Bits());
+    const QRect part = PartOn(ReachOf(font, line), x, y, hDC().Bits());
     if (!part.isEmpty()) {
-        dc_.Touched(Stamp(dc_.Bits(), RenderPart(font, line, part), x + part.left(), y + part.top(),
-                          PixelOf(attributes_.ForeColor)));
+        hDC().Touched(Stamp(hDC().Bits(), RenderPart(font, line, part), x + part.left(), y + part.top(),
+                            PixelOf(attributes_.ForeColor)));
     }
     currentX_ = 0;
     currentY_ += QFontMetrics(font).height();

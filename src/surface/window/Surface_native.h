@@ -28,6 +28,8 @@ struct SurfaceNative {
 
     /// Paints what the event names; `backColor` shows where the bitmap ends.
     void Paint(const Bitmap& bitmap, QPaintEvent& event, Colour backColor);
+    /// The same of a picture in the widget's size; what lies below shows through `transparent`.
+    void PaintPiece(const Bitmap& piece, Pixel transparent, QPaintEvent& event);
     void PaintPanel(QPaintEvent& event, const std::vector<ScreenText>& texts);
     void PaintEdge(const QRegion& exposed);
     /// Has a part of the bitmap painted at the next occasion.
