@@ -2,6 +2,7 @@
 // strokes.
 #include "surface/raster/Drawing.h"
 #include "surface/raster/FloodFill.h"
+#include "surface/raster/ReducedView.h"
 #include "surface/raster/Region.h"
 #include "surface/raster/Transfer.h"
 
@@ -244,6 +245,21 @@ void ScreenStretch(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * visible.Width() * visible.Height());
 }
 
+// A repaint of a reduced view that nothing has changed in, as while it scrolls.
+void RepaintReduced(benchmark::State& state) {
+    static const Bitmap source = Noise(kWidth, kHeight);
+    const int width = Shown(state, kWidth);
+    const int height = Shown(state, kHeight);
+    const Box visible = Intersection({0, 0, width, height}, {0, 0, kScreenWidth, kScreenHeight});
+    std::vector<std::uint32_t> screen(static_cast<std::size_t>(kScreenWidth) * kScreenHeight);
+    ReducedView view;
+    for (auto _ : state) {
+        view.Show(source, width, height, visible, screen.data(), kScreenWidth);
+        benchmark::ClobberMemory();
+    }
+    state.SetItemsProcessed(state.iterations() * visible.Width() * visible.Height());
+}
+
 void PlainNearestNeighbour(benchmark::State& state) {
     static const Bitmap bits = Noise(kWidth, kHeight);
     static const std::vector<std::uint32_t> source = Flat(bits);
@@ -273,6 +289,7 @@ void Zooms(benchmark::internal::Benchmark* zooms) {
     zooms->Unit(benchmark::kMicrosecond);
 }
 BENCHMARK(ScreenStretch)->Apply(Zooms);
+BENCHMARK(RepaintReduced)->Args({1, 16})->Args({1, 4})->Args({1, 2})->Unit(benchmark::kMicrosecond);
 BENCHMARK(PlainNearestNeighbour)->Apply(Zooms);
 
 // range(0): how far the copy is shifted, in pixels; 0 lines up with the tiles.

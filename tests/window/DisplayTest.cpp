@@ -189,6 +189,36 @@ TEST_F(DisplayTest, ScreenShowsEachPixelOfTheStretchedPicture) {
     }
 }
 
+TEST_F(DisplayTest, AReducedPictureShowsWhatChangedWhileItWasOutOfSight) {
+    Picture picture = Patterned(2400, 2000);
+    display.Picture(picture);
+    Show();
+    const auto expectShown = [&] {
+        display.Refresh();
+        LetEventsRun();
+        const QImage shown = DeviceScreen();
+        const double scale = FindWidget("plain")->devicePixelRatio();
+        const QSize view(static_cast<int>(600 * scale), static_cast<int>(500 * scale));
+        for (int y = 0; y < view.height(); ++y)
+            for (int x = 0; x < view.width(); ++x)
+                ASSERT_EQ(shown.pixel(x, y), MeanPixel(picture, x, y, view)) << x << ", " << y;
+    };
+    expectShown();
+    display.Visible(false);
+    picture.Fill({1001, 777, 1300, 783}, 0x00FF00);
+    display.Picture(picture);
+    picture.Set(3, 3, 0);
+    display.Picture(picture);
+    display.Visible(true);
+    expectShown();
+    picture = Patterned(1200, 1000);
+    display.Picture(picture);
+    expectShown();
+    picture.Set(1199, 999, 0x0000FF);
+    display.Picture(picture);
+    expectShown();
+}
+
 TEST_F(DisplayTest, RepaintLeavesAloneWhatLiesOverTheDisplay) {
     Surface over(panel, "over");
     over.BackColor(0x00FFFF);

@@ -48,14 +48,21 @@ void MarkDifference(QWidget& widget, const Bitmap& before, const Bitmap& after) 
     }
 }
 
-PaintedWidget* WidgetOfDisplay(const Display& display) {
-    return static_cast<PaintedWidget*>(WidgetOf(display));
+/// The widget of a display, with what it keeps of a reduced picture.
+class DisplayWidget : public PaintedWidget {
+  public:
+    using PaintedWidget::PaintedWidget;
+    ReducedView kept;
+};
+
+DisplayWidget* WidgetOfDisplay(const Display& display) {
+    return static_cast<DisplayWidget*>(WidgetOf(display));
 }
 
 } // namespace
 
 Display::Display(Container& parent, std::string name) : Control(&parent, std::move(name)) {
-    InstallWidget(*this, new PaintedWidget(ClientWidgetOf(parent)));
+    InstallWidget(*this, new DisplayWidget(ClientWidgetOf(parent)));
     PaintPicture();
 }
 
@@ -66,11 +73,12 @@ Display::~Display() {
 /// Has the widget show the picture. Without one the container shines through; with one nothing below needs
 /// painting.
 void Display::PaintPicture() {
-    PaintedWidget* widget = WidgetOfDisplay(*this);
+    DisplayWidget* widget = WidgetOfDisplay(*this);
     if (!widget) return;
     widget->setAttribute(Qt::WA_OpaquePaintEvent, !picture_.Empty());
     widget->paint = [this, widget](QPaintEvent& event) {
-        if (!picture_.Empty()) PaintBitmap(*widget, event.region(), picture_, widget->size(), QColor());
+        if (!picture_.Empty())
+            PaintBitmap(*widget, event.region(), picture_, widget->size(), QColor(), &widget->kept);
         if (texts_.empty()) return;
         QPainter painter(widget);
         PaintTexts(painter, event.region(), texts_, SmallFont());
@@ -80,7 +88,8 @@ void Display::PaintPicture() {
 void Display::Picture(pintalux::Picture value) {
     const pintalux::Picture before = std::exchange(picture_, std::move(value));
     if (before.Empty() != picture_.Empty()) PaintPicture();
-    QWidget* widget = WidgetOf(*this);
+    DisplayWidget* widget = WidgetOfDisplay(*this);
+    if (widget) widget->kept.Changed(before, picture_);
     if (widget && widget->isVisible()) MarkDifference(*widget, before, picture_);
 }
 

@@ -65,11 +65,14 @@ struct Shown {
     const Bitmap& source;
     QSize size;
     std::optional<Pixel> transparent;
+    ReducedView* kept; ///< Null: nothing is kept of it.
 
     /// Writes a part of it, or lays it over what stands there.
     void Write(const QRect& part, std::uint32_t* out, qsizetype stride) const {
         if (transparent) {
             LayForScreen(source, *transparent, size.width(), size.height(), ToBox(part), out, stride);
+        } else if (kept) {
+            kept->Show(source, size.width(), size.height(), ToBox(part), out, stride);
         } else {
             StretchForScreen(source, size.width(), size.height(), ToBox(part), out, static_cast<int>(stride));
         }
@@ -103,10 +106,10 @@ void PaintPart(QPainter& painter, const QPoint& origin, const QRect& part, const
 
 /// `around` null: nothing is painted beside the picture.
 void PaintParts(QWidget& widget, const QRegion& exposed, const Bitmap& source, const QSize& size,
-                std::optional<Pixel> transparent, const QColor* around) {
+                std::optional<Pixel> transparent, const QColor* around, ReducedView* kept) {
     QPainter painter(&widget);
     const DeviceGrid grid(painter);
-    const Shown shown{source, grid.Scaled(size), transparent};
+    const Shown shown{source, grid.Scaled(size), transparent, kept};
     const QRect picture = source.Empty() ? QRect() : QRect(QPoint(0, 0), size);
     const bool many = exposed.rectCount() > kManyRectangles;
     const QRegion region = many ? QRegion(exposed.boundingRect()) : exposed;
@@ -174,13 +177,13 @@ void PaintFrame(QPainter& painter, const QRect& rect, const QColor& colour, int 
 }
 
 void PaintBitmap(QWidget& widget, const QRegion& exposed, const Bitmap& source, const QSize& size,
-                 const QColor& around) {
-    PaintParts(widget, exposed, source, size, std::nullopt, &around);
+                 const QColor& around, ReducedView* kept) {
+    PaintParts(widget, exposed, source, size, std::nullopt, &around, kept);
 }
 
 void PaintOver(QWidget& widget, const QRegion& exposed, const Bitmap& source, Pixel transparent,
                const QSize& size) {
-    PaintParts(widget, exposed, source, size, transparent, nullptr);
+    PaintParts(widget, exposed, source, size, transparent, nullptr, nullptr);
 }
 
 void PaintFocusFrame(QWidget& widget) {

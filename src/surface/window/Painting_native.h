@@ -3,6 +3,7 @@
 
 #include "surface/raster/Bitmap.h"
 #include "surface/raster/Colour.h"
+#include "surface/raster/ReducedView.h"
 #include "surface/window/Surface.h"
 
 #include <QColor>
@@ -73,9 +74,9 @@ void PaintTexts(QPainter& painter, const QRegion& exposed, const std::vector<Scr
                 const QFont& font, const QColor* colour = nullptr);
 
 /// Paints `source`, stretched to `size`, on the parts of the widget that the event names; `around` shows
-/// beside it. Costs what is exposed.
+/// beside it. Costs what is exposed. `kept`, if given, has what was painted before.
 void PaintBitmap(QWidget& widget, const QRegion& exposed, const Bitmap& source, const QSize& size,
-                 const QColor& around);
+                 const QColor& around, ReducedView* kept = nullptr);
 
 /// The same of a picture with a transparent colour, over what lies below the widget.
 void PaintOver(QWidget& widget, const QRegion& exposed, const Bitmap& source, Pixel transparent,
