@@ -31,4 +31,9 @@ std::optional<std::string> AnswerInTerminal(int argc, const char* const* argv) {
     return answer;
 }
 
+std::string LoneFile(int argc, const char* const* argv) {
+    if (argc != 2 || argv[1][0] == '-') return {};
+    return argv[1];
+}
+
 } // namespace pintalux

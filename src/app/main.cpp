@@ -7,6 +7,7 @@
 #include "files/FileNames.h"
 #include "surface/system/App.h"
 #include "surface/system/EndSignals.h"
+#include "surface/system/Pictures.h"
 #include "surface/system/Session.h"
 #include "surface/window/Events.h"
 
@@ -22,6 +23,9 @@ int main(int argc, char** argv) {
     }
     // A limit on the size of files is an error of the write, like a full disk; not the end.
     std::signal(SIGXFSZ, SIG_IGN);
+    // The toolkit takes as long to be there as a photograph to be read.
+    if (const std::string file = LoneFile(argc, argv); !file.empty() && !App.PrevInstance())
+        LoadPictureAhead(LongFileName(file));
     Application application(argc, argv);
     KeepsRuns = true;
     OnEndSignal(SettleDocuments);

@@ -29,6 +29,15 @@ TEST(CommandWords, AllElseIsAPath) {
     EXPECT_FALSE(AnswerTo({"praia --version"}));
 }
 
+TEST(CommandWords, OneWordThatIsNoOptionIsTheFile) {
+    const char* const words[] = {"pintalux64", "praia.jpg", "2.jpg"};
+    EXPECT_EQ(LoneFile(1, words), "");
+    EXPECT_EQ(LoneFile(2, words), "praia.jpg");
+    EXPECT_EQ(LoneFile(3, words), "");
+    const char* const option[] = {"pintalux64", "-reverse"};
+    EXPECT_EQ(LoneFile(2, option), "");
+}
+
 TEST(CommandWords, AFileThatIsCalledSoIsAPath) {
     PutBytes("--version", "");
     EXPECT_FALSE(AnswerTo({"--version"}));

@@ -6,7 +6,10 @@
 #include "surface/system/ToolkitReader.h"
 #include "surface/window/Waiting.h"
 
+#include <QCoreApplication>
+
 #include <array>
+#include <atomic>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -42,6 +45,11 @@ Picture ReadBmp(File& file, const std::stop_token& stop) {
     return header.compressed ? ReadBmpRunLengths(file, header, stop) : ReadBmpRows(file, header, stop);
 }
 
+/// Whether the toolkit decodes it, which must be there for that.
+bool IsOfToolkit(Kind kind) {
+    return kind != Kind::Bmp && kind != Kind::Jpeg && kind != Kind::Gif;
+}
+
 } // namespace
 
 Picture LoadPicture(const std::string& path, const std::stop_token& stop) {
@@ -73,17 +81,19 @@ namespace {
 class ReadingAhead {
   public:
     explicit ReadingAhead(const std::string& path)
-        : path_(path), stamp_(StampOfFile(path)),
+        : path_(path), beforeToolkit_(QCoreApplication::instance() == nullptr), stamp_(StampOfFile(path)),
           thread_([this](const std::stop_token& stop) { Read(stop); }) {}
 
     const std::string& Path() const { return path_; }
+    /// Whether it began too early for this file.
+    bool Abandoned() const { return abandoned_; }
 
     /// The picture; error 18 soon after `stop` is asked for, and whatever the reading ran into. Nothing if
     /// the file has changed since.
     std::optional<Picture> Finish(const std::stop_token& stop) {
         const std::stop_callback passOn(stop, [this] { thread_.request_stop(); });
         thread_.join();
-        if (StampOfFile(path_) != stamp_) return {};
+        if (abandoned_ || StampOfFile(path_) != stamp_) return {};
         if (failure_) std::rethrow_exception(failure_);
         return std::move(picture_);
     }
@@ -91,13 +101,19 @@ class ReadingAhead {
   private:
     void Read(const std::stop_token& stop) {
         try {
-            picture_ = LoadPicture(path_, stop);
+            if (beforeToolkit_) {
+                File file = File::OpenForReading(path_);
+                abandoned_ = IsOfToolkit(KindOf(file));
+            }
+            if (!abandoned_) picture_ = LoadPicture(path_, stop);
         } catch (...) {
             failure_ = std::current_exception();
         }
     }
 
     std::string path_;
+    bool beforeToolkit_;
+    std::atomic<bool> abandoned_ = false;
     std::optional<FileStamp> stamp_;
     Picture picture_;
     std::exception_ptr failure_;
@@ -109,6 +125,7 @@ std::unique_ptr<ReadingAhead> readingAhead;
 } // namespace
 
 void LoadPictureAhead(const std::string& path) {
+    if (readingAhead && readingAhead->Path() == path && !readingAhead->Abandoned()) return;
     try {
         readingAhead = std::make_unique<ReadingAhead>(path);
     } catch (const std::exception&) { // No file, or no thread: it is told when the picture is asked for.

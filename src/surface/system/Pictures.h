@@ -29,7 +29,8 @@ Picture LoadPictureWaiting(const std::string& path);
 
 /// Begins to read the file beside whatever else is to be done before `LoadPictureWaiting` asks for it; that
 /// takes the result, unless the file is another one by then. Nothing is said of a failure until it is asked
-/// for. For the interface's thread.
+/// for. Begun before there is an `Application`, it leaves what the toolkit decodes to a second call; one for
+/// the file that is being read goes on with it. For the interface's thread.
 void LoadPictureAhead(const std::string& path);
 
 /// Writes an uncompressed 24-bit BMP to `path`, in place. Every write and the close are checked; errors as
