@@ -205,6 +205,7 @@ void Commit(frmImage& image, Target target) {
 }
 
 void FinishOperation(frmImage& image) {
+    image.picsource.Picture({}); // Once an undo has left the result, nothing else would hold its memory.
     ShowMerge(image);
     image.Backup();
 }

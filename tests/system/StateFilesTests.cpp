@@ -72,13 +72,14 @@ class KeptStates {
         states.SaveBehind(picture, paths.back(), this);
         states.Settle();
     }
-    /// Whether each is taken from memory.
+    /// Whether each is taken from memory. The newest first, as an undo goes: what is read takes the room of
+    /// what lies far behind.
     std::vector<bool> InMemory() const {
-        std::vector<bool> kept;
-        for (std::size_t i = 0; i < paths.size(); ++i) {
+        std::vector<bool> kept(paths.size());
+        for (std::size_t i = paths.size(); i-- > 0;) {
             const Picture loaded = states.LoadState(paths[i]);
             EXPECT_TRUE(loaded == pictures[i]);
-            kept.push_back(SharePixels(loaded, pictures[i]));
+            kept[i] = SharePixels(loaded, pictures[i]);
         }
         return kept;
     }
@@ -120,6 +121,31 @@ TEST(KeptStates, OldestGoWhereTheRoomEnds) {
         kept.Save(Shade(grey));
     // The newest is on the screen as well; of the others one and a half have room.
     EXPECT_EQ(kept.InMemory(), (std::vector{false, false, true, true}));
+}
+
+TEST(KeptStates, WhatLiesFarFromTheShownStateGoes) {
+    const SupposedMemory memory(4 * PictureBytes(300, 300) * 5 / 2);
+    KeptStates kept;
+    for (Pixel grey = 1; grey <= 6; ++grey)
+        kept.Save(Shade(grey));
+    std::vector<Picture> walked(6);
+    for (std::size_t i = 5; i > 0; --i)
+        walked[i] = kept.states.LoadState(kept.paths[i]);
+    EXPECT_FALSE(SharePixels(walked[2], kept.pictures[2])) << "read from its file";
+    // The second is on the screen; beside it two and a half have room, of which the nearest are newer ones.
+    EXPECT_TRUE(SharePixels(kept.states.LoadState(kept.paths[1]), walked[1]));
+    EXPECT_TRUE(SharePixels(kept.states.LoadState(kept.paths[2]), walked[2]));
+    EXPECT_TRUE(SharePixels(kept.states.LoadState(kept.paths[3]), walked[3]));
+    EXPECT_FALSE(SharePixels(kept.states.LoadState(kept.paths[5]), kept.pictures[5]));
+}
+
+TEST(KeptStates, AFileThatSomebodyTouchedIsKeptAsItIsNow) {
+    KeptStates kept;
+    kept.Save(Shade(1));
+    SavePicture(Shade(2), kept.paths[0]);
+    const Picture read = kept.states.LoadState(kept.paths[0]);
+    EXPECT_TRUE(SharePixels(kept.states.LoadState(kept.paths[0]), read));
+    EXPECT_TRUE(read == Shade(2));
 }
 
 TEST(KeptStates, StrokesTakeTheRoomOfTheirTiles) {

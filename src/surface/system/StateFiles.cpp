@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <list>
@@ -29,7 +30,7 @@ namespace {
 struct State {
     Picture picture;                // once the file is complete, as long as there is room for it
     std::uint64_t length = 0;       // of the complete file
-    std::uint64_t sequence = 0;     // in which it came
+    std::int64_t sequence = 0;      // in which it came
     const void* document = nullptr; // whose it is
     std::optional<FileStamp> stamp; // of the complete file, for as long as the picture stays behind it
 };
@@ -116,7 +117,8 @@ struct StateFiles::Shared {
     std::condition_variable done;     // told by the writer
     std::condition_variable sleeping; // told to the one that makes durable
     std::map<std::string, State> states;
-    std::list<Pending> pending; // what is at the writer stays until it is written
+    std::map<const void*, std::int64_t> shown; // the sequence of the state that a document shows
+    std::list<Pending> pending;                // what is at the writer stays until it is written
     const Pending* writing = nullptr;
     std::list<Pending> failed;
     std::map<std::string, std::string> notes; // without the one at the writer
@@ -124,7 +126,7 @@ struct StateFiles::Shared {
     std::map<std::string, std::string> refusedNotes;
     std::vector<std::string> toSync;
     std::atomic<std::size_t> toDo = 0; // states and notes that are not written
-    std::uint64_t sequence = 0;
+    std::int64_t sequence = 0;
     bool stopping = false;
     std::thread writer;
     std::thread syncer;
@@ -138,6 +140,9 @@ struct StateFiles::Shared {
     void Withdraw(std::unique_lock<std::mutex>& lock, const std::string& path);
     void MakeDurableLater(const std::string& path);
     std::vector<Picture> Surplus(std::uint64_t room);
+    std::int64_t Rank(const State& state) const;
+    std::int64_t ShownBy(const void* document) const;
+    void Show(const std::string& path, const Picture& picture, const std::optional<FileStamp>& stamp);
     bool NotesWait() const { return writingNote || !notes.empty(); }
     void CountToDo() { toDo = pending.size() + notes.size() + (writingNote ? 1 : 0); }
     bool Waits(const void* document) const;
@@ -230,24 +235,58 @@ void StateFiles::Shared::WriteNext(std::unique_lock<std::mutex>& lock) {
     lock.lock();
 }
 
-/// Takes the oldest pictures out that complete files have no more room for. A document's states share nearly
-/// all with each other, and the newest with what is on the screen.
+/// How late a state would have come if those behind the one that its document shows had come before it, as
+/// far away: undo and redo are as likely.
+std::int64_t StateFiles::Shared::Rank(const State& state) const {
+    const std::int64_t onScreen = ShownBy(state.document);
+    return onScreen - std::abs(state.sequence - onScreen);
+}
+
+std::int64_t StateFiles::Shared::ShownBy(const void* document) const {
+    const auto found = shown.find(document);
+    return found != shown.end() ? found->second : sequence;
+}
+
+/// Takes the pictures out that complete files have no more room for, those that are farthest from what a
+/// document shows. Neighbours share nearly all, and what is shown is on the screen as well.
 std::vector<Picture> StateFiles::Shared::Surplus(std::uint64_t room) {
     std::vector<State*> kept;
     for (auto& [path, state] : states)
         if (state.stamp && !state.picture.Empty()) kept.push_back(&state);
     std::sort(kept.begin(), kept.end(),
-              [](const State* a, const State* b) { return a->sequence > b->sequence; });
+              [this](const State* a, const State* b) { return Rank(*a) > Rank(*b); });
     std::vector<Picture> surplus;
     surplus.reserve(kept.size());
-    std::map<const void*, Picture> newer;
+    struct Ends {
+        Picture older, newer;
+    };
+    std::map<const void*, Ends> reached;
     std::uint64_t taken = 0;
     for (State* const state : kept) {
-        const auto [next, newest] = newer.try_emplace(state->document, state->picture);
-        if (!newest) taken += OwnBytes(state->picture, std::exchange(next->second, state->picture));
+        const auto [ends, first] = reached.try_emplace(state->document, Ends{state->picture, state->picture});
+        Picture& neighbour =
+            state->sequence > ShownBy(state->document) ? ends->second.newer : ends->second.older;
+        if (!first) taken += OwnBytes(state->picture, std::exchange(neighbour, state->picture));
         if (taken > room) surplus.push_back(std::move(state->picture));
     }
     return surplus;
+}
+
+/// A document shows another one of its states, just read from its file if there is a stamp: as long as there
+/// is room it stays, in the place of what is farther away.
+void StateFiles::Shared::Show(const std::string& path, const Picture& picture,
+                              const std::optional<FileStamp>& stamp) {
+    const std::uint64_t room = stamp ? RoomForPictures() : 0;
+    std::vector<Picture> released; // goes when the lock has gone
+    const std::lock_guard lock(mutex);
+    const auto found = states.find(path);
+    if (found == states.end() || found->second.document == nullptr) return;
+    State& state = found->second;
+    shown[state.document] = state.sequence;
+    if (!stamp) return;
+    state.picture = picture;
+    state.stamp = stamp;
+    released = Surplus(room);
 }
 
 /// The disk takes files again: those that it refused go behind what waits.
@@ -320,6 +359,7 @@ void StateFiles::SaveBehind(const Picture& picture, const std::string& path, con
     try {
         shared_->states[path] = {
             picture, BmpFileLength(picture.Width(), picture.Height()), ++shared_->sequence, document, {}};
+        shared_->shown[document] = shared_->sequence;
         for (Pending& older : shared_->pending)
             if (document != nullptr && older.document == document) older.superseded = true;
         shared_->pending.push_back({path, document});
@@ -401,11 +441,17 @@ Picture StateFiles::LoadState(const std::string& path) const {
         if (const auto found = shared_->states.find(path); found != shared_->states.end())
             state = found->second;
     }
-    if (!state.picture.Empty() && !state.stamp) return state.picture;
+    const auto show = [&](const Picture& picture, const std::optional<FileStamp>& stamp) {
+        ResumeNext([&] { shared_->Show(path, picture, stamp); });
+        return picture;
+    };
+    if (!state.picture.Empty() && !state.stamp) return show(state.picture, {});
     if (!Exists(path)) throw RuntimeError(kFileNotFound, path);
+    const std::optional<FileStamp> stamp = StampOfFile(path);
     // The file rules: the picture stands in for it only as long as nobody has touched it.
-    if (!state.picture.Empty() && StampOfFile(path) == state.stamp) return state.picture;
-    return LoadPicture(path);
+    if (!state.picture.Empty() && stamp == state.stamp) return show(state.picture, {});
+    state.picture = {};
+    return show(LoadPicture(path), stamp);
 }
 
 void StateFiles::Forget(const std::string& path) {

@@ -4,9 +4,9 @@
 // stays in memory, so that whoever asks gets the whole state. A file of another length than was written
 // counts as disappeared. All calls come from the interface thread.
 //
-// The pictures of a document's last states stay in memory behind their files, as long as these are untouched
-// and what they do not share takes no more than `kMostKept`, or a quarter of the free memory: an undo after a
-// stroke then costs the stroke, not the picture.
+// The pictures of the states next to the one that a document shows stay in memory behind their files, as long
+// as these are untouched and what they do not share takes no more than `kMostKept`, or a quarter of the free
+// memory: an undo after a stroke then costs the stroke, not the picture.
 //
 // Whatever ends the process, the newest state on disk is at most one edit behind: `SaveBehind` and `Await`
 // wait until the state before of the same document is written. A disk that hangs is waited for `kLongestWait`
