@@ -1,4 +1,5 @@
 #include "surface/raster/TileMemory.h"
+#include "surface/raster/TilesAhead.h"
 
 #include <gtest/gtest.h>
 
@@ -53,6 +54,24 @@ TEST(TileMemory, ThreadsTakeAndGiveAtTheSameTime) {
     }
     for (std::thread& thread : threads)
         thread.join();
+}
+
+TEST(TileMemory, WhatIsMadeAheadIsTakenByThreadsAtTheSameTime) {
+    std::set<void*> held;
+    {
+        const TilesAhead ahead(std::uint64_t{80} << 20);
+        for (int i = 0; i < 2600; ++i) { // 80 megabytes
+            void* const room = TakeTileMemory(kSize);
+            ASSERT_TRUE(held.insert(room).second);
+            std::memset(room, i, kSize);
+        }
+    }
+    std::set<void*>::iterator before = held.begin();
+    for (auto room = std::next(before); room != held.end(); before = room++)
+        ASSERT_GE(static_cast<char*>(*room) - static_cast<char*>(*before),
+                  static_cast<std::ptrdiff_t>(kSize));
+    for (void* room : held)
+        GiveTileMemory(room);
 }
 
 } // namespace

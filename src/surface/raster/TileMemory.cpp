@@ -1,10 +1,13 @@
 #include "surface/raster/TileMemory.h"
+#include "surface/raster/TilesAhead.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <mutex>
 #include <new>
 #include <sys/mman.h>
+#include <system_error>
 #include <utility>
 
 namespace pintalux {
@@ -22,7 +25,7 @@ struct FreeTile {
 struct alignas(kAlignment) Block {
     Block* before = nullptr;
     Block* after = nullptr;
-    FreeTile* free = nullptr;
+    FreeTile* free = nullptr; // None in a block that was made ahead: the first tile says how large they are.
     int used = 0;
 };
 
@@ -36,6 +39,7 @@ struct Blocks {
     Block* withRoom = nullptr;
     Block* spares = nullptr; // Joined by `after`.
     int spareCount = 0;
+    int all = 0; // with those in use
 };
 
 Blocks& TheBlocks() {
@@ -60,22 +64,41 @@ void Unlink(Blocks& blocks, Block& block) {
     if (block.after) block.after->before = block.before;
 }
 
-Block* MakeBlock(std::size_t size) {
+/// Null without memory.
+Block* MakeBlock() {
     void* const memory = std::aligned_alloc(kBlockSize, kBlockSize);
-    if (memory == nullptr) throw std::bad_alloc();
+    if (memory == nullptr) return nullptr;
     madvise(memory, kBlockSize, MADV_HUGEPAGE); // A wish; without large pages everything works, slower.
-    auto* const block = new (memory) Block;
+    return new (memory) Block;
+}
+
+void CutIntoTiles(Block& block, std::size_t size) {
     const std::size_t tiles = (kBlockSize - sizeof(Block)) / size;
-    auto* const first = static_cast<std::byte*>(memory) + sizeof(Block);
+    auto* const first = static_cast<std::byte*>(static_cast<void*>(&block)) + sizeof(Block);
     for (std::size_t i = tiles; i-- > 0;)
-        block->free = new (first + i * size) FreeTile{block->free};
-    return block;
+        block.free = new (first + i * size) FreeTile{block.free};
 }
 
 Block* EmptyBlock(Blocks& blocks, std::size_t size) {
-    if (!blocks.spares) return MakeBlock(size);
-    --blocks.spareCount;
-    return std::exchange(blocks.spares, blocks.spares->after);
+    Block* block = blocks.spares;
+    if (block) {
+        --blocks.spareCount;
+        blocks.spares = block->after;
+    } else {
+        block = MakeBlock();
+        if (!block) throw std::bad_alloc();
+        ++blocks.all;
+    }
+    if (!block->free) CutIntoTiles(*block, size);
+    return block;
+}
+
+/// Keeps an empty block for the next that asks; false if enough are kept.
+bool Spare(Blocks& blocks, Block& block) {
+    if (blocks.spareCount == kMostSpares) return false;
+    block.after = std::exchange(blocks.spares, &block);
+    ++blocks.spareCount;
+    return true;
 }
 
 } // namespace
@@ -100,9 +123,56 @@ void GiveTileMemory(void* tile) noexcept {
     block.free = new (tile) FreeTile{block.free};
     if (--block.used > 0) return;
     Unlink(blocks, block);
-    if (blocks.spareCount == kMostSpares) return std::free(&block);
-    block.after = std::exchange(blocks.spares, &block);
-    ++blocks.spareCount;
+    if (Spare(blocks, block)) return;
+    std::free(&block);
+    --blocks.all;
+}
+
+namespace {
+
+/// Has the system clear every page of a block.
+void Touch(Block& block) {
+    constexpr std::size_t kPage = 4096;
+    auto* const bytes = static_cast<volatile std::byte*>(static_cast<void*>(&block));
+    for (std::size_t at = kPage; at < kBlockSize; at += kPage)
+        bytes[at] = std::byte{0};
+}
+
+/// Until there are so many blocks; whoever is in more of a hurry makes some of them.
+void MakeAhead(const std::stop_token& stop, int all) {
+    Blocks& blocks = TheBlocks();
+    while (!stop.stop_requested()) {
+        {
+            const std::lock_guard hold(blocks.lock);
+            if (blocks.all >= all) return;
+            ++blocks.all;
+        }
+        Block* const block = MakeBlock();
+        if (block) Touch(*block);
+        const std::lock_guard hold(blocks.lock);
+        if (block && Spare(blocks, *block)) continue;
+        std::free(block);
+        --blocks.all;
+        return;
+    }
+}
+
+} // namespace
+
+TilesAhead::TilesAhead(std::uint64_t bytes) {
+    constexpr int kWorthAThread = 4; // blocks
+    Blocks& blocks = TheBlocks();
+    const int wanted = static_cast<int>(std::min<std::uint64_t>(bytes / kBlockSize, kMostSpares));
+    int all = 0;
+    {
+        const std::lock_guard hold(blocks.lock);
+        if (wanted - blocks.spareCount < kWorthAThread) return;
+        all = blocks.all + wanted - blocks.spareCount;
+    }
+    try {
+        thread_ = std::jthread(MakeAhead, all);
+    } catch (const std::system_error&) { // No thread.
+    }
 }
 
 } // namespace pintalux

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "surface/raster/StreamCopy.h"
+#include "surface/raster/TilesAhead.h"
 #include "surface/system/BmpPixels.h"
 #include "surface/system/FreeMemory.h"
 #include "surface/system/OverWhite.h"
@@ -124,6 +125,8 @@ Rows RowsIn(const std::vector<std::byte>& buffer, const BmpHeader& header, int t
 Picture ReadBmpRows(File& file, const BmpHeader& header, const std::stop_token& stop) {
     DemandMemory(PictureBytes(header.width, header.height));
     Picture picture(header.width, header.height, kWhite);
+    // Of a file that breaks off no more is made than it has.
+    const TilesAhead tiles(std::min(PictureBytes(header.width, header.height), file.Length() * 32));
     const std::size_t rowLength = header.RowLength();
     // Whole bands of the picture, so that each tile is written whole and never copied first.
     constexpr int kBand = Bitmap::kTileHeight;

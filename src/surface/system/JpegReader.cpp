@@ -1,6 +1,7 @@
 #include "surface/system/JpegReader.h"
 
 #include "base/RuntimeError.h"
+#include "surface/raster/TilesAhead.h"
 #include "surface/system/FreeMemory.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/Stopping.h"
@@ -217,11 +218,19 @@ class Rows {
     std::vector<JSAMPLE> samples_;
 };
 
-Picture ReadRows(Decoder& decoder) {
+/// The tile memory that a picture will take, as far as the file has data for it: a pixel of a photograph
+/// takes a byte or less, one of an even sky a hundredth.
+std::uint64_t ExpectedRoom(const Picture& picture, std::uint64_t fileLength) {
+    constexpr std::uint64_t kMostPixelsOfAByte = 64;
+    return std::min(PictureBytes(picture.Width(), picture.Height()), fileLength * kMostPixelsOfAByte * 4);
+}
+
+Picture ReadRows(Decoder& decoder, std::uint64_t fileLength) {
     jpeg_decompress_struct& info = decoder.info;
     Rows rows(decoder);
     decoder.Run([&] { jpeg_start_decompress(&info); });
     Picture picture(static_cast<int>(info.output_width), static_cast<int>(info.output_height), kWhite);
+    const TilesAhead tiles(ExpectedRoom(picture, fileLength));
     GreyRest rest;
     for (int y = 0; y < picture.Height(); ++y) {
         const std::span<const Pixel> row = rows.Next();
@@ -241,7 +250,7 @@ Picture ReadJpeg(File& file, const std::stop_token& stop) {
     const auto decoder = std::make_unique<Decoder>(file, stop);
     decoder->Run([&] { jpeg_read_header(&decoder->info, TRUE); });
     CheckAnnounced(*decoder, file.Length());
-    return ReadRows(*decoder);
+    return ReadRows(*decoder, file.Length());
 }
 
 } // namespace pintalux
