@@ -16,9 +16,13 @@ void FetchRow(const Bitmap& bits, int x, int y, int count) {
     }
 }
 
-void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels) {
+bool StaysInCache(const Bitmap& bits) {
     constexpr std::int64_t kFewPixels = std::int64_t{1} << 18;
-    if (std::int64_t{bits.Width()} * bits.Height() < kFewPixels) return bits.WriteRow(x, y, pixels);
+    return std::int64_t{bits.Width()} * bits.Height() < kFewPixels;
+}
+
+void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels) {
+    if (StaysInCache(bits)) return bits.WriteRow(x, y, pixels);
     while (!pixels.empty()) {
         const auto run = bits.WritableRun(x, y);
         const std::size_t count = std::min(run.size(), pixels.size());

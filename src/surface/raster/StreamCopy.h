@@ -66,8 +66,11 @@ inline void StreamMirrored(Pixel* to, const Pixel* from, std::size_t count, Pixe
 /// Asks for `count` pixels of row y from x on, as far as they lie inside.
 void FetchRow(const Bitmap& bits, int x, int y, int count);
 
-/// Streams the pixels of row y from x on. A bitmap of few pixels stays in a core's own caches and is written
-/// there. `FinishStreaming` must follow.
+/// Whether a bitmap of so few pixels stays in a core's own caches, where it is better written than streamed.
+bool StaysInCache(const Bitmap& bits);
+
+/// Streams the pixels of row y from x on, or writes them to one that stays in the cache. `FinishStreaming`
+/// must follow.
 void StreamRow(Bitmap& bits, int x, int y, std::span<const Pixel> pixels);
 
 /// Orders the streamed pixels before what this thread does next.

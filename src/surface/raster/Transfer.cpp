@@ -59,12 +59,27 @@ const Pixel* PixelsDown(const Bitmap& from, int x, int y, int count, RunPixels& 
     return room.data();
 }
 
+PINTALUX_VECTOR_CLONES
+void CopyInCache(Pixel* to, const Pixel* from, std::size_t count, Pixel inversion) {
+    for (std::size_t i = 0; i < count; ++i)
+        to[i] = from[i] ^ inversion;
+}
+
+PINTALUX_VECTOR_CLONES
+void MirrorInCache(Pixel* to, const Pixel* from, std::size_t count, Pixel inversion) {
+    for (std::size_t i = 0; i < count; ++i)
+        to[i] = from[count - 1 - i] ^ inversion;
+}
+
 /// A copy without stretching that mirrors or inverts: over the cores, run by run. It goes down and right
 /// through the source, since memory is fetched ahead in that direction.
 void CopyEqualSize(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel inversion) {
     const Box area = map.Place();
     const bool upward = map.rows.source.front() > map.rows.source.back();
     const bool leftward = map.columns.source.front() > map.columns.source.back();
+    const bool cached = StaysInCache(to);
+    const auto copy =
+        leftward ? (cached ? MirrorInCache : StreamMirrored) : (cached ? CopyInCache : StreamCopy);
     const int firstTile = area.left / Bitmap::kTileWidth;
     const int lastTile = (area.right - 1) / Bitmap::kTileWidth;
     to.Overwrite(area);
@@ -79,9 +94,8 @@ void CopyEqualSize(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel 
                 const int count = std::min(left + Bitmap::kTileWidth, area.right) - x;
                 const int column = map.columns.source[static_cast<std::size_t>(x - area.left)];
                 const int first = leftward ? column - count + 1 : column;
-                (leftward ? StreamMirrored : StreamCopy)(to.WritableRun(x, area.top + i).data(),
-                                                         PixelsDown(from, first, sourceY, count, room),
-                                                         static_cast<std::size_t>(count), inversion);
+                copy(to.WritableRun(x, area.top + i).data(), PixelsDown(from, first, sourceY, count, room),
+                     static_cast<std::size_t>(count), inversion);
             }
         }
         FinishStreaming();
