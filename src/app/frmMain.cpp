@@ -67,7 +67,7 @@ frmMainForm::~frmMainForm() {
 }
 
 std::string HandOffFile() {
-    const std::string folder = App.RunFolder();
+    const std::string& folder = App.RunFolder();
     return folder.empty() ? folder : folder + "/KLdde.tmp";
 }
 

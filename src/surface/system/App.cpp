@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QLocale>
 #include <QPalette>
+#include <QTimer>
 #include <QToolTip>
 #include <QTranslator>
 
@@ -40,6 +41,10 @@ class GuardedApplication final : public QApplication {
     }
     bool notify(QObject* receiver, QEvent* event) override {
         try {
+            // The poll ticks all day: what the toolkit asks about hands and windows, a tick need not be
+            // asked.
+            if (event->type() == QEvent::Timer && receiver->metaObject() == &QTimer::staticMetaObject)
+                return receiver->event(event);
             if (event->type() == QEvent::ThemeChange && receiver->isWindowType()) FollowDesktop();
             return QApplication::notify(receiver, event);
         } catch (...) {

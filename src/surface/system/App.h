@@ -32,7 +32,7 @@ struct AppObject {
     /// The folder in which all instances of this user meet, wherever their executables lie, without a
     /// trailing separator: $XDG_RUNTIME_DIR, else the system's for this user, else one below /tmp, made on
     /// demand for the user alone. Empty where there is none.
-    std::string RunFolder() const;
+    const std::string& RunFolder() const;
     /// Whether another instance of this user holds the lock file of the run folder, first come first served;
     /// the lock dies with the process. Each call asks anew until this instance has the lock, which it then
     /// keeps.

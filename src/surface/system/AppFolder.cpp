@@ -91,7 +91,7 @@ void AppObject::PathForTests(std::string path) {
     folderForTests = std::move(path);
 }
 
-std::string AppObject::RunFolder() const {
+const std::string& AppObject::RunFolder() const {
     // Looked for once: the poll asks for it all the time.
     if (runFolder.empty()) runFolder = FindRunFolder();
     return runFolder;
