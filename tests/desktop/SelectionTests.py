@@ -47,11 +47,23 @@ def stretched(piece, width, height):
     return [[piece[y][x] for x in columns] for y in cells(len(piece), height)]
 
 
-def averaged(piece, width, height):
-    """A rectangle in a reduced view, which shows means like the image around it."""
-    rows = [bytearray(channel for colour in row for channel in colour) for row in piece]
-    view = model.reduced(Picture(len(piece[0]), len(piece), rows), width, height)
-    return [[view.at(x, y) for x in range(width)] for y in range(height)]
+def averaged(piece, width, height, view, left, top):
+    """A piece in a reduced view, which shows means like the image around it: the view at left, top has the place of the
+    samples that lie outside the piece."""
+    across, down = (min(4, -(-size // shown)) for size, shown in ((len(piece[0]), width), (len(piece), height)))
+    columns, rows = cells(len(piece[0]), width * across), cells(len(piece), height * down)
+
+    def mean(x, y):
+        samples = [piece[row][column] for row in rows[y * down:(y + 1) * down]
+                   for column in columns[x * across:(x + 1) * across]]
+        if not any(samples):
+            return None
+        seen = 0 <= left + x < view.width and 0 <= top + y < view.height
+        below = view.at(left + x, top + y) if seen else BLACK
+        return tuple((2 * sum((colour or below)[channel] for colour in samples) + len(samples)) // (2 * len(samples))
+                     for channel in range(3))
+
+    return [[mean(x, y) for x in range(width)] for y in range(height)]
 
 
 def cells(size, shown):
@@ -181,8 +193,8 @@ class Easel:
         if self.floating:
             width, height = self.shown_size()
             left, top = self.floating.left, self.floating.top
-            show = stretched if self.floating.is_shape or self.factor >= 1 else averaged
-            shown = show(self.floating.piece, width, height)
+            shown = (stretched(self.floating.piece, width, height) if self.factor >= 1
+                     else averaged(self.floating.piece, width, height, view, left, top))
             view = laid(view, shown, left, top)
             edge = ({(left + x, top + y) for x, y in edge_of(shown)} if self.floating.is_shape
                     else model.box(left, top, left + width - 1, top + height - 1))

@@ -54,7 +54,7 @@ std::string FindRunFolder() {
 
 void OpenLock(InstanceLock& lock) {
     lock.asked = true;
-    const std::string folder = App.RunFolder();
+    const std::string& folder = App.RunFolder();
     if (folder.empty()) return;
     const std::string file = folder + "/pintalux64.lock";
     // Where nothing can be locked, nobody else has locked it.
