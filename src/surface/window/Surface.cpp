@@ -10,6 +10,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace pintalux {
 
@@ -114,7 +115,7 @@ void Surface::ShowStretched(pintalux::Picture value, Colour transparent) {
     drawn_ = true;
     persistent_ = Bitmap(persistent_.Width(), persistent_.Height(), PixelOf(backColor_));
     stretched_ = {std::move(value), transparent};
-    if (surface_->widget) surface_->widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    surface_->HideBelow(stretched_->picture);
     Changed(persistent_.Bounds());
 }
 
@@ -232,8 +233,20 @@ void SurfaceNative::PaintPanel(QPaintEvent& event, const std::vector<ScreenText>
     PaintTexts(painter, event.region(), texts, widget->font(), &ink);
 }
 
+// What lies below a piece is painted again with it, unless its shape is covered to the pixel.
+bool SurfaceNative::HideBelow(const Bitmap& piece) {
+    if (!widget) return false;
+    const double scale = widget->devicePixelRatioF();
+    const bool hard = widget->width() >= piece.Width() && widget->height() >= piece.Height();
+    const bool covered = hard && !edge.isEmpty() && scale == std::floor(scale);
+    const bool before = widget->testAttribute(Qt::WA_OpaquePaintEvent);
+    widget->setAttribute(Qt::WA_OpaquePaintEvent, covered);
+    return before && !covered;
+}
+
 void SurfaceNative::PaintPiece(const Bitmap& piece, Pixel transparent, QPaintEvent& event) {
     pending = {};
+    if (HideBelow(piece)) widget->update(); // The window has come to a screen of another scale.
     PaintOver(*widget, event.region(), piece, transparent, widget->size());
     if (!edge.isEmpty()) PaintEdge(event.region());
 }

@@ -30,6 +30,9 @@ struct SurfaceNative {
     void Paint(const Bitmap& bitmap, QPaintEvent& event, Colour backColor);
     /// The same of a picture in the widget's size; what lies below shows through `transparent`.
     void PaintPiece(const Bitmap& piece, Pixel transparent, QPaintEvent& event);
+    /// Whether the widget counts as one that hides what lies below, for a picture in its size; true if it did
+    /// and does so no longer.
+    bool HideBelow(const Bitmap& piece);
     void PaintPanel(QPaintEvent& event, const std::vector<ScreenText>& texts);
     void PaintEdge(const QRegion& exposed);
     /// Has a part of the bitmap painted at the next occasion.
