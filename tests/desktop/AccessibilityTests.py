@@ -4,7 +4,7 @@ import os
 import subprocess
 
 from desktop import Skip, desktop_test, wait_for
-from roads import BROWSER, MAIN, NEW
+from roads import BROWSER, MAIN, NEW, start_bus
 
 # A program of its own: it lives in the test's session, and the bus's library keeps one connection for each process.
 WALK = r"""
@@ -97,16 +97,7 @@ class Bus:
     def __init__(self, desktop):
         self.desktop = desktop
         desktop.environment.update(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", GTK_A11Y="none", NO_AT_BRIDGE="1")
-        desktop.environment.pop("DBUS_SESSION_BUS_ADDRESS", None)
-        read_end, write_end = os.pipe()
-        try:
-            desktop._spawn("dbus-daemon", "--session", "--nofork", "--print-address=" + str(write_end), log="bus.log",
-                           pass_fds=[write_end])
-        except FileNotFoundError:
-            raise Skip("no bus on this machine") from None
-        os.close(write_end)
-        with os.fdopen(read_end) as address:
-            desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = address.readline().strip()
+        start_bus(desktop)
 
     def ask(self, *words):
         result = subprocess.run(["/usr/bin/python3", "-c", WALK, *words], env=self.desktop.environment, text=True, capture_output=True,

@@ -6,9 +6,9 @@ import sys
 import time
 from pathlib import Path
 
-from desktop import PATIENCE, desktop_test, wait_for
+from desktop import PATIENCE, Skip, desktop_test, wait_for
 from pictures import Picture, expect_same, read_any, read_bmp, write_bmp
-from roads import NEW, QUESTION, leave, sample, start_without_document
+from roads import MAIN, NEW, QUESTION, leave, sample, start_bus, start_without_document
 
 SIDE = 41  # pixels: a picture of this size is shown unscaled in the tray
 COLUMN = 58  # pixels from a slot to the one beside it
@@ -286,6 +286,50 @@ def PhotographOutlivesTheProgramToo(desktop):
     assert desktop.wait_for_end(process) == 0
     assert kept.stat().st_size > 16 << 20
     assert read_any(kept).rows == photograph.rows
+
+
+@desktop_test
+def PackagedManagerThatNeverAnswersKeepsWhatWasCopied(desktop):
+    start_bus(desktop)
+    try:
+        beside(desktop, "xfce4-clipman")
+    except FileNotFoundError:
+        raise Skip("no such clipboard manager on this machine") from None
+    other_client(desktop, "await-manager")
+    desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
+    process = start_with_tray(desktop)
+    picture = sample(SIDE, SIDE)
+    copy(desktop, picture)
+    place = desktop.wait_for_picture(picture)
+    copy_text(desktop)
+    click_slot(desktop, place)
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts it on the clipboard")
+    leave(desktop)
+    assert desktop.wait_for_end(process) == 0
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the manager brings it back")
+    expect_same(pasted(desktop, "image/bmp"), picture)
+    expect_same(pasted(desktop, "image/png"), picture)
+
+
+@desktop_test
+def BothFormatsOfAPhotographGoAtOnce(desktop):
+    """In pieces, side by side, as some managers ask; another one takes it meanwhile."""
+    desktop.large_window_settings()
+    noise = random.Random(6)
+    photograph = Picture(1500, 1100, [bytearray(noise.randbytes(3 * 1500)) for _ in range(1100)])
+    write_bmp(desktop.pictures / "photograph.bmp", photograph)
+    desktop.start(desktop.pictures / "photograph.bmp")
+    wait_for(lambda: len(desktop.state_files()) == 1, "the picture is the first state")
+    desktop.wait_for_window(MAIN)
+    desktop.keys("ctrl+a")
+    time.sleep(0.5)  # until the poll has offered the copy
+    desktop.keys("ctrl+c")
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the photograph is on the clipboard")
+    asker = beside(desktop, sys.executable, Path(__file__).with_name("other_client.py"), "both", desktop.pictures)
+    expect_same(pasted(desktop), photograph)
+    assert asker.wait(PATIENCE) == 0
+    expect_same(read_bmp(desktop.pictures / "both.bmp"), photograph)
+    expect_same(read_any(desktop.pictures / "both.png"), photograph)
 
 
 @desktop_test

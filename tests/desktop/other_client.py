@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""other_client.py manager <file> | silent | endless | drop <window> <file>...: a second program, of a kind that no package
-brings.
+"""other_client.py manager <file> | silent | endless | both <folder> | await-manager | drop <window> <file>...: a second program, of
+a kind that no package brings.
 
 manager: a clipboard manager. It takes over what a program leaves at its end, as image/png, goes on offering it, and
 keeps a copy in the file.
 silent: owns the clipboard and offers two bitmap formats, but never gives either.
 endless: owns the clipboard and offers a bitmap in pieces, of which there is always one more.
+both: asks for image/bmp and image/png in one question and writes what comes to files of these names.
+await-manager: waits until there is a clipboard manager.
 drop: drops files, or what is named with a scheme, in the middle of a window, and prints what it is told: "copied", "moved" or
 "refused".
 
@@ -57,6 +59,8 @@ X.XCreateSimpleWindow.restype = c_ulong
 X.XSelectInput.argtypes = [c_void_p, c_ulong, c_long]
 X.XInternAtom.argtypes = [c_void_p, c_char_p, c_int]
 X.XInternAtom.restype = c_ulong
+X.XGetSelectionOwner.argtypes = [c_void_p, c_ulong]
+X.XGetSelectionOwner.restype = c_ulong
 X.XSetSelectionOwner.argtypes = [c_void_p, c_ulong, c_ulong, c_ulong]
 X.XConvertSelection.argtypes = [c_void_p] + [c_ulong] * 5
 X.XNextEvent.argtypes = [c_void_p, POINTER(Event)]
@@ -140,14 +144,34 @@ class Client:
         kind, data = self.take_property(prop)
         if kind != self.atom("INCR"):
             return data
-        data = b""
-        while True:
+        return self.take_pieces([prop])[prop]
+
+    def take_pieces(self, properties):
+        """What is given in many pieces, side by side, by property."""
+        pieces = {prop: [] for prop in properties}
+        going_on = set(properties)
+        while going_on:
             event = self.next_event()
-            if event.type == PROPERTY_NOTIFY and event.change.atom == prop and event.change.state == NEW_VALUE:
-                _, piece = self.take_property(prop)
+            if event.type == PROPERTY_NOTIFY and event.change.atom in going_on and event.change.state == NEW_VALUE:
+                _, piece = self.take_property(event.change.atom)
+                pieces[event.change.atom].append(piece)
                 if not piece:
-                    return data
-                data += piece
+                    going_on.remove(event.change.atom)
+        return {prop: b"".join(all_pieces) for prop, all_pieces in pieces.items()}
+
+    def fetch_both(self, *targets):
+        """What the owner of the clipboard gives under several formats asked for at once."""
+        properties = [self.atom(f"FETCHED_{i}") for i in range(len(targets))]
+        pairs = [atom for target, prop in zip(targets, properties) for atom in (self.atom(target), prop)]
+        question = self.atom("QUESTION")
+        X.XChangeProperty(self.display, self.window, question, self.atom("ATOM_PAIR"), 32, REPLACE,
+                          ctypes.cast((c_ulong * len(pairs))(*pairs), c_void_p), len(pairs))
+        X.XConvertSelection(self.display, self.atom("CLIPBOARD"), self.atom("MULTIPLE"), question, self.window, 0)
+        while self.next_event().type != SELECTION_NOTIFY:
+            pass
+        given = {prop: self.take_property(prop) for prop in properties}
+        in_pieces = self.take_pieces([prop for prop, (kind, _) in given.items() if kind == self.atom("INCR")])
+        return [in_pieces.get(prop, given[prop][1]) for prop in properties]
 
 
 class EndlessClient(Client):
@@ -227,6 +251,16 @@ def main():
     if sys.argv[1] == "drop":
         addresses = [name if "://" in name else Path(name).as_uri() for name in sys.argv[3:]]
         print(Drag(client, int(sys.argv[2]), addresses).drop())
+        return
+    if sys.argv[1] == "both":
+        kinds = ("bmp", "png")
+        for kind, data in zip(kinds, client.fetch_both(*("image/" + kind for kind in kinds))):
+            Path(sys.argv[2], "both." + kind).write_bytes(data)
+        return
+    if sys.argv[1] == "await-manager":
+        while X.XGetSelectionOwner(client.display, client.atom("CLIPBOARD_MANAGER")) == 0:
+            time.sleep(0.05)
+        print("ready")
         return
     if sys.argv[1] == "manager":
         client.own("CLIPBOARD_MANAGER")

@@ -1,7 +1,8 @@
 """Steps that several desktop tests take."""
+import os
 import subprocess
 
-from desktop import PATIENCE, wait_for
+from desktop import PATIENCE, Skip, wait_for
 from pictures import Picture
 
 WHITE = (255, 255, 255)
@@ -141,3 +142,17 @@ def taken_from_clipboard(desktop, kind, path, before=b""):
         path.write_bytes(taker.stdout)
         return taker.returncode == 0 and taker.stdout not in (b"", before) and taker.stdout
     return wait_for(taken, f"the clipboard offers a new {kind}")
+
+
+def start_bus(desktop):
+    """A message bus for programs that start from now on."""
+    desktop.environment.pop("DBUS_SESSION_BUS_ADDRESS", None)
+    read_end, write_end = os.pipe()
+    try:
+        desktop._spawn("dbus-daemon", "--session", "--nofork", "--print-address=" + str(write_end), log="bus.log",
+                       pass_fds=[write_end])
+    except FileNotFoundError:
+        raise Skip("no bus on this machine") from None
+    os.close(write_end)
+    with os.fdopen(read_end) as address:
+        desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = address.readline().strip()

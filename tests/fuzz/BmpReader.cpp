@@ -6,7 +6,7 @@
 #include "surface/system/FileLayer.h"
 #include "surface/system/Pictures.h"
 
-#include <vector>
+#include <string>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace pintalux;
@@ -17,10 +17,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (header.compressed) return;
         const Picture picture = ReadBmpRows(file, header, {});
         Demand(picture.Width() <= kMaxPictureSide && picture.Height() <= kMaxPictureSide);
+        constexpr std::size_t kPieceLength = 1 << 16;
         constexpr int kMostPixels = 1 << 20;
         if (std::int64_t{picture.Width()} * picture.Height() > kMostPixels) return;
-        std::vector<std::byte> bytes(BmpFileLength(picture.Width(), picture.Height()));
-        PackBmp(picture, bytes);
+        std::string bytes;
+        int bottom = picture.Height();
+        while (bottom > 0)
+            bytes += NextBmpPiece(picture, kPieceLength, bottom);
         const BytesAsFile copy({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
         Demand(LoadPicture(copy.Path()) == picture);
     });

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <span>
 #include <vector>
 
 namespace pintalux {
@@ -44,6 +45,18 @@ void PackRows(const Picture& picture, int top, int bottom, std::byte* out) {
     }
 }
 
+/// How many rows a piece of about this length has: whole rows of tiles.
+int RowsAtOnce(std::size_t length, std::size_t rowLength) {
+    constexpr int kBand = Bitmap::kTileHeight;
+    return std::max(1, static_cast<int>(length / rowLength) / kBand) * kBand;
+}
+
+/// Where a piece of this length begins that ends above `bottom`: between two rows of tiles.
+int TopOfPiece(int bottom, std::size_t length, std::size_t rowLength) {
+    const int rows = RowsAtOnce(length, rowLength);
+    return (bottom - 1) / rows * rows;
+}
+
 /// The file's length has 32 bits in its header.
 bool HasBmp(const Picture& picture) {
     return !picture.Empty() && picture.Width() <= kMaxPictureSide && picture.Height() <= kMaxPictureSide;
@@ -77,22 +90,29 @@ std::uint64_t BmpFileLength(int width, int height) {
     return kHeaderLength + std::uint64_t{BmpRowLength(width)} * static_cast<std::uint64_t>(height);
 }
 
-void PackBmp(const Picture& picture, std::span<std::byte> out) {
+std::string NextBmpPiece(const Picture& picture, std::size_t length, int& bottom) {
     if (!HasBmp(picture)) throw RuntimeError(kInvalidPicture);
-    std::ranges::copy(BmpHeaderOf(picture.Width(), picture.Height()), out.begin());
-    PackRows(picture, 0, picture.Height(), &out[kHeaderLength]);
+    std::string piece;
+    if (bottom == 0) return piece;
+    const std::size_t rowLength = BmpRowLength(picture.Width());
+    const int top = TopOfPiece(bottom, length, rowLength);
+    const std::size_t headerLength = bottom == picture.Height() ? kHeaderLength : 0;
+    piece.resize(headerLength + static_cast<std::size_t>(bottom - top) * rowLength);
+    const auto bytes = std::as_writable_bytes(std::span(piece));
+    if (headerLength > 0) std::ranges::copy(BmpHeaderOf(picture.Width(), picture.Height()), bytes.begin());
+    PackRows(picture, top, bottom, &bytes[headerLength]);
+    bottom = top;
+    return piece;
 }
 
 void WriteBmp(const Picture& picture, File& file) {
     if (!HasBmp(picture)) throw RuntimeError(kInvalidPicture, file.Path());
     const std::size_t rowLength = BmpRowLength(picture.Width());
-    constexpr int kBand = Bitmap::kTileHeight;
-    const int rowsAtOnce = std::max(1, static_cast<int>(kBufferLength / rowLength) / kBand) * kBand;
-    const int largest = std::min(rowsAtOnce, picture.Height());
+    const int largest = std::min(RowsAtOnce(kBufferLength, rowLength), picture.Height());
     std::vector<std::byte> buffer(static_cast<std::size_t>(largest) * rowLength);
     file.Write(BmpHeaderOf(picture.Width(), picture.Height()));
     for (int bottom = picture.Height(); bottom > 0;) {
-        const int top = (bottom - 1) / rowsAtOnce * rowsAtOnce;
+        const int top = TopOfPiece(bottom, kBufferLength, rowLength);
         PackRows(picture, top, bottom, buffer.data());
         file.Write({buffer.data(), static_cast<std::size_t>(bottom - top) * rowLength});
         bottom = top;

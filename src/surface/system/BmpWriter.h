@@ -5,6 +5,7 @@
 #include "surface/system/FileLayer.h"
 
 #include <array>
+#include <string>
 
 namespace pintalux {
 
@@ -22,9 +23,9 @@ std::array<std::byte, kBmpHeaderLength> BmpHeaderOf(int width, int height);
 /// says.
 void WriteBmp(const Picture& picture, File& file);
 
-/// Puts the same bytes into `out`, which is all zeros and has `BmpFileLength` of them. Errors 481 and 7 as
-/// above.
-void PackBmp(const Picture& picture, std::span<std::byte> out);
+/// The next piece of the same bytes, about `length` of them, in whole rows; an empty one at the end. `bottom`
+/// is the picture's height at the start. Errors 481 and 7 as above.
+std::string NextBmpPiece(const Picture& picture, std::size_t length, int& bottom);
 
 /// Writes the whole BMP file to `path`, in place; a file that is made for it is the user's alone.
 void WritePrivateBmp(const Picture& picture, const std::string& path);

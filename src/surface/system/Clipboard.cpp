@@ -4,6 +4,7 @@
 #include "surface/system/ClipboardData_native.h"
 #include "surface/system/ClipboardHandOver_native.h"
 #include "surface/system/ClipboardOwner_native.h"
+#include "surface/system/ClipboardServer_native.h"
 #include "surface/system/FreeMemory.h"
 #include "surface/window/Events.h"
 #include "surface/window/Waiting.h"
@@ -59,6 +60,9 @@ class Watch final : public QObject {
     explicit Watch(QObject* parent) : QObject(parent) {
         connect(Toolkit(), &QClipboard::dataChanged, this, [this] { Heard(); });
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { Leave(); });
+        if (ClipboardOwner::Reachable())
+            server_ = std::make_unique<ClipboardServer>(
+                [this] { return Own() != nullptr ? Own()->picture : Picture(); });
         Look(false); // what was there before is no change
     }
 
@@ -91,6 +95,7 @@ class Watch final : public QObject {
         readable_ = data != nullptr ? ReadableFormats(data->formats()) : QStringList();
         cleared_ = data == nullptr;
         put_ = data != nullptr ? data->picture : Picture();
+        if (server_) server_->Renew();
         if (data != nullptr) Toolkit()->setMimeData(data);
         writing_ = false;
         if (data == nullptr) ClearSoon();
@@ -253,11 +258,12 @@ class Watch final : public QObject {
     /// At the end of the program.
     void Leave() {
         Forget();
-        if (Own() == nullptr) return;
+        if (Own() == nullptr || !server_) return;
         writing_ = true;
-        // What nobody took over is lost: the toolkit need not ask in vain once more.
-        if (!HandOverClipboard()) Toolkit()->clear();
+        // The toolkit need not ask in vain once more; a manager that never answers brings back what it has.
+        if (!HandOverClipboard(*server_)) Toolkit()->clear();
         writing_ = false;
+        server_.reset();
     }
 
     QPointer<PictureData> own_;
@@ -267,8 +273,9 @@ class Watch final : public QObject {
     int change_ = 0;
     bool writing_ = false;
     bool cleared_ = false;
-    bool telling_ = false; ///< The viewer runs.
-    Askers askers_;        ///< Last: they use the rest.
+    bool telling_ = false;                    ///< The viewer runs.
+    std::unique_ptr<ClipboardServer> server_; ///< On X11.
+    Askers askers_;                           ///< Last: they use the rest.
 };
 
 /// One watch for the life of the program object.

@@ -2,9 +2,8 @@
 
 #include "base/RuntimeError.h"
 #include "surface/system/BmpReader.h"
-#include "surface/system/BmpWriter.h"
 #include "surface/system/ClipboardOwner_native.h"
-#include "surface/system/ClipboardPng_native.h"
+#include "surface/system/ClipboardPieces_native.h"
 #include "surface/system/FreeMemory.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/Stopping.h"
@@ -22,17 +21,14 @@ namespace pintalux {
 
 namespace {
 
-constexpr const char* kBmp = "image/bmp";
-constexpr const char* kPng = "image/png";
-
 /// The bitmap formats we read, best first: PNG alone keeps what is transparent.
 constexpr const char* kReadable[] = {kPng, kBmp, "image/x-bmp", "image/x-MS-bmp", "image/jpeg", "image/gif"};
 
-/// The bytes of our own BMP writer: the toolkit's refuses the largest pictures.
-QByteArray BmpBytes(const Picture& picture) {
-    const std::uint64_t length = BmpFileLength(picture.Width(), picture.Height());
-    QByteArray bytes(static_cast<qsizetype>(length), '\0');
-    PackBmp(picture, std::as_writable_bytes(std::span(bytes.data(), static_cast<std::size_t>(length))));
+/// By our own writers: the toolkit's refuse the largest pictures.
+QByteArray BytesOf(const Pieces& pieces) {
+    QByteArray bytes;
+    for (std::string piece = pieces(); !piece.empty(); piece = pieces())
+        bytes.append(piece.data(), static_cast<qsizetype>(piece.size()));
     return bytes;
 }
 
@@ -112,8 +108,8 @@ QStringList PictureData::formats() const {
 QVariant PictureData::retrieveData(const QString& format, QMetaType) const {
     // The toolkit calls this from the middle of its own work: what fails offers nothing.
     try {
-        if (format == kBmp) return BmpBytes(picture);
-        if (format == kPng) return PngBytes(picture);
+        if (format == kBmp) return BytesOf(BmpPieces(picture));
+        if (format == kPng) return BytesOf(PngPieces(picture));
     } catch (const RuntimeError&) {
     } catch (const std::bad_alloc&) {
     }

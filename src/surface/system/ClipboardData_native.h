@@ -12,6 +12,9 @@
 
 namespace pintalux {
 
+inline constexpr const char* kBmp = "image/bmp";
+inline constexpr const char* kPng = "image/png";
+
 /// Offers a picture; encodes it only when somebody asks for the bytes.
 class PictureData final : public QMimeData {
   public:

@@ -1,12 +1,12 @@
 #include "surface/system/ClipboardOwner_native.h"
 
+#include "surface/system/Xcb_native.h"
+
 #include <chrono>
-#include <cstdlib>
 #include <poll.h>
 #include <QGuiApplication>
 #include <span>
 #include <vector>
-#include <xcb/xcb.h>
 
 namespace pintalux {
 
@@ -16,16 +16,11 @@ constexpr std::chrono::milliseconds kPatience{2000}; // without a sign of the ow
 constexpr int kGlance = 50;                          // milliseconds until a stop is noticed
 constexpr std::uint32_t kPieceWords = 1 << 18;       // a megabyte at a time
 
-template <class Reply>
-std::unique_ptr<Reply, decltype(&std::free)> Owned(Reply* reply) {
-    return {reply, &std::free};
-}
-
 } // namespace
 
 struct ClipboardOwner::Event {
     std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event{nullptr, &std::free};
-    int Type() const { return event->response_type & 0x7F; } // the highest bit: sent by a program
+    int Type() const { return TypeOf(*event); }
     template <class Kind>
     const Kind& As() const {
         return *reinterpret_cast<const Kind*>(event.get());
@@ -49,11 +44,7 @@ bool ClipboardOwner::Reachable() {
 ClipboardOwner::ClipboardOwner(std::stop_token stop)
     : stop_(std::move(stop)), display_(xcb_connect(nullptr, nullptr)) {
     if (xcb_connection_has_error(display_) != 0) return;
-    window_ = xcb_generate_id(display_);
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(display_)).data->root;
-    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_create_window(display_, XCB_COPY_FROM_PARENT, window_, root, 0, 0, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+    window_ = MakeHiddenWindow(display_, XCB_EVENT_MASK_PROPERTY_CHANGE);
     property_ = Atom("PINTALUX_FETCHED");
 }
 
@@ -62,10 +53,7 @@ ClipboardOwner::~ClipboardOwner() {
 }
 
 std::uint32_t ClipboardOwner::Atom(const QByteArray& name) {
-    const auto reply = Owned(xcb_intern_atom_reply(
-        display_, xcb_intern_atom(display_, 0, static_cast<std::uint16_t>(name.size()), name.constData()),
-        nullptr));
-    return reply ? reply->atom : XCB_NONE;
+    return AtomOf(display_, {name.constData(), static_cast<std::size_t>(name.size())});
 }
 
 /// False if none comes in time.

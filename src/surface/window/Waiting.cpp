@@ -20,7 +20,7 @@ namespace pintalux {
 namespace {
 
 /// Nobody feels a stop of this length, and no pointer flickers.
-constexpr std::chrono::milliseconds kMoment{100};
+constexpr std::chrono::milliseconds kMoment{60};
 
 bool waiting = false;
 

@@ -1,9 +1,11 @@
-#include "surface/system/ClipboardPng_native.h"
+#include "surface/system/ClipboardPieces_native.h"
 
 #include "base/Parallel.h"
 #include "base/RuntimeError.h"
+#include "surface/system/BmpWriter.h"
 
-#include <string>
+#include <algorithm>
+#include <span>
 #include <vector>
 #include <zlib.h>
 
@@ -107,36 +109,60 @@ std::string Chunk(const char* kind, const std::string& data) {
     return chunk;
 }
 
+/// Where the making of a file stands.
+struct PngProgress {
+    Picture picture;
+    int level = 0;
+    int top = 0;
+    uLong sum = adler32_z(0, nullptr, 0);
+};
+
+void AddBands(PngProgress& file, std::string& piece) {
+    const auto bandLength = (static_cast<std::size_t>(file.picture.Width()) * 3 + 1) * kBandHeight;
+    const int left = (file.picture.Height() - file.top + kBandHeight - 1) / kBandHeight;
+    const int count = std::clamp(static_cast<int>(kPieceLength / bandLength), 1, left);
+    std::vector<Band> bands(static_cast<std::size_t>(count));
+    SplitOverCores(count, [&](int begin, int end) {
+        for (int i = begin; i < end; ++i)
+            bands[static_cast<std::size_t>(i)] = BandOf(file.picture, file.top + i * kBandHeight, file.level);
+    });
+    for (const Band& band : bands) {
+        file.sum = adler32_combine(file.sum, band.sum, band.length);
+        piece += band.chunk;
+    }
+    file.top += count * kBandHeight;
+}
+
+std::string NextPiece(PngProgress& file) {
+    std::string piece;
+    if (file.top >= file.picture.Height()) return piece;
+    if (file.top == 0) piece = "\x89PNG\r\n\x1A\n" + HeaderOf(file.picture) + Chunk("IDAT", "\x78\x01");
+    AddBands(file, piece);
+    if (file.top < file.picture.Height()) return piece;
+    std::string sum;
+    AddNumber(sum, static_cast<std::uint32_t>(file.sum));
+    return piece + Chunk("IDAT", sum) + Chunk("IEND", "");
+}
+
 } // namespace
 
-QByteArray PngBytes(const Picture& picture) {
+std::string WholeOf(const Pieces& pieces) {
+    std::string whole;
+    for (std::string piece = pieces(); !piece.empty(); piece = pieces())
+        whole += piece;
+    return whole;
+}
+
+Pieces BmpPieces(const Picture& picture) {
+    return [picture, bottom = picture.Height()]() mutable {
+        return NextBmpPiece(picture, kPieceLength, bottom);
+    };
+}
+
+Pieces PngPieces(const Picture& picture) {
     const std::int64_t pixels = std::int64_t{picture.Width()} * picture.Height();
-    const int level = pixels > kMostCompressed ? 0 : 1;
-    std::vector<Band> bands(static_cast<std::size_t>((picture.Height() + kBandHeight - 1) / kBandHeight));
-    SplitOverCores(static_cast<int>(bands.size()), [&](int begin, int end) {
-        for (int i = begin; i < end; ++i)
-            bands[static_cast<std::size_t>(i)] = BandOf(picture, i * kBandHeight, level);
-    });
-    uLong sum = adler32_z(0, nullptr, 0);
-    std::size_t length = 256; // what stands around the bands
-    for (const Band& band : bands) {
-        sum = adler32_combine(sum, band.sum, band.length);
-        length += band.chunk.size();
-    }
-    QByteArray file;
-    file.reserve(static_cast<qsizetype>(length));
-    file += "\x89PNG\r\n\x1A\n";
-    file += HeaderOf(picture);
-    file += Chunk("IDAT", "\x78\x01");
-    for (Band& band : bands) {
-        file += band.chunk;
-        band.chunk = {}; // two whole copies would be one too many
-    }
-    std::string sumBytes;
-    AddNumber(sumBytes, static_cast<std::uint32_t>(sum));
-    file += Chunk("IDAT", sumBytes);
-    file += Chunk("IEND", "");
-    return file;
+    return
+        [file = PngProgress{picture, pixels > kMostCompressed ? 0 : 1}]() mutable { return NextPiece(file); };
 }
 
 } // namespace pintalux
