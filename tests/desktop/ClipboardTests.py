@@ -8,7 +8,7 @@ from pathlib import Path
 
 from desktop import PATIENCE, Skip, desktop_test, wait_for
 from pictures import Picture, expect_same, read_any, read_bmp, write_bmp
-from roads import MAIN, NEW, QUESTION, leave, sample, start_bus, start_without_document
+from roads import MAIN, NEW, OPEN, QUESTION, WHITE, leave, sample, start_bus, start_without_document
 
 SIDE = 41  # pixels: a picture of this size is shown unscaled in the tray
 COLUMN = 58  # pixels from a slot to the one beside it
@@ -65,10 +65,14 @@ def copy(desktop, picture, kind="image/png"):
     return copy_file(desktop, picture_file(desktop, picture, kind[-3:]), kind)
 
 
-def copy_text(desktop):
+def text_file(desktop, text):
     path = desktop.pictures / "text.txt"
-    path.write_text("sol e mar")
-    return copy_file(desktop, path, "UTF8_STRING")
+    path.write_text(text)
+    return path
+
+
+def copy_text(desktop):
+    return copy_file(desktop, text_file(desktop, "sol e mar"), "UTF8_STRING")
 
 
 def pasted(desktop, kind="image/bmp"):
@@ -191,6 +195,38 @@ def PasteFromASilentOwnerSaysSoAndChangesNothing(desktop):
     leave(desktop)  # nothing was changed, so that nothing is asked
     assert desktop.wait_for_end(process) == 0
     expect_same(read_bmp(desktop.pictures / "picture.bmp"), picture)
+
+
+@desktop_test
+def TextOfASilentOwnerLeavesTheDialogAlive(desktop):
+    desktop.large_window_settings()
+    desktop.start()
+    desktop.wait_for_window(NEW)
+    copy_file(desktop, text_file(desktop, "217"), "UTF8_STRING")
+    desktop.keys("ctrl+a", "ctrl+v")
+    owner = other_client(desktop, "silent")
+    # Asked by the key and by the menu; each wait ends by Escape, which does not reach the dialog.
+    for keys in (["ctrl+v"], ["Menu", "o"]):
+        desktop.keys(*keys)
+        time.sleep(0.5)
+        desktop.keys("Escape")
+    owner.kill()
+    owner.wait()
+    desktop.keys("Return")
+    desktop.wait_until_gone(NEW)
+    desktop.wait_for_picture(Picture.filled(217, 300, WHITE))
+
+
+@desktop_test
+def TextIsPastedIntoAFileDialog(desktop):
+    picture = sample()
+    write_bmp(desktop.pictures / "picture.bmp", picture)
+    start_with_tray(desktop)
+    copy_file(desktop, text_file(desktop, str(desktop.pictures / "picture.bmp")), "UTF8_STRING")
+    desktop.keys("ctrl+o")
+    desktop.wait_for_window(OPEN)
+    desktop.keys("ctrl+v", "Return")
+    desktop.wait_for_picture(picture)
 
 
 def expect_alive(desktop):

@@ -4,7 +4,7 @@ a kind that no package brings.
 
 manager: a clipboard manager. It takes over what a program leaves at its end, as image/png, goes on offering it, and
 keeps a copy in the file.
-silent: owns the clipboard and offers two bitmap formats, but never gives either.
+silent: owns the clipboard and offers two bitmap formats and text, but never gives any.
 endless: owns the clipboard and offers a bitmap in pieces, of which there is always one more.
 both: asks for image/bmp and image/png in one question and writes what comes to files of these names.
 await-manager: waits until there is a clipboard manager.
@@ -265,7 +265,7 @@ def main():
     if sys.argv[1] == "manager":
         client.own("CLIPBOARD_MANAGER")
     else:
-        client.offer = {"image/png": None, "image/bmp": None} if sys.argv[1] == "silent" else {"image/png": None}
+        client.offer = {"image/png": None, "image/bmp": None, "UTF8_STRING": None} if sys.argv[1] == "silent" else {"image/png": None}
         client.own("CLIPBOARD")
     print("ready", flush=True)
     while True:

@@ -46,6 +46,7 @@ class ImageDialogTest : public ProgramTest {
         for (QAction* action : menu->actions())
             if (action->text().startsWith("C&olar")) action->trigger();
         delete menu;
+        QApplication::sendPostedEvents(&line, QEvent::MetaCall); // the paste itself
     }
 
     /// The dialog from its menu item, with this done in it. Leaves by "Cancelar" if the act did not.

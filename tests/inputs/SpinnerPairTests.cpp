@@ -27,6 +27,7 @@ class SpinnerPairTest : public testing::Test {
         for (QAction* action : menu->actions())
             if (action->text().startsWith("C&olar")) action->trigger();
         delete menu;
+        QApplication::sendPostedEvents(&Line(), QEvent::MetaCall); // the paste itself
     }
 
     TestWindow window;

@@ -108,6 +108,7 @@ TEST_F(TextBoxTest, PasteByMenuPassesEachCharacter) {
     for (QAction* action : menu->actions())
         if (action->text().startsWith("C&olar")) action->trigger();
     menu->close();
+    QApplication::processEvents();
     EXPECT_EQ(box.Text(), "42");
 }
 

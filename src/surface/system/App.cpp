@@ -1,9 +1,11 @@
 #include "surface/system/App.h"
 
+#include "surface/system/ClipboardData_native.h"
 #include "surface/system/Session_native.h"
 #include "surface/system/StockTexts_native.h"
 #include "surface/system/Theme_native.h"
 #include "surface/window/Events.h"
+#include "surface/window/TextPaste_native.h"
 
 #include <clocale>
 #include <cstdlib>
@@ -100,6 +102,7 @@ struct Application::Native {
         FollowDesktop();
         LoadStockTexts(texts);
         QCoreApplication::installTranslator(&texts);
+        AskForTextBy(TextOfOther);
     }
     DisplayChoice display;
     GuardedApplication app;

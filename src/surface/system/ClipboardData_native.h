@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <QClipboard>
 #include <QMimeData>
 #include <stop_token>
 
@@ -49,6 +50,11 @@ FetchedBitmap FetchBitmap(const QStringList& formats, std::uint64_t limit, const
 
 /// The same from bytes that are here already.
 FetchedBitmap DecodeBitmap(File& bytes, std::uint64_t limit, const std::stop_token& stop);
+
+/// The text that another program has on the X clipboard, or has selected; waits for it under
+/// `WorkWhileWaiting`. Empty if it gives none, keeps silent, or at Escape. For the interface's thread;
+/// elsewhere than on X11, and of this program's own text, the toolkit answers.
+QString TextOfOther(QClipboard::Mode mode);
 
 /// What the toolkit is given under a format, where it has to be asked; nothing if that is nothing. For the
 /// interface's thread. `silent` tells that the owner let us wait in vain.

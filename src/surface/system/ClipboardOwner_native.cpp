@@ -41,8 +41,9 @@ bool ClipboardOwner::Reachable() {
     return x11 != nullptr && x11->connection() != nullptr;
 }
 
-ClipboardOwner::ClipboardOwner(std::stop_token stop)
-    : stop_(std::move(stop)), display_(xcb_connect(nullptr, nullptr)) {
+ClipboardOwner::ClipboardOwner(std::stop_token stop, Selection selection)
+    : stop_(std::move(stop)), selection_(selection == Selection::Copied ? "CLIPBOARD" : "PRIMARY"),
+      display_(xcb_connect(nullptr, nullptr)) {
     if (xcb_connection_has_error(display_) != 0) return;
     window_ = MakeHiddenWindow(display_, XCB_EVENT_MASK_PROPERTY_CHANGE);
     property_ = Atom("PINTALUX_FETCHED");
@@ -75,7 +76,7 @@ bool ClipboardOwner::NextEvent(Event& event) {
 /// Has the owner put what it gives under `target` into our property. False if it does not.
 bool ClipboardOwner::Ask(std::uint32_t target) {
     xcb_delete_property(display_, window_, property_);
-    xcb_convert_selection(display_, window_, Atom("CLIPBOARD"), target, property_, XCB_CURRENT_TIME);
+    xcb_convert_selection(display_, window_, Atom(selection_), target, property_, XCB_CURRENT_TIME);
     xcb_flush(display_);
     for (Event event; NextEvent(event);) {
         if (event.Type() != XCB_SELECTION_NOTIFY) continue;

@@ -13,14 +13,16 @@ struct xcb_connection_t;
 
 namespace pintalux {
 
-/// Another program at the X clipboard. The toolkit asks on the interface's thread and waits for seconds; this
-/// one belongs to the thread that makes it, which alone waits.
+/// Another program at the X clipboard, or at the selected text. The toolkit asks on the interface's thread
+/// and waits for seconds; this one belongs to the thread that makes it, which alone waits.
 class ClipboardOwner {
   public:
     /// Whether there is an X display. Elsewhere the toolkit has to be asked. For the interface's thread.
     static bool Reachable();
 
-    explicit ClipboardOwner(std::stop_token stop);
+    enum class Selection { Copied, Marked };
+
+    explicit ClipboardOwner(std::stop_token stop, Selection selection = Selection::Copied);
     ~ClipboardOwner();
     ClipboardOwner(const ClipboardOwner&) = delete;
     ClipboardOwner& operator=(const ClipboardOwner&) = delete;
@@ -47,6 +49,7 @@ class ClipboardOwner {
     bool TakePieces(File& file, std::uint64_t limit);
 
     std::stop_token stop_;
+    const char* selection_;
     xcb_connection_t* display_;
     std::uint32_t window_ = 0;
     std::uint32_t property_ = 0; ///< Of our window, where the owner puts what it gives.

@@ -2,14 +2,15 @@
 
 #include "surface/window/Inputs_native.h"
 #include "surface/window/KeyCodes_native.h"
+#include "surface/window/TextPaste_native.h"
 
 #include <limits>
-#include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <QMenu>
+#include <QPointer>
 
 namespace pintalux {
 
@@ -21,7 +22,7 @@ constexpr int kToolkitLongest = 32767;
 
 /// The line that shows a text box. Whatever brings characters in (keys, paste, input methods) asks `KeyPress`
 /// first.
-class LineWidget final : public QLineEdit {
+class LineWidget final : public QLineEdit, public SelfPasting {
   public:
     LineWidget(TextBox& owner, QWidget* parent) : QLineEdit(parent), owner_(&owner) { setAcceptDrops(false); }
     void Orphan() { owner_ = nullptr; }
@@ -30,7 +31,7 @@ class LineWidget final : public QLineEdit {
     void keyPressEvent(QKeyEvent* event) override {
         if (owner_ != nullptr && owner_->KeyDown)
             Run([&] { owner_->KeyDown(KeyCodeOf(*event), ShiftOf(*event)); });
-        if (event->matches(QKeySequence::Paste)) return PasteFrom(QClipboard::Clipboard);
+        if (event->matches(QKeySequence::Paste)) return PasteByKey();
         const int typed = CharacterOf(*event);
         const int landing = typed == 0 ? 0 : Filtered(typed);
         if (landing == typed) return QLineEdit::keyPressEvent(event);
@@ -57,17 +58,9 @@ class LineWidget final : public QLineEdit {
         TellOfMouse(before);
     }
     void contextMenuEvent(QContextMenuEvent* event) override {
-        QMenu* menu = createStandardContextMenu();
-        for (QAction* action : menu->actions()) {
-            if (action->text().section('\t', 0, 0) == QLineEdit::tr("&Paste")) {
-                action->disconnect(SIGNAL(triggered(bool)));
-                connect(action, &QAction::triggered, this, [this] { PasteFrom(QClipboard::Clipboard); });
-            }
-            // Behind what the action itself does.
-            connect(action, &QAction::triggered, this, [this, before = text()] { TellOfMouse(before); });
-        }
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        menu->popup(event->globalPos());
+        ShowLineMenu(
+            *this, event->globalPos(), [this] { PasteFrom(QClipboard::Clipboard); },
+            [this, before = text()] { TellOfMouse(before); });
     }
     void focusInEvent(QFocusEvent* event) override {
         QLineEdit::focusInEvent(event);
@@ -115,8 +108,21 @@ class LineWidget final : public QLineEdit {
         Run([&] { owner_->KeyUp(kInsert, kShiftMask); });
     }
     void PasteFrom(QClipboard::Mode mode) {
-        const QString landing = Filtered(QGuiApplication::clipboard()->text(mode));
+        const QPointer<LineWidget> there = this;
+        const QString given = TextToPaste(mode);
+        if (there == nullptr) return;
+        const QString landing = Filtered(given);
         if (!landing.isEmpty() && !isReadOnly()) insert(landing);
+    }
+    /// Where the other program took its time, the release of the key has gone by unheard.
+    void PasteByKey() {
+        const QPointer<LineWidget> there = this;
+        const QString before = text();
+        QElapsedTimer waiting;
+        waiting.start();
+        PasteFrom(QClipboard::Clipboard);
+        constexpr qint64 kNoWait = 30; // milliseconds
+        if (there != nullptr && waiting.hasExpired(kNoWait)) TellOfMouse(before);
     }
 
     TextBox* owner_;
