@@ -53,7 +53,9 @@ frmMainForm::frmMainForm()
                 {&PicTools(kClipPage)},
                 {nullptr},
                 {&ColTB, &txtRed}});
-    OnKey("F1", [] { ShowHelpPage("Pintalux 64: ajuda", ":/help.html"); });
+    const HelpPage help = {"Pintalux 64: ajuda", ":/help.html", "dialog"};
+    OnKey("F1", [help] { ShowHelpPage(help); });
+    HelpInDialogs(help);
     ConnectMenus();
     ConnectBars();
     FilesDropped = [this](const std::vector<std::string>& paths) { OpenDropped(paths); };

@@ -147,9 +147,18 @@ struct ColourPanel {
     double LayOutSpinners(double width, double top);
     void LayOutBox(double width, double top);
     void ConnectBox();
-    void ConnectGridKeys();
+    // By keys (ColourPanel_Keys.cpp)
+    void ConnectBoxKeys();
     bool GridKey(const KeyStroke& key);
     void GoToCell(int cell);
+    bool SpectrumKey(const KeyStroke& key);
+    void GoToHue(int x, int y);
+    void OpenShades(Control& from, int x, int y, Colour c);
+    bool ShadesKey(const KeyStroke& key);
+    void GoToShade(int row);
+    void LeaveShades();
+    void LeftByKeys();
+    void Mark(int left, int top, int width, int height, Colour colour);
     std::optional<Colour> SampleAtPointer(CursorPosition& remembered);
     std::optional<Colour> GridColourAt(double X, double Y) const;
     void PlaceBlowup(double left, double top);
@@ -166,7 +175,12 @@ struct ColourPanel {
     void SetHslSide(Colour c);
     void ShowCaptionContrast();
 
-    int gridCell_ = 0; ///< The cell that keys act on, from 0.
+    // What keys act on: the cell, from 0; the place on the spectrum and the row of shades, in pixels.
+    int gridCell_ = 0;
+    int hueX_ = 53, hueY_ = 77;
+    int shade_ = 0;
+    Control* shadesFrom_ =
+        nullptr; ///< Where keys asked for the shades; null while the strip is the pointer's.
     // The pointer's last place in each handler that samples: where it stands still, nothing is sampled anew.
     CursorPosition overBlowup_, spectrumPress_, overSpectrum_;
 

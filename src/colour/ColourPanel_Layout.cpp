@@ -94,7 +94,7 @@ ColourPanel::ColourPanel(Container& window) : window_(window) {
         if (Button == kLeftButton) lblColor_Click();
     };
     ConnectBox();
-    ConnectGridKeys();
+    ConnectBoxKeys();
     SetCurrentColour(Picture5.BackColor());
 }
 

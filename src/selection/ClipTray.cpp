@@ -5,6 +5,7 @@
 #include "document/Globals.h"
 #include "surface/system/Clipboard.h"
 #include "surface/system/MsgBox.h"
+#include "surface/window/SystemColours.h"
 #include "surface/window/TextSize.h"
 #include "tools/ToolSettings.h"
 
@@ -86,7 +87,7 @@ void ClipTray::LayOut() {
     constexpr double kMarkSide = kFrameSide + 2 * kMarkDistance;
     ShClip.Visible(false);
     ShClip.BorderWidth(2);
-    ShClip.BorderColor(0x996633); // the colour of marked text
+    ShClip.BorderColor(kSystemHighlight);
     ShClip.Move(0, 0, kMarkSide, kMarkSide);
     MarkSlot(0);
 }

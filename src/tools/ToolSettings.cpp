@@ -19,7 +19,7 @@ constexpr double kMargin = 90;
 constexpr double kGap = 60;
 constexpr double kLabelHeight = 225;
 constexpr double kSliderHeight = 330;
-constexpr double kLeastSlider = 1050; // width
+constexpr double kLeastSlider = 840; // width
 constexpr double kBarHeight = 420;
 constexpr double kOptionHeight = 285;
 
@@ -66,7 +66,8 @@ const std::vector<ToolBar::Row> kShapes = {
     {"oval", "Elipse", kOutlined[3], ButtonStyle::ButtonGroup, "Elipse"},
 };
 
-void SetUpSlider(Slider& slider, const char* name, int ticks, int largeChange) {
+void SetUpSlider(Slider& slider, Label& label, const char* name, int ticks, int largeChange) {
+    slider.ShowValueIn(label);
     slider.AccessibleName(name);
     slider.ToolTipText(name);
     slider.TickFrequency(ticks);
@@ -118,12 +119,12 @@ void ToolSettingsPanel::MakePages() {
     Command1.ToolTipText("Fechar");
     Toolbar1.AccessibleName("Ponta da caneta");
     Toolbar2.AccessibleName("Formas");
-    SetUpSlider(Slider1, "LARGURA", 5, 5);
-    SetUpSlider(Slider2, "GROSSURA", 5, 5);
-    SetUpSlider(Slider3, "LARGURA DA LINHA", 5, 5);
-    SetUpSlider(Slider4, "INTENSIDADE", 1, 1);
-    SetUpSlider(Slider5, "RAIO", 10, 1);
-    SetUpSlider(Slider6, "PASSOS", 4, 1);
+    SetUpSlider(Slider1, Label1, "LARGURA", 5, 5);
+    SetUpSlider(Slider2, Label2, "GROSSURA", 5, 5);
+    SetUpSlider(Slider3, Label3, "LARGURA DA LINHA", 5, 5);
+    SetUpSlider(Slider4, Label4, "INTENSIDADE", 1, 1);
+    SetUpSlider(Slider5, Label5, "RAIO", 10, 1);
+    SetUpSlider(Slider6, Label6, "PASSOS", 4, 1);
     Combo2.AccessibleName("Modo de alterar cores");
 }
 
@@ -154,7 +155,8 @@ double ToolSettingsPanel::WantedPanelWidth() const {
 }
 
 double ToolSettingsPanel::WandLabelWidth() const {
-    return Twips(std::max({WantedWidth(Label4), WantedWidth(Label5), WantedWidth(Label6)}));
+    const int texts = std::max({WantedWidth(Label4), WantedWidth(Label5), WantedWidth(Label6)});
+    return Twips(texts + TextWidth("100")) + kGap;
 }
 
 void ToolSettingsPanel::LayOut() {

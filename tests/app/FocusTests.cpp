@@ -1,11 +1,13 @@
 // Where Tab, F6 and F1 lead, and what screen readers call the buttons.
 #include "document/BarPositions.h"
+#include "document/FileCommands.h"
 #include "selection/ImageKeyTest.h"
 #include "tools/ToolTable.h"
 
 #include <algorithm>
 #include <QAccessible>
 #include <QApplication>
+#include <QDialog>
 #include <QShortcut>
 #include <QTextBrowser>
 
@@ -54,7 +56,8 @@ TEST_F(FocusTest, TabLeavesTheDocumentAndComesBack) {
         EXPECT_TRUE(passed(name)) << name;
     for (const char* name : {"HS", "VS", "Slider4", "Combo2", "Option3"})
         EXPECT_FALSE(passed(name)) << name << " lies on a closed page or is no stop";
-    EXPECT_EQ(std::count(walk.begin(), walk.end(), "Image1"), 1) << "the other document takes no part";
+    EXPECT_EQ(std::count(walk.begin(), walk.end(), "Image1"), 2)
+        << "the document's and the spectrum; the other document takes no part";
     std::vector<std::string> back{"Image1"};
     while (back.size() < walk.size()) {
         Press(Qt::Key_Backtab, Qt::ShiftModifier);
@@ -132,6 +135,25 @@ TEST_F(FocusTest, F1ShowsTheHelpAndEscapeClosesIt) {
         EXPECT_TRUE(text.contains(key)) << key;
     Type(*help, "\x1b");
     EXPECT_FALSE(help->isVisible());
+}
+
+TEST_F(FocusTest, F1InADialogTellsOfDialogsAndLeavesItOpen) {
+    bool seen = false;
+    const DialogScript script({[&](QWidget& dialog) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+        QCoreApplication::sendEvent(dialog.focusWidget() ? dialog.focusWidget() : &dialog, &event);
+        auto* help = dialog.findChild<QDialog*>("help");
+        ASSERT_NE(help, nullptr);
+        EXPECT_TRUE(help->isVisible());
+        EXPECT_NE(&WidgetFor(*frmMain), help->parentWidget()) << "or the dialog would lock it";
+        EXPECT_TRUE(help->findChild<QTextBrowser*>()->toPlainText().contains("Caixas de diálogo"));
+        Type(*help, "\x1b");
+        EXPECT_FALSE(help->isVisible());
+        seen = dialog.isVisible();
+        PressesEscape()(dialog);
+    }});
+    mnuFileNew_Click();
+    EXPECT_TRUE(seen);
 }
 
 TEST_F(FocusTest, TheNewButtonIsSpokenNovoAndItsTipDescribesIt) {

@@ -170,11 +170,11 @@ QPalette DesktopOf(QRgb window, QRgb base, QRgb text, QRgb highlight) {
 }
 
 TEST(Application, LookFollowsTheDesktop) {
-    const QPalette dark = PaletteFor(DesktopOf(0x2B2D30, 0x1E1F22, 0xDFE1E5, 0x2D6FB3));
+    const QPalette dark = PaletteFor(DesktopOf(0x2B2D30, 0x1E1F22, 0xDFE1E5, 0x3584E4));
     EXPECT_EQ(dark.color(QPalette::Window), QColor(0x2B2D30));
     EXPECT_EQ(dark.color(QPalette::Base), QColor(0x1E1F22));
     EXPECT_EQ(dark.color(QPalette::WindowText), QColor(0xDFE1E5));
-    EXPECT_EQ(dark.color(QPalette::Highlight), QColor(0x2D6FB3));
+    EXPECT_EQ(dark.color(QPalette::Highlight), QColor(0x3584E4));
     EXPECT_EQ(QApplication::palette(), PaletteFor(QApplication::palette())); // the running program's
 }
 
@@ -184,6 +184,8 @@ TEST(Application, TextIsReadInEveryTheme) {
                                     DesktopOf(0x2B2D30, 0x1E1F22, 0xDFE1E5, 0x2D6FB3),
                                     DesktopOf(0xF6F5F4, 0xFFFFFF, 0xA0A0A0, 0x99C1F1)}) {
         const QPalette made = PaletteFor(desktop);
+        // Frames around what is chosen or has the focus.
+        EXPECT_GE(ContrastOf(made.color(QPalette::Highlight), made.color(QPalette::Window)), 3);
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
             SCOPED_TRACE(testing::Message()
                          << made.color(QPalette::Window).name().toStdString() << ' ' << group);

@@ -1,7 +1,9 @@
 #include "inputs/ByHand.h"
+#include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
 
 #include <QHelpEvent>
+#include <QLabel>
 #include <QPaintEvent>
 #include <QProgressBar>
 #include <QSlider>
@@ -32,6 +34,24 @@ TEST(Slider, AssignmentRunsChangeOnlyWhenItChanges) {
     EXPECT_EQ(ErrorOf([&] { slider.Value(91); }), 380);
     EXPECT_EQ(ErrorOf([&] { slider.Value(9); }), 380);
     EXPECT_EQ(slider.Value(), 50);
+}
+
+TEST(Slider, ItsValueStandsAtTheRightEndOfALabel) {
+    TestWindow window;
+    Label label(window, "Label1", "RAIO");
+    label.Move(10, 10, 120, 20);
+    Slider slider(window, "Slider1", 1, 100);
+    slider.ShowValueIn(label);
+    const auto& beside = *ToolkitOf<QLabel>(label).findChild<QLabel*>();
+    EXPECT_EQ(beside.text(), "1");
+    slider.Value(42);
+    EXPECT_EQ(beside.text(), "42");
+    ToolkitOf<QSlider>(slider).setValue(100);
+    EXPECT_EQ(beside.text(), "100");
+    EXPECT_EQ(label.Caption(), "RAIO");
+    label.Width(200);
+    EXPECT_EQ(beside.geometry().right(), ToolkitOf<QLabel>(label).rect().right());
+    EXPECT_EQ(beside.width(), beside.sizeHint().width()) << "the caption keeps its room";
 }
 
 TEST(Slider, NewRangeTakesTheValueWithIt) {

@@ -212,6 +212,8 @@ class ClipboardServer::Thread {
         const auto atLeast = static_cast<std::uint32_t>(transfer.next.size());
         xcb_change_property(display_, XCB_PROP_MODE_REPLACE, window, property, atoms_.incremental, 32, 1,
                             &atLeast);
+        // One who asks again has given up what it asked for before.
+        GiveUpIf([&](const Transfer& each) { return each.window == window && each.property == property; });
         transfers_.push_back(std::move(transfer));
         return true;
     } catch (const RuntimeError&) {

@@ -13,6 +13,8 @@ namespace pintalux {
 namespace {
 
 constexpr double kReadable = 4.5;
+/// Lines that carry a meaning.
+constexpr double kSeen = 3;
 /// Buttons and frames tint their ground.
 constexpr double kFadedReadable = 5;
 constexpr double kSteps = 20;
@@ -63,7 +65,7 @@ class PaletteMaker {
         const QColor faded = Faded(text, window);
         Set(QPalette::PlaceholderText, Faded(text, base), faded);
         Shades(window);
-        const QColor highlight = Of(QPalette::Highlight);
+        const QColor highlight = ReadableOn(window, Of(QPalette::Highlight), kSeen);
         const QColor marked = ReadableOn(highlight, Of(QPalette::HighlightedText));
         const QColor dull = Mixed(window, Of(QPalette::WindowText), 0.25);
         Set(QPalette::Highlight, highlight, dull);
@@ -139,9 +141,24 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     painter->restore();
 }
 
+// Some desktops put pictures on the buttons of the toolkit's dialogs, which no other button here has.
+int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* returned) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
 // The style gives a title a shadow in the colour of texts, which is a second, light title in a dark theme.
 void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
+    if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+        control == CC_Slider && slider && Luminance(option->palette.color(QPalette::Window)) <= kDark) {
+        // It draws groove and ticks in a shade of the window, darker by these parts in a hundred.
+        constexpr int kDarkerBy = 140;
+        QStyleOptionSlider lit(*slider);
+        lit.palette.setColor(QPalette::Window, option->palette.color(QPalette::Dark).lighter(kDarkerBy));
+        return QProxyStyle::drawComplexControl(control, &lit, painter, widget);
+    }
     const auto* title = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
     if (control != CC_TitleBar || !title)
         return QProxyStyle::drawComplexControl(control, option, painter, widget);

@@ -1,5 +1,6 @@
 #include "surface/window/Overlay_native.h"
 #include "surface/window/Painting_native.h"
+#include "surface/window/SystemColours.h"
 
 #include <QEvent>
 #include <QPaintEngine>
@@ -28,7 +29,8 @@ void OverlayWidget::Outline(const QRegion& region) {
 
 void OverlayWidget::Style(bool inverting, Colour colour, int width) {
     inverting_ = inverting;
-    pen_ = QPen(inverting ? QColor(Qt::black) : ToQColor(colour), width);
+    marks_ = !inverting && colour == kSystemHighlight;
+    pen_ = QPen(inverting || marks_ ? QColor(Qt::black) : ToQColor(colour), width);
     // A flat cap would leave out a line's last pixel; only dots need it, or they would grow.
     pen_.setCapStyle(inverting ? Qt::FlatCap : Qt::SquareCap);
     pen_.setJoinStyle(Qt::MiterJoin);
@@ -41,6 +43,7 @@ void OverlayWidget::PaintOn(QPainter& painter, const QPen& pen) {
     QPen scaled = pen;
     scaled.setWidth(pen.width() * DeviceLine(painter));
     scaled.setCosmetic(true);
+    if (marks_) scaled.setColor(palette().color(QPalette::Highlight));
     painter.setPen(scaled);
     paint(painter);
 }

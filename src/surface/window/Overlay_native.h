@@ -39,6 +39,7 @@ class OverlayWidget : public QWidget {
     void PaintOn(QPainter& painter, const QPen& pen);
     QRegion outline_;
     QPen pen_;
+    bool marks_ = false; ///< In the desktop's colour of what is chosen, whatever that is by now.
     bool inverting_ = false;
 };
 

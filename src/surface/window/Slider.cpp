@@ -1,11 +1,14 @@
 #include "surface/window/Slider.h"
 
 #include "base/Arithmetic.h"
+#include "surface/window/Display.h"
 #include "surface/window/Inputs_native.h"
 
 #include <algorithm>
 #include <limits>
 #include <QHelpEvent>
+#include <QLabel>
+#include <QPointer>
 #include <QSlider>
 #include <QStyleOptionSlider>
 #include <QToolTip>
@@ -18,6 +21,40 @@ int Positive(int value) {
     return Within(value, 1, std::numeric_limits<int>::max());
 }
 
+/// A number at the right end of a label.
+class ValueText final : public QLabel {
+  public:
+    explicit ValueText(QWidget* label) : QLabel(label) {
+        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        setTextFormat(Qt::PlainText);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        label->installEventFilter(this);
+        setForegroundRole(QPalette::PlaceholderText);
+        show();
+    }
+    void Show(int value) {
+        setText(QString::number(value));
+        Place();
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Resize) Place();
+        return false;
+    }
+    void changeEvent(QEvent* event) override {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::FontChange) Place();
+    }
+
+  private:
+    void Place() {
+        const QRect around = parentWidget()->rect();
+        const int width = sizeHint().width();
+        setGeometry(around.right() + 1 - width, around.top(), width, around.height());
+    }
+};
+
 /// Shows its value in a bubble while it moves, and behind its tip.
 class SliderWidget final : public QSlider {
   public:
@@ -26,10 +63,16 @@ class SliderWidget final : public QSlider {
         connect(this, &QSlider::sliderReleased, this, [] { QToolTip::hideText(); });
     }
 
+    void ShowValueIn(QWidget& label) {
+        text_ = new ValueText(&label);
+        text_->Show(value());
+    }
+
   protected:
     // By hand alone: what code assigns comes without signals and without a bubble.
     void sliderChange(SliderChange change) override {
         QSlider::sliderChange(change);
+        if (change == SliderValueChange && text_ != nullptr) text_->Show(value());
         if (change == SliderValueChange && isVisible() && !signalsBlocked()) ShowBubble();
     }
     bool event(QEvent* event) override {
@@ -48,6 +91,8 @@ class SliderWidget final : public QSlider {
             style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
         QToolTip::showText(mapToGlobal(handle.topRight()), QString::number(value()), this, rect());
     }
+
+    QPointer<ValueText> text_;
 };
 
 } // namespace
@@ -59,6 +104,12 @@ Slider::Slider(Container& parent, std::string name, int min, int max)
     widget->setPageStep(1);
     InstallWidget(*this, widget);
     Follow();
+}
+
+void Slider::ShowValueIn(Label& label) {
+    auto* widget = WidgetAs<SliderWidget>(*this);
+    QWidget* const beside = WidgetOf(label);
+    if (widget != nullptr && beside != nullptr) widget->ShowValueIn(*beside);
 }
 
 int Slider::Whole(double value) const {

@@ -7,6 +7,8 @@
 
 namespace pintalux {
 
+class Label;
+
 /// A lying slider of 32-bit values, shown in a bubble while a hand moves it and behind its tip. It starts at
 /// the low end of its range with changes of 1.
 class Slider : public RangeControl {
@@ -20,6 +22,8 @@ class Slider : public RangeControl {
     void SmallChange(int value); ///< What an arrow key moves; error 380 below 1.
     void LargeChange(int value); ///< What the page keys and a click beside the thumb move; error 380 below 1.
     void TickFrequency(int value); ///< Units between two ticks; error 380 below 1.
+    /// Shows the value, dimmed, at the right end of a label too.
+    void ShowValueIn(Label& label);
 
   protected:
     int Whole(double value) const override;

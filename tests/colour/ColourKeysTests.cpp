@@ -1,0 +1,123 @@
+// The colour box without a pointer: the spectrum, the shades and the grid by keys.
+#include "colour/ColourBoxTest.h"
+
+#include <QApplication>
+
+namespace pintalux {
+namespace {
+
+class ColourKeysTest : public ColourBoxTest {
+  protected:
+    void SetUp() override {
+        ColourBoxTest::SetUp();
+        WidgetFor(*frmMain).activateWindow();
+        PassEvents();
+    }
+    static void Press(int key, int times = 1, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        for (int i = 0; i < times; ++i) {
+            QWidget* widget = QApplication::focusWidget();
+            ASSERT_NE(widget, nullptr);
+            QKeyEvent event(QEvent::KeyPress, key, held);
+            QCoreApplication::sendEvent(widget, &event);
+        }
+    }
+    static std::string Where() {
+        const QWidget* widget = QApplication::focusWidget();
+        return widget ? widget->objectName().toStdString() : "nowhere";
+    }
+    static Colour Current() { return frmMain->TheColor.BackColor(); }
+    static Colour Working() { return frmMain->Picture6.BackColor(); }
+};
+
+TEST_F(ColourKeysTest, ArrowsPreviewTheSpectrumAndSpaceTakesTheColour) {
+    frmMain->Image1.SetFocus();
+    EXPECT_TRUE(frmMain->ShCell.Visible()) << "the place is seen";
+    Press(Qt::Key_Home);
+    // Row 94 of 0 to 187 is just below the middle: red, with 1 part in 187 of black.
+    EXPECT_EQ(Working(), RGB(254, 0, 0));
+    EXPECT_EQ(Current(), kBefore) << "a preview changes nothing";
+    Press(Qt::Key_Up, 8, Qt::ShiftModifier);
+    EXPECT_EQ(Working(), RGB(255, 255, 255));
+    Press(Qt::Key_PageDown, 16);
+    EXPECT_EQ(Working(), RGB(0, 0, 0));
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Up, 76);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(Current(), RGB(254, 0, 0));
+    EXPECT_EQ(CollectionCount, 1);
+    EXPECT_EQ(BoxPixel(8, 164), RGB(254, 0, 0)) << "it is the first colour of the grid";
+}
+
+TEST_F(ColourKeysTest, TheGreyColumnAndTheCornersCanBeReached) {
+    frmMain->Image1.SetFocus();
+    Press(Qt::Key_End);
+    Press(Qt::Key_PageUp, 20);
+    EXPECT_EQ(Working(), RGB(255, 255, 255));
+    Press(Qt::Key_PageDown, 5);
+    // Row 61 of 0 to 187: 255 * (1 - 61 / 187) = 171.8
+    EXPECT_EQ(Working(), RGB(172, 172, 172));
+}
+
+TEST_F(ColourKeysTest, ShadesOpenOnTheSpectrumAndGiveOne) {
+    frmMain->Image1.SetFocus();
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Space, 1, Qt::ShiftModifier);
+    EXPECT_TRUE(frmMain->picColBlowup.Visible());
+    EXPECT_EQ(Where(), "picColBlowup");
+    // The strip begins 25 below red, and at 0 for the others.
+    EXPECT_EQ(Working(), RGB(254, 25, 25));
+    Press(Qt::Key_Up, 2);
+    EXPECT_EQ(Working(), RGB(252, 23, 23));
+    Press(Qt::Key_Home);
+    EXPECT_EQ(Working(), RGB(229, 0, 0));
+    Press(Qt::Key_End);
+    EXPECT_EQ(Working(), RGB(255, 50, 50));
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Current(), RGB(255, 50, 50));
+    EXPECT_FALSE(frmMain->picColBlowup.Visible());
+    EXPECT_EQ(Where(), "Image1");
+    EXPECT_EQ(CollectionCount, 1);
+}
+
+TEST_F(ColourKeysTest, ShadesOfAColourOfTheGridCloseByEscape) {
+    Collect({RGB(100, 110, 120), RGB(60, 70, 80)});
+    frmMain->SetCurrentColour(kBefore);
+    frmMain->ColorBox.SetFocus();
+    Press(Qt::Key_Right);
+    EXPECT_EQ(Working(), RGB(60, 70, 80));
+    Press(Qt::Key_Menu);
+    EXPECT_TRUE(frmMain->picColBlowup.Visible());
+    EXPECT_EQ(Working(), RGB(60, 70, 80)) << "the middle of the strip";
+    Press(Qt::Key_Down, 3);
+    EXPECT_EQ(Working(), RGB(63, 73, 83));
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(frmMain->picColBlowup.Visible());
+    EXPECT_EQ(Where(), "ColorBox");
+    EXPECT_EQ(Current(), kBefore);
+    EXPECT_EQ(CollectionCount, 2);
+}
+
+TEST_F(ColourKeysTest, ShadesGoWithTheFocus) {
+    frmMain->Image1.SetFocus();
+    Press(Qt::Key_Menu);
+    EXPECT_TRUE(frmMain->picColBlowup.Visible());
+    frmMain->txtRed.SetFocus();
+    EXPECT_FALSE(frmMain->picColBlowup.Visible());
+    EXPECT_FALSE(frmMain->ShCell.Visible());
+    EXPECT_EQ(Working(), kBefore);
+}
+
+TEST_F(ColourKeysTest, ShadesOfThePointerTakeNoKeys) {
+    PointAt(frmMain->Image1, 50, 70);
+    ClickAt(frmMain->Image1, 50, 70, kRightButton);
+    ASSERT_TRUE(frmMain->picColBlowup.Visible());
+    frmMain->picColBlowup.SetFocus();
+    const Colour before = Working();
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Working(), before);
+    EXPECT_EQ(Current(), kBefore);
+}
+
+} // namespace
+} // namespace pintalux
