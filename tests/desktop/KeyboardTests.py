@@ -4,6 +4,7 @@ from pictures import Picture, expect_same, is_whole_bmp, read_bmp, write_bmp
 from roads import (BLACK, BROWSER, MAIN, NEW, QUESTION, SAVE_AS, WHITE, give_path, open_browser, paint_and_wait, sample,
                    start_with_new_document, with_stroke)
 
+HELP = MAIN + ": ajuda"
 INVERT = 4  # its place in the list of filters
 RED = (255, 0, 0)
 
@@ -175,10 +176,15 @@ def KeysWhileADialogAsksChangeNothing(desktop):
     paint_and_wait(desktop, left, top, [(20, 20), (80, 20)])
     desktop.keys("ctrl+w")
     desktop.wait_for_window(QUESTION)
-    desktop.keys("ctrl+w", "ctrl+q", "ctrl+z", "Delete", "F6", "F1")
+    desktop.keys("ctrl+w", "ctrl+q", "ctrl+z", "Delete", "F6")
     desktop.move(left + 50, top + 100)
     desktop.tool("xdotool", "click", 5)
     desktop.tool("xdotool", "keydown", "ctrl", "click", 4, "keyup", "ctrl")
+    desktop.wait_for_window(QUESTION)
+    desktop.keys("F1")
+    desktop.wait_for_window(HELP)
+    desktop.keys("Next", "Escape")
+    desktop.wait_until_gone(HELP)
     desktop.wait_for_window(QUESTION)
     desktop.keys("Escape")
     desktop.wait_until_gone(QUESTION)
