@@ -2,7 +2,8 @@
 """clipboard.py [--program path] [--rounds N]: the program at the clipboard with another one at its other end, on a display of
 its own. How long the interface is deaf at most (something is dragged over it, and each move has an answer) while the
 other one keeps silent or never comes to an end, and how long it takes until all bytes of a picture of 24 million pixels are
-there. The wanted figure stands beside each; ends with an error where one is missed."""
+there. The wanted figure stands beside each; ends with an error where one is missed. Elapsed times mean something on a
+quiet machine only. Built first: cmake --build build/release --target pintalux64 program_places"""
 import argparse
 import random
 import select
