@@ -12,7 +12,7 @@ namespace pintalux {
 /// Gives the next piece of about `kPieceLength` bytes; an empty one at the end. Errors as below.
 using Pieces = std::function<std::string()>;
 
-inline constexpr std::size_t kPieceLength = std::size_t{1} << 20;
+inline constexpr std::size_t kPieceLength = std::size_t{2} << 20;
 
 /// All that is left.
 std::string WholeOf(const Pieces& pieces);
