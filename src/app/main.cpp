@@ -23,8 +23,9 @@ int main(int argc, char** argv) {
     }
     // A limit on the size of files is an error of the write, like a full disk; not the end.
     std::signal(SIGXFSZ, SIG_IGN);
-    // The toolkit takes as long to be there as a photograph to be read.
-    if (const std::string file = LoneFile(argc, argv); !file.empty() && !App.PrevInstance())
+    // The toolkit takes as long to be there as a photograph to be read. Who runs already is asked later: an
+    // instance that waits for the place of one that has ended comes first.
+    if (const std::string file = LoneFile(argc, argv); !file.empty() && !App.OthersRun())
         LoadPictureAhead(LongFileName(file));
     Application application(argc, argv);
     KeepsRuns = true;

@@ -91,6 +91,17 @@ TEST_F(AppTest, WhenItsHolderEndsTheLockGoesToTheNextThatAsks) {
     }));
 }
 
+// Another one that waits for the place of one that has ended comes before a start that only looks.
+TEST_F(AppTest, LookingForOthersTakesNoLock) {
+    EXPECT_FALSE(App.OthersRun());
+    EXPECT_FALSE(InAnotherProcess([&] {
+        App.PathForTests(folder);
+        return App.PrevInstance();
+    }));
+    const RunningInstance other(folder);
+    EXPECT_TRUE(App.OthersRun());
+}
+
 // What the run folder is where $XDG_RUNTIME_DIR holds this text.
 std::string RunFolderWith(const std::string& runtimeFolder) {
     const char* const before = std::getenv("XDG_RUNTIME_DIR");

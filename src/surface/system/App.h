@@ -37,6 +37,8 @@ struct AppObject {
     /// the lock dies with the process. Each call asks anew until this instance has the lock, which it then
     /// keeps.
     bool PrevInstance() const;
+    /// Whether another instance holds it now; this one does not take it.
+    bool OthersRun() const;
     /// The command line behind the program's name, as one text: the arguments joined by a blank, as they
     /// stand.
     std::string Command() const;

@@ -52,13 +52,16 @@ std::string FindRunFolder() {
     return IsOurs(own) ? own : std::string();
 }
 
+// Where nothing can be locked, nobody else has locked it.
+int OpenLockFile() {
+    const std::string& folder = App.RunFolder();
+    if (folder.empty()) return -1;
+    return open((folder + "/pintalux64.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+}
+
 void OpenLock(InstanceLock& lock) {
     lock.asked = true;
-    const std::string& folder = App.RunFolder();
-    if (folder.empty()) return;
-    const std::string file = folder + "/pintalux64.lock";
-    // Where nothing can be locked, nobody else has locked it.
-    lock.descriptor = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    lock.descriptor = OpenLockFile();
 }
 
 void TakeLock(InstanceLock& lock) {
@@ -101,6 +104,14 @@ bool AppObject::PrevInstance() const {
     if (!instanceLock.asked) OpenLock(instanceLock);
     TakeLock(instanceLock);
     return instanceLock.heldByAnother;
+}
+
+bool AppObject::OthersRun() const {
+    const int descriptor = OpenLockFile();
+    if (descriptor < 0) return false;
+    const bool held = flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    close(descriptor);
+    return held;
 }
 
 } // namespace pintalux
