@@ -11,7 +11,7 @@ namespace pintalux {
 
 // The program
 inline Flag ProgramClosing; ///< The main window goes for good.
-inline Flag SessionOver;    ///< It goes with the session, whose log-out has asked the questions.
+inline Flag SessionOver;    ///< It goes with a log-out, which has asked the questions.
 
 // Documents
 inline std::int16_t ImageCount = 0; ///< Open documents.

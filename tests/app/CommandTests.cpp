@@ -28,20 +28,6 @@ class CommandTest : public ProgramTest {
 
 } // namespace
 
-TEST_F(CommandTest, TheProgressBarNeverCoversAButton) {
-    for (const int width : {300, 433, 560, 700, 800, 900, 1400}) {
-        frmMain->MDIForm::Width(width * 15);
-        PassEvents();
-        const QRect bar = WidgetFor(frmMain->Pb).geometry();
-        EXPECT_GT(bar.width(), 20) << width;
-        EXPECT_TRUE(WidgetFor(frmMain->ToolsTB).rect().contains(bar)) << width;
-        const QWidget& buttons = WidgetFor(frmMain->TB2);
-        EXPECT_TRUE(WidgetFor(frmMain->ToolsTB).rect().contains(buttons.geometry())) << width;
-        for (const QToolButton* button : buttons.findChildren<QToolButton*>())
-            EXPECT_FALSE(bar.intersects(button->geometry().translated(buttons.pos()))) << width;
-    }
-}
-
 TEST_F(CommandTest, TheFirstButtonHasThePointersTipAndMakesANewImage) {
     EXPECT_EQ(frmMain->TB2.Buttons("New").ToolTipText(), "Apontador - não faz selecção.");
     const DialogScript script({ClosesDialog()});

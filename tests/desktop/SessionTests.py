@@ -1,4 +1,4 @@
-"""The end of the session: a log-out that asks, one that may not, and the signals."""
+"""A log-out that asks, one that may not, and the signals."""
 import signal
 import subprocess
 import sys
@@ -36,7 +36,7 @@ class SessionManager:
 
 
 def start_in_session(desktop):
-    """A session with a painted picture from a file; gives the session manager, the program and the file."""
+    """A painted picture from a file; gives the session manager, the program and the file."""
     manager = SessionManager(desktop)
     path = desktop.pictures / "picture.bmp"
     write_bmp(path, sample())

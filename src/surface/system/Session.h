@@ -8,9 +8,9 @@ namespace pintalux {
 struct SessionEvents {
     /// The user logs out, and everything that is to stay must be on the disk when this returns. `mayAsk`: the
     /// desktop lets the user be asked; a dialog that stands or a picture that is being read forbid it. False
-    /// asks the desktop to go on with the session.
+    /// asks the desktop to call the log-out off.
     std::function<bool(bool mayAsk)> LogOut;
-    /// The session is over: the program has to go, without a question.
+    /// The log-out has come: the program has to go, without a question.
     std::function<void()> End;
 };
 

@@ -1,4 +1,4 @@
-// What the program object hears of the session's end.
+// What the program object hears of a log-out.
 #pragma once
 
 namespace pintalux {
