@@ -13,6 +13,7 @@
 #include "document/Workspace.h"
 #include "selection/Nudge.h"
 #include "selection/RectangleSelection.h"
+#include "surface/window/KeyCodes.h"
 #include "surface/window/Screen.h"
 #include "tools/Image1_Pointer.h"
 #include "tools/ToolTable.h"
@@ -25,23 +26,6 @@
 namespace pintalux {
 
 namespace {
-
-enum KeyCode : int {
-    kEnter = 13,
-    kEscape = 27,
-    kSpace = 32,
-    kPageUp,
-    kPageDown,
-    kEnd,
-    kHome,
-    kLeft,
-    kUp,
-    kRight,
-    kDown,
-    kDelete = 46,
-    kPlus = 107,
-    kMinus = 109,
-};
 
 constexpr int kFarStep = 10; // image pixels, with Shift
 

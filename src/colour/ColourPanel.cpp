@@ -3,6 +3,7 @@
 #include "base/Arithmetic.h"
 #include "base/NumberText.h"
 #include "files/FileNames.h"
+#include "surface/window/KeyCodes.h"
 #include "surface/window/SpinnerPair.h"
 
 #include <algorithm>
@@ -179,8 +180,6 @@ namespace {
 /// Whether the release of a key ends some typing. Tab, Shift and the arrows type nothing, and a box that was
 /// only passed through must not touch the colour; the box of the saturation would.
 bool EndsTyping(const TextBox& text, const ScrollBar& bar, int KeyCode, int Shift) {
-    constexpr int kBackspace = 8;
-    constexpr int kDelete = 46;
     const bool digit = KeyCode >= '0' && KeyCode <= '9' && (Shift & (kCtrlMask | kAltMask)) == 0;
     // Pasted numbers, and digits of keyboards that have them on other keys.
     const bool differs = text.Text() != SpinnerText(bar);

@@ -2,6 +2,7 @@
 // pick, Shift+Space and the Menu key ask for the shades, as the right button does.
 #include "colour/ColourPanel.h"
 #include "surface/raster/Drawing.h"
+#include "surface/window/KeyCodes.h"
 
 #include <algorithm>
 #include <optional>
@@ -16,21 +17,6 @@ constexpr int kFirstRow = 156;
 constexpr int kCellSide = 16;
 
 constexpr int kShadePitch = 2; // rows of the strip
-
-enum KeyCode : int {
-    kEnter = 13,
-    kEscape = 27,
-    kSpace = 32,
-    kPageUp,
-    kPageDown,
-    kEnd,
-    kHome,
-    kLeft,
-    kUp,
-    kRight,
-    kDown,
-    kMenu = 93
-};
 
 bool Picks(const KeyStroke& key) {
     return key.code == kEnter || (key.code == kSpace && key.shift == 0);

@@ -285,9 +285,8 @@ def BytesThatAreNoPictureArePassedOver(desktop):
     assert desktop.wait_for_picture(sample(SIDE, SIDE, seed=50)) == (place[0] + COLUMN, place[1]), "the first slot was free"
 
 
-@desktop_test
-def WhatWasCopiedOutlivesTheProgramWhereTheDesktopKeepsIt(desktop):
-    other_client(desktop, "manager", desktop.folder / "kept.png")
+def end_with_a_copy(desktop):
+    """A run that puts a picture on the clipboard and ends; gives the picture."""
     process = start_with_tray(desktop)
     picture = sample(SIDE, SIDE)
     copy(desktop, picture)
@@ -297,6 +296,13 @@ def WhatWasCopiedOutlivesTheProgramWhereTheDesktopKeepsIt(desktop):
     wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts it on the clipboard")
     leave(desktop)
     assert desktop.wait_for_end(process) == 0
+    return picture
+
+
+@desktop_test
+def WhatWasCopiedOutlivesTheProgramWhereTheDesktopKeepsIt(desktop):
+    other_client(desktop, "manager", desktop.folder / "kept.png")
+    picture = end_with_a_copy(desktop)
     expect_same(pasted(desktop, "image/png"), picture)
 
 
@@ -333,15 +339,7 @@ def PackagedManagerThatNeverAnswersKeepsWhatWasCopied(desktop):
         raise Skip("no such clipboard manager on this machine") from None
     other_client(desktop, "await-manager")
     desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
-    process = start_with_tray(desktop)
-    picture = sample(SIDE, SIDE)
-    copy(desktop, picture)
-    place = desktop.wait_for_picture(picture)
-    copy_text(desktop)
-    click_slot(desktop, place)
-    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the click puts it on the clipboard")
-    leave(desktop)
-    assert desktop.wait_for_end(process) == 0
+    picture = end_with_a_copy(desktop)
     wait_for(lambda: "image/bmp" in owner_answer(desktop), "the manager brings it back")
     expect_same(pasted(desktop, "image/bmp"), picture)
     expect_same(pasted(desktop, "image/png"), picture)

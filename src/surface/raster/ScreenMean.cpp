@@ -61,19 +61,23 @@ void AddGatheredUnlessKey(const Pixel* pixels, const std::uint8_t* places, int c
     }
 }
 
+template <std::ptrdiff_t along>
+[[gnu::always_inline]] inline std::uint32_t SumOf(const std::uint32_t* neighbours) {
+    std::uint32_t sum = 0;
+    for (std::ptrdiff_t j = 0; j < along; ++j)
+        sum += neighbours[j];
+    return sum;
+}
+
 /// As `Divide`, with what `out` holds, alpha as well, in the place of the samples that were left out.
-template <int along>
+template <std::ptrdiff_t along>
 [[gnu::always_inline]] inline void DivideOver(const std::uint32_t* redBlue, const std::uint32_t* green,
                                               int count, std::uint32_t samples, std::uint32_t* out) {
     const std::uint32_t share = (65536 + samples - 1) / samples;
     const std::uint32_t half = samples / 2;
     for (int i = 0; i < count; ++i) {
-        std::uint32_t rb = 0;
-        std::uint32_t g = 0;
-        for (int j = 0; j < along; ++j) {
-            rb += redBlue[i * along + j];
-            g += green[i * along + j];
-        }
+        const std::uint32_t rb = SumOf<along>(redBlue + i * along);
+        const std::uint32_t g = SumOf<along>(green + i * along);
         const std::uint32_t inside = g >> 16;
         const std::uint32_t below = samples - inside;
         const std::uint32_t under = out[i];
@@ -96,18 +100,14 @@ void DivideRowOver(const std::uint32_t* redBlue, const std::uint32_t* green, int
 
 /// The sums of `along` neighbours, divided by `samples` to nearest: for 16 samples of at most 255 the product
 /// is exact.
-template <int along>
+template <std::ptrdiff_t along>
 [[gnu::always_inline]] inline void Divide(const std::uint32_t* redBlue, const std::uint32_t* green, int count,
                                           std::uint32_t samples, std::uint32_t* out) {
     const std::uint32_t share = (65536 + samples - 1) / samples;
     const std::uint32_t half = samples / 2;
     for (int i = 0; i < count; ++i) {
-        std::uint32_t rb = 0;
-        std::uint32_t g = 0;
-        for (int j = 0; j < along; ++j) {
-            rb += redBlue[i * along + j];
-            g += green[i * along + j];
-        }
+        const std::uint32_t rb = SumOf<along>(redBlue + i * along);
+        const std::uint32_t g = SumOf<along>(green + i * along);
         const std::uint32_t red = ((rb & 0xFFFF) + half) * share >> 16;
         const std::uint32_t blue = ((rb >> 16) + half) * share >> 16;
         out[i] = 0xFF000000 | red << 16 | (((g + half) * share >> 8) & 0xFF00) | blue;

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <chrono>
 #include <mutex>
+#include <new>
 #include <poll.h>
 #include <QCoreApplication>
 #include <span>
@@ -304,7 +305,8 @@ std::uint64_t ClipboardServer::Signs() const {
     return thread_->signs;
 }
 
-bool ClipboardServer::nativeEventFilter(const QByteArray& kind, void* message, qintptr*) {
+// The toolkit is in the middle of its own work: without memory the question is left to it.
+bool ClipboardServer::nativeEventFilter(const QByteArray& kind, void* message, qintptr*) try {
     if (kind != "xcb_generic_event_t") return false;
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
     if (TypeOf(*event) != XCB_SELECTION_REQUEST) return false;
@@ -315,6 +317,8 @@ bool ClipboardServer::nativeEventFilter(const QByteArray& kind, void* message, q
     if (picture.Empty()) return false;
     thread_->Take(asked, picture);
     return true;
+} catch (const std::bad_alloc&) {
+    return false;
 }
 
 } // namespace pintalux

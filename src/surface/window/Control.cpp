@@ -5,6 +5,7 @@
 #include "surface/window/Accessible_native.h"
 #include "surface/window/Control_native.h"
 #include "surface/window/Cursors_native.h"
+#include "surface/window/KeyCodes.h"
 #include "surface/window/Painting_native.h"
 
 #include <QAccessible>
@@ -171,8 +172,6 @@ void Control::LeavesFocusTo(const Control& other) {
 }
 
 void Control::PressedByKeys(std::function<void()> press) {
-    constexpr int kEnter = 13;
-    constexpr int kSpace = 32;
     TakesFocus(FocusBy::Tab);
     AccessibleRole(SpokenRole::Button);
     if (auto* painted = dynamic_cast<PaintedWidget*>(WidgetOf(*this))) painted->framed = true;

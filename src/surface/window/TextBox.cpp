@@ -1,6 +1,7 @@
 #include "surface/window/TextBox.h"
 
 #include "surface/window/Inputs_native.h"
+#include "surface/window/KeyCodes.h"
 #include "surface/window/KeyCodes_native.h"
 #include "surface/window/TextPaste_native.h"
 
@@ -16,8 +17,6 @@ namespace pintalux {
 
 namespace {
 
-constexpr int kBackspace = 8;
-constexpr int kInsert = 45;
 constexpr int kToolkitLongest = 32767;
 
 /// The line that shows a text box. Whatever brings characters in (keys, paste, input methods) asks `KeyPress`
