@@ -1,9 +1,9 @@
 // Turns an image about a pixel in its middle, quadrant by quadrant.
 #include "base/Arithmetic.h"
-#include "base/Parallel.h"
 #include "imageops/ImgFiltMod.h"
 #include "imageops/Landing.h"
 #include "imageops/TurnedOffset.h"
+#include "surface/raster/BandLoop.h"
 #include "surface/raster/PixelWrite.h"
 #include "surface/raster/StreamCopy.h"
 #include "surface/window/Surface.h"
@@ -86,14 +86,15 @@ void TurnRightAngle(const Turn& turn, int sign) {
                                 : Box{turn.dx0 - turn.sy, turn.dy0 + turn.sx - from.Width() + 1,
                                       turn.dx0 - turn.sy + from.Height(), turn.dy0 + turn.sx + 1};
     const Box box = Intersection(Intersection(reached, inside), turn.to.Bounds());
-    turn.to.Overwrite(box);
-    const int firstBand = box.top / kSide;
-    SplitOverCores((box.bottom + kSide - 1) / kSide - firstBand, [&](int begin, int end) {
-        for (int top = (firstBand + begin) * kSide; top < (firstBand + end) * kSide; top += kSide) {
-            for (int left = box.left / kSide * kSide; left < box.right; left += kSide)
-                TurnSquare(turn, Intersection({left, top, left + kSide, top + kSide}, box), sign);
+    static_assert(Bitmap::kTileHeight % kSide == 0);
+    if (box.Empty()) return;
+    turn.to.DetachTable();
+    ForBands(box, [&](int top, int bottom) {
+        turn.to.Overwrite({box.left, top, box.right, bottom});
+        for (int y = top / kSide * kSide; y < bottom; y += kSide) {
+            for (int x = box.left / kSide * kSide; x < box.right; x += kSide)
+                TurnSquare(turn, Intersection({x, y, x + kSide, y + kSide}, box), sign);
         }
-        FinishStreaming();
     });
 }
 

@@ -1,9 +1,9 @@
 #include "imageops/RowLoop.h"
 
 #include "base/Arithmetic.h"
-#include "base/Parallel.h"
 #include "document/Globals.h"
 #include "imageops/PixelTable.h"
+#include "surface/raster/BandLoop.h"
 #include "surface/raster/PixelWrite.h"
 #include "surface/raster/StreamCopy.h"
 #include "surface/window/ProgressBar.h"
@@ -12,18 +12,6 @@
 #include <algorithm>
 
 namespace pintalux {
-
-namespace {
-
-constexpr int kChunkPixels = 1 << 21; // A few milliseconds of the slowest routine.
-
-/// Rows of a chunk: whole bands, so that none is begun twice.
-int ChunkRows(int width) {
-    const int bands = kChunkPixels / (width * Bitmap::kTileHeight);
-    return std::max(bands, 2) * Bitmap::kTileHeight;
-}
-
-} // namespace
 
 int LoopEnd(double last) {
     return AddInt16(ToInt16(last), 1);
@@ -38,21 +26,17 @@ void ForRows(Surface& surface, const Box& box, ProgressBar& Pb, Cores cores,
     const PixelWrite write(surface.hDC(), box);
     Bitmap& bits = write.Bits();
     const Box& area = write.Area();
-    for (int top = area.top; top < area.bottom;) {
-        const int chunk = ChunkRows(area.Width());
-        const int bottom = std::min(area.bottom, top - top % Bitmap::kTileHeight + chunk);
+    if (area.Empty()) return;
+    bits.DetachTable();
+    const auto part = [&](int top, int bottom) {
         bits.Overwrite({area.left, top, area.right, bottom});
-        const auto part = [&](int begin, int end) {
-            rows(top + begin, top + end);
-            FinishStreaming();
-        };
-        if (cores == Cores::All) {
-            SplitOverCores(bottom - top, part);
-        } else {
-            part(0, bottom - top);
-        }
-        Pb.Value(Pb.Max() * (bottom - area.top) / area.Height());
-        top = bottom;
+        rows(top, bottom);
+    };
+    const auto tell = [&](double share) { Pb.Value(Pb.Max() * share); };
+    if (cores == Cores::All) {
+        ForBands(area, part, tell);
+    } else {
+        ForBandsInTurn(area, part, tell);
     }
     Pb.Value(0);
 }
@@ -64,18 +48,7 @@ void ForRowsInPlace(Surface& surface, const Box& box, ProgressBar& Pb,
     const Box& area = write.Area();
     if (area.Empty()) return;
     bits.DetachTable();
-    const int firstBand = area.top / Bitmap::kTileHeight;
-    const int endBand = (area.bottom + Bitmap::kTileHeight - 1) / Bitmap::kTileHeight;
-    const int chunk = ChunkRows(area.Width()) / Bitmap::kTileHeight;
-    const double half = Pb.Max() / 2;
-    for (int band = firstBand; band < endBand; band += chunk) {
-        const int end = std::min(band + chunk, endBand);
-        SplitOverCores(end - band, [&](int first, int last) {
-            rows(std::max(area.top, (band + first) * Bitmap::kTileHeight),
-                 std::min(area.bottom, (band + last) * Bitmap::kTileHeight));
-        });
-        Pb.Value(half + half * (end - firstBand) / (endBand - firstBand));
-    }
+    ForBands(area, rows, [&](double share) { Pb.Value(Pb.Max() * (1 + share) / 2); });
     Pb.Value(0);
 }
 

@@ -2,7 +2,8 @@
 //
 // A routine reads a `PixelTable`, which no write changes. So it may compute the pixels of an image in any
 // order. The loop takes them row by row, since the pixels of a row lie side by side. It takes the rows in
-// chunks of about two million pixels. All cores work on a chunk; after it the progress bar moves.
+// parts of whole bands, about a million pixels each. Each core takes the next part when it is done with one;
+// the progress bar moves after each part of the program's own thread.
 //
 // Three loops stand on one another: `ForRows` hands out rows, `ForPixels` runs of pixels, `ForPixelsOf` runs
 // with what a table has there; `ForRowsInPlace` is `ForRows` for a routine that writes few of the pixels.

@@ -266,7 +266,18 @@ TEST(TransparentBlt, AMovedPieceCoversWhatItHoldsAndNothingElse) {
             if ((x - 350) * (x - 350) + (y - 200) * (y - 200) * 3 > 350 * 350) piece.Set(x, y, kKey);
     const Bitmap below = RandomPicture(700, 400, 11);
     DrawAttributes attributes;
-    for (const auto& [dx, dy] : {std::pair{0, 0}, {21, 21}, {-37, 5}, {256, 32}, {-256, -64}, {16, -400}}) {
+    // Among them: pieces of tiles narrower than 16 pixels, on the left, on the right, and both.
+    for (const auto& [dx, dy] : {std::pair{0, 0},
+                                 {21, 21},
+                                 {-37, 5},
+                                 {256, 32},
+                                 {-256, -64},
+                                 {16, -400},
+                                 {3, 1},
+                                 {250, -3},
+                                 {-250, 7},
+                                 {240, 0},
+                                 {180, 2}}) {
         SCOPED_TRACE(testing::Message() << dx << ", " << dy);
         Target target(below);
         TransparentBlt(target.hdc, {dx, dy, 700, 400}, DeviceContext(piece, attributes), {0, 0, 700, 400},

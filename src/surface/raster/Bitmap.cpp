@@ -1,6 +1,5 @@
 #include "surface/raster/Bitmap.h"
 
-#include "base/Parallel.h"
 #include "base/RuntimeError.h"
 
 #include <algorithm>
@@ -221,17 +220,11 @@ void Bitmap::Detach(const Box& box) {
 void Bitmap::Overwrite(const Box& box) {
     const Box area = Intersection(box, Bounds());
     if (area.Empty()) return;
-    OwnTable();
-    const int first = static_cast<int>(BandIndex(area.top));
-    const int last = static_cast<int>(BandIndex(area.bottom - 1));
-    SplitOverCores(last - first + 1, [&](int begin, int end) {
-        for (auto band = static_cast<std::size_t>(first + begin);
-             band < static_cast<std::size_t>(first + end); ++band) {
-            for (std::size_t tile = TileIndex(area.left); tile <= TileIndex(area.right - 1); ++tile) {
-                OwnTile(band, tile, Covers(area, TileBox(band, tile)) ? Keep::Nothing : Keep::Pixels);
-            }
+    for (std::size_t band = BandIndex(area.top); band <= BandIndex(area.bottom - 1); ++band) {
+        for (std::size_t tile = TileIndex(area.left); tile <= TileIndex(area.right - 1); ++tile) {
+            OwnTile(band, tile, Covers(area, TileBox(band, tile)) ? Keep::Nothing : Keep::Pixels);
         }
-    });
+    }
 }
 
 Bitmap Bitmap::Resized(int width, int height, Pixel fill) const {

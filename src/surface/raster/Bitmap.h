@@ -107,7 +107,7 @@ class Bitmap {
     void Detach(const Box& box);
 
     /// The same for a box that is written whole afterwards: what its tiles showed inside it is lost, so that
-    /// nothing is copied first. The tiles are made on all cores.
+    /// nothing is copied first.
     void Overwrite(const Box& box);
 
     /// Makes the table of bands this bitmap's own, so that threads may write to boxes that have no band in

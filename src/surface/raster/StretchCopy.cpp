@@ -1,6 +1,6 @@
 #include "surface/raster/StretchCopy.h"
 
-#include "base/Parallel.h"
+#include "surface/raster/BandLoop.h"
 #include "surface/raster/StreamCopy.h"
 
 #include <algorithm>
@@ -91,14 +91,12 @@ class StretchCopier {
 void CopyStretched(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel inversion) {
     const StretchCopier copier(to, map, from, inversion);
     const Box area = map.Place();
-    const int firstBand = area.top / Bitmap::kTileHeight;
-    to.Overwrite(area);
-    SplitOverCores((area.bottom - 1) / Bitmap::kTileHeight + 1 - firstBand, [&](int begin, int end) {
-        for (int band = firstBand + begin; band < firstBand + end; ++band) {
-            copier.CopyBand(std::max(area.top, band * Bitmap::kTileHeight),
-                            std::min(area.bottom, (band + 1) * Bitmap::kTileHeight));
-        }
-        FinishStreaming();
+    to.DetachTable();
+    ForBands(area, [&](int top, int bottom) {
+        to.Overwrite({area.left, top, area.right, bottom});
+        for (int band = top / Bitmap::kTileHeight; band * Bitmap::kTileHeight < bottom; ++band)
+            copier.CopyBand(std::max(top, band * Bitmap::kTileHeight),
+                            std::min(bottom, (band + 1) * Bitmap::kTileHeight));
     });
 }
 

@@ -1,8 +1,8 @@
 #include "surface/raster/Transfer.h"
 
-#include "base/Parallel.h"
 #include "base/RuntimeError.h"
 #include "base/VectorClones.h"
+#include "surface/raster/BandLoop.h"
 #include "surface/raster/StreamCopy.h"
 #include "surface/raster/StretchCopy.h"
 
@@ -82,23 +82,23 @@ void CopyEqualSize(Bitmap& to, const StretchMap& map, const Bitmap& from, Pixel 
         leftward ? (cached ? MirrorInCache : StreamMirrored) : (cached ? CopyInCache : StreamCopy);
     const int firstTile = area.left / Bitmap::kTileWidth;
     const int lastTile = (area.right - 1) / Bitmap::kTileWidth;
-    to.Overwrite(area);
-    SplitOverCores(area.Height(), [&](int begin, int end) {
+    to.DetachTable();
+    ForBands(area, [&](int top, int bottom) {
+        to.Overwrite({area.left, top, area.right, bottom});
         alignas(64) RunPixels room;
-        for (int step = begin; step < end; ++step) {
-            const int i = upward ? begin + end - 1 - step : step;
-            const int sourceY = map.rows.source[static_cast<std::size_t>(i)];
+        for (int step = top; step < bottom; ++step) {
+            const int y = upward ? top + bottom - 1 - step : step;
+            const int sourceY = map.rows.source[static_cast<std::size_t>(y - area.top)];
             for (int tile = firstTile; tile <= lastTile; ++tile) {
                 const int left = (leftward ? firstTile + lastTile - tile : tile) * Bitmap::kTileWidth;
                 const int x = std::max(left, area.left);
                 const int count = std::min(left + Bitmap::kTileWidth, area.right) - x;
                 const int column = map.columns.source[static_cast<std::size_t>(x - area.left)];
                 const int first = leftward ? column - count + 1 : column;
-                copy(to.WritableRun(x, area.top + i).data(), PixelsDown(from, first, sourceY, count, room),
+                copy(to.WritableRun(x, y).data(), PixelsDown(from, first, sourceY, count, room),
                      static_cast<std::size_t>(count), inversion);
             }
         }
-        FinishStreaming();
     });
 }
 
@@ -163,12 +163,10 @@ class KeyCopier {
           shiftX_(area_.left - map.columns.source.front()), shiftY_(area_.top - map.rows.source.front()) {}
 
     void Run() {
-        const int firstBand = area_.top / Bitmap::kTileHeight;
         to_.DetachTable();
-        SplitOverCores((area_.bottom - 1) / Bitmap::kTileHeight + 1 - firstBand, [&](int begin, int end) {
-            for (int band = firstBand + begin; band < firstBand + end; ++band)
+        ForBands(area_, [&](int top, int bottom) {
+            for (int band = top / Bitmap::kTileHeight; band * Bitmap::kTileHeight < bottom; ++band)
                 CopyBand(band * Bitmap::kTileHeight);
-            FinishStreaming();
         });
     }
 
@@ -204,12 +202,38 @@ class KeyCopier {
     }
 
     void CopyRun(int x, int y, int count, RunPixels& room, RunPixels& mixed) {
+        if (CopyFromTwoTiles(x, y, count)) return;
         const Pixel* pixels = PixelsDown(from_, x - shiftX_, y - shiftY_, count, room);
         if (CountKeys(pixels, count, key_) > 0) {
             LayOver(before_.Run(x, y).data(), pixels, mixed.data(), count, key_);
             pixels = mixed.data();
         }
         StreamRow(to_, x, y, {pixels, static_cast<std::size_t>(count)});
+    }
+
+    /// Without a key among pixels from two tiles, which need not be gathered then but for the line where they
+    /// meet; false if something else is to be done.
+    bool CopyFromTwoTiles(int x, int y, int count) {
+        const int fromX = x - shiftX_;
+        const int fromY = y - shiftY_;
+        const auto left = from_.Run(fromX, fromY);
+        const int first = static_cast<int>(left.size());
+        if (first >= count || StaysInCache(to_)) return false;
+        const Pixel* right = from_.Run(fromX + first, fromY).data();
+        FetchRow(from_, fromX, fromY + 1, count);
+        if (CountKeys(left.data(), first, key_) > 0 || CountKeys(right, count - first, key_) > 0)
+            return false;
+        constexpr int kLine = 16;
+        Pixel* const out = to_.WritableRun(x, y).data();
+        const int whole = first / kLine * kLine;
+        const int end = std::min(whole + kLine, count);
+        std::array<Pixel, kLine> line;
+        std::copy(left.data() + whole, left.data() + first, line.data());
+        std::copy_n(right, end - first, line.data() + first - whole);
+        StreamCopy(out, left.data(), static_cast<std::size_t>(whole));
+        StreamCopy(out + whole, line.data(), static_cast<std::size_t>(end - whole));
+        StreamCopy(out + end, right + end - first, static_cast<std::size_t>(count - end));
+        return true;
     }
 
     int Keys(const Box& box) const {
