@@ -2,8 +2,9 @@
 """running.py [--program path] [--rounds N] [part...]: what the running program costs, on a display of its own, with the
 wanted figure beside each. Parts: opening, undo, strokes, memory, idle, paste; all of them if none is named. Processor time is
 that of all threads of the program, best of several rounds; the time from the start of the process to the picture on the
-display means something on a quiet machine only. Ends with an error where a figure is missed by more than a tenth. The
-program is built first: scripts/build.sh release pintalux64."""
+display means something on a quiet machine only. A move of a stroke and a second of idleness may also cost 1.5 times
+what they cost a bare window of the toolkit on the same display. Ends with an error where a figure is missed by more than a tenth. The programs are built first:
+scripts/build.sh release pintalux64 bare_window."""
 import argparse
 import ctypes
 import os
@@ -25,6 +26,8 @@ from roads import BROWSER, MAIN, NEW, open_browser  # noqa: E402
 from run import built_program  # noqa: E402
 
 SLACK = 1.1
+OVER_BARE = 1.5  # by what the same costs a bare window of the toolkit
+BARE_WINDOW = ROOT / "build/release/bench/bare_window"
 MEGA = 1024 * 1024
 PIXEL = 4  # bytes of a pixel in memory
 KEPT_STATES = 256 * MEGA  # at most as much for the states kept in memory, or a quarter of what is free
@@ -39,6 +42,11 @@ def tell(what, figure, wanted, unit):
     missed = figure > wanted * SLACK
     figures.append((what, missed))
     print(f"{what:58}{figure:9.1f}{wanted:9.1f} {unit}{' !' if missed else ''}", flush=True)
+
+
+def tell_beside_bare(what, figure, bare, wanted, unit):
+    print(f"{what + ', bare window':58}{bare:9.1f}")
+    tell(what, figure, max(wanted, OVER_BARE * bare), unit)
 
 
 # The eye: rows of the display, faster than a photograph.
@@ -255,17 +263,24 @@ def undo(new_desktop, rounds, folder):
             tell(f"{act} of a filter on {mega} megapixels", 1000 * min(spent[key]), 40, "ms")
 
 
+def move_of_a_stroke(running, rounds):
+    """Seconds of processor time. The press, the release and its state cost the same for a short stroke."""
+    running.measure_idle(2)
+    short = min(running.spent(lambda: stroke(running.desktop, 1, 10)) for _ in range(rounds))
+    long = min(running.spent(lambda: stroke(running.desktop, 1, 210)) for _ in range(rounds))
+    running.end()
+    return (long - short) / 200
+
+
 def strokes(new_desktop, rounds, folder):
     path = write_picture(folder / "strokes.bmp", 6000, 4000)
+    with Desktop(BARE_WINDOW, None) as desktop:
+        bare = 1e6 * move_of_a_stroke(Running(desktop, path), rounds)
     with new_desktop() as desktop:
         running = Running(desktop, path)
         running.maximise()
-        running.measure_idle(2)
-        # The press, the release and its state cost the same for a short stroke.
-        short = min(running.spent(lambda: stroke(desktop, 1, 10)) for _ in range(rounds))
-        long = min(running.spent(lambda: stroke(desktop, 1, 210)) for _ in range(rounds))
-        running.end()
-    tell("a move of a stroke on 24 megapixels", (long - short) / 200 * 1e6, 190, "microseconds")
+        moved = 1e6 * move_of_a_stroke(running, rounds)
+    tell_beside_bare("a move of a stroke on 24 megapixels", moved, bare, 190, "microseconds")
 
 
 def memory(new_desktop, _, folder):
@@ -292,12 +307,19 @@ def memory(new_desktop, _, folder):
 
 def idle(new_desktop, _, folder):
     path = write_picture(folder / "idle.bmp", 1200, 900)
+
+    def second(running):
+        time.sleep(4)  # the splash, and what starts late
+        spent = 1000 * min(running.measure_idle(3) for _ in range(4))
+        running.end()
+        return spent
+
+    with Desktop(BARE_WINDOW, None) as desktop:
+        bare = second(Running(desktop, path))
     with new_desktop() as desktop:
         running = Running(desktop, path, quiet=False)
         running.maximise()
-        time.sleep(4)  # the splash, and what starts late
-        tell("a second with a document and nothing to do", 1000 * min(running.measure_idle(3) for _ in range(4)), 2, "ms")
-        running.end()
+        tell_beside_bare("a second with a document and nothing to do", second(running), bare, 2, "ms")
 
 
 def paste(new_desktop, rounds, folder):
