@@ -2,9 +2,9 @@
 """running.py [--program path] [--rounds N] [part...]: what the running program costs, on a display of its own, with the
 wanted figure beside each. Parts: opening, undo, strokes, memory, idle, paste; all of them if none is named. Processor time is
 that of all threads of the program, best of several rounds; the time from the start of the process to the picture on the
-display means something on a quiet machine only. A move of a stroke and a second of idleness may also cost 1.5 times
-what they cost a bare window of the toolkit on the same display. Ends with an error where a figure is missed by more than a tenth. The programs are built first:
-scripts/build.sh release pintalux64 bare_window."""
+display means something on a quiet machine only. A move of a stroke and a second of idleness may also cost 1.5 times what
+they cost a bare window of the toolkit on the same display. Ends with an error where a figure is missed by more than a
+tenth. The programs are built first: scripts/build.sh release pintalux64 bare_window."""
 import argparse
 import ctypes
 import os
