@@ -346,6 +346,22 @@ def PackagedManagerThatNeverAnswersKeepsWhatWasCopied(desktop):
 
 
 @desktop_test
+def PackagedManagerThatTakesOverAtTheEndKeepsWhatWasCopied(desktop):
+    start_bus(desktop)
+    # It asks for nothing until the program hands over what it copied.
+    try:
+        beside(desktop, "xfsettingsd", "--disable-wm-check", "--replace")
+    except FileNotFoundError:
+        raise Skip("no such settings daemon on this machine") from None
+    other_client(desktop, "await-manager")
+    desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
+    picture = end_with_a_copy(desktop)
+    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the manager offers it")
+    expect_same(pasted(desktop, "image/bmp"), picture)
+    expect_same(pasted(desktop, "image/png"), picture)
+
+
+@desktop_test
 def BothFormatsOfAPhotographGoAtOnce(desktop):
     """In pieces, side by side, as some managers ask; another one takes it meanwhile."""
     desktop.large_window_settings()
