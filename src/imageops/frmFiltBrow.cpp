@@ -101,7 +101,11 @@ void frmFiltBrowForm::LayOut() {
     LevelArea.AsPanel();
     FiltList.Width(kListWidth);
     LevelArea.Height(kLevelHeight);
-    LayOutGrid(LevelArea, {{&lblFiltLevel, 0, 0, 1, 1, Place::Left}, {&Slider1, 1, 0}}, 4, 0);
+    LayOutGrid(LevelArea,
+               {{&lblFiltLevel, 0, 0, 1, 1, Place::Left},
+                {&lblValue, 0, 1, 1, 1, Place::Right},
+                {&Slider1, 1, 0, 1, 2}},
+               4, 0);
     // The row that stretches makes the list tall enough for all its texts.
     LayOutGrid(*this, {{&lblFilter, 0, 0},
                        {&FiltList, 1, 0, 4},
@@ -139,11 +143,13 @@ void frmFiltBrowForm::FiltList_Click() {
 
 void frmFiltBrowForm::ShowLevel(bool shown) {
     lblFiltLevel.Visible(shown);
+    lblValue.Visible(shown);
     Slider1.Visible(shown);
 }
 
 void frmFiltBrowForm::TellLevel() {
-    Slider1.ToolTipText(NumberText(Slider1.Value()));
+    lblValue.Caption(NumberText(Slider1.Value()));
+    Slider1.ToolTipText(lblValue.Caption());
 }
 
 // The side of a box is scaled with the sample, to a pixel at least; every other level is a number of pixels

@@ -30,7 +30,7 @@ class frmFiltBrowForm : public Form, public SampleParts {
     Label lblFilter{*this, "lblFilter", "Filtro"}; ///< Heads the list.
     ListBox FiltList{*this, "FiltList", OfferedFilters()};
     Surface LevelArea{*this, "LevelArea"}; ///< Keeps the room of the level while it is hidden.
-    Label lblFiltLevel{LevelArea, "lblFiltLevel"};
+    Label lblFiltLevel{LevelArea, "lblFiltLevel"}, lblValue{LevelArea, "lblValue"};
     Slider Slider1{LevelArea, "Slider1", 1, 10};
     CommandButton Command1{*this, "Command1", "Ver Amostra"};
     CommandButton cmdApply{*this, "cmdApply", "Actualizar"};

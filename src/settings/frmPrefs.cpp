@@ -21,6 +21,7 @@ frmPrefsForm::frmPrefsForm() : Form("frmPrefs", Kind::Dialog) {
     Slider1.LargeChange(5);
     Slider1.TickFrequency(5);
     Slider1.AccessibleName("JPEG Qualidade de Gravação");
+    Slider1.Change = Slider1.Scroll = [this] { lblValue.Caption(NumberText(Slider1.Value())); };
     Command1.Default(true);
     Command2.Cancel(true);
     Check5.Click = [this] { Check5_Click(); };
@@ -40,7 +41,7 @@ void frmPrefsForm::LayOut() {
                                 {&Combo2, 2, 1},
                                 {&Label6, 2, 2},
                                 {nullptr, 3, 3}});
-    LayOutGrid(Frame1, {{&Label2, 0, 0}, {&Slider1, 0, 1}, {&Label3, 0, 2}});
+    LayOutGrid(Frame1, {{&Label2, 0, 0}, {&Slider1, 0, 1}, {&Label3, 0, 2}, {&lblValue, 0, 3}});
     LayOutGrid(SSTab1.Page(2), {{&Frame1, 0, 0}, {nullptr, 1, 0}});
     LayOutGrid(*this, {{&SSTab1, 0, 0, 1, 3}, {nullptr, 1, 0}, {&Command1, 1, 1}, {&Command2, 1, 2}});
     LabelFor(Label1, Combo1);
@@ -49,6 +50,7 @@ void frmPrefsForm::LayOut() {
 
 void frmPrefsForm::Form_Load() {
     Slider1.Value(SettingInteger("JPGsaveQuality", 50, 10, 90));
+    lblValue.Caption(NumberText(Slider1.Value()));
     Check1.Value(SettingInteger("ShowSplash", 1, 0, 1));
     Check2.Value(SettingInteger("Associate", 0, 0, 1));
     Check3.Value(SettingInteger("Clipmon", 1, 0, 1));

@@ -35,6 +35,7 @@ class frmPrefsForm : public Form {
     Label Label2{Frame1, "Label2", "POUCA"};
     Slider Slider1{Frame1, "Slider1", 10, 90};
     Label Label3{Frame1, "Label3", "MUITA"};
+    Label lblValue{Frame1, "lblValue"}; ///< Of the slider.
 
     CommandButton Command1{*this, "Command1", "OK"};
     CommandButton Command2{*this, "Command2", "Cancelar"};

@@ -67,8 +67,7 @@ void Order(const Fault& fault, int n) {
 // Chooses a file and agrees to its being replaced; whatever else comes tells the user something.
 void Answer(QWidget& dialog, const std::string& chosen, int& said) {
     const auto* box = dynamic_cast<QMessageBox*>(&dialog);
-    if (box != nullptr && box->standardButtons().testFlag(QMessageBox::Yes))
-        return PressButton(dialog, "Sim");
+    if (box != nullptr && box->text().contains("já existe")) return PressButton(dialog, "Sim");
     if (box == nullptr && !chosen.empty()) return ChoosesFile(chosen)(dialog);
     ++said;
     if (box != nullptr) return PressButton(dialog, "OK");

@@ -435,6 +435,7 @@ TEST_F(FilterBrowserTest, ScreenReadersHearWhatEachControlIs) {
         EXPECT_EQ(WidgetFor(frmFiltBrow->Slider1).accessibleName(), "Relevo");
         frmFiltBrow->Slider1.Value(150);
         EXPECT_EQ(frmFiltBrow->Slider1.ToolTipText(), "150");
+        EXPECT_EQ(frmFiltBrow->lblValue.Caption(), "150");
     });
 }
 

@@ -190,10 +190,14 @@ TEST(Application, LookFollowsTheDesktop) {
 }
 
 TEST(Application, TextIsReadInEveryTheme) {
-    // The last is a desktop whose own text is too faint.
+    // A desktop whose own text is too faint, and some of odd colours.
     for (const QPalette& desktop : {DesktopOf(0xEFEFEF, 0xFFFFFF, 0x000000, 0x308CC6),
                                     DesktopOf(0x2B2D30, 0x1E1F22, 0xDFE1E5, 0x2D6FB3),
-                                    DesktopOf(0xF6F5F4, 0xFFFFFF, 0xA0A0A0, 0x99C1F1)}) {
+                                    DesktopOf(0xF6F5F4, 0xFFFFFF, 0xA0A0A0, 0x99C1F1),
+                                    DesktopOf(0x808080, 0x707070, 0xC0C0C0, 0x808000),
+                                    DesktopOf(0x073642, 0x002B36, 0x839496, 0x268BD2),
+                                    DesktopOf(0x000000, 0x000000, 0xFFFF00, 0x00FF00),
+                                    DesktopOf(0x4A3A6A, 0xFFF0C0, 0x101010, 0xFFFF80)}) {
         const QPalette made = PaletteFor(desktop);
         // Frames around what is chosen or has the focus.
         EXPECT_GE(ContrastOf(made.color(QPalette::Highlight), made.color(QPalette::Window)), 3);
@@ -211,6 +215,11 @@ TEST(Application, TextIsReadInEveryTheme) {
             EXPECT_GE(contrast(QPalette::Link, QPalette::Base), 4.5);
         }
     }
+}
+
+TEST(Application, ChosenTextStaysWhiteInADarkTheme) {
+    const QPalette dark = PaletteFor(DesktopOf(0x2B2D30, 0x1E1F22, 0xDFE1E5, 0x2D6FB3));
+    EXPECT_EQ(dark.color(QPalette::HighlightedText), QColor(Qt::white));
 }
 
 TEST(Application, ContrastIsThatOfTheGuidelines) {

@@ -251,7 +251,7 @@ TEST_F(CommonDialogTest, TheQuestionIsAboutTheNameThatWillBeWritten) {
     QString question;
     const auto yes = In<QMessageBox>([&](QMessageBox& box) {
         question = box.text();
-        box.button(QMessageBox::Yes)->click();
+        PressButton(box, "Sim");
     });
     EXPECT_EQ(Saved("a.jpg", 1, {yes}), "a.bmp");
     EXPECT_TRUE(question.startsWith("a.bmp já existe")) << question.toStdString();

@@ -1,4 +1,5 @@
 #include "inputs/ByHand.h"
+#include "support/Waiting.h"
 #include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
 
@@ -87,6 +88,30 @@ TEST(Slider, ItsValueShowsInABubbleWhileAHandMovesIt) {
     Key(*WidgetOf(slider), Qt::Key_Right);
     EXPECT_TRUE(QToolTip::isVisible());
     EXPECT_EQ(QToolTip::text(), "41");
+    QToolTip::hideText();
+}
+
+TEST(Slider, ItsBubbleStaysNeitherBehindKeysNorBehindTheSlider) {
+    TestWindow window;
+    Slider slider(window, "Slider1", 10, 90);
+    slider.Move(0, 0, 3000, 600);
+    Key(*WidgetOf(slider), Qt::Key_Right);
+    ASSERT_TRUE(QToolTip::isVisible());
+    EXPECT_TRUE(WaitFor([] { return !QToolTip::isVisible(); }));
+    ToolkitOf<QSlider>(slider).setSliderDown(true);
+    ASSERT_TRUE(QToolTip::isVisible());
+    slider.Visible(false);
+    EXPECT_TRUE(WaitFor([] { return !QToolTip::isVisible(); }));
+}
+
+TEST(Slider, ASliderWithoutATipTellsItsValue) {
+    TestWindow window;
+    Slider slider(window, "Slider1", 10, 90);
+    slider.Move(0, 0, 3000, 600);
+    slider.Value(40);
+    QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), WidgetOf(slider)->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(WidgetOf(slider), &asked);
+    EXPECT_EQ(QToolTip::text(), "40");
     QToolTip::hideText();
 }
 

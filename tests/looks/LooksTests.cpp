@@ -1,6 +1,7 @@
 // Every window as it looks, in a small and a large font, in a light and a dark theme: texts have their room,
 // and stand out from what lies below. With PINTALUX_SHOTS set to a folder a picture of each window goes
 // there; scripts/screenshots.py does that at every scale.
+#include "support/DialogScript.h"
 #include "support/Documents.h"
 #include "support/Program.h"
 
@@ -9,7 +10,10 @@
 #include "document/Globals.h"
 #include "document/Zoom.h"
 #include "surface/system/Clipboard.h"
+#include "surface/system/CommonDialog.h"
+#include "surface/system/MsgBox.h"
 #include "surface/system/Pictures.h"
+#include "surface/system/Printer.h"
 #include "surface/system/Theme_native.h"
 
 #include <cmath>
@@ -23,6 +27,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -40,14 +45,14 @@ struct Look {
     bool dark;
 };
 
-QPalette Desktop(bool dark) {
+QPalette Desktop(bool dark, const QColor& highlight = 0x2D6FB3) {
     QPalette desktop{dark ? QColor(0x2B2D30) : QColor(0xEFEFEF)};
     desktop.setColor(QPalette::Window, dark ? QColor(0x2B2D30) : QColor(0xEFEFEF));
     desktop.setColor(QPalette::Button, dark ? QColor(0x393B40) : QColor(0xEFEFEF));
     desktop.setColor(QPalette::Base, dark ? QColor(0x1E1F22) : QColor(Qt::white));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         desktop.setColor(role, dark ? QColor(0xDFE1E5) : QColor(Qt::black));
-    desktop.setColor(QPalette::Highlight, QColor(0x2D6FB3));
+    desktop.setColor(QPalette::Highlight, highlight);
     desktop.setColor(QPalette::HighlightedText, Qt::white);
     return PaletteFor(desktop);
 }
@@ -113,7 +118,8 @@ QStringList TextsOf(const QWidget& widget) {
     if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) return {group->title()};
     QStringList texts;
     const auto* box = qobject_cast<const QComboBox*>(&widget);
-    if (box && box->objectName() != "ComboFont") { // the fonts of the machine are its own
+    // The fonts and folders of the machine are its own.
+    if (box && box->objectName() != "ComboFont" && box->objectName() != "lookInCombo") {
         for (int i = 0; i < box->count(); ++i)
             texts += box->itemText(i);
     }
@@ -307,6 +313,132 @@ TEST_P(LooksTest, Dialogs) {
         Look("frmPrefs-" + std::to_string(tab), WidgetFor(*frmPrefs));
     }
     frmPrefs->Hide();
+}
+
+TEST_P(LooksTest, MessageBoxes) {
+    Start();
+    const std::vector<std::pair<const char*, BoxIcon>> kinds = {{"none", BoxIcon::None},
+                                                                {"critical", BoxIcon::Critical},
+                                                                {"question", BoxIcon::Question},
+                                                                {"exclamation", BoxIcon::Exclamation},
+                                                                {"information", BoxIcon::Information}};
+    for (const auto& [name, icon] : kinds) {
+        for (const bool tall : {false, true}) {
+            const DialogScript script({[&, name = name](QWidget& box) {
+                Look(std::string("box-") + name + (tall ? "-tall" : ""), box);
+                box.close();
+            }});
+            MsgBox(tall ? "A imagem serra.bmp foi alterada.\nPretende salvá-la\nantes de a fechar?"
+                        : "Imagem muito Grande !",
+                   tall ? BoxButtons::YesNoCancel : BoxButtons::Ok, icon, kMessageTitle);
+        }
+    }
+}
+
+TEST_P(LooksTest, TheTextOfAMessageStandsBesideTheMiddleOfItsPicture) {
+    Start();
+    const DialogScript script({[](QWidget& box) {
+        const auto middle = [&](const char* name) {
+            const auto* label = box.findChild<QLabel*>(name);
+            return label->mapTo(&box, QPoint(0, 0)).y() +
+                   label->style()
+                       ->itemTextRect(label->fontMetrics(), label->contentsRect(),
+                                      static_cast<int>(label->alignment()), true, "I")
+                       .center()
+                       .y();
+        };
+        EXPECT_NEAR(middle("qt_msgbox_label"), middle("qt_msgboxex_icon_label"), 2);
+        box.close();
+    }});
+    MsgBox("Imagem muito Grande !", BoxButtons::Ok, BoxIcon::Critical);
+}
+
+TEST_P(LooksTest, DialogsOfTheToolkit) {
+    Start();
+    OpenPicture("serra.bmp", Landscape(1200, 800));
+    SavePicture(Landscape(300, 400), Folder("pictures") + "/praia.bmp");
+    const auto look = [this](const char* name) {
+        return [this, name](QWidget& dialog) {
+            Look(name, dialog);
+            dialog.close();
+        };
+    };
+    CommonDialog files;
+    files.Filter = "Bitmap (*.bmp)|*.bmp|JPEG (*.jpg)|*.jpg";
+    files.FileName(Folder("pictures") + "/serra.bmp");
+    {
+        const DialogScript script({look("open")});
+        files.DialogTitle = "Abrir";
+        files.ShowOpen();
+    }
+    {
+        const DialogScript script({[this](QWidget& dialog) {
+                                       Look("save", dialog);
+                                       PressButton(dialog, "Salvar");
+                                       dialog.close();
+                                   },
+                                   look("save-replace")});
+        files.DialogTitle = "Savar Como";
+        files.ShowSave();
+    }
+    {
+        const DialogScript script({look("colour")});
+        files.ShowColor();
+    }
+    const DialogScript script({look("print")});
+    Printer().ShowSetup();
+}
+
+TEST_P(LooksTest, ColourPanelWithACollectionAndShades) {
+    Start();
+    frmMain->MDIForm::Move(0, 0, 900 * 15, 760 * 15);
+    for (int i = 0; i < 70; ++i) {
+        frmMain->TheColor.BackColor(RGB(i * 37 % 256, i * 91 % 256, i * 53 % 256));
+        frmMain->loadselected();
+    }
+    frmMain->SetCurrentColour(RGB(40, 80, 120));
+    frmMain->ColorBlowup(RGB(60, 120, 90));
+    Look("colours", *Find(WidgetFor(*frmMain), "ColTB"));
+    frmMain->picColBlowup.Visible(false);
+}
+
+/// The strongest contrast to the ground of a stretch of pixels, from its left top corner.
+double StrongestContrast(const QImage& image, const QRect& stretch) {
+    const QColor ground = image.pixelColor(stretch.topLeft());
+    double strongest = 1;
+    for (int y = stretch.top(); y <= stretch.bottom(); ++y) {
+        for (int x = stretch.left(); x <= stretch.right(); ++x)
+            strongest = std::max(strongest, ContrastOf(image.pixelColor(x, y), ground));
+    }
+    return strongest;
+}
+
+TEST_P(LooksTest, TitleOfEachDocumentIsRead) {
+    Start();
+    frmMain->MDIForm::Move(0, 0, 900 * 15, 600 * 15);
+    frmImage& other = OpenPicture("serra.bmp", Landscape(400, 200));
+    frmImage& active = OpenPicture("praia.bmp", Landscape(300, 160));
+    active.Left(other.Left());
+    active.Top(other.Top() + 250 * 15);
+    QWidget& window = WidgetFor(*frmMain);
+    const auto documents = window.findChildren<QMdiSubWindow*>();
+    ASSERT_EQ(documents.size(), 2);
+    for (const QColor& highlight : {QColor(0xFFE080), QColor(0x2D6FB3)}) {
+        QApplication::setPalette(Desktop(GetParam().dark, highlight));
+        Look("frmMain-two", window);
+        const QImage image = window.grab().toImage();
+        for (const QMdiSubWindow* document : documents) {
+            SCOPED_TRACE(document->windowTitle().toStdString() + ' ' + highlight.name().toStdString());
+            const QPoint corner = document->mapTo(&window, QPoint(0, 0));
+            const auto strongest = [&](int left, int width) {
+                const double ratio = image.devicePixelRatio();
+                const QRect stretch(corner + QPoint(left, 8), QSize(width, 12));
+                return StrongestContrast(image, QRect(stretch.topLeft() * ratio, stretch.size() * ratio));
+            };
+            EXPECT_GE(strongest(document->width() / 2 - 40, 80), 4.5);
+            EXPECT_GE(strongest(document->width() - 26, 20), 3);
+        }
+    }
 }
 
 TEST_P(LooksTest, Menus) {

@@ -118,6 +118,7 @@ TEST_F(PreferencesTest, ArrowsMoveTheQualityByOneAndPagesByFive) {
         QKeyEvent page(QEvent::KeyPress, Qt::Key_PageUp, Qt::NoModifier);
         QCoreApplication::sendEvent(&WidgetFor(frmPrefs->Slider1), &page);
         EXPECT_EQ(frmPrefs->Slider1.Value(), 56);
+        EXPECT_EQ(frmPrefs->lblValue.Caption(), "56");
         dialog.close();
     });
 }

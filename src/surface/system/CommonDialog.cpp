@@ -3,6 +3,7 @@
 #include "base/RuntimeError.h"
 #include "surface/system/App.h"
 #include "surface/system/FileThumbnails_native.h"
+#include "surface/system/MsgBox.h"
 #include "surface/system/Settings.h"
 #include "surface/window/DialogOwner_native.h"
 
@@ -13,7 +14,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QMessageBox>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QTreeView>
@@ -89,8 +89,8 @@ class SaveDialog final : public QFileDialog {
   private:
     bool MayReplace() {
         const QString question = tr("%1 already exists.\nDo you want to replace it?");
-        return QMessageBox::warning(this, windowTitle(), question.arg(QFileInfo(path).fileName()),
-                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+        return MsgBox(question.arg(QFileInfo(path).fileName()).toStdString(), BoxButtons::YesNo,
+                      BoxIcon::Exclamation, windowTitle().toStdString(), BoxDefault::Last) == BoxAnswer::Yes;
     }
     Filters filters_;
 };

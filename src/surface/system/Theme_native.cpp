@@ -17,7 +17,7 @@ constexpr double kReadable = 4.5;
 constexpr double kSeen = 3;
 /// Buttons and frames tint their ground.
 constexpr double kFadedReadable = 5;
-constexpr double kSteps = 20;
+constexpr double kSteps = 100; // fine ones, so that a ground stays dark enough for white text
 /// Windows below this luminance are a dark theme's.
 constexpr double kDark = 0.2;
 
@@ -148,7 +148,25 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
-// The style gives a title a shadow in the colour of texts, which is a second, light title in a dark theme.
+namespace {
+
+// The style writes an active title in white, with a shadow in the colour of texts, which is a second, light
+// title in a dark theme; any other in black. What is read on the ground counts: a dark theme's other titles
+// are drawn as active ones, and an active one on a light ground as another.
+QStyleOptionTitleBar ReadableTitle(const QStyleOptionTitleBar& title) {
+    QStyleOptionTitleBar shown(title);
+    const bool active = (title.titleBarState & QStyle::State_Active) != 0;
+    const QColor ground = title.palette.color(active ? QPalette::Highlight : QPalette::Window);
+    const bool white = ContrastOf(Qt::white, ground) >= (active ? kSeen : ContrastOf(Qt::black, ground));
+    shown.titleBarState = white ? title.titleBarState | QStyle::State_Active
+                                : title.titleBarState & ~static_cast<int>(QStyle::State_Active);
+    shown.palette.setColor(white ? QPalette::Highlight : QPalette::Window, ground);
+    shown.palette.setColor(QPalette::Text, Qt::black);
+    return shown;
+}
+
+} // namespace
+
 void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
     if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
@@ -162,9 +180,8 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     const auto* title = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
     if (control != CC_TitleBar || !title)
         return QProxyStyle::drawComplexControl(control, option, painter, widget);
-    QStyleOptionTitleBar shaded(*title);
-    shaded.palette.setColor(QPalette::Text, Qt::black);
-    QProxyStyle::drawComplexControl(control, &shaded, painter, widget);
+    const QStyleOptionTitleBar shown = ReadableTitle(*title);
+    QProxyStyle::drawComplexControl(control, &shown, painter, widget);
 }
 
 QPalette PaletteFor(const QPalette& desktop) {

@@ -29,7 +29,7 @@ class ValueText final : public QLabel {
         setTextFormat(Qt::PlainText);
         setAttribute(Qt::WA_TransparentForMouseEvents);
         label->installEventFilter(this);
-        setForegroundRole(QPalette::PlaceholderText);
+        setEnabled(false); // dimmed, and still read on the window's ground
         show();
     }
     void Show(int value) {
@@ -76,20 +76,29 @@ class SliderWidget final : public QSlider {
         if (change == SliderValueChange && isVisible() && !signalsBlocked()) ShowBubble();
     }
     bool event(QEvent* event) override {
-        if (event->type() != QEvent::ToolTip || toolTip().isEmpty()) return QSlider::event(event);
+        if (event->type() != QEvent::ToolTip) return QSlider::event(event);
         const QString value = QString::number(this->value());
+        const bool alone = toolTip().isEmpty() || toolTip() == value;
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                           toolTip() == value ? value : toolTip() + ": " + value, this);
+                           alone ? value : toolTip() + ": " + value, this);
         return true;
+    }
+    void hideEvent(QHideEvent* event) override {
+        QSlider::hideEvent(event);
+        QToolTip::hideText();
     }
 
   private:
+    // Keys and the wheel say no end: there the bubble goes a moment after the last step.
     void ShowBubble() {
         QStyleOptionSlider option;
         initStyleOption(&option);
         const QRect handle =
             style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
-        QToolTip::showText(mapToGlobal(handle.topRight()), QString::number(value()), this, rect());
+        constexpr int kMoment = 1500;  // ms
+        constexpr int kWhileHeld = -1; // the toolkit's own time
+        QToolTip::showText(mapToGlobal(handle.topRight()), QString::number(value()), this, rect(),
+                           isSliderDown() ? kWhileHeld : kMoment);
     }
 
     QPointer<ValueText> text_;
