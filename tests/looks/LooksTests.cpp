@@ -441,6 +441,61 @@ TEST_P(LooksTest, TitleOfEachDocumentIsRead) {
     }
 }
 
+/// How many pixels of a widget turn into something that stands out from what they were by 3 to 1, as the
+/// focus comes from another one.
+int PixelsThatTurn(QWidget& window, QWidget& widget, QWidget& other) {
+    const auto shown = [&](QWidget& focused) {
+        focused.setFocus(Qt::TabFocusReason);
+        PassEvents();
+        return window.grab(QRect(widget.mapTo(&window, QPoint(0, 0)), widget.size())).toImage();
+    };
+    const QImage before = shown(other);
+    const QImage after = shown(widget);
+    int turned = 0;
+    for (int y = 0; y < before.height(); ++y) {
+        for (int x = 0; x < before.width(); ++x)
+            turned += ContrastOf(before.pixelColor(x, y), after.pixelColor(x, y)) >= 3 ? 1 : 0;
+    }
+    return turned;
+}
+
+/// Where the Tab key stops and a frame shows it; others show by a mark of their own where keys act.
+std::vector<QWidget*> TabStops(QWidget& window) {
+    static const QStringList kMarked = {"frmImage", "Image1", "ColorBox", "lstDevices"};
+    std::vector<QWidget*> stops;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool stop = widget->isVisible() && widget->isEnabled() && !widget->focusProxy() &&
+                          (widget->focusPolicy() & Qt::TabFocus) != 0;
+        if (stop && !widget->visibleRegion().isEmpty() && !kMarked.contains(widget->objectName()))
+            stops.push_back(widget);
+    }
+    return stops;
+}
+
+void ExpectFocusSeen(QWidget& window) {
+    window.setAttribute(Qt::WA_KeyboardFocusChange);
+    window.activateWindow();
+    const std::vector<QWidget*> stops = TabStops(window);
+    for (std::size_t i = 0; stops.size() > 1 && i < stops.size(); ++i) {
+        constexpr int kLeastFrame = 40; // pixels
+        EXPECT_GE(PixelsThatTurn(window, *stops[i], *stops[i == 0 ? 1 : i - 1]), kLeastFrame)
+            << window.objectName().toStdString() << ' ' << stops[i]->objectName().toStdString();
+    }
+}
+
+TEST_P(LooksTest, FocusIsSeenOnWhateverHasIt) {
+    Start();
+    frmMain->MDIForm::Move(0, 0, 1280 * 15, 1000 * 15);
+    OpenPicture("serra.bmp", Landscape(300, 200));
+    ExpectFocusSeen(WidgetFor(*frmMain));
+    ForEachDialog([](auto& dialog) {
+        dialog->Show();
+        PassEvents();
+        ExpectFocusSeen(WidgetFor(*dialog));
+        dialog.Unload();
+    });
+}
+
 TEST_P(LooksTest, Menus) {
     Start();
     OpenPicture("serra.bmp", Landscape(120, 80));

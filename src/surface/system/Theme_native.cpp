@@ -124,14 +124,31 @@ double ContrastOf(const QColor& one, const QColor& other) {
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
+namespace {
+
+// The style's own is a faint tint, which is lost in a dark theme; a default button shows none at all.
+void PaintFocus(const QStyleOption& option, const QRect& place, QPainter& painter) {
+    if (!option.state.testFlag(QStyle::State_KeyboardFocusChange)) return;
+    PaintFrame(painter, place, FocusColour(option.palette), 2 * DeviceLine(painter));
+}
+
+void PaintFocusByKeys(const QStyleOption& option, const QRect& place, QPainter& painter) {
+    if (option.state.testFlag(QStyle::State_HasFocus)) PaintFocus(option, place, painter);
+}
+
+} // namespace
+
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
+    if (element == PE_FrameFocusRect) return PaintFocus(*option, option->rect, *painter);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (Luminance(option->palette.color(QPalette::Window)) > kDark) return;
     const QColor edge = option->palette.color(QPalette::Dark);
     const bool focus = option->state.testFlag(State_HasFocus);
     if (element == PE_IndicatorCheckBox || (element == PE_FrameLineEdit && !focus))
         PaintFrame(*painter, option->rect, edge);
+    if (element == PE_FrameLineEdit && focus)
+        PaintFrame(*painter, option->rect, FocusColour(option->palette), 2 * DeviceLine(*painter));
     if (element != PE_IndicatorRadioButton) return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
@@ -139,6 +156,15 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     painter->setBrush(Qt::NoBrush);
     painter->drawEllipse(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5));
     painter->restore();
+}
+
+void LookStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_PushButton) return PaintFocusByKeys(*option, option->rect, *painter);
+    constexpr int kInside = 3;
+    const QRect inside = option->rect.adjusted(kInside, kInside, -kInside, -kInside);
+    if (element == CE_TabBarTabLabel) PaintFocusByKeys(*option, inside, *painter);
 }
 
 // Some desktops put pictures on the buttons of the toolkit's dialogs, which no other button here has.
@@ -169,19 +195,29 @@ QStyleOptionTitleBar ReadableTitle(const QStyleOptionTitleBar& title) {
 
 void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
-    if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
-        control == CC_Slider && slider && Luminance(option->palette.color(QPalette::Window)) <= kDark) {
+    if (const auto* title = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
+        control == CC_TitleBar && title) {
+        const QStyleOptionTitleBar shown = ReadableTitle(*title);
+        return QProxyStyle::drawComplexControl(control, &shown, painter, widget);
+    }
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_Slider && slider && Luminance(option->palette.color(QPalette::Window)) <= kDark) {
         // It draws groove and ticks in a shade of the window, darker by these parts in a hundred.
         constexpr int kDarkerBy = 140;
         QStyleOptionSlider lit(*slider);
         lit.palette.setColor(QPalette::Window, option->palette.color(QPalette::Dark).lighter(kDarkerBy));
-        return QProxyStyle::drawComplexControl(control, &lit, painter, widget);
+        QProxyStyle::drawComplexControl(control, &lit, painter, widget);
+    } else if (const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option)) {
+        // Its own frame would lie on the picture.
+        QStyleOptionToolButton bare(*button);
+        bare.state &= ~State_KeyboardFocusChange;
+        QProxyStyle::drawComplexControl(control, &bare, painter, widget);
+    } else {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
     }
-    const auto* title = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
-    if (control != CC_TitleBar || !title)
-        return QProxyStyle::drawComplexControl(control, option, painter, widget);
-    const QStyleOptionTitleBar shown = ReadableTitle(*title);
-    QProxyStyle::drawComplexControl(control, &shown, painter, widget);
+    if (control == CC_Slider)
+        PaintFocusByKeys(*option, subControlRect(control, option, SC_SliderHandle, widget), *painter);
+    if (control == CC_ComboBox || control == CC_ToolButton) PaintFocusByKeys(*option, option->rect, *painter);
 }
 
 QPalette PaletteFor(const QPalette& desktop) {

@@ -186,6 +186,12 @@ void PaintOver(QWidget& widget, const QRegion& exposed, const Bitmap& source, Pi
     PaintParts(widget, exposed, source, size, transparent, nullptr, nullptr);
 }
 
+QColor FocusColour(const QPalette& palette) {
+    constexpr int kLighter = 160; // hundredths
+    const QColor highlight = palette.color(QPalette::Highlight);
+    return palette.color(QPalette::WindowText).lightness() > 128 ? highlight.lighter(kLighter) : highlight;
+}
+
 void PaintFocusFrame(QWidget& widget) {
     constexpr int kWidth = 2;
     QPainter painter(&widget);

@@ -31,6 +31,10 @@ inline QRect ToQRect(const Box& box) {
     return {box.left, box.top, box.Width(), box.Height()};
 }
 
+/// What shows where the focus is: the highlight, in a dark theme a lighter one, which is seen on buttons,
+/// too.
+QColor FocusColour(const QPalette& palette);
+
 /// The frame that shows where the focus is, along the edge of a widget.
 void PaintFocusFrame(QWidget& widget);
 

@@ -80,7 +80,7 @@ class ScrollWidget final : public QScrollBar {
     }
     void PaintFocus() {
         QPainter painter(this);
-        PaintFrame(painter, rect(), palette().color(QPalette::Highlight), 2 * DeviceLine(painter));
+        PaintFrame(painter, rect(), FocusColour(palette()), 2 * DeviceLine(painter));
     }
 
     Half held_ = kNone;
