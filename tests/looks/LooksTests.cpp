@@ -323,14 +323,21 @@ TEST_P(LooksTest, MessageBoxes) {
                                                                 {"exclamation", BoxIcon::Exclamation},
                                                                 {"information", BoxIcon::Information}};
     for (const auto& [name, icon] : kinds) {
-        for (const bool tall : {false, true}) {
-            const DialogScript script({[&, name = name](QWidget& box) {
-                Look(std::string("box-") + name + (tall ? "-tall" : ""), box);
+        const std::vector<std::pair<const char*, const char*>> texts = {
+            {"", "Imagem muito Grande !"},
+            {"-tall", "A imagem serra.bmp foi alterada.\nPretende salvá-la\nantes de a fechar?"},
+            {"-long",
+             "Não foi possível salvar a imagem, porque o disco onde ela está não tem mais espaço. A imagem "
+             "continua aberta e inteira; liberte espaço ou escolha outra pasta, e salve-a de novo antes de "
+             "terminar o programa.\n/home/ana/Imagens/Férias de Verão/Serra da Estrela/serra.bmp"}};
+        for (const auto& [kind, text] : texts) {
+            const DialogScript script({[&, name = name, kind = kind](QWidget& box) {
+                Look(std::string("box-") + name + kind, box);
+                const auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+                EXPECT_GE(label->height(), label->heightForWidth(label->width())) << kind;
                 box.close();
             }});
-            MsgBox(tall ? "A imagem serra.bmp foi alterada.\nPretende salvá-la\nantes de a fechar?"
-                        : "Imagem muito Grande !",
-                   tall ? BoxButtons::YesNoCancel : BoxButtons::Ok, icon, kMessageTitle);
+            MsgBox(text, BoxButtons::YesNoCancel, icon, kMessageTitle);
         }
     }
 }

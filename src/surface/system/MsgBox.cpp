@@ -116,17 +116,15 @@ class Box {
     }
 
   private:
-    /// In the toolkit's own place for it, so that the box still knows its kind. The text stands beside its
-    /// middle; without a picture it begins at the edge.
+    /// In the toolkit's own place for it, so that the box still knows its kind; the text stands beside its
+    /// middle.
     void ShowPicture(const char* resource) {
         auto* label = box_.findChild<QLabel*>("qt_msgboxex_icon_label");
         auto* text = box_.findChild<QLabel*>("qt_msgbox_label");
-        if (label == nullptr || text == nullptr) return;
-        if (resource == nullptr) return text->setContentsMargins(0, 0, 0, 0);
-        if (!QFile::exists(resource)) return;
+        if (resource == nullptr || label == nullptr || text == nullptr || !QFile::exists(resource)) return;
         constexpr int kSide = 48;
         label->setPixmap(QIcon(resource).pixmap(QSize(kSide, kSide), qApp->devicePixelRatio()));
-        text->setMinimumHeight(kSide);
+        text->setMinimumHeight(std::max(kSide, text->minimumSizeHint().height()));
         text->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }
 

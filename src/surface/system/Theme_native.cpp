@@ -129,7 +129,7 @@ namespace {
 // The style's own is a faint tint, which is lost in a dark theme; a default button shows none at all.
 void PaintFocus(const QStyleOption& option, const QRect& place, QPainter& painter) {
     if (!option.state.testFlag(QStyle::State_KeyboardFocusChange)) return;
-    PaintFrame(painter, place, FocusColour(option.palette), 2 * DeviceLine(painter));
+    PaintFocusFrame(painter, place, option.palette);
 }
 
 void PaintFocusByKeys(const QStyleOption& option, const QRect& place, QPainter& painter) {
@@ -147,8 +147,7 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     const bool focus = option->state.testFlag(State_HasFocus);
     if (element == PE_IndicatorCheckBox || (element == PE_FrameLineEdit && !focus))
         PaintFrame(*painter, option->rect, edge);
-    if (element == PE_FrameLineEdit && focus)
-        PaintFrame(*painter, option->rect, FocusColour(option->palette), 2 * DeviceLine(*painter));
+    if (element == PE_FrameLineEdit && focus) PaintFocusFrame(*painter, option->rect, option->palette);
     if (element != PE_IndicatorRadioButton) return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);

@@ -53,7 +53,7 @@ class PushWidget final : public QPushButton {
         painter.fillRect(rect(),
                          colours.color(isDown() || underMouse() ? QPalette::Midlight : QPalette::Button));
         painter.fillRect(QRect(0, height() - 1, width(), 1), colours.color(QPalette::Mid));
-        if (hasFocus()) PaintFrame(painter, rect(), FocusColour(colours), 2 * DeviceLine(painter));
+        if (hasFocus()) PaintFocusFrame(painter, rect(), colours);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(colours.color(QPalette::ButtonText));

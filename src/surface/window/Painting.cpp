@@ -17,6 +17,7 @@ namespace {
 
 /// Above so many rectangles one picture of their frame is cheaper than a picture of each.
 constexpr int kManyRectangles = 100;
+constexpr int kFocusWidth = 2; // logical pixels
 
 /// Logical pixels as the device has them: the scale of the display, and where the widget's corner lies.
 struct DeviceGrid {
@@ -186,17 +187,20 @@ void PaintOver(QWidget& widget, const QRegion& exposed, const Bitmap& source, Pi
     PaintParts(widget, exposed, source, size, transparent, nullptr, nullptr);
 }
 
-QColor FocusColour(const QPalette& palette) {
+// A dark theme's highlight would not be seen on buttons.
+void PaintFocusFrame(QPainter& painter, const QRect& rect, const QPalette& palette) {
     constexpr int kLighter = 160; // hundredths
+    const bool dark = palette.color(QPalette::WindowText).lightness() > 128;
     const QColor highlight = palette.color(QPalette::Highlight);
-    return palette.color(QPalette::WindowText).lightness() > 128 ? highlight.lighter(kLighter) : highlight;
+    const double width = kFocusWidth * painter.device()->devicePixelRatioF();
+    PaintFrame(painter, rect, dark ? highlight.lighter(kLighter) : highlight,
+               static_cast<int>(std::lround(width)));
 }
 
 void PaintFocusFrame(QWidget& widget) {
-    constexpr int kWidth = 2;
     QPainter painter(&widget);
     const QColor colour = widget.palette().color(QPalette::Highlight);
-    const QRect inside = widget.rect().adjusted(kWidth, kWidth, -kWidth, -kWidth);
+    const QRect inside = widget.rect().adjusted(kFocusWidth, kFocusWidth, -kFocusWidth, -kFocusWidth);
     for (const QRect& part : QRegion(widget.rect()) - QRegion(inside))
         painter.fillRect(part, colour);
 }

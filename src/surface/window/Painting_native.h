@@ -31,11 +31,10 @@ inline QRect ToQRect(const Box& box) {
     return {box.left, box.top, box.Width(), box.Height()};
 }
 
-/// What shows where the focus is: the highlight, in a dark theme a lighter one, which is seen on buttons,
-/// too.
-QColor FocusColour(const QPalette& palette);
+/// The frame that shows where the focus is, along the inside of a rectangle.
+void PaintFocusFrame(QPainter& painter, const QRect& rect, const QPalette& palette);
 
-/// The frame that shows where the focus is, along the edge of a widget.
+/// The same along the edge of a widget that holds colours, or a picture.
 void PaintFocusFrame(QWidget& widget);
 
 /// A widget whose picture is made by a function.

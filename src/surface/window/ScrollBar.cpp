@@ -80,7 +80,7 @@ class ScrollWidget final : public QScrollBar {
     }
     void PaintFocus() {
         QPainter painter(this);
-        PaintFrame(painter, rect(), FocusColour(palette()), 2 * DeviceLine(painter));
+        PaintFocusFrame(painter, rect(), palette());
     }
 
     Half held_ = kNone;
