@@ -96,7 +96,7 @@ void SelectRelease(frmImage& image, double X, double Y) {
 void SelectionBlit(frmImage& image) {
     image.SelHolder.Width(image.Selectwidth);
     image.SelHolder.Height(image.Selectheight);
-    image.SelHolder.Picture(LoadPicture());
+    image.SelHolder.Picture(LoadPicture()); // Two large pieces need not stand in memory at once.
     const Extent from = SelectionExtent(image);
     StretchBlt(image.SelHolder.hDC(), {0, 0, from.width, from.height}, image.PicMerge.hDC(), from, SRCCOPY);
     image.SelHolder.Picture(image.SelHolder.Image());

@@ -70,8 +70,6 @@ void WandPress(frmImage& image, double X, double Y) {
 // A move is a press whose point is in view pixels already, so that the fifteenfold of its fifteenth is the
 // image pixel under the pointer.
 void WandMove(frmImage& image, double X, double Y) {
-    image.Image1.Picture(image.PicMerge.Image());
-    image.Image1.Refresh();
     Image1_MouseDown(image, kLeftButton, X, Y);
 }
 

@@ -11,6 +11,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QImage>
+#include <QImageReader>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QThread>
@@ -252,6 +253,13 @@ QByteArray EmptyRunLengths(int side) {
     add(0x123456, 4); // blue, green, red
     add(0x0100, 2);
     return bytes;
+}
+
+TEST_F(ClipboardTest, NoLimitOfTheToolkitRefusesAPngOfTheLargestPicture) {
+    PutForeign("image/png", Encoded(QImage(2, 2, QImage::Format_RGB32), "png"));
+    Clipboard.GetData();
+    constexpr double kMegabyte = 1 << 20;
+    EXPECT_GE(QImageReader::allocationLimit(), 32000.0 * 32000.0 * 4 / kMegabyte);
 }
 
 TEST_F(ClipboardTest, BmpAboveTheSizesOfTheToolkitIsTaken) {

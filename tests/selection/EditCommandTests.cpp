@@ -1,4 +1,5 @@
 // Cut, copy, paste, paste as new.
+#include "imageops/ImageCommands.h"
 #include "selection/ClipTray.h"
 #include "selection/EditCommands.h"
 #include "selection/RectangleSelection.h"
@@ -39,6 +40,16 @@ TEST_F(EditTest, CopyTakesImagePixelsAtAnyZoomAndEndsTheSelection) {
         ExpectSamePixels(ImageOf(image), Before());
         EXPECT_EQ(States(image), 1);
     }
+}
+
+TEST_F(EditTest, ACopyBeyondAnImageThatAnUndoMadeLowerHoldsNothingOfTheOneBefore) {
+    frmImage& image = OpenRandom(120, 40);
+    mnuRotate90_Click();
+    SelectRectangle(image, 5, 30, 35, 70);
+    pintalux::Choose(frmMain->mnuEditUndo);
+    pintalux::Choose(frmMain->mnuEditCopy);
+    const Bitmap none(30, 40, kKey);
+    ExpectSamePixels(Clipboard.GetData(), WithPiece(none, Part(Before(), 5, 30, 30, 10), 0, 0));
 }
 
 TEST_F(EditTest, CutLeavesAHoleInTheBackgroundAtAnyZoom) {

@@ -155,10 +155,13 @@ TEST_F(DisplayTest, MagnifiedDifferenceIsPaintedWhole) {
     }
     display.Picture(picture);
     display.Refresh();
-    const QImage shown = Shown();
-    for (int y = 0; y < 499; y += 7) {
-        for (int x = 0; x < 599; x += 3) {
-            const Pixel expected = picture.At(StretchedCell(x, 60, 599), StretchedCell(y, 50, 499));
+    // A pixel of the screen, since at a scale a pixel of the image may begin within a logical one.
+    const QImage shown = FindWidget("panel")->grab().toImage();
+    const int width = qRound(599 * shown.devicePixelRatio());
+    const int height = qRound(499 * shown.devicePixelRatio());
+    for (int y = 0; y < height; y += 7) {
+        for (int x = 0; x < width; x += 3) {
+            const Pixel expected = picture.At(StretchedCell(x, 60, width), StretchedCell(y, 50, height));
             const QRgb actual = shown.pixel(x, y);
             ASSERT_EQ(static_cast<Pixel>(qRed(actual)) | static_cast<Pixel>(qGreen(actual)) << 8, expected);
         }

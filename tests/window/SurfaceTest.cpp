@@ -1,8 +1,10 @@
 #include "surface/window/Surface.h"
 #include "surface/raster/Drawing.h"
 #include "surface/raster/Transfer.h"
+#include "surface/window/Display.h"
 #include "window/WindowTest.h"
 
+#include <QFontMetrics>
 #include <QPainter>
 
 namespace pintalux {
@@ -247,6 +249,19 @@ TEST_F(SurfaceTest, SmallFontsAreAboutSevenPixels) {
     }
     EXPECT_GE(lowest - highest + 1, 4);
     EXPECT_LE(lowest - highest + 1, 8);
+}
+
+TEST_F(SurfaceTest, SmallFontsAreTheDesktopsFaceAtEightPixels) {
+    QFont small = QGuiApplication::font();
+    small.setPixelSize(8);
+    surface.FontName("Small Fonts");
+    surface.Print("8");
+    EXPECT_EQ(surface.CurrentY(), QFontMetrics(small).height());
+    Label label(form, "label", "8");
+    label.FontName("Small Fonts");
+    const QFont shown = FindWidget("label")->font();
+    EXPECT_EQ(shown.family(), small.family());
+    EXPECT_EQ(shown.pixelSize(), 8);
 }
 
 TEST_F(SurfaceTest, ShowsItsBitmapPixelByPixel) {
