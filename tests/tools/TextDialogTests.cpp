@@ -171,6 +171,25 @@ TEST_F(TextDialogTest, CloseBoxKeepsTextAndSettings) {
     });
 }
 
+TEST_F(TextDialogTest, WhatIsTypedAfterTheCloseBoxTakesThePlaceOfTheOldText) {
+    NewDocument(100, 60);
+    const auto readyForText = [] { return WidgetFor(frmText->rtftext).hasFocus(); };
+    WithDialog([&] {
+        EXPECT_TRUE(WaitFor(readyForText));
+        frmText->rtftext.Text("abc");
+        frmText->ComboSize.SetFocus();
+        WidgetFor(*frmText).close();
+    });
+    WidgetFor(*frmMain).activateWindow(); // as a desktop does once a dialog is gone
+    PassEvents();
+    WithDialog([&] {
+        EXPECT_TRUE(WaitFor(readyForText));
+        Type(WidgetFor(frmText->rtftext), "x");
+        EXPECT_EQ(frmText->rtftext.Text(), "x");
+        frmText->Command3_Click();
+    });
+}
+
 TEST_F(TextDialogTest, OkAndCancelStartAfresh) {
     NewDocument(100, 60);
     Compose("abc", 20);
