@@ -60,6 +60,34 @@ TEST_F(MDITest, AChangedDocumentIsMarkedAndKeepsItsCaption) {
     EXPECT_FALSE(FindWidget("one")->isWindowModified());
 }
 
+/// A child that closes itself, as by a command of its own.
+class ChildThatLeaves : public PlainForm {
+  public:
+    explicit ChildThatLeaves(bool& gone) : PlainForm("leaving", Kind::Child), gone_(gone) {}
+    ~ChildThatLeaves() override { gone_ = true; }
+    ChildThatLeaves(const ChildThatLeaves&) = delete;
+    ChildThatLeaves& operator=(const ChildThatLeaves&) = delete;
+
+  private:
+    bool& gone_;
+};
+
+TEST_F(MDITest, AChildThatUnloadsItselfIsThereUntilItsHandlerIsOver) {
+    bool gone = false;
+    auto& child = static_cast<PlainForm&>(main.Adopt(std::make_unique<ChildThatLeaves>(gone)));
+    child.Show();
+    bool goneWithin = true;
+    RunEvent(EventKind::Ordinary, [&] {
+        child.Unload();
+        LetEventsRun();
+        goneWithin = gone;
+    });
+    EXPECT_FALSE(goneWithin);
+    LetEventsRun();
+    EXPECT_TRUE(gone);
+    EXPECT_TRUE(main.Children().empty());
+}
+
 TEST_F(MDITest, AHandCannotMakeTheWindowSmallerThanItsLeast) {
     main.LeastInside(420, 320);
     main.Width(100 * 15);
