@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QDialog>
+#include <QLineEdit>
 #include <QShortcut>
 #include <QTextBrowser>
 
@@ -154,6 +155,32 @@ TEST_F(FocusTest, F1InADialogTellsOfDialogsAndLeavesItOpen) {
     }});
     mnuFileNew_Click();
     EXPECT_TRUE(seen);
+}
+
+TEST_F(FocusTest, EveryDialogBeginsAtTheControlThatIsUsedFirstAndItsNumberIsTypedOver) {
+    NewDocument(120, 80);
+    struct Row {
+        MenuItem& item;
+        const char* first;
+        const char* selected; ///< What the first key would take the place of.
+    };
+    for (const Row& row : {Row{frmMain->mnuFileNew, "txtPXw", "300"},
+                           {frmMain->mnuResize, "txtPXw", " 120"},
+                           {frmMain->mnuAddBorders, "txtTop", "1"},
+                           {frmMain->mnuBorderWiz, "BordList", ""},
+                           {frmMain->mnuFiltBrow, "FiltList", ""},
+                           {frmMain->mnuImageProperties, "Command1", ""},
+                           {frmMain->mnuFileSaveOptions, "qt_tabwidget_tabbar", ""}}) {
+        WidgetFor(*frmMain).activateWindow(); // as a desktop does once a dialog is gone
+        PassEvents();
+        const DialogScript script({[&row](QWidget& dialog) {
+            EXPECT_TRUE(WaitFor([&] { return Where() == row.first; })) << Where();
+            const auto* line = qobject_cast<const QLineEdit*>(QApplication::focusWidget());
+            EXPECT_EQ(line ? line->selectedText().toStdString() : "", row.selected) << row.first;
+            PressesEscape()(dialog);
+        }});
+        pintalux::Choose(row.item);
+    }
 }
 
 TEST_F(FocusTest, TheNewButtonIsSpokenNovoAndItsTipDescribesIt) {

@@ -15,8 +15,10 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLayout>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QTabBar>
 #include <QWidget>
 #include <regex>
@@ -31,22 +33,28 @@ std::string Quoted(const QString& text) {
     return '"' + line.replace('\n', "\\n").toStdString() + '"';
 }
 
-/// The rank of a coordinate among those of the siblings: a grid's row or column, whatever the font's size.
+/// The ranks among the siblings' coordinates that a widget covers: a grid's rows or columns, whatever the
+/// font's size.
 template <class Coordinate>
-int Rank(const QWidget& widget, Coordinate coordinate) {
+std::string Ranks(const QWidget& widget, Coordinate coordinate, int last = 0) {
     std::set<int> places;
     for (const QObject* sibling : widget.parentWidget()->children()) {
         const auto* other = qobject_cast<const QWidget*>(sibling);
         if (other && !other->isWindow() && !other->objectName().isEmpty()) places.insert(coordinate(*other));
     }
-    return static_cast<int>(std::distance(places.begin(), places.find(coordinate(widget))));
+    const auto first = places.find(coordinate(widget));
+    const auto rank = std::distance(places.begin(), first);
+    const auto covered = std::distance(first, places.upper_bound(std::max(last, *first)));
+    return std::to_string(rank) + (covered > 1 ? " to " + std::to_string(rank + covered - 1) : "");
 }
 
 std::string PlaceOf(const QWidget& widget) {
     std::ostringstream text;
     if (widget.parentWidget()->layout()) {
-        text << "row " << Rank(widget, [](const QWidget& w) { return w.geometry().center().y() / 4; })
-             << " column " << Rank(widget, [](const QWidget& w) { return w.x() / 4; });
+        text << "row " << Ranks(widget, [](const QWidget& w) { return w.geometry().center().y() / 4; })
+             << " column "
+             << Ranks(
+                    widget, [](const QWidget& w) { return w.x() / 4; }, widget.geometry().right() / 4);
     } else {
         text << widget.x() << ',' << widget.y() << ' ' << widget.width() << 'x' << widget.height();
     }
@@ -61,6 +69,19 @@ std::string ValuesOf(const QWidget& widget) {
     }
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
         if (button->isCheckable()) text += button->isChecked() ? " ticked" : " clear";
+    }
+    if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
+        if (button->isDefault()) text += " by Enter";
+        if (button->property("cancelsDialog").toBool()) text += " by Escape";
+    }
+    if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) {
+        constexpr int kUnlimited = 32767;
+        if (line->maxLength() < kUnlimited) text += " of " + std::to_string(line->maxLength()) + " letters";
+        if (line->isReadOnly()) text += " read only";
+    }
+    if (widget.testAttribute(Qt::WA_SetFont)) {
+        if (widget.font().bold()) text += " bold";
+        if (widget.font().italic()) text += " italic";
     }
     if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
         text += " choice " + std::to_string(box->currentIndex()) + " of";
@@ -108,6 +129,18 @@ void Describe(const QWidget& parent, int depth, std::string& text) {
     }
 }
 
+/// The order in which the Tab key goes through a window, what is disabled or hidden now included.
+std::string TabOrderOf(const QWidget& window) {
+    std::string text;
+    for (const QWidget* at = window.nextInFocusChain(); at != &window; at = at->nextInFocusChain()) {
+        if (at->window() != &window || (at->focusPolicy() & Qt::TabFocus) == 0) continue;
+        if (qobject_cast<const QTabBar*>(at->parentWidget())) continue; // the toolkit's own
+        const QString name = at->objectName();
+        if (!name.isEmpty() && !name.startsWith("qt_")) text += " " + name.toStdString();
+    }
+    return text.empty() ? text : "tab" + text + "\n";
+}
+
 std::string TextOf(QWidget& window) {
     window.ensurePolished();
     QList<QWidget*> widgets = window.findChildren<QWidget*>();
@@ -116,6 +149,7 @@ std::string TextOf(QWidget& window) {
         if (widget->layout()) widget->layout()->activate();
     std::string text = "window " + Quoted(window.windowTitle()) + "\n";
     Describe(window, 1, text);
+    text += TabOrderOf(window);
     return text;
 }
 
@@ -123,7 +157,7 @@ std::string TextOf(QWidget& window) {
 /// places.
 std::string ChoicesOf(QWidget& window) {
     const auto linesOf = [](QWidget& shown) {
-        static const std::regex place(" at row \\d+ column \\d+");
+        static const std::regex place(" at row \\d+ column \\d+( to \\d+)?");
         return std::istringstream(std::regex_replace(TextOf(shown), place, ""));
     };
     std::string text;
