@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <sys/resource.h>
 #include <thread>
 
 namespace pintalux {
@@ -56,6 +57,28 @@ TEST(StateFiles, WrittenStateLeavesTheMemory) {
     const Picture loaded = states.LoadState(path);
     EXPECT_TRUE(loaded == picture);
     EXPECT_FALSE(SharePixels(loaded, picture));
+}
+
+/// How many threads of the process give way to others.
+int ThreadsInTheBackground() {
+    int count = 0;
+    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+        const id_t thread = static_cast<id_t>(std::stoi(task.path().filename().string()));
+        count += ::getpriority(PRIO_PROCESS, thread) > ::getpriority(PRIO_PROCESS, 0) ? 1 : 0;
+    }
+    return count;
+}
+
+TEST(StateFiles, MakingThemDurableGivesWayToTheInterface) {
+    const Sandbox box;
+    StateFiles states;
+    EXPECT_EQ(ThreadsInTheBackground(), 0);
+    states.SaveBehind(Pattern(30, 40), NewFile(box));
+    states.Settle();
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (ThreadsInTheBackground() == 0 && std::chrono::steady_clock::now() < deadline)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_EQ(ThreadsInTheBackground(), 1);
 }
 
 /// A picture that shares nothing with one of another shade.
