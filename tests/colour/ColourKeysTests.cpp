@@ -58,6 +58,40 @@ TEST_F(ColourKeysTest, TheGreyColumnAndTheCornersCanBeReached) {
     EXPECT_EQ(Working(), RGB(172, 172, 172));
 }
 
+/// The colours from the edge of the mark inwards, half-way down, as they are shown.
+std::vector<QRgb> EdgeOfTheMark() {
+    const ShapeControl& mark = frmMain->ShCell;
+    const QImage shown = WidgetFor(frmMain->ColorBox).grab().toImage();
+    const auto y = static_cast<int>(mark.Top() + mark.Height() / 2);
+    std::vector<QRgb> colours;
+    for (int i = 0; i < 3; ++i)
+        colours.push_back(shown.pixel(static_cast<int>(mark.Left()) + i, y) & 0xFFFFFF);
+    return colours;
+}
+
+TEST_F(ColourKeysTest, TheMarkIsTwoPixelsWideAndStandsOutFromWhatLiesBelow) {
+    Collect({RGB(100, 110, 120), RGB(60, 70, 80)});
+    frmMain->ColorBox.SetFocus();
+    Press(Qt::Key_Right);
+    EXPECT_EQ(frmMain->ShCell.Left(), 18 - 1);
+    EXPECT_EQ(frmMain->ShCell.Top(), 156 - 1);
+    EXPECT_EQ(frmMain->ShCell.Width(), 18);
+    EXPECT_EQ(frmMain->ShCell.Height(), 18);
+    EXPECT_EQ(EdgeOfTheMark(), (std::vector<QRgb>{0, 0, qRgb(60, 70, 80) & 0xFFFFFF}));
+    frmMain->Image1.SetFocus();
+    Press(Qt::Key_Home);
+    Press(Qt::Key_PageUp, 3);
+    const std::vector<QRgb> onBright = EdgeOfTheMark();
+    EXPECT_EQ(onBright[0], 0U);
+    EXPECT_EQ(onBright[1], 0U);
+    EXPECT_NE(onBright[2], 0U);
+    Press(Qt::Key_PageDown, 9);
+    const std::vector<QRgb> onDark = EdgeOfTheMark();
+    EXPECT_EQ(onDark[0], 0xFFFFFFU);
+    EXPECT_EQ(onDark[1], 0xFFFFFFU);
+    EXPECT_NE(onDark[2], 0xFFFFFFU);
+}
+
 TEST_F(ColourKeysTest, ShadesOpenOnTheSpectrumAndGiveOne) {
     frmMain->Image1.SetFocus();
     Press(Qt::Key_Home);

@@ -125,6 +125,22 @@ TEST_F(ClipTrayTest, FramesStandInTwoColumnsAndThreeRows) {
     EXPECT_EQ(&*TheClipTray, &*frmMain);
 }
 
+TEST_F(ClipTrayTest, TheMarkHasTwoPixelsOfTheDesktopsHighlight) {
+    StartMonitor();
+    OpenPage();
+    Clipboard.SetData(RandomPicture(30, 20, 1));
+    PassEvents();
+    const ShapeControl& mark = frmMain->ShClip;
+    QWidget& page = WidgetFor(frmMain->PicTools(kPage));
+    const QImage shown = page.grab().toImage();
+    const QPoint edge(static_cast<int>(mark.Left() / 15),
+                      static_cast<int>((mark.Top() + mark.Height() / 2) / 15));
+    const QRgb highlight = page.palette().color(QPalette::Highlight).rgb();
+    EXPECT_EQ(shown.pixel(edge), highlight);
+    EXPECT_EQ(shown.pixel(edge + QPoint(1, 0)), highlight);
+    EXPECT_NE(shown.pixel(edge + QPoint(2, 0)), highlight);
+}
+
 TEST_F(ClipTrayTest, CopiedBitmapIsInTheTrayBeforeTheCopyReturns) {
     StartMonitor();
     const Picture copied = RandomPicture(30, 20, 1);
