@@ -69,6 +69,7 @@ std::string ValuesOf(const QWidget& widget) {
     }
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
         if (button->isCheckable()) text += button->isChecked() ? " ticked" : " clear";
+        if (!button->icon().pixmap(button->iconSize()).isNull()) text += " with a picture";
     }
     if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
         if (button->isDefault()) text += " by Enter";

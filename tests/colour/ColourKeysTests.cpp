@@ -92,6 +92,33 @@ TEST_F(ColourKeysTest, TheMarkIsTwoPixelsWideAndStandsOutFromWhatLiesBelow) {
     EXPECT_NE(onDark[2], 0xFFFFFFU);
 }
 
+TEST_F(ColourKeysTest, AKeyTakesTheMarkedColourWhereverThePointerRests) {
+    Collect({RGB(100, 110, 120), RGB(60, 70, 80)});
+    frmMain->SetCurrentColour(kBefore);
+    frmMain->ColorBox.SetFocus();
+    Press(Qt::Key_Right);
+    PointAt(frmMain->ColorBox, 8, 164);
+    ASSERT_EQ(Working(), RGB(100, 110, 120));
+    Press(Qt::Key_Menu);
+    EXPECT_EQ(Working(), RGB(60, 70, 80)) << "the shades are those of the mark";
+    Press(Qt::Key_Escape);
+    PointAt(frmMain->ColorBox, 8, 165);
+    ASSERT_EQ(Working(), RGB(100, 110, 120));
+    Press(Qt::Key_Space);
+    EXPECT_EQ(Current(), RGB(60, 70, 80));
+    frmMain->Image1.SetFocus();
+    Press(Qt::Key_Home);
+    PointAt(frmMain->Image1, 50, 20);
+    ASSERT_NE(Working(), RGB(254, 0, 0));
+    Press(Qt::Key_Menu);
+    EXPECT_EQ(Working(), RGB(254, 25, 25));
+    Press(Qt::Key_Escape);
+    PointAt(frmMain->Image1, 51, 20);
+    ASSERT_NE(Working(), RGB(254, 0, 0));
+    Press(Qt::Key_Space);
+    EXPECT_EQ(Current(), RGB(254, 0, 0));
+}
+
 TEST_F(ColourKeysTest, ShadesOpenOnTheSpectrumAndGiveOne) {
     frmMain->Image1.SetFocus();
     Press(Qt::Key_Home);
