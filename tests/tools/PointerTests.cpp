@@ -2,6 +2,11 @@
 #include "tools/Image1_Pointer.h"
 #include "tools/ToolTest.h"
 
+#include <QCursor>
+#include <QImage>
+#include <QPixmap>
+#include <QWidget>
+
 namespace pintalux {
 namespace {
 
@@ -109,6 +114,25 @@ TEST_F(PointerTest, ShapeOfThePointerForEveryTool) {
             EXPECT_FALSE(image.Image1.MouseIcon().resource.empty()) << key;
         }
     }
+}
+
+TEST_F(PointerTest, ThePicturesOfThePointersPointAtThePixelTheyActOn) {
+    frmImage& image = NewDocument(40, 40);
+    const auto shown = [&image](int number, int fromTip) {
+        const Tool& tool = TheTools->Row(number);
+        Choose(tool.key);
+        MoveTo(image, 5, 5, 0);
+        const QCursor pointer = WidgetFor(image.Image1).cursor();
+        const QPoint tip = pointer.hotSpot() + QPoint(tool.tipX + fromTip, tool.tipY);
+        return pointer.pixmap().toImage().pixel(tip);
+    };
+    const QRgb darkDot = qRgb(0x1C, 0x27, 0x34);
+    EXPECT_EQ(shown(kFloodTool, 0), darkDot);
+    EXPECT_EQ(shown(kColorPickTool, 0), darkDot);
+    // The lens is the same on both sides of what it enlarges.
+    for (int distance = 1; distance < 6; ++distance)
+        EXPECT_EQ(shown(kMagTool, distance), shown(kMagTool, -distance)) << distance;
+    EXPECT_NE(shown(kMagTool, 1), shown(kMagTool, 5));
 }
 
 TEST_F(PointerTest, FloatingTextIsCommittedAndThePressPaintsNothing) {
