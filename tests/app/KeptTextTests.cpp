@@ -111,6 +111,8 @@ std::string LineOf(const QWidget& widget, bool ofWindow) {
     add("spoken", widget.accessibleName());
     add("tip", widget.toolTip());
     line += ValuesOf(widget);
+    if (widget.testAttribute(Qt::WA_SetCursor) && widget.cursor().shape() != Qt::IBeamCursor)
+        line += " pointer " + std::to_string(static_cast<int>(widget.cursor().shape()));
     if (!widget.isEnabled()) line += " off";
     if (!widget.isVisibleTo(widget.parentWidget())) line += " hidden";
     return line;
@@ -148,7 +150,8 @@ std::string TextOf(QWidget& window) {
     widgets.append(&window);
     for (QWidget* widget : widgets)
         if (widget->layout()) widget->layout()->activate();
-    std::string text = "window " + Quoted(window.windowTitle()) + "\n";
+    std::string text = "window " + Quoted(window.windowTitle());
+    text += window.windowIcon().isNull() ? "\n" : " with a picture\n";
     Describe(window, 1, text);
     text += TabOrderOf(window);
     return text;
