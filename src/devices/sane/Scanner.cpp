@@ -21,6 +21,10 @@ constexpr int kLargestSide = 32000; // pixels, as of any image
                                   "área menor.");
 }
 
+bool IsTooLarge(const SANE_Parameters& format) {
+    return format.pixels_per_line > kLargestSide || format.lines > kLargestSide;
+}
+
 // The library is not made for two threads: a search that the user gave up may still run when the next one
 // starts.
 std::mutex& LibraryLock() {
@@ -63,7 +67,7 @@ class FrameReader {
     FrameReader(Page& page, const SANE_Parameters& format)
         : page_(page), format_(format), channel_(ChannelOf(format.format)) {
         if (format.pixels_per_line <= 0 || format.bytes_per_line <= 0) throw RuntimeError(kDeviceError);
-        if (format.pixels_per_line > kLargestSide || format.lines > kLargestSide) RefuseSize();
+        if (IsTooLarge(format)) RefuseSize();
         if (page.width == 0) page.width = static_cast<std::size_t>(format.pixels_per_line);
         row_.resize(kChannels * page.width);
     }
@@ -189,13 +193,15 @@ void Scanner::Scan(const ScanSettings& settings, ScanProgress& progress, const T
     const std::lock_guard lock(LibraryLock());
     const SANE_Handle handle = device_->handle;
     ScanOptions(handle).Apply(settings);
+    SANE_Parameters format{};
+    // What the device foresees is refused before it moves; one that is stopped in its first moment may hang.
+    if (Sane().getParameters(handle, &format) == SANE_STATUS_GOOD && IsTooLarge(format)) RefuseSize();
     // The device rests again, whatever ended the scan.
     struct Rest {
         SANE_Handle handle;
         ~Rest() { Sane().cancel(handle); }
     } const rest{handle};
     Page page{take, 0, {}};
-    SANE_Parameters format{};
     std::vector<SANE_Byte> bytes(kChunk);
     do {
         CheckSane(Sane().start(handle));
