@@ -158,6 +158,33 @@ TEST_F(ColourKeysTest, ShadesOfAColourOfTheGridCloseByEscape) {
     EXPECT_EQ(CollectionCount, 2);
 }
 
+TEST_F(ColourKeysTest, AKeyThatActsGoesNoFurtherAndAllOthersDo) {
+    Collect({RGB(100, 110, 120), RGB(60, 70, 80)});
+    const auto taken = [](const Control& part, int key, bool repeated = false) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, {}, repeated);
+        QCoreApplication::sendEvent(&WidgetFor(part), &event);
+        return event.isAccepted();
+    };
+    for (Control* part :
+         {static_cast<Control*>(&frmMain->Image1), static_cast<Control*>(&frmMain->ColorBox)}) {
+        SCOPED_TRACE(part->Name());
+        part->SetFocus();
+        for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End, Qt::Key_Space})
+            EXPECT_TRUE(taken(*part, key)) << key;
+        EXPECT_TRUE(taken(*part, Qt::Key_Space, true)) << "held down";
+        for (const int key : {Qt::Key_Q, Qt::Key_Escape, Qt::Key_F8})
+            EXPECT_FALSE(taken(*part, key)) << key;
+        EXPECT_TRUE(taken(*part, Qt::Key_Menu));
+        ASSERT_EQ(Where(), "picColBlowup");
+        EXPECT_TRUE(taken(frmMain->picColBlowup, Qt::Key_Down));
+        EXPECT_TRUE(taken(frmMain->picColBlowup, Qt::Key_Escape, true)) << "held down it closes nothing";
+        EXPECT_TRUE(frmMain->picColBlowup.Visible());
+        EXPECT_FALSE(taken(frmMain->picColBlowup, Qt::Key_Q));
+        EXPECT_TRUE(taken(frmMain->picColBlowup, Qt::Key_Escape));
+        EXPECT_FALSE(frmMain->picColBlowup.Visible());
+    }
+}
+
 TEST_F(ColourKeysTest, ShadesGoWithTheFocus) {
     frmMain->Image1.SetFocus();
     Press(Qt::Key_Menu);

@@ -1,4 +1,5 @@
 #include "surface/window/Display.h"
+#include "surface/window/Layout.h"
 #include "window/WindowTest.h"
 
 #include <QCursor>
@@ -247,6 +248,21 @@ TEST(Label, GrowsWithItsCaptionUntilItIsSized) {
     label.Width(30);
     label.Caption("another caption that is long");
     EXPECT_EQ(label.Width(), 30);
+}
+
+TEST(Label, ALongCaptionIsBrokenWhereItMayBe) {
+    PlainForm form;
+    Label label(form, "label");
+    label.WidestLine(100 * 15);
+    label.WordWrap(true);
+    label.Caption("some more words than a hundred pixels can hold in one line of text");
+    LayOutGrid(form, {{&label, 0, 0, 1, 1, Place::Top}});
+    form.Height(400 * 15);
+    form.Show();
+    LetEventsRun();
+    const QWidget* shown = FindWidget("label");
+    EXPECT_LE(shown->width(), 100);
+    EXPECT_GE(shown->height(), 3 * shown->fontMetrics().height());
 }
 
 TEST(Label, FontSizeGrowsIt) {
