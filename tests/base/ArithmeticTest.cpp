@@ -101,6 +101,21 @@ TEST(NumberText, ValReadsTheLeadingNumber) {
     EXPECT_EQ(Val("1.2.3"), 1.2);
 }
 
+TEST(NumberText, ValReadsOneExponentWithItsSign) {
+    EXPECT_EQ(Val("25e-2"), 0.25);
+    EXPECT_EQ(Val("5E+2"), 500.0);
+    EXPECT_EQ(Val("3d2"), 300.0);
+    EXPECT_EQ(Val("3D-1"), 0.3);
+    EXPECT_EQ(Val("2 e 1"), 20.0);
+    EXPECT_EQ(Val("1e2e3"), 100.0);
+    EXPECT_EQ(Val("1e1.5"), 10.0);
+    EXPECT_EQ(Val("1e2-1"), 100.0);
+    EXPECT_EQ(Val("7e"), 7.0);
+    EXPECT_EQ(Val("e5"), 0.0);
+    EXPECT_EQ(Val(".e5"), 0.0);
+    EXPECT_EQ(Val("1e999"), 0.0) << "beyond every number";
+}
+
 TEST(NumberText, ValOfNoNumberIsZero) {
     EXPECT_EQ(Val(""), 0.0);
     EXPECT_EQ(Val("abc"), 0.0);
