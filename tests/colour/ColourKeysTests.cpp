@@ -140,6 +140,40 @@ TEST_F(ColourKeysTest, ShadesOpenOnTheSpectrumAndGiveOne) {
     EXPECT_EQ(CollectionCount, 1);
 }
 
+// Eight colours: a row of six, and two below.
+TEST_F(ColourKeysTest, ArrowsStayOnTheColoursOfTheGrid) {
+    std::vector<Colour> colours;
+    for (int i = 0; i < 8; ++i)
+        colours.push_back(RGB(10 + i, 20, 30));
+    Collect(colours);
+    frmMain->ColorBox.SetFocus();
+    const auto at = [] { return Working() - RGB(10, 20, 30); }; // The place is the share of red.
+    struct Step {
+        int key;
+        int place;
+    };
+    Press(Qt::Key_Home);
+    for (const Step& step : {Step{Qt::Key_Left, 0},
+                             {Qt::Key_Up, 0},
+                             {Qt::Key_Down, 6},
+                             {Qt::Key_Down, 6},
+                             {Qt::Key_Right, 7},
+                             {Qt::Key_Right, 7},
+                             {Qt::Key_Up, 1},
+                             {Qt::Key_Right, 2},
+                             {Qt::Key_Down, 2}, // Nothing lies below.
+                             {Qt::Key_End, 7},
+                             {Qt::Key_Left, 6},
+                             {Qt::Key_Up, 0},
+                             {Qt::Key_End, 7},
+                             {Qt::Key_Home, 0}}) {
+        Press(step.key);
+        ASSERT_EQ(at(), step.place) << step.key;
+        EXPECT_EQ(frmMain->ShCell.Left(), std::max(step.place % 6 * 18 - 1, 0));
+        EXPECT_EQ(frmMain->ShCell.Top(), 155 + step.place / 6 * 18);
+    }
+}
+
 TEST_F(ColourKeysTest, ShadesOfAColourOfTheGridCloseByEscape) {
     Collect({RGB(100, 110, 120), RGB(60, 70, 80)});
     frmMain->SetCurrentColour(kBefore);
