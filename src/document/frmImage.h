@@ -53,7 +53,7 @@ class frmImage : public Form,
     /// Moves the cursor one state back (one forward) and gives the path of the state that is now current.
     std::string MyUndo();
     std::string MyRedo();
-    /// Empties the image and fits the window to what is left. No command does, since an undo keeps what is shown.
+    /// Empties the image and fits the window to what is left. No command does: an undo keeps what is shown.
     void Blankme();
     /// Takes the undo history that a run before has left; the document counts as changed.
     void TakeHistory(const RunDocument& left);
