@@ -186,6 +186,20 @@ TEST_F(RectangleTest, ARectangleShowsNoTransparency) {
     ExpectSamePixels(ImageOf(image), WithPiece(picture, Part(picture, 10, 10, 10, 10), 30, 10));
 }
 
+TEST_F(RectangleTest, APieceIsCarriedByItsPictureAndByWhatHoldsIt) {
+    frmImage& image = OpenRandom(120, 90);
+    SelectRectangle(image, 10, 20, 50, 45);
+    int left = 10;
+    for (Control* under :
+         {static_cast<Control*>(&image.SelectImage), static_cast<Control*>(&image.PicSelect)}) {
+        Carry(*under, image.Timer1, 7, 5);
+        left += 7;
+        EXPECT_EQ(image.PicSelect.Left(), left) << under->Name();
+        EXPECT_EQ(image.SelectLeft, left) << under->Name();
+        EXPECT_FALSE(image.Timer1.Enabled()) << under->Name() << " still follows the pointer";
+    }
+}
+
 TEST_F(RectangleTest, ThePressThatMergesStartsTheNextBand) {
     frmImage& image = OpenRandom(120, 90);
     SelectRectangle(image, 10, 20, 50, 45);
