@@ -120,6 +120,7 @@ TEST(Slider, ItsTipEndsWithItsValue) {
     Slider slider(window, "Slider1", 10, 90);
     slider.Move(0, 0, 3000, 600);
     slider.ToolTipText("RAIO");
+    WidgetOf(slider)->parentWidget()->setToolTip("what lies around it");
     slider.Value(40);
     QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), WidgetOf(slider)->mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(WidgetOf(slider), &asked);

@@ -144,6 +144,19 @@ TEST_F(Settings, UnreadableFileGivesTheDefaultAndIsNotOverwritten) {
     EXPECT_EQ(Get("A"), "1");
 }
 
+TEST_F(Settings, AFileBeyondFourMegabytesIsNoneOfOursAndStaysAsItIs) {
+    constexpr std::size_t kLongest = 4 * 1024 * 1024;
+    Save("A", "1");
+    std::string text = BytesOf(file);
+    text.resize(kLongest, ';');
+    PutBytes(file, text);
+    EXPECT_EQ(Get("A"), "1");
+    PutBytes(file, text + ";");
+    EXPECT_EQ(Get("A"), "default");
+    EXPECT_EQ(ErrorOf([] { Save("B", "2"); }), 75);
+    EXPECT_TRUE(BytesOf(file) == text + ";");
+}
+
 TEST_F(Settings, FolderIsForTheUserAlone) {
     Save("A", "1");
     EXPECT_EQ(ModeOf(box / "Pintalux64"), 0700U);
