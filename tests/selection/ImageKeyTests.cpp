@@ -63,6 +63,16 @@ TEST_F(ImageKeyTest, EnterPressesAndLetsGo) {
     EXPECT_EQ(States(image), 2);
 }
 
+TEST_F(ImageKeyTest, TheDropperTakesWhatTheCrossIsOnWithoutAnyMove) {
+    frmImage& image = OpenPicture("grid.bmp", RandomPicture(30, 30, 3));
+    Choose("ColorPick");
+    for (const int x : {7, 21}) {
+        GoTo(image, x, 13);
+        Tap(image, Qt::Key_Space);
+        EXPECT_EQ(PixelOf(CurrentColour()), image.PicMerge.Image().At(x, 13)) << x;
+    }
+}
+
 TEST_F(ImageKeyTest, TheCrossIsWhereBucketAndDropperActAtAnyZoom) {
     for (const int level : {15, 16, 17, 20, 30}) {
         frmImage& image = OpenPicture("grid.bmp", RandomPicture(30, 30, 3));
