@@ -68,8 +68,11 @@ void WandPress(frmImage& image, double X, double Y) {
 }
 
 // A move is a press whose point is in view pixels already, so that the fifteenfold of its fifteenth is the
-// image pixel under the pointer.
+// image pixel under the pointer. It shows the image first, as the moves of all tools do; the press shows it
+// again.
 void WandMove(frmImage& image, double X, double Y) {
+    image.Image1.Picture(image.PicMerge.Image());
+    image.Image1.Refresh();
     Image1_MouseDown(image, kLeftButton, X, Y);
 }
 

@@ -61,6 +61,7 @@ bool WriteState(const Picture& picture, const std::string& path) {
 
 void LowerPriorityOfThread() {
     constexpr int kBackground = 10;
+    if (::getpriority(PRIO_PROCESS, 0) >= kBackground) return; // The whole program gives way already.
     // Without the right to it the writer merely competes with the interface.
     [[maybe_unused]] const int result =
         ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), kBackground);
