@@ -310,7 +310,7 @@ def idle(new_desktop, _, folder):
 
     def second(running):
         time.sleep(4)  # the splash, and what starts late
-        spent = 1000 * min(running.measure_idle(3) for _ in range(4))
+        spent = 1000 * min(running.measure_idle(2) for _ in range(8))
         running.end()
         return spent
 

@@ -61,21 +61,6 @@ constexpr int WholeVectors(int count) {
     return (count + kVectorPixels - 1) / kVectorPixels * kVectorPixels;
 }
 
-/// Near the left edge, where the stride is the column itself.
-Channels SoftenedPixel(const PixelTable& Px, int x, int y, int d) {
-    int PxR = 0, PxG = 0, PxB = 0;
-    for (const int column : {x - d, x, x + d}) {
-        for (const int row : {y - d, y, y + d}) {
-            const Channels c = Px(column, row);
-            PxR += c.red;
-            PxG += c.green;
-            PxB += c.blue;
-        }
-    }
-    return {Tenth(static_cast<Channel>(PxR)), Tenth(static_cast<Channel>(PxG)),
-            Tenth(static_cast<Channel>(PxB))};
-}
-
 /// The split rows around the one that is computed, in a strip of columns as wide as a tile and its
 /// neighbourhood: each pixel is split once, and all stays in the nearest cache.
 class Strip {
@@ -99,10 +84,24 @@ class Strip {
         const int d = std::min(level_, y);
         SoftenRun(Sums(y, d, 0), Sums(y, d, 1), Sums(y, d, 2), out, WholeVectors(count), d);
         for (int column = x; column < std::min(d, x + count); ++column)
-            out[column - x] = ComposePixel(SoftenedPixel(Px_, column, y, column));
+            out[column - x] = NearLeftEdge(column, y);
     }
 
   private:
+    /// Where the stride is the column itself.
+    Pixel NearLeftEdge(int x, int y) {
+        const Channel* const rows[] = {Plane(y - x, 0), Plane(y, 0), Plane(y + x, 0)};
+        const std::ptrdiff_t d = x;
+        const auto softened = [&](int channel) {
+            int sum = 0;
+            for (const Channel* row : rows) {
+                const Channel* first = row + static_cast<std::ptrdiff_t>(channel) * width_ - left_;
+                sum += first[0] + first[d] + first[2 * d];
+            }
+            return Tenth(static_cast<Channel>(sum));
+        };
+        return ComposePixel({softened(0), softened(1), softened(2)});
+    }
     void Split(int y) {
         SplitRun(Px_.RunDown(left_, y, count_, pixels_.data()), Plane(y, 0), Plane(y, 1), Plane(y, 2),
                  count_);
