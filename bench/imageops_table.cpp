@@ -3,12 +3,14 @@
 // best of the rounds counts, in processor time.
 //
 // A line for each work: its name, the multiple of the copy, the milliseconds of elapsed time, and the
-// nanoseconds of processor time for a pixel of the large and of the small image.
+// nanoseconds of processor time for a pixel of the large and of the small image. Then the nanoseconds for a
+// pixel of a reduced view, when it is painted again and when all its means are made.
 //
 //     imageops_table [rounds [name]]
 #include "ImageBench.h"
 
 #include "imageops/ImgFiltMod.h"
+#include "surface/raster/ReducedView.h"
 #include "surface/raster/Transfer.h"
 #include "surface/system/App.h"
 #include "surface/system/BmpWriter.h"
@@ -105,6 +107,7 @@ class Table {
         MeasureSmall(rounds);
         for (std::size_t i = 0; i < works_.size(); ++i)
             Print(i);
+        if (only.empty()) MeasureView(rounds);
     }
 
   private:
@@ -133,6 +136,28 @@ class Table {
             for (std::size_t i = 0; i < works_.size(); ++i)
                 if (works_[i].small) RunOnce(bench, works_[i], small_[i]);
         }
+    }
+
+    static void MeasureView(int rounds) {
+        constexpr int kReduced = 4;
+        constexpr int kViewWidth = 1280;
+        constexpr int kViewHeight = 800;
+        const Bench bench;
+        std::vector<std::uint32_t> screen(static_cast<std::size_t>(kViewWidth) * kViewHeight);
+        ReducedView view;
+        const auto show = [&] {
+            view.Show(bench.photo, kWidth / kReduced, kHeight / kReduced, {0, 0, kViewWidth, kViewHeight},
+                      screen.data(), kViewWidth);
+        };
+        Best made, again;
+        for (int round = 0; round < rounds; ++round) {
+            view.Drop();
+            made.Run(show);
+            again.Run(show);
+        }
+        const double nanoseconds = 1e9 / static_cast<double>(screen.size());
+        std::printf("view at 1:4, painted again\t%.3f\nview at 1:4, made\t%.3f\n", again.cpu * nanoseconds,
+                    made.cpu * nanoseconds);
     }
 
     static void RunOnce(Bench& bench, const Work& work, Best& best) {

@@ -2,9 +2,10 @@
 """running.py [--program path] [--rounds N] [part...]: what the running program costs, on a display of its own, with the
 wanted figure beside each. Parts: opening, undo, strokes, memory, idle, paste; all of them if none is named. Processor time is
 that of all threads of the program, best of several rounds; the time from the start of the process to the picture on the
-display means something on a quiet machine only. A move of a stroke and a second of idleness may also cost 1.5 times what
-they cost a bare window of the toolkit on the same display. Ends with an error where a figure is missed by more than a
-tenth. The programs are built first: scripts/build.sh release pintalux64 bare_window."""
+display, and from the pointer to the pixel, mean something on a quiet machine only. What depends on the toolkit and the
+display, a move of a stroke, its way to the pixel and a second of idleness, may also take 1.5 times what it takes a bare
+window of the toolkit. Ends with an error where a figure is missed by more than a tenth. The programs are built first:
+scripts/build.sh release pintalux64 bare_window."""
 import argparse
 import ctypes
 import os
@@ -37,16 +38,16 @@ INVERT, GREY, SOFTEN = 4, 6, 0  # places in the list of filters
 figures = []
 
 
-def tell(what, figure, wanted, unit):
+def tell(what, figure, wanted, unit, digits=".1f"):
     """Prints a figure; one that is missed is remembered."""
     missed = figure > wanted * SLACK
     figures.append((what, missed))
-    print(f"{what:58}{figure:9.1f}{wanted:9.1f} {unit}{' !' if missed else ''}", flush=True)
+    print(f"{what:58}{figure:9{digits}}{wanted:9{digits}} {unit}{' !' if missed else ''}", flush=True)
 
 
-def tell_beside_bare(what, figure, bare, wanted, unit):
-    print(f"{what + ', bare window':58}{bare:9.1f}")
-    tell(what, figure, max(wanted, OVER_BARE * bare), unit)
+def tell_beside_bare(what, figure, bare, wanted, unit, digits=".1f"):
+    print(f"{what + ', bare window':58}{bare:9{digits}}")
+    tell(what, figure, max(wanted, OVER_BARE * bare), unit, digits)
 
 
 # The eye: rows of the display, faster than a photograph.
@@ -61,6 +62,7 @@ class Image(ctypes.Structure):
 class Eye:
     def __init__(self, desktop):
         self.x11 = ctypes.CDLL("libX11.so.6")
+        self.pointer = ctypes.CDLL("libXtst.so.6")
         for name in ("XOpenDisplay", "XDefaultRootWindow", "XGetImage"):
             getattr(self.x11, name).restype = ctypes.c_void_p
         self.x11.XGetImage.restype = ctypes.POINTER(Image)
@@ -78,6 +80,15 @@ class Eye:
     def view(self):
         """Some rows of a document that is maximised."""
         return [self.row(y, 230, 600) for y in range(200, 800, 20)]
+
+    def lag(self, x, y):
+        """Seconds from a move of the pointer until the display has changed under it."""
+        before = self.row(y, x, 1)
+        start = time.perf_counter()
+        self.pointer.XTestFakeMotionEvent(self.display, -1, x, y, ctypes.c_ulong(0))
+        while self.row(y, x, 1) == before:
+            assert time.perf_counter() < start + 5, "nothing is painted"
+        return time.perf_counter() - start
 
     def close(self):
         self.x11.XCloseDisplay(self.display)
@@ -272,14 +283,31 @@ def move_of_a_stroke(running, rounds):
     return (long - short) / 200
 
 
+def lag_of_a_stroke(desktop):
+    """Seconds from the pointer to the pixel, the median of many moves."""
+    eye = Eye(desktop)
+    desktop.tool("xdotool", "mousemove", 300, 400, "sleep", "0.1", "mousedown", 1, "sleep", "0.1")
+    lags = []
+    for i in range(1, 151):
+        time.sleep(0.005)
+        lags.append(eye.lag(300 + 3 * i, 400 + 7 * (i % 2)))
+    desktop.tool("xdotool", "mouseup", 1)
+    eye.close()
+    return sorted(lags)[len(lags) // 2]
+
+
 def strokes(new_desktop, rounds, folder):
     path = write_picture(folder / "strokes.bmp", 6000, 4000)
     with Desktop(BARE_WINDOW, None) as desktop:
-        bare = 1e6 * move_of_a_stroke(Running(desktop, path), rounds)
+        running = Running(desktop, path)
+        bare_lag = 1e3 * lag_of_a_stroke(desktop)
+        bare = 1e6 * move_of_a_stroke(running, rounds)
     with new_desktop() as desktop:
         running = Running(desktop, path)
         running.maximise()
+        lag = 1e3 * lag_of_a_stroke(desktop)
         moved = 1e6 * move_of_a_stroke(running, rounds)
+    tell_beside_bare("from the pointer to the pixel of a stroke", lag, bare_lag, 0.42, "ms", ".2f")
     tell_beside_bare("a move of a stroke on 24 megapixels", moved, bare, 190, "microseconds")
 
 
