@@ -1,13 +1,17 @@
 #include "devices/ScanJob.h"
 
+#include <mutex>
 #include <thread>
 
 namespace pintalux {
 
 void Start(const std::shared_ptr<ScanJob>& job) {
     std::thread([job] {
+        // A device that still rests, or closes, is not opened again meanwhile.
+        static std::mutex oneAtATime;
+        const std::lock_guard lock(oneAtATime);
         try {
-            job->work(job->progress);
+            job->work(*job);
         } catch (...) {
             job->failure = CurrentError();
         }

@@ -44,7 +44,7 @@ template <class Result, class Work>
 std::optional<Result> Aside(const std::string& what, Work work) {
     const auto result = std::make_shared<std::optional<Result>>();
     const auto job = std::make_shared<ScanJob>();
-    job->work = [result, work](ScanProgress& progress) { result->emplace(work(progress)); };
+    job->work = [result, work](ScanJob& running) { result->emplace(work(running.progress)); };
     if (!WaitForJob(job, what)) return {};
     return std::move(*result);
 }
@@ -86,19 +86,20 @@ std::optional<ScanSettings> AskForSettings(const ScanChoices& choices) {
     return choice;
 }
 
-// The page goes into its file as it comes. Whoever gave up finds no piece of it.
-bool ScanIntoFile(Scanner& scanner, const ScanSettings& settings, const std::string& fileName,
-                  ScanProgress& progress) {
+// The page goes into its file as it comes. Whoever gave up finds no piece of it. The user has the page as
+// soon as it is whole: a device that does not come to rest keeps nobody waiting.
+void ScanIntoFile(Scanner& scanner, const ScanSettings& settings, const std::string& fileName, ScanJob& job) {
     std::optional<BmpRows> file;
-    scanner.Scan(settings, progress, [&](std::span<const std::uint8_t> row) {
+    const auto take = [&](std::span<const std::uint8_t> row) {
         if (!file) file.emplace(fileName, static_cast<int>(row.size() / 3));
         file->Add(row);
+    };
+    scanner.Scan(settings, job.progress, take, [&] {
+        if (!file) throw RuntimeError(kDeviceError, "O digitalizador não enviou imagem nenhuma.");
+        file->Finish();
+        if (job.progress.cancelled) DeleteFile(fileName);
+        job.done = true;
     });
-    if (progress.cancelled) return false;
-    if (!file) throw RuntimeError(kDeviceError, "O digitalizador não enviou imagem nenhuma.");
-    file->Finish();
-    if (progress.cancelled) DeleteFile(fileName);
-    return true;
 }
 
 int Acquire(const std::string& fileName) {
@@ -117,10 +118,11 @@ int Acquire(const std::string& fileName) {
     wanted.area.right += choices->glass.left;
     wanted.area.top += choices->glass.top;
     wanted.area.bottom += choices->glass.top;
-    const auto saved = Aside<bool>("A digitalizar...", [scanner, wanted, fileName](ScanProgress& progress) {
-        return ScanIntoFile(**scanner, wanted, fileName, progress);
-    });
-    return saved.value_or(false) ? kDone : kNothingScanned;
+    const auto job = std::make_shared<ScanJob>();
+    job->work = [scanner, wanted, fileName](ScanJob& running) {
+        ScanIntoFile(**scanner, wanted, fileName, running);
+    };
+    return WaitForJob(job, "A digitalizar...") ? kDone : kNothingScanned;
 }
 
 } // namespace

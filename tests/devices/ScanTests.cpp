@@ -10,6 +10,7 @@
 #include "devices/modTwain.h"
 #include "devices/sane/SaneCalls.h"
 #include "devices/ScanCommands.h"
+#include "devices/ScanJob.h"
 #include "document/Globals.h"
 #include "surface/window/Screen.h"
 
@@ -45,12 +46,20 @@ class ScanTest : public ProgramTest {
         Configure(1);
     }
     void TearDown() override {
-        EndSane();
+        EndLibrary();
         ::unsetenv("SANE_CONFIG_DIR");
         ProgramTest::TearDown();
     }
-    void Configure(int devices, const std::string& more = "") {
+    /// Once the device of the scan before has come to rest, which nobody else waits for.
+    static void EndLibrary() {
+        const auto last = std::make_shared<ScanJob>();
+        last->work = [](ScanJob&) {};
+        pintalux::Start(last);
+        ASSERT_TRUE(WaitFor([&last] { return last->done.load(); })) << "a device does not come to rest";
         EndSane();
+    }
+    void Configure(int devices, const std::string& more = "") {
+        EndLibrary();
         std::ofstream(configuration_ + "/dll.conf") << (devices > 0 ? "test\n" : "# none\n");
         std::ofstream(configuration_ + "/test.conf")
             << "number_of_devices " << std::max(devices, 1) // the test device itself fails with none

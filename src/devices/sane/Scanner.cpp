@@ -6,9 +6,11 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <mutex>
 #include <optional>
 #include <span>
+#include <thread>
 
 namespace pintalux {
 
@@ -188,7 +190,8 @@ ScanChoices Scanner::Choices() const {
     return ScanOptions(device_->handle).Choices();
 }
 
-void Scanner::Scan(const ScanSettings& settings, ScanProgress& progress, const TakeRow& take) {
+void Scanner::Scan(const ScanSettings& settings, ScanProgress& progress, const TakeRow& take,
+                   const std::function<void()>& whole) {
     constexpr std::size_t kChunk = std::size_t{64} << 10; // bytes
     const std::lock_guard lock(LibraryLock());
     const SANE_Handle handle = device_->handle;
@@ -196,10 +199,15 @@ void Scanner::Scan(const ScanSettings& settings, ScanProgress& progress, const T
     SANE_Parameters format{};
     // What the device foresees is refused before it moves; one that is stopped in its first moment may hang.
     if (Sane().getParameters(handle, &format) == SANE_STATUS_GOOD && IsTooLarge(format)) RefuseSize();
-    // The device rests again, whatever ended the scan.
+    // The device rests again, whatever ended the scan. Some drivers read ahead on a thread of their own, and
+    // hang if they are stopped while it works; a moment later it has ended, or waits for somebody to read.
     struct Rest {
         SANE_Handle handle;
-        ~Rest() { Sane().cancel(handle); }
+        ~Rest() {
+            constexpr std::chrono::milliseconds kMoment{100};
+            std::this_thread::sleep_for(kMoment);
+            Sane().cancel(handle);
+        }
     } const rest{handle};
     Page page{take, 0, {}};
     std::vector<SANE_Byte> bytes(kChunk);
@@ -217,6 +225,7 @@ void Scanner::Scan(const ScanSettings& settings, ScanProgress& progress, const T
         }
     } while (format.last_frame == SANE_FALSE);
     page.TakePasses();
+    whole();
 }
 
 } // namespace pintalux

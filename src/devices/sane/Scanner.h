@@ -63,9 +63,10 @@ class Scanner {
 
     ScanChoices Choices() const;
     /// Reads one page. Colours above 8 bits lose their lower ones; a page that ends early has the rows that
-    /// came. Once it is cancelled no more rows come. Error 57 or 68 with what the device said; 6 where a side
-    /// exceeds 32000.
-    void Scan(const ScanSettings& settings, ScanProgress& progress, const TakeRow& take);
+    /// came. After the last one `whole` runs, before the device comes to rest. Once it is cancelled no more
+    /// rows come. Error 57 or 68 with what the device said; 6 where a side exceeds 32000.
+    void Scan(const ScanSettings& settings, ScanProgress& progress, const TakeRow& take,
+              const std::function<void()>& whole);
 
   private:
     struct Device;

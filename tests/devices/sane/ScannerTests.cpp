@@ -69,11 +69,15 @@ struct ScanPage {
 
 ScanPage PageOf(Scanner& scanner, const ScanSettings& settings, ScanProgress& progress) {
     ScanPage page;
-    scanner.Scan(settings, progress, [&page](std::span<const std::uint8_t> row) {
+    int whole = 0;
+    const auto take = [&](std::span<const std::uint8_t> row) {
+        EXPECT_EQ(whole, 0) << "a row after the last one";
         page.width = static_cast<int>(row.size() / 3);
         for (std::size_t i = 0; i < row.size(); i += 3)
             page.pixels.push_back(row[i] | unsigned{row[i + 1]} << 8 | unsigned{row[i + 2]} << 16);
-    });
+    };
+    scanner.Scan(settings, progress, take, [&whole] { ++whole; });
+    EXPECT_EQ(whole, progress.cancelled ? 0 : 1);
     return page;
 }
 
@@ -238,10 +242,12 @@ TEST_F(ScannerTest, WhatTheTakerRaisesEndsTheScan) {
     ScanProgress progress;
     int rows = 0;
     EXPECT_EQ(ErrorOf([&] {
-                  scanner.Scan({100, "Gray", {0, 0, 40, 30}}, progress,
-                               [&rows](std::span<const std::uint8_t>) {
-                                   if (++rows == 5) throw RuntimeError(kDiskFull);
-                               });
+                  scanner.Scan(
+                      {100, "Gray", {0, 0, 40, 30}}, progress,
+                      [&rows](std::span<const std::uint8_t>) {
+                          if (++rows == 5) throw RuntimeError(kDiskFull);
+                      },
+                      [] { ADD_FAILURE() << "the page is not whole"; });
               }),
               kDiskFull);
     EXPECT_EQ(rows, 5);
