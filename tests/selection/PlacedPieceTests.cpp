@@ -523,6 +523,23 @@ TEST_F(PlacedPieceTest, AnUndoWhileAPathIsDrawnIsNotTurnedBackByTheRelease) {
     ExpectSamePixels(ImageOf(image), Before());
 }
 
+TEST_F(PlacedPieceTest, AColourStepWhileAPathIsDrawnKeepsNoDashes) {
+    frmImage& plain = OpenRandom(120, 90);
+    mnuColInc_Click(1);
+    const Bitmap stepped = ImageOf(plain);
+    ASSERT_NE(stepped, Before());
+    frmImage& image = OpenRandom(120, 90);
+    Choose("FreeSelect");
+    Press(image, 20, 20);
+    MoveTo(image, 60, 30);
+    ASSERT_NE(ImageOf(image), Before());
+    mnuColInc_Click(1);
+    ExpectSamePixels(ImageOf(image), stepped);
+    MoveTo(image, 40, 60);
+    Release(image, 40, 60);
+    ExpectSamePixels(ImageOf(image), stepped);
+}
+
 TEST_F(PlacedPieceTest, AMergeInTheMiddleOfADragEndsTheDrag) {
     frmImage& image = OpenRandom(120, 90);
     CopyMode();
@@ -532,6 +549,18 @@ TEST_F(PlacedPieceTest, AMergeInTheMiddleOfADragEndsTheDrag) {
     pintalux::Choose(frmMain->mnuFileSave);
     EXPECT_FALSE(image.TimerFS.Enabled());
     EXPECT_EQ(image.PicFreeSelect.ScaleMode(), kScalePixels);
+    ExpectSamePixels(LoadPicture(image.AFCurfile), Before());
+}
+
+TEST_F(PlacedPieceTest, AMergeInTheMiddleOfADragOfARectangleEndsTheDrag) {
+    frmImage& image = OpenRandom(120, 90);
+    CopyMode();
+    SelectRectangle(image, 20, 10, 60, 40);
+    PicSelect_MouseDown(image);
+    EXPECT_TRUE(image.Timer1.Enabled());
+    pintalux::Choose(frmMain->mnuFileSave);
+    EXPECT_FALSE(image.Timer1.Enabled());
+    EXPECT_EQ(image.PicSelect.ScaleMode(), kScalePixels);
     ExpectSamePixels(LoadPicture(image.AFCurfile), Before());
 }
 
