@@ -89,7 +89,7 @@ void ColourPanel::lblColor_Click() {
 void ColourPanel::ShowCaptionContrast() {
     const Colour contrast = ContrastColor(TheColor.BackColor());
     LblCurCol.ForeColor(contrast);
-    TheColor.ForeColor(contrast); // for what is printed on it; its caption lies over it now
+    TheColor.ForeColor(contrast); // For what is printed on it; its caption is a label.
     LblCurCol.Refresh();
 }
 

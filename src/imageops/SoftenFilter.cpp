@@ -92,15 +92,16 @@ class Strip {
     Pixel NearLeftEdge(int x, int y) {
         const Channel* const rows[] = {Plane(y - x, 0), Plane(y, 0), Plane(y + x, 0)};
         const std::ptrdiff_t d = x;
-        const auto softened = [&](int channel) {
-            int sum = 0;
+        const auto sum = [&](int channel) {
+            int nine = 0;
             for (const Channel* row : rows) {
                 const Channel* first = row + static_cast<std::ptrdiff_t>(channel) * width_ - left_;
-                sum += first[0] + first[d] + first[2 * d];
+                nine += first[0] + first[d] + first[2 * d];
             }
-            return Tenth(static_cast<Channel>(sum));
+            return static_cast<Channel>(nine);
         };
-        return ComposePixel({softened(0), softened(1), softened(2)});
+        const Channel PxR = sum(0), PxG = sum(1), PxB = sum(2);
+        return ComposePixel({Tenth(PxR), Tenth(PxG), Tenth(PxB)});
     }
     void Split(int y) {
         SplitRun(Px_.RunDown(left_, y, count_, pixels_.data()), Plane(y, 0), Plane(y, 1), Plane(y, 2),

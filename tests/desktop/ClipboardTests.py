@@ -330,35 +330,30 @@ def PhotographOutlivesTheProgramToo(desktop):
     assert read_any(kept).rows == photograph.rows
 
 
-@desktop_test
-def PackagedManagerThatNeverAnswersKeepsWhatWasCopied(desktop):
+def keeps_what_was_copied(desktop, *manager):
+    """What a clipboard manager offers of a run that has ended."""
     start_bus(desktop)
     try:
-        beside(desktop, "xfce4-clipman")
+        beside(desktop, *manager)
     except FileNotFoundError:
-        raise Skip("no such clipboard manager on this machine") from None
-    other_client(desktop, "await-manager")
-    desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
-    picture = end_with_a_copy(desktop)
-    wait_for(lambda: "image/bmp" in owner_answer(desktop), "the manager brings it back")
-    expect_same(pasted(desktop, "image/bmp"), picture)
-    expect_same(pasted(desktop, "image/png"), picture)
-
-
-@desktop_test
-def PackagedManagerThatTakesOverAtTheEndKeepsWhatWasCopied(desktop):
-    start_bus(desktop)
-    # It asks for nothing until the program hands over what it copied.
-    try:
-        beside(desktop, "xfsettingsd", "--disable-wm-check", "--replace")
-    except FileNotFoundError:
-        raise Skip("no such settings daemon on this machine") from None
+        raise Skip(f"no {manager[0]} on this machine") from None
     other_client(desktop, "await-manager")
     desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
     picture = end_with_a_copy(desktop)
     wait_for(lambda: "image/bmp" in owner_answer(desktop), "the manager offers it")
     expect_same(pasted(desktop, "image/bmp"), picture)
     expect_same(pasted(desktop, "image/png"), picture)
+
+
+@desktop_test
+def PackagedManagerThatNeverAnswersKeepsWhatWasCopied(desktop):
+    keeps_what_was_copied(desktop, "xfce4-clipman")
+
+
+@desktop_test
+def PackagedManagerThatTakesOverAtTheEndKeepsWhatWasCopied(desktop):
+    """It asks for nothing until the program hands over what it copied."""
+    keeps_what_was_copied(desktop, "xfsettingsd", "--disable-wm-check", "--replace")
 
 
 @desktop_test

@@ -22,13 +22,13 @@ class SessionManager:
             self.process = subprocess.Popen([sys.executable, program], env=desktop.environment, stdin=subprocess.PIPE,
                                             stdout=said, stderr=said)
         desktop.processes.append(self.process)
-        desktop.environment["SESSION_MANAGER"] = wait_for(lambda: self.said()[:1], "the session manager runs")[0]
+        desktop.environment["SESSION_MANAGER"] = wait_for(lambda: self.said()[:1], "the manager of the log-outs runs")[0]
 
     def said(self):
         return self.log.read_text().splitlines()
 
     def wait_until_said(self, *words):
-        wait_for(lambda: tuple(self.said()[1:]) == words, f"the session manager heard {words}")
+        wait_for(lambda: tuple(self.said()[1:]) == words, f"the manager heard {words}")
 
     def tell(self, command):
         self.process.stdin.write(command.encode() + b"\n")
@@ -36,7 +36,7 @@ class SessionManager:
 
 
 def start_in_session(desktop):
-    """A painted picture from a file; gives the session manager, the program and the file."""
+    """A painted picture from a file; gives the manager of the log-outs, the program and the file."""
     manager = SessionManager(desktop)
     path = desktop.pictures / "picture.bmp"
     write_bmp(path, sample())

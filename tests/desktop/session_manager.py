@@ -4,7 +4,7 @@ what to do.
 
 Prints its address for the variable SESSION_MANAGER, then a line for each thing that its client does: "registered", "asks",
 "done asking" or "cancels the log-out", "saved", "gone". Reads a command a line: "logout" lets the client ask the user,
-"logout silently" does not; "die" ends the session.
+"logout silently" does not; "die" ends the connection.
 """
 import ctypes
 import os
