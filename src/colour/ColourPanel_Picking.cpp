@@ -138,7 +138,6 @@ void ColourPanel::FallBackToCurrent() {
 
 // Intended: a cancelled dialog gives black, so that Escape in it is the short way to the colour most used.
 Colour ColourPanel::PickColorDialog() try {
-    CommonDialog1.DialogTitle.clear();
     CommonDialog1.CancelError = true;
     CommonDialog1.Color = TheColor.BackColor();
     CommonDialog1.ShowColor();

@@ -132,7 +132,6 @@ void frmTextForm::ComboStyle_Click() {
 }
 
 void frmTextForm::Command1_Click() try {
-    CommonDialog1.DialogTitle.clear();
     CommonDialog1.CancelError = true;
     CommonDialog1.Color = picFontcol.BackColor();
     CommonDialog1.ShowColor();

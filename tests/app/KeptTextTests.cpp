@@ -13,11 +13,14 @@
 #include <cstdlib>
 #include <fstream>
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QComboBox>
+#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMetaEnum>
 #include <QPushButton>
 #include <QTabBar>
 #include <QWidget>
@@ -63,12 +66,18 @@ std::string PlaceOf(const QWidget& widget) {
 
 std::string ValuesOf(const QWidget& widget) {
     std::string text;
-    for (const char* name : {"minimum", "maximum", "value"}) {
+    for (const char* name : {"minimum", "maximum", "value", "singleStep", "pageStep", "tickInterval"}) {
         const QVariant value = widget.property(name);
         if (value.isValid()) text += std::string(" ") + name + " " + value.toString().toStdString();
     }
+    for (const char* name : {"wordWrap", "autoRepeat", "flat", "tracking", "textVisible"})
+        if (widget.property(name).toBool()) text += std::string(" ") + name;
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        if ((label->alignment() & Qt::AlignRight) != 0) text += " to the right";
+        if ((label->alignment() & Qt::AlignHCenter) != 0) text += " in the middle";
+        if (label->buddy()) text += " of " + label->buddy()->objectName().toStdString();
+    }
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-        if (button->isCheckable()) text += button->isChecked() ? " ticked" : " clear";
         if (!button->icon().pixmap(button->iconSize()).isNull()) text += " with a picture";
     }
     if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
@@ -98,6 +107,16 @@ std::string ValuesOf(const QWidget& widget) {
     return text;
 }
 
+/// As what a screen reader announces the control, and what it can be asked to do.
+std::string RoleOf(const QWidget& widget) {
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
+    std::string text = QMetaEnum::fromType<QAccessible::Role>().valueToKey(spoken->role());
+    if (spoken->state().checkable) text += spoken->state().checked ? " ticked" : " clear";
+    if (QAccessibleActionInterface* actions = spoken->actionInterface())
+        if (actions->actionNames().contains(QAccessibleActionInterface::pressAction())) text += " to press";
+    return text;
+}
+
 /// The height of the menu bar, and so what it leaves to the window's own parts, is the font's: these tell no
 /// place.
 std::string LineOf(const QWidget& widget, bool ofWindow) {
@@ -109,6 +128,7 @@ std::string LineOf(const QWidget& widget, bool ofWindow) {
     for (const char* caption : {"text", "title"})
         add("caption", widget.property(caption).toString());
     add("spoken", widget.accessibleName());
+    line += " as " + RoleOf(widget);
     add("tip", widget.toolTip());
     line += ValuesOf(widget);
     if (widget.testAttribute(Qt::WA_SetCursor) && widget.cursor().shape() != Qt::IBeamCursor)

@@ -281,16 +281,20 @@ TEST_F(CommonDialogTest, OpenRefusesAMissingFile) {
     EXPECT_EQ(dialog.FileName(), "");
 }
 
-TEST_F(CommonDialogTest, ColourGoesInAndOut) {
+TEST_F(CommonDialogTest, ColourGoesInAndOutUnderATitleOfItsOwn) {
+    dialog.DialogTitle = "Abrir"; // left by a file dialog
     dialog.Color = RGB(1, 2, 3);
     QColor start;
+    QString title;
     const DialogScript script({In<QColorDialog>([&](QColorDialog& shown) {
         start = shown.currentColor();
+        title = shown.windowTitle();
         shown.setCurrentColor(QColor(200, 100, 50));
         shown.accept();
     })});
     dialog.ShowColor();
     EXPECT_EQ(start, QColor(1, 2, 3));
+    EXPECT_EQ(title, QColorDialog().windowTitle());
     EXPECT_EQ(dialog.Color, 50 * 65536 + 100 * 256 + 200);
 }
 

@@ -194,7 +194,7 @@ TEST(LoadJpeg, TruncatedFileShowsWhatIsThere) {
     const Picture part = LoadPicture(box / "b");
     ASSERT_EQ(part.Bounds(), complete.Bounds());
     EXPECT_EQ(part.At(8, 8), complete.At(8, 8));
-    EXPECT_FALSE(part == complete);
+    EXPECT_EQ(part.At(63, 63), 0x808080U); // the middle grey of blocks that never came
 }
 
 TEST(LoadPicture, UnreadableDiskPassesUpThroughTheDecoder) {

@@ -532,6 +532,28 @@ TEST_F(DisplayTest, SquareIsCentredInItsBox) {
     EXPECT_EQ(Shown().pixel(29, 0), 0xFFFFFFFFu);
 }
 
+TEST_F(DisplayTest, AnOvalTouchesTheSidesOfItsBoxAndACircleThoseOfASquareWithin) {
+    display.Picture(Picture(600, 500, 0xFFFFFF));
+    shape.Move(10, 20, 101, 41);
+    shape.Visible(true);
+    shape.BringToFront();
+    Show();
+    const auto inkedColumns = [this](int kind) {
+        shape.Shape(kind);
+        const QImage shown = Shown();
+        EXPECT_EQ(shown.pixel(60, 20), 0xFF000000u) << kind;
+        EXPECT_EQ(shown.pixel(60, 40), 0xFFFFFFFFu) << kind;
+        EXPECT_EQ(shown.pixel(60, 60), 0xFF000000u) << kind;
+        std::vector<int> columns;
+        for (int x = 0; x < 600; ++x)
+            if (InvertedPixels(shown, QRect(x, 0, 1, 500)) > 0) columns.push_back(x);
+        EXPECT_EQ(InvertedPixels(shown, QRect(10, 20, 4, 4)), 0) << kind; // no corner
+        return std::pair(columns.front(), columns.back());
+    };
+    EXPECT_EQ(inkedColumns(2), std::pair(10, 110));
+    EXPECT_EQ(inkedColumns(3), std::pair(40, 80));
+}
+
 TEST_F(DisplayTest, OverlaysLetThePointerThrough) {
     shape.Move(0, 0, 600, 500);
     shape.Visible(true);

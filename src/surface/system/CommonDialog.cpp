@@ -200,7 +200,6 @@ void CommonDialog::ShowColor() {
     const Pixel now = PixelOf(Color);
     QColorDialog dialog;
     dialog.setOption(QColorDialog::DontUseNativeDialog);
-    if (!DialogTitle.empty()) dialog.setWindowTitle(QString::fromStdString(DialogTitle));
     dialog.setCurrentColor(QColor(static_cast<int>(now & 0xFF), static_cast<int>(now >> 8 & 0xFF),
                                   static_cast<int>(now >> 16 & 0xFF)));
     PlaceOverOwner(dialog);

@@ -11,7 +11,7 @@ namespace pintalux {
 /// One object is shared by several commands, so its last `FileName` is what the next dialog proposes.
 class CommonDialog {
   public:
-    std::string DialogTitle;
+    std::string DialogTitle;  ///< Of the file dialogs.
     std::string Filter;       ///< "Text|*.a;*.b|Text|*.c"; patterns match in any case.
     int FilterIndex = 1;      ///< From 1; the user's choice after the dialog.
     bool CancelError = false; ///< A cancel raises error 32755.
