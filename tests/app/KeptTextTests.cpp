@@ -22,6 +22,7 @@
 #include <QMenu>
 #include <QMetaEnum>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QWidget>
 #include <regex>
@@ -51,13 +52,33 @@ std::string Ranks(const QWidget& widget, Coordinate coordinate, int last = 0) {
     return std::to_string(rank) + (covered > 1 ? " to " + std::to_string(rank + covered - 1) : "");
 }
 
+/// What a layout may not do to the widget, where somebody said so, and to which side it keeps it.
+std::string LimitsOf(const QWidget& widget) {
+    std::ostringstream text;
+    const QSize least = widget.minimumSize();
+    const QSize most = widget.maximumSize();
+    // Those of labels, and of bars beside text boxes, follow the font.
+    if (!qobject_cast<const QLabel*>(&widget) && !qobject_cast<const QScrollBar*>(&widget)) {
+        if (least != QSize(0, 0)) text << " least " << least.width() << 'x' << least.height();
+        if (most.width() < QWIDGETSIZE_MAX) text << " most " << most.width() << 'x' << most.height();
+    }
+    const QLayout& layout = *widget.parentWidget()->layout();
+    for (int i = 0; i < layout.count(); ++i) {
+        const Qt::Alignment kept = layout.itemAt(i)->alignment();
+        if (layout.itemAt(i)->widget() != &widget || !kept) continue;
+        text << " kept " << QMetaEnum::fromType<Qt::Alignment>().valueToKeys(kept).toStdString();
+    }
+    return text.str();
+}
+
 std::string PlaceOf(const QWidget& widget) {
     std::ostringstream text;
     if (widget.parentWidget()->layout()) {
         text << "row " << Ranks(widget, [](const QWidget& w) { return w.geometry().center().y() / 4; })
              << " column "
              << Ranks(
-                    widget, [](const QWidget& w) { return w.x() / 4; }, widget.geometry().right() / 4);
+                    widget, [](const QWidget& w) { return w.x() / 4; }, widget.geometry().right() / 4)
+             << LimitsOf(widget);
     } else {
         text << widget.x() << ',' << widget.y() << ' ' << widget.width() << 'x' << widget.height();
     }
@@ -172,6 +193,15 @@ std::string TextOf(QWidget& window) {
         if (widget->layout()) widget->layout()->activate();
     std::string text = "window " + Quoted(window.windowTitle());
     text += window.windowIcon().isNull() ? "\n" : " with a picture\n";
+    for (const QLayout* layout : window.findChildren<QLayout*>()) {
+        if (layout->parentWidget()->objectName().startsWith("qt_")) continue;
+        const QMargins margins = layout->contentsMargins();
+        text += "layout of " + Quoted(layout->parentWidget()->objectName()) + " spacing " +
+                std::to_string(layout->spacing()) + " margins ";
+        for (const int margin : {margins.left(), margins.top(), margins.right(), margins.bottom()})
+            text += std::to_string(margin) + " ";
+        text += "size by " + std::to_string(layout->sizeConstraint()) + "\n";
+    }
     Describe(window, 1, text);
     text += TabOrderOf(window);
     return text;
