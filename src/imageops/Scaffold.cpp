@@ -223,9 +223,6 @@ void GrowCanvas(frmImage& image, const Margins& margins, Colour colour) {
     image.SelectTop = margins.top;
     image.Selectwidth = image.PicMerge.Width();
     image.Selectheight = image.PicMerge.Height();
-    image.picsource.Picture({});
-    image.picsource.Width(image.PicMerge.Width());
-    image.picsource.Height(image.PicMerge.Height());
     image.picsource.Picture(image.PicMerge.Image());
     image.PicMerge.Picture({});
     image.PicMerge.Width(image.PicMerge.Width() + margins.left + margins.right);

@@ -55,8 +55,6 @@ WandShift ChosenShift() {
 // moves, and a click that does not move changes nothing by accident.
 void WandPress(frmImage& image, double X, double Y) {
     image.Image1.Refresh();
-    image.picsource.Height(image.PicMerge.Height());
-    image.picsource.Width(image.PicMerge.Width());
     image.picsource.Picture(image.PicMerge.Image());
     image.PicMerge.AutoRedraw(false);
     WandStopped = false;

@@ -1,4 +1,5 @@
 // Where Tab, F6 and F1 lead, and what screen readers call the buttons.
+#include "app/Dialogs.h"
 #include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "selection/ImageKeyTest.h"
@@ -9,8 +10,10 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
+#include <QPointer>
 #include <QShortcut>
 #include <QTextBrowser>
+#include <set>
 
 namespace pintalux {
 namespace {
@@ -181,6 +184,46 @@ TEST_F(FocusTest, EveryDialogBeginsAtTheControlThatIsUsedFirstAndItsNumberIsType
         }});
         pintalux::Choose(row.item);
     }
+}
+
+// A reader that asked about what is gone would end the program.
+TEST_F(FocusTest, ScreenReadersAreToldThatAWidgetIsGone) {
+    struct Spoken {
+        QPointer<QWidget> widget;
+        QAccessible::Id id;
+        std::string name;
+    };
+    const auto spokenIn = [](QWidget& window) {
+        QList<QWidget*> widgets = window.findChildren<QWidget*>();
+        widgets.append(&window);
+        std::vector<Spoken> spoken;
+        for (QWidget* widget : widgets)
+            spoken.push_back({widget, QAccessible::uniqueId(QAccessible::queryAccessibleInterface(widget)),
+                              widget->objectName().toStdString()});
+        return spoken;
+    };
+    std::set<std::string> gone;
+    const auto expectGone = [&](const std::vector<Spoken>& all, const std::string& window) {
+        for (const Spoken& spoken : all) {
+            if (spoken.widget) continue; // Some dialogs stay, unseen, until they are shown again.
+            gone.insert(spoken.name);
+            EXPECT_EQ(QAccessible::accessibleInterface(spoken.id), nullptr)
+                << spoken.name << " in " << window;
+        }
+    };
+    frmImage& image = NewDocument(40, 30);
+    ForEachDialog([&](auto& dialog) {
+        const std::string name = dialog->Name();
+        const auto spoken = spokenIn(WidgetFor(*dialog));
+        dialog.Unload();
+        PassEvents();
+        expectGone(spoken, name);
+    });
+    const auto spoken = spokenIn(WidgetFor(image));
+    image.Unload();
+    PassEvents();
+    expectGone(spoken, "a document");
+    EXPECT_TRUE(gone.contains("txtPXw") && gone.contains("SSTab1") && gone.contains("PicBG"));
 }
 
 TEST_F(FocusTest, TheNewButtonIsSpokenNovoAndItsTipDescribesIt) {

@@ -554,6 +554,43 @@ TEST_F(DisplayTest, AnOvalTouchesTheSidesOfItsBoxAndACircleThoseOfASquareWithin)
     EXPECT_EQ(inkedColumns(3), std::pair(40, 80));
 }
 
+TEST_F(DisplayTest, AnOverlayLooksTheSameInWhateverOrderItIsDescribed) {
+    display.Picture(Picture(600, 500, 0xFFFFFF));
+    shape.Move(10, 20, 30, 40);
+    line.X1(100);
+    line.Y1(50);
+    line.X2(200);
+    line.Y2(50);
+    for (Control* overlay : {static_cast<Control*>(&shape), static_cast<Control*>(&line)}) {
+        overlay->Visible(true);
+        overlay->BringToFront();
+    }
+    Show();
+    const auto describe = [this](auto& overlay, bool modeFirst, int mode, Colour colour) {
+        if (modeFirst) overlay.DrawMode(mode);
+        overlay.BorderColor(colour);
+        if constexpr (requires { overlay.BorderWidth(1); }) overlay.BorderWidth(2);
+        if (!modeFirst) overlay.DrawMode(mode);
+    };
+    const auto expect = [&](int mode, Colour colour, QRgb atLine, QRgb inShape) {
+        for (const bool modeFirst : {true, false}) {
+            describe(shape, modeFirst, mode, colour);
+            describe(line, modeFirst, mode, colour);
+            const QImage shown = Shown();
+            EXPECT_EQ(shown.pixel(150, 50), atLine) << mode << modeFirst;
+            EXPECT_EQ(shown.pixel(38, 58), inShape) << mode << modeFirst;
+            EXPECT_EQ(shown.pixel(37, 57), 0xFFFFFFFFu) << mode << modeFirst;
+        }
+    };
+    expect(kDrawCopyPen, 0x0000FF, 0xFFFF0000u, 0xFFFF0000u);
+    describe(shape, true, kDrawInvert, 0x0000FF);
+    describe(line, true, kDrawInvert, 0x0000FF);
+    const QImage inverting = Shown();
+    EXPECT_GT(InvertedPixels(inverting, QRect(10, 20, 30, 40)), 0);
+    EXPECT_GT(InvertedPixels(inverting, QRect(100, 50, 101, 1)), 0);
+    expect(kDrawCopyPen, 0x00FF00, 0xFF00FF00u, 0xFF00FF00u);
+}
+
 TEST_F(DisplayTest, OverlaysLetThePointerThrough) {
     shape.Move(0, 0, 600, 500);
     shape.Visible(true);

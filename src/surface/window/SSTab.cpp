@@ -37,7 +37,8 @@ SSTab::SSTab(Container& parent, std::string name, const std::vector<std::string>
 }
 
 SSTab::~SSTab() {
-    if (auto* widget = WidgetAs<QTabWidget>(*this)) widget->disconnect();
+    if (auto* widget = WidgetAs<QTabWidget>(*this))
+        QObject::disconnect(widget, &QTabWidget::currentChanged, widget, nullptr);
 }
 
 Container& SSTab::Page(int index) {

@@ -138,7 +138,8 @@ TextBox::TextBox(Container& parent, std::string name) : Control(&parent, std::mo
 
 TextBox::~TextBox() {
     if (auto* widget = WidgetAs<LineWidget>(*this)) {
-        widget->disconnect();
+        // Only ours: the toolkit, too, listens to the end of the widget, for what screen readers know of it.
+        QObject::disconnect(widget, &QLineEdit::textChanged, widget, nullptr);
         widget->Orphan();
     }
 }
