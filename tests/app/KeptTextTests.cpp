@@ -194,10 +194,10 @@ std::string TextOf(QWidget& window) {
     std::string text = "window " + Quoted(window.windowTitle());
     text += window.windowIcon().isNull() ? "\n" : " with a picture\n";
     for (const QLayout* layout : window.findChildren<QLayout*>()) {
-        if (layout->parentWidget()->objectName().startsWith("qt_")) continue;
+        const QString owner = layout->parentWidget()->objectName();
+        if (owner.isEmpty() || owner.startsWith("qt_")) continue; // the toolkit's own
         const QMargins margins = layout->contentsMargins();
-        text += "layout of " + Quoted(layout->parentWidget()->objectName()) + " spacing " +
-                std::to_string(layout->spacing()) + " margins ";
+        text += "layout of " + Quoted(owner) + " spacing " + std::to_string(layout->spacing()) + " margins ";
         for (const int margin : {margins.left(), margins.top(), margins.right(), margins.bottom()})
             text += std::to_string(margin) + " ";
         text += "size by " + std::to_string(layout->sizeConstraint()) + "\n";

@@ -1,5 +1,6 @@
 // The tests of the input controls and of the desktop's services, under the program object itself.
 #include "support/DialogScript.h"
+#include "support/ListeningReader.h"
 #include "surface/system/App.h"
 
 #include <cstdlib>
@@ -11,5 +12,6 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     const pintalux::Application application(argc, argv);
     const pintalux::DialogWatch watch;
+    pintalux::ListeningReader reader;
     return RUN_ALL_TESTS();
 }

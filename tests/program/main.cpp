@@ -1,4 +1,5 @@
 #include "support/DialogScript.h"
+#include "support/ListeningReader.h"
 #include "surface/system/App.h"
 
 #include <cstdlib>
@@ -11,5 +12,6 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     pintalux::Application application(argc, argv);
     const pintalux::DialogWatch watch;
+    pintalux::ListeningReader reader;
     return RUN_ALL_TESTS();
 }

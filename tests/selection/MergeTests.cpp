@@ -14,6 +14,14 @@ TEST_F(MergeTest, WithNothingFloatingOneStateIsTakenAndNoPixelChanges) {
     ExpectSamePixels(ImageOf(image), Before());
 }
 
+// What was drawn and not yet shown is seen, at the latest, when a merge is asked for.
+TEST_F(MergeTest, WithNothingFloatingTheImageIsShown) {
+    frmImage& image = OpenRandom(60, 40);
+    image.PicMerge.PSet(20, 30, 0x0000FF);
+    image.NeedtoPaste();
+    EXPECT_EQ(image.Image1.Picture().At(20, 30), 0x0000FFU);
+}
+
 TEST_F(MergeTest, ARectangleTakesTwoStates) {
     frmImage& image = OpenRandom(60, 40);
     CopyMode();
