@@ -184,6 +184,19 @@ TEST_F(CollectionTest, UnsavedColoursAreAskedAbout) {
     EXPECT_EQ(Cells(), (std::vector<Colour>{7}));
 }
 
+TEST_F(CollectionTest, TheLastColourReadIsTheCurrentOneAndItsCaptionCanBeRead) {
+    for (const bool dark : {true, false}) {
+        PutBytes(File(),
+                 dark ? "[Colors]\r\n 0= 16777215\r\n 1= 0\r\n" : "[Colors]\r\n 0= 0\r\n 1= 16777215\r\n");
+        DialogScript script({ChoosesFile(File())});
+        frmMain->CollectionAsked = true;
+        frmMain->OpenColors();
+        EXPECT_EQ(frmMain->TheColor.BackColor(), dark ? kBlack : kWhite);
+        EXPECT_EQ(frmMain->LblCurCol.ForeColor(), dark ? kWhite : kBlack);
+        EXPECT_EQ(frmMain->txtRed.Text(), dark ? "0" : "255");
+    }
+}
+
 TEST_F(CollectionTest, YesSavesFirstAndAsksNoSecondTime) {
     PutBytes(File("other.klc"), "[Colors]\r\n 0= 7\r\n");
     Collect(Several(2));

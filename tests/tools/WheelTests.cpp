@@ -58,6 +58,16 @@ TEST_F(WheelTest, WithCtrlItZoomsAtThePointer) {
     EXPECT_EQ(States(image), 1);
 }
 
+TEST_F(WheelTest, TheWheelReachesTheLargestAndTheSmallestView) {
+    frmImage& image = NewDocument(20, 20);
+    for (int i = 0; i < 40; ++i)
+        Turn(image.PicFrame, {5, 5}, {0, kNotch}, Qt::ControlModifier);
+    EXPECT_EQ(image.factor, 16);
+    for (int i = 0; i < 40; ++i)
+        Turn(image.PicFrame, {5, 5}, {0, -kNotch}, Qt::ControlModifier);
+    EXPECT_EQ(image.factor, 1.0 / 16);
+}
+
 TEST_F(WheelTest, TheWheelTreatsWhatFloatsAsTheZoomMenuDoes) {
     CopyMode();
     frmImage& image = OpenRandom(60, 40);

@@ -340,6 +340,8 @@ TEST_F(StretchedSurfaceTest, WithoutAutoRedrawItIsWhatIsDrawnOn) {
     surface.AutoRedraw(false);
     surface.PSet(0, 0, kGreen);
     EXPECT_EQ(surface.Image(), StretchedTo(10, 8, piece));
+    EXPECT_EQ(surface.Point(0, 0), kGreen);
+    EXPECT_EQ(surface.Point(9, 7), kBlue);
     surface.ShowStretched(piece, kKey);
     EXPECT_TRUE(surface.AutoRedraw());
 }
