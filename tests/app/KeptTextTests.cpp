@@ -1,6 +1,8 @@
 // Every window of the program as a text: names, places, captions, what screen readers hear, tips, ticks. The
 // texts are kept in tests/data/windows; a change that is meant is taken over by running with PINTALUX_KEEP=1
 // and read in the difference.
+#include "support/DialogAnswers.h"
+#include "support/DialogScript.h"
 #include "support/Documents.h"
 #include "support/Folders.h"
 #include "support/Program.h"
@@ -28,6 +30,7 @@
 #include <regex>
 #include <set>
 #include <sstream>
+#include <tuple>
 
 namespace pintalux {
 namespace {
@@ -267,6 +270,37 @@ TEST_F(KeptTextTest, Dialogs) {
         Expect(dialog->Name(), WidgetFor(*dialog));
         dialog.Unload();
     });
+}
+
+// As the user finds them: filled in, with their samples in place.
+TEST_F(KeptTextTest, DialogsAsTheyOpen) {
+    Start();
+    for (const auto& [width, height, suffix] : {std::tuple(300, 60, ".wide"), std::tuple(60, 300, ".high")}) {
+        NewDocument(width, height);
+        for (MenuItem* item :
+             {&frmMain->mnuFileNew, &frmMain->mnuResize, &frmMain->mnuAddBorders, &frmMain->mnuBorderWiz,
+              &frmMain->mnuFiltBrow, &frmMain->mnuImageProperties, &frmMain->mnuFileSaveOptions}) {
+            const DialogScript script({[&](QWidget& dialog) {
+                PassEvents();
+                Expect(dialog.objectName().toStdString() + suffix, dialog);
+                PressesEscape()(dialog);
+            }});
+            Choose(*item);
+        }
+    }
+}
+
+// The view of a document: bars, rulers and what lies on them, from one end of the zoom to the other.
+TEST_F(KeptTextTest, DocumentsAtWork) {
+    Start();
+    frmImage& image = NewDocument(200, 150);
+    Choose(frmMain->mnuViewRulers);
+    for (MenuItem* item : {&frmMain->mnuZoomOutX(15), &frmMain->mnuZoomOutX(3), &frmMain->mnuZoomInX(3),
+                           &frmMain->mnuZoomInX(15)}) {
+        Choose(*item);
+        PassEvents();
+        Expect("frmImage.level" + std::to_string(image.factorlevel), WidgetFor(image));
+    }
 }
 
 } // namespace pintalux
