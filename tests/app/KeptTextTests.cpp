@@ -6,6 +6,7 @@
 #include "support/Documents.h"
 #include "support/Folders.h"
 #include "support/Program.h"
+#include "support/Waiting.h"
 
 #include "app/Dialogs.h"
 #include "app/frmMain.h"
@@ -295,6 +296,7 @@ TEST_F(KeptTextTest, DocumentsAtWork) {
     Start();
     frmImage& image = NewDocument(200, 150);
     Choose(frmMain->mnuViewRulers);
+    EXPECT_TRUE(WaitFor([&] { return image.TopRuler.Visible(); }));
     for (MenuItem* item : {&frmMain->mnuZoomOutX(15), &frmMain->mnuZoomOutX(3), &frmMain->mnuZoomInX(3),
                            &frmMain->mnuZoomInX(15)}) {
         Choose(*item);
