@@ -52,6 +52,11 @@ using Names = std::vector<std::string>;
 
 } // namespace
 
+TEST_F(SaveTest, WithoutADocumentNothingIsAskedAndNothingSaved) {
+    const DialogScript nothingIsAsked;
+    EXPECT_EQ(mnuFileSaveAs_Click(), SaveResult::Failed);
+}
+
 TEST_F(SaveTest, ABmpIsWrittenOverItsFile) {
     frmImage& image = OpenPicture("a.bmp", Solid(20, 10, kWhite));
     Edit(image, 0x123456);

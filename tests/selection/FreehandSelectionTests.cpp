@@ -1,6 +1,8 @@
 // The freehand selection: path, mask, piece, drag.
+#include "selection/FreehandSelection.h"
 #include "selection/RectangleSelection.h"
 #include "selection/SelectionTest.h"
+#include "support/Hand.h"
 
 #include "surface/raster/Drawing.h"
 
@@ -274,6 +276,31 @@ TEST_F(FreehandTest, ThePieceTakesThePointerOnlyInsideItsOutline) {
                                Before().At(model.Left() + x, model.Top() + y) != kKey;
             ASSERT_EQ(mask.contains(QPoint(x, y)), shown) << x << ", " << y;
         }
+}
+
+TEST_F(FreehandTest, ThePointerOverAPieceIsTheSizeAllCrossAndMovesTheRulers) {
+    RulersOn = true;
+    for (const int level : {15, 17}) {
+        SCOPED_TRACE(level);
+        frmImage& image = OpenRandom(120, 90);
+        ZoomToLevel(level);
+        Outline(image, kHeart); // its box begins at 12, 20
+        const auto pointAt = [&image](int x, int y) {
+            const QPointF place((x + 0.5) * image.factor, (y + 0.5) * image.factor);
+            SendMouse(WidgetFor(image.PicFreeSelect), QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton);
+        };
+        pointAt(28, 10);
+        EXPECT_EQ(image.PicFreeSelect.MousePointer(), kPointerSizeAll);
+        EXPECT_EQ(image.lblx.Caption(), "40");
+        EXPECT_EQ(image.lbly.Caption(), "30");
+        PicFreeSelect_MouseDown(image); // what it measures in changes while it is dragged
+        pointAt(30, 13);
+        EXPECT_EQ(image.lblx.Caption(), "42");
+        EXPECT_EQ(image.lbly.Caption(), "33");
+        PicFreeSelect_MouseUp(image);
+        image.Unload();
+    }
+    RulersOn = false;
 }
 
 TEST_F(FreehandTest, AMenuZoomDropsThePieceAndTheMagnifierLeavesIt) {

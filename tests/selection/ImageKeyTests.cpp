@@ -121,6 +121,73 @@ TEST_F(ImageKeyTest, TheViewFollowsTheCross) {
     EXPECT_EQ(image.VS.Value(), image.VS.Max());
 }
 
+TEST_F(ImageKeyTest, PagesAreAsHighAsWhatIsSeenAndHomeAndEndGoToTheSides) {
+    frmImage& image = NewDocument(1500, 3000);
+    PassEvents();
+    Choose("Pen");
+    struct Zoom {
+        int level, pixels, views; // so many view pixels show so many of the image
+    };
+    for (const Zoom& zoom : {Zoom{15, 1, 1}, Zoom{17, 1, 3}, Zoom{14, 2, 1}}) {
+        SCOPED_TRACE(zoom.level);
+        ZoomToLevel(zoom.level);
+        PassEvents();
+        const int grain = zoom.pixels;
+        const int page = WidgetFor(image.PicFrame).height() / zoom.views * zoom.pixels;
+        ASSERT_GT(page, 10);
+        ASSERT_LT(page, 1000);
+        GoTo(image, 600, 1600);
+        Tap(image, Qt::Key_PageUp);
+        EXPECT_EQ(image.crossY, 1600 - page);
+        Tap(image, Qt::Key_PageDown);
+        Tap(image, Qt::Key_PageDown, Qt::ShiftModifier);
+        EXPECT_EQ(image.crossY, 1600 + page);
+        EXPECT_EQ(image.crossX, 600);
+        Tap(image, Qt::Key_Home);
+        EXPECT_EQ(image.crossX, 0);
+        Tap(image, Qt::Key_Right);
+        EXPECT_EQ(image.crossX, grain);
+        Tap(image, Qt::Key_End);
+        EXPECT_EQ(image.crossX / grain, 1499 / grain);
+        EXPECT_EQ(image.crossY, 1600 + page);
+        Times(image, Qt::Key_PageUp, 3000 / page + 1);
+        EXPECT_EQ(image.crossY, 0);
+    }
+}
+
+TEST_F(ImageKeyTest, PlusAndMinusZoomAtTheCross) {
+    frmImage& image = NewDocument(1500, 1200);
+    PassEvents();
+    Choose("Pen");
+    GoTo(image, 700, 600);
+    Tap(image, Qt::Key_Right);
+    Tap(image, Qt::Key_Left); // it is in the view now
+    const auto seenAt = [&image] {
+        return std::pair{image.PicBG.Left() + image.CrossY.X1(), image.PicBG.Top() + image.CrossX.Y1()};
+    };
+    auto before = seenAt();
+    struct Step {
+        int key, level;
+    };
+    for (const Step& step :
+         {Step{Qt::Key_Plus, 16}, Step{Qt::Key_Plus, 17}, Step{Qt::Key_Minus, 16}, Step{Qt::Key_Minus, 15}}) {
+        Tap(image, step.key);
+        EXPECT_EQ(image.factorlevel, step.level);
+        EXPECT_EQ(image.crossX, 700);
+        EXPECT_EQ(image.crossY, 600);
+        EXPECT_EQ(image.CrossY.X1(), 700.5 * image.factor);
+        EXPECT_EQ(image.CrossX.Y1(), 600.5 * image.factor);
+        // The view lies on whole pixels.
+        EXPECT_NEAR(seenAt().first, before.first, 0.5);
+        EXPECT_NEAR(seenAt().second, before.second, 0.5);
+        before = seenAt();
+    }
+    Down(image, Qt::Key_Plus, Qt::NoModifier, true);
+    Tap(image, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(image.factorlevel, 15) << "neither a repeated key nor a short cut";
+    EXPECT_EQ(States(image), 1);
+}
+
 TEST_F(ImageKeyTest, ABandByKeysReachesTheLastRowAndColumn) {
     frmImage& image = OpenRandom(30, 20);
     Choose("Select");

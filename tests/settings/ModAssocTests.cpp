@@ -79,6 +79,16 @@ TEST_F(ModAssocTest, ASecondTimeChangesNothing) {
     EXPECT_EQ(std::filesystem::last_write_time(list_), written);
 }
 
+// In the entry's file each backslash that the program is started by stands as two, and in quotes as four.
+TEST_F(ModAssocTest, EverySignOfAPathReachesTheProgram) {
+    EXPECT_TRUE(RegisterExtension(R"(/opt/a b\c"d`e$f%g'h)", ".bmp"));
+    EXPECT_NE(BytesOf(entry_).find(R"(
+Exec="/opt/a b\\\\c\\"d\\`e\\$f%%g'h" %f
+)"),
+              std::string::npos)
+        << BytesOf(entry_);
+}
+
 TEST_F(ModAssocTest, ALinkedListIsChangedWhereItLies) {
     PutBytes(Folder("settings") + "/elsewhere", "[Default Applications]\n");
     std::filesystem::create_symlink("elsewhere", list_);

@@ -201,6 +201,14 @@ TEST_F(WandTest, ModesShiftTheChannelsOfTheirNames) {
     }
 }
 
+TEST_F(WandTest, WithoutAModeItChangesNothing) {
+    const Picture start = RandomPicture(60, 60, 6);
+    frmImage& image = OpenPicture("wand.bmp", start);
+    Settings(-1, 10, 10, 10);
+    Drag(image, {{30, 30}, {31, 30}});
+    ExpectSamePixels(ImageOf(image), start);
+}
+
 // 51 / 255 * 10 is 2; 64 / 255 * 10 is 2.5098; 153 / 255 * 2.5 does not occur, but 255 / 255 * 1 does.
 TEST_F(WandTest, ShareOfTheCurrentColourRoundsHalfToEven) {
     frmMain->SetCurrentColour(RGB(51, 64, 255));
