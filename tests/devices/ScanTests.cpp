@@ -153,15 +153,30 @@ TEST_F(ScanTest, APageWithoutRowsOpensNothing) {
 
 TEST_F(ScanTest, AScanThatIsGivenUpInTheMiddleLeavesNothing) {
     Configure(1, "read-delay true\nread-delay-duration 200000\n");
-    const DialogScript script({Waits(), Waits(), Scans([] {
-                                   frmScan->cboResolution.ListIndex(frmScan->cboResolution.ListCount() - 1);
-                               }),
-                               PressesEscape(), PressesButton("OK")});
-    mnuFileAquire_Click();
-    EXPECT_EQ(script.Dialog(4).text, "Operação Abortada. Erro:0");
-    EXPECT_EQ(ImageCount, 0);
-    EXPECT_TRUE(PagesLeft().empty());
-    EXPECT_FALSE(frmScanWait.Loaded());
+    const auto givesUpBy = [](const DialogScript::Step& way) {
+        return [way](QWidget& dialog) {
+            EXPECT_EQ(frmScanWait->lblWhat.Caption(), "A digitalizar...");
+            way(dialog);
+            EXPECT_TRUE(frmScanWait->Visible()) << "it waits for the device";
+            EXPECT_EQ(frmScanWait->lblWhat.Caption(), "A cancelar...");
+            EXPECT_FALSE(frmScanWait->cmdCancel.Enabled());
+        };
+    };
+    std::vector<DialogScript::Step> before = {Waits()}; // the search
+    for (const auto& way : {PressesButton("Cancelar"), PressesEscape(), ClosesDialog()}) {
+        std::vector<DialogScript::Step> steps = before;
+        steps.insert(steps.end(),
+                     {Waits(),
+                      Scans([] { frmScan->cboResolution.ListIndex(frmScan->cboResolution.ListCount() - 1); }),
+                      givesUpBy(way), PressesButton("OK")});
+        const DialogScript script(steps);
+        mnuFileAquire_Click();
+        EXPECT_EQ(script.Dialog(steps.size() - 1).text, "Operação Abortada. Erro:0");
+        EXPECT_EQ(ImageCount, 0);
+        EXPECT_TRUE(PagesLeft().empty());
+        EXPECT_FALSE(frmScanWait.Loaded());
+        before.clear();
+    }
 }
 
 TEST_F(ScanTest, ADeviceThatVanishedIsForgottenAndTheOnesLeftAreFound) {

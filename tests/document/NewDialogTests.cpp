@@ -81,14 +81,15 @@ TEST_F(NewDialogTest, TheSizeOfTheActiveDocumentIsNotTakenOver) {
 TEST_F(NewDialogTest, EachColourOfTheList) {
     const Colour colours[] = {0xFFFFFF, 0, 0x0000FF, 0x00FF00, 0xFF0000, 0x123456};
     frmMain->SetCurrentColour(0x123456);
-    for (int index = 0; index < 6; ++index) {
+    for (int index = -1; index < 6; ++index) {
         InNew([index] {
             EnterSize(5, 4);
             frmNew->Combo1.ListIndex(index);
             PressOk();
         });
-        EXPECT_EQ(Image().PicMerge.BackColor(), colours[index]) << index;
-        ExpectSamePixels(ImageOf(Image()), Solid(5, 4, colours[index]));
+        const Colour wanted = index < 0 ? kWhite : colours[index]; // white without a choice
+        EXPECT_EQ(Image().PicMerge.BackColor(), wanted) << index;
+        ExpectSamePixels(ImageOf(Image()), Solid(5, 4, wanted));
     }
 }
 

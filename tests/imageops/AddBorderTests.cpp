@@ -57,7 +57,8 @@ TEST_F(AddBorderTest, AppliedAtOnceItAddsOneRowOnTop) {
 TEST_F(AddBorderTest, EachSideGrowsByItsMarginInTheChosenColour) {
     const Colour colours[] = {0xFFFFFF, 0, 0x0000FF, 0x00FF00, 0xFF0000, 0x123456};
     const Picture picture = RandomPicture(20, 10, 3);
-    for (int index = 0; index < 6; ++index) {
+    for (int index = -1; index < 6; ++index) {
+        const Colour wanted = index < 0 ? kBlack : colours[index]; // black without a choice
         frmImage& image = OpenPicture("a.bmp", picture);
         InDialog([=] {
             SetMargins(2, 3, 4, 5);
@@ -66,7 +67,7 @@ TEST_F(AddBorderTest, EachSideGrowsByItsMarginInTheChosenColour) {
             frmMain->SetCurrentColour(0x123456);
             PressApply();
         });
-        Picture expected = Solid(29, 15, colours[index]);
+        Picture expected = Solid(29, 15, wanted);
         expected.Copy(4, 2, picture, picture.Bounds());
         ExpectSamePixels(ImageOf(image), expected);
         ExpectSamePixels(image.Image1.Picture(), expected);

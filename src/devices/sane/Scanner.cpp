@@ -182,8 +182,6 @@ std::vector<ScannerDevice> FindScanners() {
 Scanner::Scanner(const std::string& device) : device_(std::make_unique<Device>(device)) {}
 
 Scanner::~Scanner() = default;
-Scanner::Scanner(Scanner&&) noexcept = default;
-Scanner& Scanner::operator=(Scanner&&) noexcept = default;
 
 ScanChoices Scanner::Choices() const {
     const std::lock_guard lock(LibraryLock());

@@ -58,8 +58,6 @@ class Scanner {
     /// Error 57 or 68, with what the device said, if it cannot be opened.
     explicit Scanner(const std::string& device);
     ~Scanner();
-    Scanner(Scanner&&) noexcept;
-    Scanner& operator=(Scanner&&) noexcept;
 
     ScanChoices Choices() const;
     /// Reads one page. Colours above 8 bits lose their lower ones; a page that ends early has the rows that

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 // The library's own test device forgets memory at its end, and is unloaded by then: no list of known leaks
@@ -203,14 +204,31 @@ TEST_F(ScannerTest, BytesThatDripInMakeTheSamePage) {
                    ByCommandLine(Folder(), "--mode Color --resolution 50 -x 40 -y 30"));
 }
 
-TEST_F(ScannerTest, AFaultOfTheDeviceIsAnErrorWithItsReason) {
-    Configure("read-status-code \"SANE_STATUS_JAMMED\"\n");
-    try {
-        ScanWith({100, "Gray", {0, 0, 40, 30}});
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), kDeviceError);
-        EXPECT_NE(error.Text().find("O papel está encravado."), std::string::npos) << error.Text();
+TEST_F(ScannerTest, EveryFaultOfTheDeviceIsAnErrorWithItsReason) {
+    const std::string device = "Erro de leitura ou escrita no dispositivo: ";
+    const std::string away = "Dispositivo não disponível: ";
+    const std::string memory = "Memória insuficiente: ";
+    const std::tuple<std::string, int, std::string> faults[] = {
+        {"UNSUPPORTED", 57, device + "O digitalizador não respondeu como devia."},
+        {"CANCELLED", 57, device + "A digitalização foi cancelada."},
+        {"DEVICE_BUSY", 68, away + "O digitalizador está ocupado."},
+        {"INVAL", 68, away + "O digitalizador já não está ligado, ou não aceita o que foi pedido."},
+        {"JAMMED", 57, device + "O papel está encravado."},
+        {"NO_DOCS", 57, device + "Não há papel no alimentador."},
+        {"COVER_OPEN", 57, device + "A tampa do digitalizador está aberta."},
+        {"IO_ERROR", 57, device + "A ligação ao digitalizador falhou."},
+        {"NO_MEM", 7, memory + "O digitalizador não tem memória que chegue."},
+        {"ACCESS_DENIED", 68, away + "Sem permissão para usar o digitalizador."}};
+    for (const auto& [status, number, text] : faults) {
+        SCOPED_TRACE(status);
+        Configure("read-status-code \"SANE_STATUS_" + status + "\"\n");
+        try {
+            ScanWith({100, "Gray", {0, 0, 40, 30}});
+            ADD_FAILURE() << "no error";
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), number);
+            EXPECT_EQ(error.Text(), text);
+        }
     }
 }
 

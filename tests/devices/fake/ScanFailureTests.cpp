@@ -1,0 +1,97 @@
+// What the user hears of a scanner that fails before it scans.
+#include "devices/fake/FakeScannerTest.h"
+#include "devices/frmScan.h"
+#include "devices/frmScanSource.h"
+#include "devices/frmScanWait.h"
+#include "devices/ScanCommands.h"
+#include "document/Globals.h"
+#include "support/DialogScript.h"
+#include "support/Pictures.h"
+
+namespace pintalux {
+namespace {
+
+class ScanFailureTest : public FakeScannerTest {
+  protected:
+    void SetUp() override {
+        FakeScannerTest::SetUp();
+        TheScanPatience = {std::chrono::seconds(20), 0}; // nothing takes long: no wait shows its window
+        Start();
+    }
+    static DialogScript::Seen Told(const std::string& text) {
+        return {"exclamation", "VALMERO Multimédia", text, "OK"};
+    }
+};
+
+TEST_F(ScanFailureTest, ALibraryThatDoesNotStartIsToldAndTriedAgain) {
+    struct Case {
+        SANE_Status status;
+        int version;
+    };
+    for (const Case& refused :
+         {Case{SANE_STATUS_IO_ERROR, SANE_CURRENT_MAJOR}, Case{SANE_STATUS_GOOD, SANE_CURRENT_MAJOR + 1}}) {
+        TheFakeScanner.whenStarted = refused.status;
+        TheFakeScanner.version = refused.version;
+        const DialogScript script({PressesButton("OK")});
+        EXPECT_EQ(TWAIN_SelectImageSource(nullptr), 0);
+        EXPECT_EQ(script.Dialog(0), Told("Dispositivo não disponível: libsane.so.1"));
+    }
+    TheFakeScanner = {};
+    const DialogScript script({[](QWidget&) {
+        EXPECT_EQ(frmScanSource->lstDevices.Text(), "Ensaio Um (fake:0)");
+        ClickWidget(WidgetFor(frmScanSource->cmdOK));
+    }});
+    EXPECT_EQ(TWAIN_SelectImageSource(nullptr), 1);
+}
+
+TEST_F(ScanFailureTest, ASearchThatFailsIsTold) {
+    TheFakeScanner.whenLookedFor = SANE_STATUS_NO_MEM;
+    const DialogScript script({PressesButton("OK"), PressesButton("OK"), PressesButton("OK")});
+    EXPECT_EQ(TWAIN_SelectImageSource(nullptr), 0);
+    const std::string text = "Memória insuficiente: O digitalizador não tem memória que chegue.";
+    EXPECT_EQ(script.Dialog(0), Told(text));
+    mnuFileAquire_Click();
+    EXPECT_EQ(script.Dialog(1), Told(text));
+    EXPECT_EQ(script.Dialog(2).text, "Operação Abortada. Erro:0");
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(ScanFailureTest, ADeviceThatLetsNobodyInIsToldAndLookedForAnew) {
+    TheFakeScanner.whenOpened = SANE_STATUS_ACCESS_DENIED;
+    {
+        const DialogScript script({PressesButton("OK"), PressesButton("OK")});
+        mnuFileAquire_Click();
+        EXPECT_EQ(script.Dialog(0),
+                  Told("Dispositivo não disponível: Sem permissão para usar o digitalizador."));
+        EXPECT_EQ(script.Dialog(1).text, "Operação Abortada. Erro:0");
+    }
+    TheFakeScanner.whenOpened = SANE_STATUS_GOOD;
+    TheFakeScanner.whenLookedFor = SANE_STATUS_IO_ERROR;
+    const DialogScript script({PressesButton("OK"), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_EQ(script.Dialog(0).text,
+              "Erro de leitura ou escrita no dispositivo: A ligação ao digitalizador falhou.");
+    EXPECT_EQ(TheFakeScanner.opened, std::vector<std::string>{"fake:0"});
+    EXPECT_EQ(ImageCount, 0);
+}
+
+TEST_F(ScanFailureTest, ADeviceWithoutAnyOptionGivesItsPageAllTheSame) {
+    const DialogScript script({[](QWidget&) {
+        EXPECT_FALSE(frmScan->cboResolution.Enabled());
+        EXPECT_FALSE(frmScan->cboMode.Enabled());
+        EXPECT_FALSE(frmScan->cboPaper.Enabled());
+        EXPECT_FALSE(frmScan->fraArea.Enabled());
+        ClickWidget(WidgetFor(frmScan->cmdOK));
+    }});
+    mnuFileAquire_Click();
+    ASSERT_EQ(ImageCount, 1);
+    ExpectSamePixels(ImageOf(static_cast<frmImage&>(*frmMain->ActiveForm())), [] {
+        Picture page = Picture(2, 1, 0x030201);
+        page.Set(1, 0, 0x3C3228);
+        return page;
+    }());
+    EXPECT_TRUE(TheFakeScanner.set.empty());
+}
+
+} // namespace
+} // namespace pintalux
