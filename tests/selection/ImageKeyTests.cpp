@@ -149,6 +149,8 @@ TEST_F(ImageKeyTest, PagesAreAsHighAsWhatIsSeenAndHomeAndEndGoToTheSides) {
         EXPECT_EQ(image.crossX, grain);
         Tap(image, Qt::Key_End);
         EXPECT_EQ(image.crossX / grain, 1499 / grain);
+        Tap(image, Qt::Key_Home);
+        EXPECT_EQ(image.crossX, 0) << "all the way";
         EXPECT_EQ(image.crossY, 1600 + page);
         Times(image, Qt::Key_PageUp, 3000 / page + 1);
         EXPECT_EQ(image.crossY, 0);
