@@ -16,9 +16,29 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
+#include <optional>
 #include <QWidget>
 #include <sys/file.h>
+#include <sys/syscall.h>
+#include <thread>
 #include <unistd.h>
+
+namespace {
+
+// What happens as soon as this thread has put another file at this place.
+const std::thread::id tests = std::this_thread::get_id();
+std::string watchedPlace;
+std::function<void()> onceItStands;
+
+} // namespace
+
+// The call of the system library stands here once more, and so comes first.
+int rename(const char* from, const char* to) noexcept {
+    const long result = ::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0U);
+    if (result == 0 && std::this_thread::get_id() == tests && watchedPlace == to) onceItStands();
+    return static_cast<int>(result);
+}
 
 namespace pintalux {
 
@@ -84,6 +104,23 @@ TEST_F(HandOffTest, ARequestThatCannotBeWrittenOpensHere) {
     StartWhole(File("a.bmp"));
     EXPECT_FALSE(frmMain->HandedOver());
     ASSERT_TRUE(WaitFor([] { return ImageCount == 1; }));
+    EXPECT_EQ(Image().Caption(), "a.bmp");
+}
+
+TEST_F(HandOffTest, ARequestThatNobodyIsLeftToTakeOpensHereAndOnce) {
+    auto running = std::make_optional<RunningInstance>(Folder("program"));
+    SavePicture(Solid(4, 4, kBlack), File("a.bmp"));
+    watchedPlace = HandOffFile();
+    onceItStands = [&running] { running.reset(); };
+    StartWhole(File("a.bmp"));
+    watchedPlace.clear();
+    EXPECT_FALSE(running);
+    EXPECT_FALSE(frmMain->HandedOver());
+    EXPECT_FALSE(std::filesystem::exists(HandOffFile()));
+    ASSERT_TRUE(WaitFor([] { return ImageCount > 0; }));
+    for (int tick = 0; tick < 3; ++tick)
+        frmMain->Timer1_Timer();
+    EXPECT_EQ(ImageCount, 1);
     EXPECT_EQ(Image().Caption(), "a.bmp");
 }
 

@@ -224,6 +224,18 @@ TEST_F(RecoveryTest, WhatWasSavedOrNeverChangedIsNotAskedAbout) {
         ExpectStates(document, false);
 }
 
+// A bitmap that was pasted as a new image, say.
+TEST_F(RecoveryTest, OnePixelOfAnotherColourIsWorthAQuestion) {
+    std::vector<RunDocument> left;
+    for (const auto& [x, y] : {std::pair{0, 0}, {7, 0}, {0, 5}, {7, 5}}) {
+        Picture picture = Solid(8, 6, kWhite);
+        picture.Set(x, y, 0xFFFFFE);
+        left.push_back({"", "Imagem 7", false, 0, 0, {State(picture)}, {0}});
+    }
+    StartAfterRun(left, {PressesButton("Sim")});
+    EXPECT_EQ(ImageCount, 5);
+}
+
 TEST_F(RecoveryTest, WhoComesBackAfterAMonthIsStillAsked) {
     const RunDocument document = Three("");
     LeaveRun({document});

@@ -10,6 +10,10 @@
 #include "document/States.h"
 #include "files/RunIndex.h"
 #include "surface/system/Pictures.h"
+#include "surface/window/Waiting.h"
+
+#include <atomic>
+#include <QTimer>
 
 namespace pintalux {
 
@@ -88,6 +92,63 @@ TEST_F(SessionTest, WhatChangedAfterTheAnswersIsKept) {
     EXPECT_EQ(ended, 0);
     ASSERT_EQ(Left().size(), 1U);
     ExpectSamePixels(LoadPicture(Left()[0].states.at(2)), Solid(8, 6, 0x123456));
+}
+
+TEST_F(SessionTest, AnAnswerCountsForItsOwnLogOutAlone) {
+    Changed("a.bmp");
+    const DialogScript script({PressesButton("Não"), PressesButton("Cancelar")});
+    ASSERT_TRUE(frmMain->LogOut(true));
+    ASSERT_FALSE(frmMain->LogOut(true));
+    frmMain->EndWithSession();
+    EXPECT_EQ(ended, 0);
+    ASSERT_EQ(Left().size(), 1U) << "nobody gave it up the second time";
+    ExpectSamePixels(LoadPicture(Left()[0].states.at(1)), Solid(8, 6, kBlack));
+}
+
+TEST_F(SessionTest, WhatFloatsSinceTheAnswersIsRecordedBeforeTheEnd) {
+    frmImage& image = Changed("a.bmp");
+    {
+        const DialogScript script({PressesButton("Não")});
+        ASSERT_TRUE(frmMain->LogOut(true));
+    }
+    Edit(image, 0x123456);
+    image.lbltext.Caption(" texto");
+    image.lbltext.FontSize(20);
+    image.lbltext.Visible(true);
+    EndProcess = [this](int code) {
+        ended = code;
+        EXPECT_EQ(ReadIndexFile(RunIndices().at(0)).value().at(0).states.size(), 4U);
+    };
+    frmMain->EndWithSession();
+    EXPECT_EQ(ended, 0);
+    EXPECT_FALSE(image.lbltext.Visible());
+}
+
+// What stands behind the window goes on when its handler returns: it must find its documents.
+TEST_F(SessionTest, InTheMiddleOfADialogOrAWaitTheProgramEndsWithoutClosingAnything) {
+    Changed("a.bmp");
+    const DialogScript script({PressesButton("Não"), [this](QWidget& dialog) {
+                                   frmMain->EndWithSession();
+                                   EXPECT_EQ(ended, 0);
+                                   EXPECT_EQ(ImageCount, 1);
+                                   PressesEscape()(dialog);
+                               }});
+    ASSERT_TRUE(frmMain->LogOut(true));
+    Choose(frmMain->mnuFileNew);
+    ended.reset();
+    std::atomic<bool> over{false};
+    QTimer waits;
+    QObject::connect(&waits, &QTimer::timeout, [&] {
+        if (!Waiting()) return;
+        waits.stop();
+        frmMain->EndWithSession();
+        over = true;
+    });
+    waits.start(5);
+    WorkWhileWaiting(
+        [&over](const std::stop_token&) { EXPECT_TRUE(WaitFor([&over] { return over.load(); })); });
+    EXPECT_EQ(ended, 0);
+    EXPECT_EQ(ImageCount, 1);
 }
 
 TEST_F(SessionTest, ALogOutThatWasCalledOffAsksAgainAtTheClose) {

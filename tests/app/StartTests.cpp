@@ -148,8 +148,10 @@ TEST_F(StartTest, TheFirstDocumentWaitsForTheFifthTickAndGreetsWithNew) {
     EXPECT_EQ(script.Count(), 1U);
     EXPECT_EQ(ImageCount, 1);
     EXPECT_FALSE(frmMain->Timer2.Enabled());
+    frmMain->Timer2.Enabled(true); // an error ended the start before its last step
     frmMain->Timer2_Timer();
     EXPECT_EQ(ImageCount, 1);
+    EXPECT_FALSE(frmMain->Timer2.Enabled());
 }
 
 TEST_F(StartTest, TheDialogOfTheDelayedStartDoesNotStartItAgain) {

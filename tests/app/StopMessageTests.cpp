@@ -216,6 +216,17 @@ TEST_F(StopMessageTest, ContinuarLeavesTheHandlerAndGoesOn) {
     EXPECT_EQ(CornerOf(image), kWhite);
 }
 
+TEST_F(StopMessageTest, ContinuarKeepsTheStatesThatTheMessageNamed) {
+    frmImage& image = NewDocument(30, 20);
+    Edit(image, 0x0000FF);
+    SettleStates();
+    const std::vector<std::string> states = StateFileNames();
+    ASSERT_EQ(states.size(), 2U);
+    EXPECT_TRUE(Names(Fail([] { throw RuntimeError(kOverflow); }), image.ListBackup.List(1)));
+    EXPECT_EQ(StateFileNames(), states);
+    ExpectSamePixels(LoadPicture(image.ListBackup.List(1)), Solid(30, 20, 0x0000FF));
+}
+
 TEST_F(StopMessageTest, ContinuarIsTheDefault) {
     const DialogScript script({[](QWidget& dialog) { Type(dialog, "\n"); }, PressesEscape()});
     StopProgram(RuntimeError(kOverflow));

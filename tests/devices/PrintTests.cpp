@@ -128,6 +128,16 @@ TEST_F(PrintTest, EveryPageThatGoesToAFileHasAFileOfItsOwn) {
     EXPECT_EQ(Printer().OutputFile(), Folder("pictures") + "/page2.pdf");
 }
 
+TEST_F(PrintTest, TheFileThatTheUserChoosesNextIsTheOneThatIsNumbered) {
+    OpenPicture("vermelha.bmp", Solid(20, 20, 0x0000FF));
+    mnuFilePrinterPrint_Click();
+    Printer().OutputFile(Folder("pictures") + "/other.pdf");
+    mnuFilePrinterPrint_Click();
+    EXPECT_TRUE(BytesOf(Folder("pictures") + "/other.pdf").starts_with("%PDF"));
+    EXPECT_EQ(Printer().OutputFile(), Folder("pictures") + "/other1.pdf");
+    EXPECT_FALSE(std::filesystem::exists(Folder("pictures") + "/page1.pdf"));
+}
+
 TEST_F(PrintTest, APlaceThatIsGoneIsAnUntrappedErrorAndTheNextPageIsPrinted) {
     file_ = Folder("pictures") + "/gone/page.pdf";
     Printer().PrintToFileForTests(file_);

@@ -338,6 +338,53 @@ TEST_F(ImageKeyTest, APieceStaysWithAPixelOverTheImage) {
     EXPECT_EQ(image.PicSelect.Top(), 39);
 }
 
+TEST_F(ImageKeyTest, APieceBeyondTheEdgeComesBackByPixelsAndGoesNoFarther) {
+    CopyMode();
+    frmImage& image = OpenRandom(60, 40);
+    for (const bool shape : {false, true}) {
+        SCOPED_TRACE(shape);
+        if (shape) {
+            SelectPath(image, {{10, 10}, {29, 10}, {29, 19}, {10, 19}});
+        } else {
+            SelectRectangle(image, 10, 10, 30, 20);
+        }
+        Surface& piece = shape ? image.PicFreeSelect : image.PicSelect;
+        ASSERT_EQ(piece.Width(), 20);
+        ASSERT_EQ(piece.Height(), 10);
+        piece.Move(-30, 60, 20, 10);
+        Tap(image, Qt::Key_Right);
+        Tap(image, Qt::Key_Up);
+        Tap(image, Qt::Key_Left);
+        Tap(image, Qt::Key_Down);
+        EXPECT_EQ(piece.Left(), -29);
+        EXPECT_EQ(piece.Top(), 59);
+        piece.Move(70, -20, 20, 10);
+        Tap(image, Qt::Key_Left);
+        Tap(image, Qt::Key_Down);
+        Tap(image, Qt::Key_Right);
+        Tap(image, Qt::Key_Up);
+        EXPECT_EQ(piece.Left(), 69);
+        EXPECT_EQ(piece.Top(), -19);
+        Tap(image, Qt::Key_Delete);
+    }
+}
+
+TEST_F(ImageKeyTest, APieceThatKeysMovedIsHeldByNoPointer) {
+    CutMode();
+    frmImage& image = OpenRandom(60, 40);
+    SelectRectangle(image, 10, 10, 30, 20);
+    Tap(image, Qt::Key_Right);
+    EXPECT_FALSE(image.Timer1.Enabled());
+    EXPECT_EQ(image.PicSelect.ScaleMode(), kScalePixels);
+    EXPECT_EQ(image.SelectLeft, 11);
+    EXPECT_EQ(image.SelectTop, 10);
+    Tap(image, Qt::Key_Delete);
+    SelectPath(image, {{10, 10}, {25, 10}, {25, 20}, {10, 20}});
+    Tap(image, Qt::Key_Right);
+    EXPECT_FALSE(image.TimerFS.Enabled());
+    EXPECT_EQ(image.PicFreeSelect.ScaleMode(), kScalePixels);
+}
+
 TEST_F(ImageKeyTest, EnterPrintsTextWhereItFloats) {
     frmImage& image = NewDocument(80, 40);
     image.lbltext.Caption("W");
