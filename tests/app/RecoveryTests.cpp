@@ -51,6 +51,8 @@ class RecoveryTest : public ProgramTest {
         const DialogScript script(answers);
         StartWhole(File("first.bmp"));
         EXPECT_EQ(script.Count(), answers.size());
+        for (std::size_t i = 0; i < script.Count(); ++i)
+            asked_.push_back(script.Dialog(i));
     }
     void StartAfterRun(const std::vector<RunDocument>& documents,
                        const std::vector<DialogScript::Step>& answers) {
@@ -83,6 +85,10 @@ class RecoveryTest : public ProgramTest {
                 0,        {State(Solid(8, 6, kWhite)), State(Solid(8, 6, 0x11)), State(Solid(8, 6, 0x22))},
                 {0, 1, 2}};
     }
+    static DialogScript::Seen Question(const std::string& text) {
+        return {"question", "VALMERO Multimédia", text, "Apagar|Não|Sim"};
+    }
+    std::vector<DialogScript::Seen> asked_; ///< At the start.
 };
 
 TEST_F(RecoveryTest, YesOpensEachChangedDocumentWithItsHistory) {
@@ -166,9 +172,34 @@ TEST_F(RecoveryTest, NoKeepsEverythingForTheNextStart) {
     EXPECT_EQ(FindLeftDocuments().documents.size(), 1U);
 }
 
+class RecoveryQuestionTest : public RecoveryTest, public testing::WithParamInterface<int> {};
+
+TEST_P(RecoveryQuestionTest, NamesTwelveDocuments) {
+    std::vector<RunDocument> left;
+    std::string names;
+    for (int i = 1; i <= GetParam(); ++i) {
+        left.push_back(Three(i % 2 == 0 ? "" : File(std::to_string(i) + ".bmp")));
+        if (i <= 12) names += "\n" + (i % 2 == 0 ? "Imagem 7" : left.back().file);
+    }
+    if (GetParam() > 12) names += "\n...";
+    StartAfterRun(left, {PressesButton("Não")});
+    EXPECT_EQ(asked_[0], Question("O programa não terminou como devia e ficaram " +
+                                  std::to_string(GetParam()) + " imagens por salvar:" + names +
+                                  "\n\nDeseja abri-las? \"Não\" guarda-as para o próximo arranque."));
+}
+
+INSTANTIATE_TEST_SUITE_P(Counts, RecoveryQuestionTest, testing::Values(2, 12, 13));
+
 TEST_F(RecoveryTest, DeletingAsksOnceMore) {
     const RunDocument document = Three("");
     StartAfterRun({document}, {PressesButton("Apagar"), PressesButton("Não")});
+    EXPECT_EQ(asked_[0], Question("O programa não terminou como devia e ficou uma imagem por salvar:\n"
+                                  "Imagem 7\n\nDeseja abri-la? \"Não\" guarda-a para o próximo arranque."));
+    EXPECT_EQ(asked_[1],
+              (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
+                                  "Apagar de vez o que ficou por salvar? Depois não há como voltar "
+                                  "atrás.",
+                                  "Apagar|Não"}));
     EXPECT_TRUE(std::filesystem::exists(document.states[1]));
     EXPECT_TRUE(std::filesystem::exists(Index()));
 }

@@ -257,6 +257,7 @@ TEST_F(StopMessageTest, TheSameErrorOfAHandlerIsToldOnceAMinute) {
 TEST_F(StopMessageTest, AnErrorWhileTheMessageShowsAddsNothing) {
     const DialogScript script({[](QWidget& dialog) {
         StopProgram(RuntimeError(kDeviceError));
+        EndWithMessage("Erro Nº: 57\n Erro", "Erro");
         PressButton(dialog, "Continuar");
     }});
     StopProgram(RuntimeError(kOverflow));

@@ -110,10 +110,14 @@ TEST_F(CollectionTest, UnlockButtonLeavesThePictureOfTheLock) {
 TEST_F(CollectionTest, ClearAsksFirst) {
     Collect(Several(3));
     {
-        DialogScript script({PressesButton("Não")});
+        // Enter keeps them, too.
+        DialogScript script({PressesButton("Não"), [](QWidget& dialog) { Type(dialog, "\n"); }});
         Press("Clear");
-        EXPECT_NE(script.Dialog(0).text.find("Are you sure you wish to remove your collection of colors ?"),
-                  std::string::npos);
+        EXPECT_EQ(
+            script.Dialog(0),
+            (DialogScript::Seen{"question", "VALMERO Multimédia",
+                                "Are you sure you wish to remove your collection of colors ?", "Sim|Não"}));
+        Press("Clear");
     }
     EXPECT_EQ(CollectionCount, 3);
     DialogScript script({PressesButton("Sim")});
@@ -236,7 +240,13 @@ TEST_F(CollectionTest, ColoursThatCannotBeSavedStay) {
     DialogScript script({PressesButton("Sim"), ChoosesFile(File()), PressesButton("OK")});
     frmMain->OpenColors();
     EXPECT_EQ(script.Count(), 3u);
-    EXPECT_NE(script.Dialog(2).text.find("As cores não foram salvas"), std::string::npos);
+    EXPECT_EQ(
+        script.Dialog(2),
+        (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
+                            "Erro de acesso ao caminho ou ao ficheiro: " + File() +
+                                " (o ficheiro é demasiado grande).\nAs cores não foram salvas e ficam na "
+                                "palete; escolha outro lugar para o ficheiro.",
+                            "OK"}));
     EXPECT_EQ(Cells(), Several(78, 0x400000));
     EXPECT_TRUE(frmMain->CollectionDirty);
     EXPECT_TRUE(NamesIn(Folder("pictures")).empty());
