@@ -66,6 +66,20 @@ TEST(ReducedView, FollowsThePicturesSizeAndItsOwn) {
     ExpectFresh(view, {}, 200, 150, {0, 0, 20, 20});
 }
 
+TEST(ReducedView, ShowsAChangeThatIsAllOver) {
+    Bitmap picture(4000, 3000, 0xFFFFFF);
+    ReducedView view;
+    ExpectFresh(view, picture, 1000, 750, {0, 0, 1000, 750});
+    const Bitmap before = picture;
+    // Dots in every second tile, so that no two of them are one change.
+    for (int y = 10; y < 3000; y += Bitmap::kTileHeight)
+        for (int x = 10; x < 4000; x += 2 * Bitmap::kTileWidth)
+            picture.Fill({x, y, x + 4, y + 4}, 0x0000FF);
+    ASSERT_GT(Bitmap::Difference(before, picture).size(), 256U);
+    view.Changed(before, picture);
+    ExpectFresh(view, picture, 1000, 750, {0, 0, 1000, 750});
+}
+
 TEST(ReducedView, KeepsWhatItShowedAndNothingAtOtherZooms) {
     const Bitmap picture = RandomPicture(400, 300, 2);
     ReducedView view;

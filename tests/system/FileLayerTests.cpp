@@ -42,6 +42,45 @@ TEST(FileLayer, ErrorTextNamesPathAndReason) {
     FAIL() << "no error";
 }
 
+TEST(FileLayer, EveryReasonHasItsWords) {
+    const auto textOf = [](int errnoValue) -> std::string {
+        try {
+            RaiseFileError(errnoValue, "/x");
+        } catch (const RuntimeError& error) {
+            return error.Text();
+        }
+    };
+    const std::string missing = "Ficheiro não encontrado: /x (";
+    const std::string noPath = "Caminho não encontrado: /x (";
+    const std::string device = "Erro de leitura ou escrita no dispositivo: /x (";
+    const std::string full = "Disco cheio: /x (";
+    const std::string refused = "Permissão recusada: /x (";
+    const std::string away = "Dispositivo não disponível: /x (";
+    const std::string access = "Erro de acesso ao caminho ou ao ficheiro: /x (";
+    EXPECT_EQ(textOf(ENOENT), missing + "não existe)");
+    EXPECT_EQ(textOf(ENOTDIR), noPath + "uma parte do caminho não é uma pasta)");
+    EXPECT_EQ(textOf(ENAMETOOLONG), noPath + "o nome é demasiado longo)");
+    EXPECT_EQ(textOf(EIO), device + "o disco não respondeu bem)");
+    EXPECT_EQ(textOf(ENOSPC), full + "não há espaço no disco)");
+    EXPECT_EQ(textOf(EDQUOT), full + "a quota de disco está esgotada)");
+    EXPECT_EQ(textOf(EACCES), refused + "não tem permissão)");
+    EXPECT_EQ(textOf(EPERM), refused + "não tem permissão)");
+    EXPECT_EQ(textOf(EROFS), refused + "o disco só permite leitura)");
+    for (const int gone : {ENXIO, ENODEV})
+        EXPECT_EQ(textOf(gone), away + "o dispositivo não está disponível)") << gone;
+    for (const int silent : {ESTALE, ENOTCONN, EHOSTDOWN, ETIMEDOUT})
+        EXPECT_EQ(textOf(silent), away + "o servidor não responde)") << silent;
+    EXPECT_EQ(textOf(ENOMEM), "Memória insuficiente: /x (falta memória)");
+    EXPECT_EQ(textOf(EISDIR), access + "é uma pasta)");
+    EXPECT_EQ(textOf(EEXIST), access + "já existe)");
+    EXPECT_EQ(textOf(EINVAL), access + "não é um ficheiro comum)");
+    EXPECT_EQ(textOf(EFBIG), access + "o ficheiro é demasiado grande)");
+    for (const int open : {EMFILE, ENFILE})
+        EXPECT_EQ(textOf(open), access + "há demasiados ficheiros abertos)") << open;
+    EXPECT_EQ(textOf(ELOOP), access + "há demasiadas ligações simbólicas)");
+    EXPECT_EQ(textOf(EBUSY), access + "erro 16 do sistema)");
+}
+
 TEST(FileLayer, WhatWasWrittenIsRead) {
     const Sandbox box;
     WriteWholeFile(box / "a", "um\ndois");

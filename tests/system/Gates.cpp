@@ -5,10 +5,13 @@
 #include <climits>
 #include <condition_variable>
 #include <cstdlib>
+#include <cerrno>
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <list>
 #include <mutex>
 #include <new>
+#include <pthread.h>
 #include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
@@ -31,6 +34,7 @@ std::atomic<bool> anyGate{false};
 
 const std::thread::id tests = std::this_thread::get_id();
 std::atomic<int> untilRefused{0};
+std::atomic<bool> noThreads{false};
 
 void Pass(Gate::Call call, int descriptor) {
     if (!anyGate) return;
@@ -91,6 +95,14 @@ bool Starvation::Met() const {
     return untilRefused <= 0;
 }
 
+NoThreads::NoThreads() {
+    noThreads = true;
+}
+
+NoThreads::~NoThreads() {
+    noThreads = false;
+}
+
 } // namespace pintalux
 
 extern "C" ssize_t write(int descriptor, const void* bytes, std::size_t length) {
@@ -101,6 +113,13 @@ extern "C" ssize_t write(int descriptor, const void* bytes, std::size_t length) 
 extern "C" int fdatasync(int descriptor) {
     pintalux::Pass(pintalux::Gate::Call::Sync, descriptor);
     return static_cast<int>(::syscall(SYS_fdatasync, descriptor));
+}
+
+extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*work)(void*),
+                              void* argument) noexcept {
+    if (pintalux::noThreads) return EAGAIN;
+    static const auto next = reinterpret_cast<decltype(&pthread_create)>(::dlsym(RTLD_NEXT, "pthread_create"));
+    return next(thread, attributes, work, argument);
 }
 
 void* operator new(std::size_t bytes) {

@@ -37,4 +37,13 @@ class Starvation {
     bool Met() const; ///< Whether a piece was refused.
 };
 
+/// While it lives no thread begins.
+class NoThreads {
+  public:
+    NoThreads();
+    ~NoThreads();
+    NoThreads(const NoThreads&) = delete;
+    NoThreads& operator=(const NoThreads&) = delete;
+};
+
 } // namespace pintalux

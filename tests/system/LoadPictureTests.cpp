@@ -1,5 +1,6 @@
 // Pictures of every kind, made by hand here: what opens, how it looks, what is refused.
 #include "surface/system/Pictures.h"
+#include "system/Gates.h"
 #include "system/GifBytes.h"
 
 #include <cerrno>
@@ -204,6 +205,31 @@ TEST(LoadPicture, UnreadableDiskPassesUpThroughTheDecoder) {
     const int count = FailEachOperation(
         EIO, [&] { LoadPicture(box / "a.gif"); }, [&](int, int error) { reported += error == 57 ? 1 : 0; });
     EXPECT_EQ(reported, count);
+}
+
+// A double-clicked file is read while the program still starts.
+TEST(LoadPictureAhead, FailsOnlyWhenThePictureIsAskedFor) {
+    const Sandbox box;
+    PutBytes(box / "a.gif", Gif(2, 2, {0, 1, 2, 3}, -1));
+    const Picture picture = LoadPicture(box / "a.gif");
+    {
+        const NoThreads none;
+        EXPECT_EQ(ErrorOf([&] { LoadPictureAhead(box / "a.gif"); }), 0);
+    }
+    EXPECT_TRUE(LoadPictureWaiting(box / "a.gif") == picture);
+    LoadPictureAhead(box / "missing.gif");
+    EXPECT_EQ(ErrorOf([&] { LoadPictureWaiting(box / "missing.gif"); }), 53);
+    LoadPictureAhead(box / "a.gif");
+    PutBytes(box / "a.gif", Gif(3, 2, {0, 1, 2, 3, 0, 1}, -1)); // as another program saves it meanwhile
+    EXPECT_EQ(LoadPictureWaiting(box / "a.gif").Bounds(), (Box{0, 0, 3, 2}));
+}
+
+TEST(LoadPicture, IsReadWithoutAnyThreadBeside) {
+    const Sandbox box;
+    const Picture large = Pattern(3000, 2500);
+    SavePicture(large, box / "a.bmp");
+    const NoThreads none;
+    EXPECT_TRUE(LoadPicture(box / "a.bmp") == large);
 }
 
 TEST(LoadPicture, EveryCutOfAGifIsAPictureOrRefused) {

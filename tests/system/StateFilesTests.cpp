@@ -491,6 +491,41 @@ TEST(StateFiles, StateOfAnotherRunIsTakenIfItIsWhole) {
     EXPECT_FALSE(std::filesystem::exists(whole));
 }
 
+TEST(StateFiles, StateOfAnotherRunThatCannotBeReadIsNotTaken) {
+    const Sandbox box;
+    const std::string path = NewFile(box);
+    SavePicture(Pattern(31, 20), path);
+    StateFiles states;
+    FailFileOperation(0, 0);
+    ASSERT_TRUE(StateFiles().Adopt(path));
+    const int count = FileOperationCount();
+    ASSERT_GT(count, 1);
+    for (int n = 1; n <= count; ++n) {
+        FailFileOperation(n, EIO);
+        EXPECT_FALSE(states.Adopt(path)) << n;
+        FailFileOperation(0, 0);
+        EXPECT_FALSE(states.Exists(path)) << n;
+    }
+    EXPECT_TRUE(states.Adopt(path));
+}
+
+TEST(StateFiles, WithoutAThreadAStateIsRefusedAndTheNextOneIsTaken) {
+    const Sandbox box;
+    const std::string refused = NewFile(box);
+    const std::string taken = NewFile(box);
+    StateFiles states;
+    {
+        const NoThreads none;
+        EXPECT_EQ(ErrorOf([&] { states.SaveBehind(Pattern(31, 20), refused, &box); }), 7);
+    }
+    EXPECT_FALSE(states.Exists(refused));
+    states.WaitInSignal(std::chrono::hours(1)); // nothing is left to do
+    states.SaveBehind(Pattern(31, 20), taken, &box);
+    EXPECT_TRUE(states.Settle().empty());
+    EXPECT_TRUE(LoadPicture(taken) == Pattern(31, 20));
+    EXPECT_EQ(FileLength(refused), 0U);
+}
+
 TEST(StateFiles, TextIsWrittenBehindForTheUserAlone) {
     const Sandbox box;
     StateFiles states;

@@ -23,10 +23,8 @@ bool Chosen(bool inA, bool inB, int mode) {
         return inA || inB;
     case RGN_XOR:
         return inA != inB;
-    case RGN_DIFF:
+    default: // RGN_DIFF
         return inA && !inB;
-    default:
-        return inA;
     }
 }
 
