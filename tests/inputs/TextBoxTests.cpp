@@ -1,5 +1,7 @@
 #include "inputs/ByHand.h"
+#include "surface/system/ClipboardData_native.h"
 #include "surface/window/Inputs.h"
+#include "surface/window/TextPaste_native.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -7,11 +9,49 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 #include <vector>
 
 namespace pintalux {
 
 namespace {
+
+bool desktopMarksTexts = false; // the invisible one does not
+
+/// While it lives the desktop has a clipboard that tells these texts, and marks one for the middle button.
+class OtherProgram {
+  public:
+    OtherProgram(QString marked, QString copied, std::function<void()> asked = {}) {
+        desktopMarksTexts = true;
+        AskForTextBy([=](QClipboard::Mode mode) {
+            if (asked) asked();
+            return mode == QClipboard::Selection ? marked : copied;
+        });
+    }
+    ~OtherProgram() {
+        desktopMarksTexts = false;
+        AskForTextBy(TextOfOther);
+    }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+};
+
+void ClickMiddle(QLineEdit& line, int x) {
+    Mouse(line, QEvent::MouseButtonPress, {x, line.height() / 2}, Qt::MiddleButton);
+    Mouse(line, QEvent::MouseButtonRelease, {x, line.height() / 2}, Qt::MiddleButton);
+}
+
+/// Opens the menu of a line, and takes its item for pasting.
+void PasteByMenu(QLineEdit& line) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, line.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&line, &event);
+    auto* menu = line.findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    for (QAction* action : menu->actions())
+        if (action->text().startsWith("C&olar")) action->trigger();
+    menu->close();
+    QApplication::processEvents();
+}
 
 /// A text box, and the texts that its `Change` saw.
 class TextBoxTest : public testing::Test {
@@ -101,15 +141,83 @@ TEST_F(TextBoxTest, PasteByKeyPassesEachCharacter) {
 TEST_F(TextBoxTest, PasteByMenuPassesEachCharacter) {
     DigitsOnly();
     QApplication::clipboard()->setText("x42");
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, Line().mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(&Line(), &event);
-    auto* menu = Line().findChild<QMenu*>();
-    ASSERT_NE(menu, nullptr);
-    for (QAction* action : menu->actions())
-        if (action->text().startsWith("C&olar")) action->trigger();
-    menu->close();
-    QApplication::processEvents();
+    PasteByMenu(Line());
     EXPECT_EQ(box.Text(), "42");
+}
+
+TEST_F(TextBoxTest, TheMiddleButtonPastesWhatIsMarkedWhereItIsPressed) {
+    DigitsOnly();
+    box.Move(0, 0, 3000, 400);
+    box.Text("14");
+    std::vector<std::string> told;
+    box.KeyUp = [&](int KeyCode, int Shift) {
+        told.push_back(std::to_string(KeyCode) + ' ' + std::to_string(Shift) + ' ' + box.Text());
+    };
+    {
+        const OtherProgram other("a2b3", "9");
+        ClickMiddle(Line(), 1);
+        EXPECT_EQ(box.Text(), "2314");
+        EXPECT_EQ(Line().cursorPosition(), 2);
+        ClickMiddle(Line(), Line().width() - 5);
+        EXPECT_EQ(box.Text(), "231423");
+        EXPECT_EQ(told, (std::vector<std::string>{"45 1 2314", "45 1 231423"}));
+        Line().setReadOnly(true);
+        ClickMiddle(Line(), 1);
+        Line().setReadOnly(false);
+    }
+    {
+        const OtherProgram withoutDigits("abc", "9");
+        ClickMiddle(Line(), 1);
+    }
+    {
+        const OtherProgram other("5", "5");
+        desktopMarksTexts = false; // nor can this one
+        ClickMiddle(Line(), 1);
+    }
+    EXPECT_EQ(box.Text(), "231423");
+    EXPECT_EQ(told.size(), 2U);
+}
+
+// The other program may take its time, and the end of the session closes the window meanwhile.
+TEST_F(TextBoxTest, ATextThatComesForABoxThatIsGoneIsDropped) {
+    for (const auto& paste :
+         {std::function<void(QLineEdit&)>([](QLineEdit& line) { ClickMiddle(line, 1); }),
+          std::function<void(QLineEdit&)>(PasteByMenu), std::function<void(QLineEdit&)>([](QLineEdit& line) {
+              PressKey(line, Qt::Key_V, QString(QChar(22)), Qt::ControlModifier);
+          })}) {
+        int told = 0;
+        auto gone = std::make_unique<TextBox>(window, "txtGone");
+        gone->KeyUp = [&](int, int) { ++told; };
+        const QPointer<QLineEdit> line = &ToolkitOf<QLineEdit>(*gone);
+        const OtherProgram other("1", "2", [&] { gone.reset(); });
+        paste(*line);
+        EXPECT_EQ(line, nullptr);
+        EXPECT_EQ(told, 0);
+    }
+}
+
+TEST_F(TextBoxTest, LinesOfTheToolkitsDialogsPasteTheSameWay) {
+    QLineEdit line(WidgetOf(window));
+    line.setGeometry(0, 100, 200, 30);
+    line.show();
+    line.setText("14");
+    {
+        const OtherProgram other("ab", "cd");
+        ClickMiddle(line, 1);
+        EXPECT_EQ(line.text(), "ab14");
+        ClickMiddle(line, 195);
+        EXPECT_EQ(line.text(), "ab14ab");
+        Key(line, Qt::Key_V, QString(QChar(22)), Qt::ControlModifier);
+        EXPECT_EQ(line.text(), "ab14abcd");
+        PasteByMenu(line);
+        EXPECT_EQ(line.text(), "ab14abcdcd");
+        line.setReadOnly(true);
+        ClickMiddle(line, 1);
+        Key(line, Qt::Key_V, QString(QChar(22)), Qt::ControlModifier);
+        line.setReadOnly(false);
+    }
+    ClickMiddle(line, 1);
+    EXPECT_EQ(line.text(), "ab14abcdcd");
 }
 
 TEST_F(TextBoxTest, InputMethodPassesEachCharacter) {
@@ -190,3 +298,8 @@ TEST_F(TextBoxTest, SystemColoursComeFromTheDesktop) {
 } // namespace
 
 } // namespace pintalux
+
+// Stands here once more, and so comes first.
+bool QClipboard::supportsSelection() const {
+    return pintalux::desktopMarksTexts;
+}

@@ -52,9 +52,10 @@ class LineWidget final : public QLineEdit, public SelfPasting {
         if (event->button() != Qt::MiddleButton) return QLineEdit::mouseReleaseEvent(event);
         if (!QGuiApplication::clipboard()->supportsSelection()) return;
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
+        const QPointer<LineWidget> there = this;
         const QString before = text();
         PasteFrom(QClipboard::Selection);
-        TellOfMouse(before);
+        if (there != nullptr) TellOfMouse(before);
     }
     void contextMenuEvent(QContextMenuEvent* event) override {
         ShowLineMenu(

@@ -98,9 +98,9 @@ void ShowLineMenu(QLineEdit& line, const QPoint& where, const std::function<void
     if (writable) {
         // The wait for another program runs events, and the menu must be gone by then.
         const auto later = [&line, paste, done] {
-            const auto both = [paste, done] {
+            const auto both = [there = QPointer<QLineEdit>(&line), paste, done] {
                 paste();
-                if (done) done();
+                if (there != nullptr && done) done();
             };
             QMetaObject::invokeMethod(&line, both, Qt::QueuedConnection);
         };
