@@ -1,8 +1,12 @@
 #include "inputs/ByHand.h"
+#include "surface/window/Display.h"
 #include "surface/window/Inputs.h"
+#include "surface/window/Surface.h"
 
+#include <QAccessible>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QPushButton>
 
 namespace pintalux {
@@ -143,6 +147,68 @@ TEST_F(ButtonTest, TheCaptionCanBeReadOnEveryBackColor) {
     EXPECT_TRUE(has(Qt::white));
     ok.BackColor(0x00FFFF);
     EXPECT_TRUE(has(Qt::black));
+}
+
+/// The desktop's style, but for whether it underlines the keys of captions.
+class Underlining final : public QProxyStyle {
+  public:
+    explicit Underlining(bool underlines) : underlines_(underlines) {}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        if (hint == SH_UnderlineShortcut) return underlines_ ? 1 : 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+  private:
+    bool underlines_;
+};
+
+TEST_F(ButtonTest, AColouredButtonUnderlinesItsKeyAsTheDesktopDoes) {
+    Underlining underlining(true);
+    Underlining bare(false);
+    ok.BackColor(0x3264C8);
+    const auto shown = [&](const char* caption, QStyle& style) {
+        ok.Caption(caption);
+        Ok().setStyle(&style);
+        const QImage image = Ok().grab().toImage();
+        Ok().setStyle(nullptr);
+        return image;
+    };
+    const QImage plain = shown("OK", bare);
+    EXPECT_EQ(shown("&OK", bare), plain);
+    EXPECT_NE(shown("&OK", underlining), plain);
+}
+
+// A field of colour and a text that the keys press.
+TEST(PressedByKeys, AFrameShowsTheFocusAndScreenReadersPress) {
+    TestWindow window;
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
+    TextBox other(window, "other");
+    Surface field(window, "field");
+    Label text(window, "text");
+    field.Move(600, 0, 600, 600);
+    text.Move(1500, 0, 900, 300);
+    const QColor colour = QApplication::palette().color(QPalette::Highlight);
+    int pressed = 0;
+    for (Control* control : std::initializer_list<Control*>{&field, &text}) {
+        SCOPED_TRACE(control->Name());
+        control->PressedByKeys([&] { ++pressed; });
+        other.SetFocus();
+        EXPECT_FALSE(Framed(WidgetOf(*control)->grab().toImage(), colour));
+        control->SetFocus();
+        EXPECT_TRUE(Framed(WidgetOf(*control)->grab().toImage(), colour));
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(WidgetOf(*control));
+        EXPECT_EQ(spoken->role(), QAccessible::Button);
+        const QStringList names = spoken->actionInterface()->actionNames();
+        ASSERT_FALSE(names.isEmpty());
+        EXPECT_EQ(names[0], QAccessibleActionInterface::pressAction());
+        pressed = 0;
+        spoken->actionInterface()->doAction(names[0]);
+        EXPECT_EQ(pressed, 1);
+        control->Enabled(false);
+        spoken->actionInterface()->doAction(names[0]);
+        EXPECT_EQ(pressed, 1);
+    }
 }
 
 } // namespace

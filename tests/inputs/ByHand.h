@@ -8,8 +8,10 @@
 #include "surface/window/Control_native.h"
 #include "surface/window/Form.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <QApplication>
+#include <QImage>
 
 namespace pintalux {
 
@@ -43,6 +45,19 @@ inline void Mouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseBut
 
 inline void ClickOn(QWidget& widget) {
     ClickAt(widget, widget.rect().center());
+}
+
+/// Whether a frame of two logical pixels in this colour runs along the inside of a picture, and no third one.
+inline bool Framed(const QImage& image, const QColor& colour) {
+    const int width = 2 * qRound(image.devicePixelRatio());
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            const int depth = std::min({x, y, image.width() - 1 - x, image.height() - 1 - y});
+            if (depth < width && image.pixelColor(x, y) != colour) return false;
+            if (depth == width && image.pixelColor(x, y) == colour) return false;
+        }
+    }
+    return true;
 }
 
 } // namespace pintalux

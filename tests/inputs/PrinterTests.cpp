@@ -2,12 +2,14 @@
 
 #include "inputs/ByHand.h"
 #include "support/DialogScript.h"
+#include "support/OrdinaryUser.h"
 
 #include <filesystem>
 #include <fstream>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPushButton>
+#include <sys/stat.h>
 
 namespace pintalux {
 
@@ -37,6 +39,53 @@ TEST_F(PrinterTest, DocumentGoesOffAtEndDoc) {
     pdf.read(start.data(), 4);
     EXPECT_EQ(start, "%PDF");
     EXPECT_GT(std::filesystem::file_size(file), 500U);
+}
+
+/// The beginning of a file.
+std::string StartOf(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::string start(4, ' ');
+    stream.read(start.data(), 4);
+    return start;
+}
+
+TEST_F(PrinterTest, AFileThatTheSetupNamesNeedsNoPrinter) {
+    const std::string file = folder + "/setup.pdf";
+    Printer().OutputFile(file);
+    EXPECT_EQ(Printer().OutputFile(), file);
+    EXPECT_GT(Printer().ScaleWidth(), 8000);
+    Printer().PaintPicture(Picture(100, 50, 0x0000FF), 0, 0, 1500, 750);
+    EXPECT_FALSE(std::filesystem::exists(file)); // whole, or not at all
+    Printer().EndDoc();
+    EXPECT_EQ(StartOf(file), "%PDF");
+    EXPECT_EQ(Printer().OutputFile(), file);
+}
+
+TEST_F(PrinterTest, APageThatCannotBeBegunLeavesNothingAndTheNextOnePrints) {
+    const std::string file = folder + "/page.pdf";
+    const std::string temporary = folder + "/temporary";
+    std::filesystem::create_directory(temporary);
+    for (const std::string& open : {folder, temporary})
+        std::filesystem::permissions(open, std::filesystem::perms::all);
+    const char* const before = std::getenv("TMPDIR");
+    const std::string kept = before == nullptr ? "" : before;
+    ::setenv("TMPDIR", temporary.c_str(), 1);
+    Printer().PrintToFileForTests(file);
+    const auto print = [] { Printer().PaintPicture(Picture(100, 50, 0x0000FF), 0, 0, 1500, 750); };
+    {
+        const OrdinaryUser user;
+        const mode_t mask = ::umask(0777); // its own copy is closed to the toolkit
+        EXPECT_EQ(ErrorOf(print), kDeviceUnavailable);
+        ::umask(mask);
+    }
+    EXPECT_EQ(Printer().OutputFile(), file);
+    EXPECT_TRUE(std::filesystem::is_empty(temporary));
+    EXPECT_FALSE(std::filesystem::exists(file));
+    print();
+    Printer().EndDoc();
+    EXPECT_EQ(StartOf(file), "%PDF");
+    EXPECT_TRUE(std::filesystem::is_empty(temporary));
+    before == nullptr ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", kept.c_str(), 1);
 }
 
 TEST_F(PrinterTest, PageIsMeasuredInTwipsOrPixels) {

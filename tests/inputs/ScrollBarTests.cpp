@@ -214,6 +214,20 @@ TEST_F(ScrollBarTest, ShortBarPaintsAnArrowInEachHalf) {
     EXPECT_LT(darkest(13, 20), 120);
 }
 
+TEST_F(ScrollBarTest, AFrameShowsThatItHasTheFocus) {
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
+    TextBox other(window, "other");
+    other.SetFocus();
+    const QColor colour = QApplication::palette().color(QPalette::Highlight);
+    for (const int height : {300, 22}) {
+        bar.Height(height * 15);
+        other.SetFocus();
+        EXPECT_FALSE(Framed(Widget().grab().toImage(), colour)) << height;
+        bar.SetFocus();
+        EXPECT_TRUE(Framed(Widget().grab().toImage(), colour)) << height;
+    }
+}
+
 TEST_F(ScrollBarTest, MinAboveMaxTurnsItRound) {
     bar.Max(-5);
     EXPECT_EQ(bar.Value(), 0);

@@ -2,6 +2,7 @@
 
 #include "inputs/ByHand.h"
 
+#include <QAccessible>
 #include <QToolButton>
 #include <vector>
 
@@ -59,6 +60,38 @@ TEST_F(ToolBarTest, PressingByCodeReleasesTheGroupWithoutAClick) {
     EXPECT_EQ(bar.Buttons("Other").Value(), 1); // behind a separator: a group of its own
     EXPECT_TRUE(clicked.empty());
     EXPECT_EQ(ErrorOf([&] { bar.Buttons("Pen").Value(2); }), 380);
+}
+
+TEST_F(ToolBarTest, CodeReleasesWhatItPressed) {
+    bar.Buttons("Bold").Value(1);
+    EXPECT_TRUE(Widget("Bold").isChecked());
+    bar.Buttons("Bold").Value(0);
+    EXPECT_FALSE(Widget("Bold").isChecked());
+    EXPECT_EQ(bar.Buttons("Bold").Value(), 0);
+    bar.Buttons("New").Value(1);
+    EXPECT_EQ(bar.Buttons("New").Value(), 0); // one that does not stay pressed
+    EXPECT_TRUE(clicked.empty());
+}
+
+TEST_F(ToolBarTest, ScreenReadersPressItsButtons) {
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
+    const auto spoken = [&](const char* key) { return QAccessible::queryAccessibleInterface(&Widget(key)); };
+    const auto act = [&](const char* key, const QString& action) {
+        spoken(key)->actionInterface()->doAction(action);
+    };
+    const QString press = QAccessibleActionInterface::pressAction();
+    EXPECT_EQ(spoken("Pen")->role(), QAccessible::RadioButton);
+    EXPECT_EQ(spoken("Pen")->actionInterface()->actionNames(), QStringList{press});
+    EXPECT_TRUE(spoken("Pen")->state().checkable);
+    EXPECT_FALSE(spoken("Pen")->state().checked);
+    act("Pen", press);
+    EXPECT_TRUE(spoken("Pen")->state().checked);
+    act("Pen", "no such act");
+    bar.Buttons("Pen").Enabled(false);
+    act("Pen", press);
+    EXPECT_EQ(clicked, std::vector<std::string>{"Pen"});
+    act("New", QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(Widget("New").hasFocus());
 }
 
 TEST_F(ToolBarTest, ClickTakesTheNewValueBeforeTheEvent) {

@@ -2,10 +2,10 @@
 #include "system/Gates.h"
 
 #include <atomic>
+#include <cerrno>
 #include <climits>
 #include <condition_variable>
 #include <cstdlib>
-#include <cerrno>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <list>
@@ -118,7 +118,8 @@ extern "C" int fdatasync(int descriptor) {
 extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*work)(void*),
                               void* argument) noexcept {
     if (pintalux::noThreads) return EAGAIN;
-    static const auto next = reinterpret_cast<decltype(&pthread_create)>(::dlsym(RTLD_NEXT, "pthread_create"));
+    static const auto next =
+        reinterpret_cast<decltype(&pthread_create)>(::dlsym(RTLD_NEXT, "pthread_create"));
     return next(thread, attributes, work, argument);
 }
 
