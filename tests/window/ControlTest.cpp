@@ -215,8 +215,16 @@ TEST(Control, PointerShapes) {
     EXPECT_EQ(FindWidget("surface")->cursor().shape(), Qt::CrossCursor);
     surface.MousePointer(kPointerSizeAll);
     EXPECT_EQ(FindWidget("surface")->cursor().shape(), Qt::SizeAllCursor);
-    surface.MousePointer(kPointerDefault);
+    surface.MousePointer(kPointerHourglass);
+    EXPECT_EQ(FindWidget("surface")->cursor().shape(), Qt::WaitCursor);
+    form.MousePointer(kPointerCross);
+    surface.MousePointer(1); // any other number is the arrow, whatever holds the control
     EXPECT_EQ(FindWidget("surface")->cursor().shape(), Qt::ArrowCursor);
+    surface.MousePointer(kPointerDefault);
+    EXPECT_EQ(FindWidget("surface")->cursor().shape(), Qt::CrossCursor);
+    surface.MouseIcon({":/cursors/none.svg", 0, 0});
+    surface.MousePointer(kPointerCustom);
+    EXPECT_EQ(FindWidget("surface")->cursor().shape(), Qt::ArrowCursor); // a picture that is not there
 }
 
 TEST(Control, OutlivesItsWidget) {
@@ -272,6 +280,18 @@ TEST(Label, FontSizeGrowsIt) {
     const double before = label.Height();
     label.FontSize(30);
     EXPECT_GT(label.Height(), before);
+}
+
+TEST(Control, MayOutliveWhatHoldsIt) {
+    PlainForm form;
+    form.ScaleMode(kScalePixels);
+    auto frame = std::make_unique<Surface>(form, "frame");
+    auto display = std::make_unique<Display>(*frame, "display");
+    EXPECT_EQ(display->Parent(), frame.get());
+    frame.reset();
+    EXPECT_EQ(display->Parent(), nullptr);
+    display->Visible(false); // without a widget by now
+    display.reset();
 }
 
 } // namespace

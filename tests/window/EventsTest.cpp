@@ -32,6 +32,13 @@ TEST(RunEvent, PointerKindDropsOverflowOnly) {
     EXPECT_EQ(errors.numbers, std::vector<int>{kSubscriptOutOfRange});
 }
 
+// Nobody would hear of it otherwise: the program sets a listener before its first window.
+TEST(RunEventDeathTest, ErrorWithoutAListenerEndsTheProgramAndSaysWhy) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(RunEvent(EventKind::Ordinary, [] { throw RuntimeError(kFileNotFound, "/x"); }),
+                testing::KilledBySignal(SIGABRT), "53: Ficheiro não encontrado: /x");
+}
+
 TEST(Timer, TicksWhileEnabled) {
     Timer timer(1);
     int ticks = 0;

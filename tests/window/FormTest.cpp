@@ -94,6 +94,53 @@ TEST(Form, CloseBoxAsksFirst) {
     EXPECT_EQ(form.unloads, 1);
 }
 
+TEST(Form, VisibleShowsAndHidesIt) {
+    PlainForm form;
+    form.Visible(false);
+    EXPECT_EQ(form.loads, 0);
+    form.Visible(true);
+    EXPECT_EQ(form.loads, 1);
+    EXPECT_TRUE(FindWidget("plain")->isVisible());
+    form.Visible(false);
+    EXPECT_FALSE(FindWidget("plain")->isVisible());
+    EXPECT_TRUE(form.Loaded());
+    form.Visible(true);
+    EXPECT_TRUE(FindWidget("plain")->isVisible());
+    EXPECT_EQ(form.loads, 1);
+}
+
+// An error while it asks, or saves, is no answer: it stays, and may be closed again.
+TEST(Form, ErrorOfItsUnloadKeepsItAndItUnloadsLater) {
+    class Failing : public PlainForm {
+      public:
+        bool failsToAsk = false, failsToGo = false;
+
+      protected:
+        void Form_QueryUnload(bool& Cancel) override {
+            PlainForm::Form_QueryUnload(Cancel);
+            if (failsToAsk) throw RuntimeError(kDiskFull);
+        }
+        void Form_Unload() override {
+            if (failsToGo) throw RuntimeError(kDeviceError);
+            PlainForm::Form_Unload();
+        }
+    };
+    Failing form;
+    form.Show();
+    form.failsToAsk = true;
+    EXPECT_EQ(ErrorOf([&] { form.Unload(); }), kDiskFull);
+    form.failsToAsk = false;
+    form.failsToGo = true;
+    EXPECT_EQ(ErrorOf([&] { form.Unload(); }), kDeviceError);
+    EXPECT_TRUE(form.Loaded());
+    EXPECT_TRUE(FindWidget("plain")->isVisible());
+    form.failsToGo = false;
+    EXPECT_TRUE(form.Unload());
+    EXPECT_FALSE(form.Loaded());
+    EXPECT_EQ(form.queries, 3);
+    EXPECT_EQ(form.unloads, 1);
+}
+
 TEST(Form, ZeroZeroIsAPlace) {
     PlainForm centred("centred", Form::Kind::Splash);
     centred.Width(1500);

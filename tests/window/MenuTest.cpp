@@ -61,6 +61,22 @@ TEST(Menu, ClickRunsAsAnEvent) {
     EXPECT_EQ(errors.numbers, std::vector<int>{kObjectNotSet});
 }
 
+TEST(Menu, ThatOpensRunsItsOwnClickFirst) {
+    UntrappedErrors errors;
+    MenuItem menu("mnu", "M");
+    MenuItem item("item", "Item");
+    menu.Add(item);
+    menu.Click = [&] { item.Caption("Anular recorte"); };
+    QMenu& opened = *MenuNamed("mnu");
+    opened.popup({0, 0});
+    EXPECT_EQ(Texts(opened), QStringList{"Anular recorte"});
+    opened.close();
+    menu.Click = [] { throw RuntimeError(kObjectNotSet); };
+    opened.popup({0, 0});
+    opened.close();
+    EXPECT_EQ(errors.numbers, std::vector<int>{kObjectNotSet});
+}
+
 TEST(Menu, OnlyTheProgramTicks) {
     MenuItem menu("mnu", "M");
     MenuItem item("item", "Item");

@@ -151,6 +151,24 @@ TEST_F(SurfaceTest, WithoutAutoRedrawARefreshLosesTheDrawing) {
     EXPECT_EQ(surface.Point(1, 1), kWhite);
 }
 
+TEST_F(SurfaceTest, WithoutAutoRedrawClsBringsBackWhatWasKept) {
+    surface.PSet(1, 1, kGreen);
+    surface.AutoRedraw(false);
+    surface.LineBF(0, 0, 9, 7, kRed);
+    surface.Cls();
+    EXPECT_EQ(surface.Point(1, 1), kGreen);
+    EXPECT_EQ(surface.Point(2, 2), kWhite);
+    EXPECT_EQ(surface.Image().At(1, 1), 0x00FF00u);
+    surface.LineBF(0, 0, 9, 7, kRed);
+    surface.BackColor(kBlue); // clears what is kept as well
+    EXPECT_EQ(surface.Point(1, 1), kBlue);
+    surface.Width(12);
+    EXPECT_EQ(surface.Point(11, 7), kBlue);
+    surface.PSet(11, 7, kRed);
+    surface.AutoRedraw(true);
+    EXPECT_EQ(surface.Point(11, 7), kBlue);
+}
+
 TEST_F(SurfaceTest, DeviceContextFollowsAutoRedraw) {
     DeviceContext& hdc = surface.hDC();
     surface.AutoRedraw(false);
