@@ -88,6 +88,21 @@ TEST_F(PrinterTest, APageThatCannotBeBegunLeavesNothingAndTheNextOnePrints) {
     before == nullptr ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", kept.c_str(), 1);
 }
 
+TEST_F(PrinterTest, APageThatFailsOnItsWayIsDroppedAndTheNextOneBeginsAnew) {
+    const std::string file = folder + "/page.pdf";
+    Printer().PrintToFileForTests(file);
+    const auto print = [](const Picture& picture) { Printer().PaintPicture(picture, 0, 0, 1500, 750); };
+    print(Picture(100, 50, 0x0000FF));
+    // Wider than any image of the toolkit.
+    EXPECT_EQ(ErrorOf([&] { print(Picture(70'000'000, 1, 0x0000FF)); }), kOutOfMemory);
+    EXPECT_EQ(Printer().OutputFile(), file);
+    Printer().EndDoc();
+    EXPECT_FALSE(std::filesystem::exists(file));
+    print(Picture(100, 50, 0x0000FF));
+    Printer().EndDoc();
+    EXPECT_EQ(StartOf(file), "%PDF");
+}
+
 TEST_F(PrinterTest, PageIsMeasuredInTwipsOrPixels) {
     Printer().PrintToFileForTests(folder + "/page.pdf");
     const double twips = Printer().ScaleWidth();

@@ -173,12 +173,6 @@ File File::CreateNew(const std::string& path) {
 File::File(File&& other) noexcept
     : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
 
-File& File::operator=(File&& other) noexcept {
-    std::swap(descriptor_, other.descriptor_);
-    std::swap(path_, other.path_);
-    return *this;
-}
-
 File::~File() {
     if (descriptor_ >= 0) ::close(descriptor_);
 }

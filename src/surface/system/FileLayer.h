@@ -34,7 +34,6 @@ class File {
     /// With the flags of open(2), for the layer itself; messages name `shownPath`.
     static File Open(const std::string& path, int flags, unsigned mode, const std::string& shownPath);
     File(File&& other) noexcept;
-    File& operator=(File&& other) noexcept;
     ~File();
 
     const std::string& Path() const { return path_; } ///< As a user knows it: for messages.

@@ -64,10 +64,6 @@ int ScreenObject::WidthPixels() const {
     return QGuiApplication::primaryScreen()->size().width();
 }
 
-int ScreenObject::HeightPixels() const {
-    return QGuiApplication::primaryScreen()->size().height();
-}
-
 namespace {
 
 /// The place in a screen that is nearest to where a window wants to be.

@@ -24,7 +24,6 @@ struct ScreenObject {
     int MousePointer() const;
     void MousePointer(int value);
     int WidthPixels() const;
-    int HeightPixels() const;
     /// The place of a window of this size, in pixels, moved so that it can be taken hold of: one whose left
     /// top corner lies on a screen stays, any other goes to where the nearest screen shows the whole window
     /// or, of one that is larger than the screen, its left top part.

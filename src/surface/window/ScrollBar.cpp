@@ -86,10 +86,6 @@ class ScrollWidget final : public QScrollBar {
     Half held_ = kNone;
 };
 
-int NotNegative(double value) {
-    return Within(int{ToInt16(value)}, 0, 32767);
-}
-
 } // namespace
 
 ScrollBar::ScrollBar(Container& parent, std::string name, Direction direction)
@@ -97,7 +93,7 @@ ScrollBar::ScrollBar(Container& parent, std::string name, Direction direction)
     const Qt::Orientation way = direction == Direction::Vertical ? Qt::Vertical : Qt::Horizontal;
     InstallWidget(*this, new ScrollWidget(way, ClientWidgetOf(parent)));
     Follow();
-    ShowSteps();
+    LargeChange(1);
 }
 
 int ScrollBar::Whole(double value) const {
@@ -112,21 +108,9 @@ void ScrollBar::Max(double value) {
     Range(Min(), ToInt16(value));
 }
 
-void ScrollBar::SmallChange(double value) {
-    smallChange_ = NotNegative(value);
-    ShowSteps();
-}
-
 void ScrollBar::LargeChange(double value) {
-    largeChange_ = NotNegative(value);
-    ShowSteps();
-}
-
-void ScrollBar::ShowSteps() {
-    Quietly<QScrollBar>(*this, [this](QScrollBar& bar) {
-        bar.setSingleStep(std::max(smallChange_, 1));
-        bar.setPageStep(std::max(largeChange_, 1));
-    });
+    largeChange_ = Within(int{ToInt16(value)}, 0, 32767);
+    Quietly<QScrollBar>(*this, [this](QScrollBar& bar) { bar.setPageStep(std::max(largeChange_, 1)); });
 }
 
 } // namespace pintalux

@@ -20,19 +20,16 @@ class ScrollBar : public RangeControl {
     /// `Max` turns the bar round.
     void Min(double value);
     void Max(double value); ///< As `Min`.
-    int SmallChange() const { return smallChange_; }
-    /// What an arrow moves. Rounded to 16 bits: error 6. Negative: error 380.
-    void SmallChange(double value);
     int LargeChange() const { return largeChange_; }
-    // Intended: a LargeChange of 0 is kept and acts as 1, so that a short scroll range raises nothing.
-    void LargeChange(double value); ///< What a click beside the thumb moves; errors as `SmallChange`.
+    /// What a click beside the thumb moves; an arrow moves 1. Rounded to 16 bits: error 6. Negative: error
+    /// 380. Intended: a LargeChange of 0 is kept and acts as 1, so that a short scroll range raises nothing.
+    void LargeChange(double value);
 
   protected:
     int Whole(double value) const override;
 
   private:
-    void ShowSteps();
-    int smallChange_ = 1, largeChange_ = 1;
+    int largeChange_ = 1;
 };
 
 } // namespace pintalux
