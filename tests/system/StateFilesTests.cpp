@@ -519,7 +519,6 @@ TEST(StateFiles, WithoutAThreadAStateIsRefusedAndTheNextOneIsTaken) {
         EXPECT_EQ(ErrorOf([&] { states.SaveBehind(Pattern(31, 20), refused, &box); }), 7);
     }
     EXPECT_FALSE(states.Exists(refused));
-    states.WaitInSignal(std::chrono::hours(1)); // nothing is left to do
     states.SaveBehind(Pattern(31, 20), taken, &box);
     EXPECT_TRUE(states.Settle().empty());
     EXPECT_TRUE(LoadPicture(taken) == Pattern(31, 20));
