@@ -405,20 +405,6 @@ TEST_F(DisplayTest, LineInvertsDottedAndChangesNoPixelOfTheSurface) {
     EXPECT_EQ(InvertedPixels(Shown(), QRect(0, 0, 600, 500)), 0);
 }
 
-TEST_F(DisplayTest, ALineLiesWhereItsEndsAre) {
-    display.Picture(Picture(600, 500, 0xFFFFFF));
-    line.X1(100);
-    line.Y1(50);
-    line.X2(200);
-    line.Y2(50);
-    line.Move(300, 300, 5, 5);
-    line.Visible(true);
-    line.BringToFront();
-    Show();
-    EXPECT_EQ(InvertedPixels(Shown(), QRect(100, 50, 101, 1)), 101);
-    EXPECT_EQ(InvertedPixels(Shown(), QRect(0, 0, 600, 500)), 101);
-}
-
 TEST_F(DisplayTest, MovedLinePaintsOldAndNewPlaceOnly) {
     display.Picture(Picture(600, 500, 0xFFFFFF));
     line.X2(500);
@@ -611,29 +597,6 @@ TEST_F(DisplayTest, OverlaysLetThePointerThrough) {
     shape.BringToFront();
     Show();
     EXPECT_EQ(FindWidget("panel")->childAt(0, 0), FindWidget("display"));
-}
-
-TEST_F(DisplayTest, WhatASurfaceBringsBackWithoutAutoRedrawIsShownAtOnce) {
-    display.Visible(false);
-    panel.AutoRedraw(false);
-    Show();
-    const auto shown = [] {
-        LetEventsRun();
-        return QColor(OnScreen().pixel(50, 40));
-    };
-    const auto draw = [&] {
-        panel.LineBF(0, 0, 599, 499, 0x0000FF);
-        EXPECT_EQ(shown(), QColor(Qt::red));
-    };
-    draw();
-    panel.Cls();
-    EXPECT_EQ(shown(), QColor(Qt::white));
-    draw();
-    panel.Refresh();
-    EXPECT_EQ(shown(), QColor(Qt::white));
-    draw();
-    panel.AutoRedraw(true);
-    EXPECT_EQ(shown(), QColor(Qt::white));
 }
 
 TEST_F(DisplayTest, DrawingOnAShownSurfacePaintsTheBoxOnly) {

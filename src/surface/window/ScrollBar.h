@@ -21,8 +21,9 @@ class ScrollBar : public RangeControl {
     void Min(double value);
     void Max(double value); ///< As `Min`.
     int LargeChange() const { return largeChange_; }
+    // Intended: a LargeChange of 0 is kept and acts as 1, so that a short scroll range raises nothing.
     /// What a click beside the thumb moves; an arrow moves 1. Rounded to 16 bits: error 6. Negative: error
-    /// 380. Intended: a LargeChange of 0 is kept and acts as 1, so that a short scroll range raises nothing.
+    /// 380.
     void LargeChange(double value);
 
   protected:
