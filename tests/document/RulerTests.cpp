@@ -4,6 +4,10 @@
 #include "support/Documents.h"
 #include "support/Program.h"
 
+#include <string>
+#include <tuple>
+#include <vector>
+
 namespace pintalux {
 namespace {
 
@@ -39,6 +43,33 @@ TEST_F(RulerTest, MenuSwitchesThemInEveryWindow) {
     Choose(frmMain->mnuViewRulers);
     for (frmImage* image : windows)
         EXPECT_TRUE(Shows(*image, false));
+}
+
+// A number of n letters begins 2n + 1 pixels before its mark.
+TEST_F(RulerTest, NumbersStandAtTheirMarks) {
+    using Numbers = std::vector<std::tuple<int, int, std::string>>;
+    const auto numbersOf = [](const Surface& scale) {
+        Numbers numbers;
+        for (const ScreenText& text : scale.Texts())
+            numbers.emplace_back(text.x, text.y, text.text);
+        return numbers;
+    };
+    frmImage& image = NewDocument(120, 60);
+    Choose(frmMain->mnuViewRulers);
+    ASSERT_TRUE(Shows(image, true));
+    EXPECT_EQ(numbersOf(image.PicTrule), (Numbers{{45, 5, "50"}, {93, 5, "100"}}));
+    EXPECT_EQ(numbersOf(image.PicLrule), (Numbers{{5, 45, "50"}}));
+    Choose(frmMain->mnuZoomInX(15));
+    const Numbers across = numbersOf(image.PicTrule);
+    ASSERT_EQ(across.size(), 24U);
+    EXPECT_EQ(across[0], (Numbers::value_type{80 - 3, 5, "5"}));
+    EXPECT_EQ(across[23], (Numbers::value_type{1920 - 7, 5, "120"}));
+    const Numbers down = numbersOf(image.PicLrule);
+    ASSERT_EQ(down.size(), 12U);
+    EXPECT_EQ(down[1], (Numbers::value_type{5, 160 - 5, "10"}));
+    Choose(frmMain->mnuZoomOutX(3));
+    EXPECT_TRUE(numbersOf(image.PicTrule).empty());
+    Choose(frmMain->mnuViewRulers);
 }
 
 TEST_F(RulerTest, NewWindowFollowsAtItsFirstTick) {

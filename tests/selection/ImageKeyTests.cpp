@@ -37,6 +37,14 @@ TEST_F(ImageKeyTest, ArrowsMoveTheCrossByAPixelAndWithShiftByTen) {
     EXPECT_EQ(States(image), 1);
 }
 
+TEST_F(ImageKeyTest, TheCrossBeginsInTheMiddleOfWhatIsSeen) {
+    frmImage& image = NewDocument(60, 40);
+    Choose("Pen");
+    Tap(image, Qt::Key_Right);
+    EXPECT_EQ(image.crossX, 31);
+    EXPECT_EQ(image.crossY, 20);
+}
+
 TEST_F(ImageKeyTest, SpaceHoldsTheButtonAsLongAsItIsHeld) {
     frmImage& image = NewDocument(60, 40);
     Choose("Pen");

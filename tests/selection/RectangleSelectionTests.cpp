@@ -274,6 +274,10 @@ TEST_F(RectangleTest, SelectAllTakesTheWholeImageAtEveryZoom) {
         EXPECT_FALSE(FreeSelActive);
         EXPECT_FALSE(FreePasteActive);
         EXPECT_TRUE(image.PicSelect.Visible());
+        EXPECT_EQ(image.PicSelect.Left(), 0) << level;
+        EXPECT_EQ(image.PicSelect.Top(), 0) << level;
+        EXPECT_EQ(image.PicSelect.Width(), image.Image1.Width()) << level;
+        EXPECT_EQ(image.PicSelect.Height(), image.Image1.Height()) << level;
         EXPECT_TRUE(CutAndCopyEnabled());
         ExpectSamePixels(image.SelHolder.Image(), Before());
         mnuEditSelectNone_Click();
