@@ -2,8 +2,11 @@
 #include "surface/window/ScrollPanel.h"
 #include "surface/window/Buttons.h"
 #include "surface/window/Control_native.h"
+#include "surface/window/Display.h"
+#include "surface/window/Inputs.h"
 #include "window/WindowTest.h"
 
+#include <QAbstractScrollArea>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -76,6 +79,56 @@ TEST_F(ScrollPanelTest, TheWheelScrolls) {
                       Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(over, &event);
     EXPECT_EQ(Seen("first").top(), 30 - 60);
+}
+
+TEST_F(ScrollPanelTest, InputsThatTheWheelTurnsKeepItForThemselves) {
+    ListBox list(panel, "list");
+    ComboBox combo(panel, "combo", {});
+    Slider slider(panel, "slider", 0, 100);
+    ScrollBar bar(panel, "bar", ScrollBar::Direction::Vertical);
+    CheckBox check(panel, "check", "check");
+    Label label(panel, "label", "label");
+    int top = 60;
+    for (Control* control : std::initializer_list<Control*>{&list, &combo, &slider, &bar, &check, &label}) {
+        control->Move(10, top, 100, 24);
+        top += 30;
+    }
+    for (int i = 0; i < 30; ++i) {
+        list.AddItem("entry");
+        combo.AddItem("entry");
+    }
+    Show(300);
+    const auto scrolledOver = [](const std::string& name) {
+        Bar()->setValue(30);
+        QWidget* over = FindWidget(name);
+        if (auto* view = qobject_cast<QAbstractScrollArea*>(over)) over = view->viewport();
+        QWheelEvent event(QPointF(5, 5), over->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(over, &event);
+        return Bar()->value() - 30;
+    };
+    for (const char* name : {"combo", "slider", "bar"})
+        EXPECT_EQ(scrolledOver(name), 0) << name;
+    for (const char* name : {"check", "label", "title"})
+        EXPECT_EQ(scrolledOver(name), 60) << name;
+}
+
+TEST_F(ScrollPanelTest, TheTabKeyReachesWhatHasToBeScrolledTo) {
+    Show(300);
+    window.FocusAreas({{&panel, nullptr}});
+    FindWidget("window")->activateWindow();
+    ASSERT_TRUE(WaitFor([] { return FindWidget("window")->isActiveWindow(); }));
+    first.SetFocus();
+    Key(*FindWidget("first"), Qt::Key_Tab);
+    EXPECT_TRUE(FindWidget("last")->hasFocus());
+    EXPECT_LE(Seen("last").bottom(), FindWidget("panel")->height() - 1);
+    Key(*FindWidget("last"), Qt::Key_Tab);
+    EXPECT_TRUE(FindWidget("first")->hasFocus());
+    EXPECT_GE(Seen("first").top(), 22);
+    // Outside its panel it cannot be scrolled to.
+    last.Left(130);
+    Key(*FindWidget("first"), Qt::Key_Tab);
+    EXPECT_TRUE(FindWidget("first")->hasFocus());
 }
 
 TEST_F(ScrollPanelTest, AControlThatGetsTheFocusComesIntoSight) {

@@ -16,11 +16,19 @@ namespace pintalux {
 
 namespace {
 
+/// What scrolls comes into sight when it gets the focus.
+bool CanBeSeen(const QWidget& widget) {
+    const QWidget* scrolled = &widget;
+    while (scrolled != nullptr && !scrolled->property(kScrolledMark).toBool())
+        scrolled = scrolled->parentWidget();
+    return !VisibleRect(widget, scrolled).isEmpty();
+}
+
 /// The frame of a document window would only pass the focus on.
 bool IsTabStop(const QWidget& widget) {
     if (qobject_cast<const QMdiSubWindow*>(&widget)) return false;
     return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.focusProxy() == nullptr &&
-           widget.isVisible() && widget.isEnabled() && !VisibleRect(widget).isEmpty();
+           widget.isVisible() && widget.isEnabled() && CanBeSeen(widget);
 }
 
 int Next(int place, int count, bool forward) {

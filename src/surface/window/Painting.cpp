@@ -205,10 +205,11 @@ void PaintFocusFrame(QWidget& widget) {
         painter.fillRect(part, colour);
 }
 
-QRect VisibleRect(const QWidget& widget) {
+QRect VisibleRect(const QWidget& widget, const QWidget* outermost) {
     QRect visible = widget.rect();
     QPoint offset;
-    for (const QWidget* at = &widget; !at->isWindow() && at->parentWidget(); at = at->parentWidget()) {
+    for (const QWidget* at = &widget; at != outermost && !at->isWindow() && at->parentWidget();
+         at = at->parentWidget()) {
         offset += at->pos();
         visible &= at->parentWidget()->rect().translated(-offset);
     }

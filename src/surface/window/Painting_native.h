@@ -85,7 +85,11 @@ void PaintBitmap(QWidget& widget, const QRegion& exposed, const Bitmap& source, 
 void PaintOver(QWidget& widget, const QRegion& exposed, const Bitmap& source, Pixel transparent,
                const QSize& size);
 
-/// The part of a widget that its ancestors leave to be seen, whatever lies over it.
-QRect VisibleRect(const QWidget& widget);
+/// Property of a widget that is moved so that what of it has the focus is seen.
+inline constexpr char kScrolledMark[] = "scrolled";
+
+/// The part of a widget that its ancestors leave to be seen, whatever lies over it; those above `outermost`
+/// do not count.
+QRect VisibleRect(const QWidget& widget, const QWidget* outermost = nullptr);
 
 } // namespace pintalux

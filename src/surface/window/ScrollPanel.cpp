@@ -2,6 +2,7 @@
 
 #include "surface/window/Control_native.h"
 #include "surface/window/Events_native.h"
+#include "surface/window/Painting_native.h"
 #include "surface/window/Surface_native.h"
 
 #include <QApplication>
@@ -29,6 +30,7 @@ struct ScrollPanelNative : QObject {
         : surface(owner), frame(outer), content(new QWidget(outer)),
           bar(new QScrollBar(Qt::Vertical, outer)) {
         content->setMouseTracking(true);
+        content->setProperty(kScrolledMark, true);
         bar->setSingleStep(kStep);
         bar->hide();
         qApp->installEventFilter(this);
