@@ -227,6 +227,17 @@ TEST_F(MDITest, OneRefusalKeepsEverythingOpen) {
     EXPECT_EQ(main.ActiveForm(), nullptr);
 }
 
+TEST_F(MDITest, WhileTheMainWindowClosesNoChildBecomesActive) {
+    std::vector<std::string> active;
+    for (const char* name : {"one", "two", "three"})
+        ShowChild(name).onActivate = [&active, name] { active.emplace_back(name); };
+    main.Children().front()->Show();
+    EXPECT_EQ(active, std::vector<std::string>{"one"});
+    EXPECT_TRUE(main.Unload());
+    LetEventsRun();
+    EXPECT_EQ(active, std::vector<std::string>{"one"});
+}
+
 TEST_F(MDITest, ClosingTheMainWindowEndsTheEventLoop) {
     PlainForm& one = ShowChild("one");
     static_cast<void>(one);
@@ -330,6 +341,28 @@ TEST_F(MDITest, CascadeStepsDownWithTheActiveOneLast) {
     EXPECT_GT(PlaceOf("one").top(), 0);
     EXPECT_EQ(PlaceOf("one").size(), PlaceOf("two").size());
     EXPECT_EQ(ErrorOf([&] { main.Arrange(3); }), kInvalidArgument);
+}
+
+TEST_F(MDITest, ArrangedWindowsLieWithinTheWorkspaceAndTilesFillIt) {
+    const QSize size = static_cast<QMdiArea*>(FindWidget("workspace"))->maximumViewportSize();
+    const QRect room(QPoint(0, 0), size);
+    std::vector<std::string> names;
+    for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"}) {
+        names.emplace_back(name);
+        ShowChild(name);
+        for (const int layout : {0, 1, 2}) {
+            SCOPED_TRACE(name + std::to_string(layout));
+            main.Arrange(layout);
+            QRegion covered;
+            for (const std::string& each : names) {
+                const QRect place = PlaceOf(each);
+                EXPECT_TRUE(room.contains(place)) << each;
+                EXPECT_TRUE(layout == 0 || !covered.intersects(place)) << each;
+                covered += place;
+            }
+            EXPECT_TRUE(layout == 0 || covered == QRegion(room));
+        }
+    }
 }
 
 TEST_F(MDITest, EnlargedChildStaysWithinTheWorkspace) {

@@ -55,7 +55,7 @@ class PlainForm : public Form {
     explicit PlainForm(std::string name = "plain", Kind kind = Kind::Window) : Form(std::move(name), kind) {}
     int loads = 0, resizes = 0, activations = 0, unloads = 0, queries = 0;
     bool refuse = false;
-    std::function<void()> onResize, onLoad;
+    std::function<void()> onResize, onLoad, onActivate;
 
   protected:
     void Form_Load() override {
@@ -66,7 +66,10 @@ class PlainForm : public Form {
         ++resizes;
         if (onResize) onResize();
     }
-    void Form_Activate() override { ++activations; }
+    void Form_Activate() override {
+        ++activations;
+        if (onActivate) onActivate();
+    }
     void Form_QueryUnload(bool& Cancel) override {
         ++queries;
         Cancel = refuse;

@@ -14,11 +14,14 @@ namespace {
 
 enum Layout : int { kCascade = 0, kTileHorizontally = 1, kTileVertically = 2 };
 
-/// Each a step further down and to the right, three quarters of the room in size.
+/// Each a step further down and to the right, three quarters of the room in size; from the first place again
+/// where the next would not lie within the room.
 QRect CascadePlace(const QSize& room, int index) {
     constexpr int kStep = 24;
-    constexpr int kSteps = 10;
-    const int offset = index % kSteps * kStep;
+    constexpr int kMostPlaces = 10;
+    const int left = std::min(room.width(), room.height()) / 4;
+    const int places = std::clamp(left / kStep + 1, 2, kMostPlaces);
+    const int offset = index % places * std::min(kStep, left);
     return {offset, offset, room.width() * 3 / 4, room.height() * 3 / 4};
 }
 
