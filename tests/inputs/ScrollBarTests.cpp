@@ -1,9 +1,11 @@
 #include "inputs/ByHand.h"
 #include "surface/window/Inputs.h"
 
+#include <memory>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionSlider>
+#include <QTransform>
 #include <QWheelEvent>
 #include <vector>
 
@@ -198,6 +200,79 @@ TEST_F(ScrollBarTest, ShortBarIsTwoArrows) {
     EXPECT_EQ(changes, std::vector<int>{254});
     ClickAt(Widget(), {8, 17});
     EXPECT_EQ(changes, (std::vector<int>{254, 255}));
+}
+
+/// A short bar on its own colours, standing or lying: what it shows and does along its length.
+class ShortBarTest : public ScrollBarTest {
+  protected:
+    void Make(bool upright, int length) {
+        turned = std::make_unique<ScrollBar>(
+            window, "turned", upright ? ScrollBar::Direction::Vertical : ScrollBar::Direction::Horizontal);
+        turned->Max(100);
+        turned->Value(50);
+        turned->Move(0, 0, (upright ? 17 : length) * 15, (upright ? length : 17) * 15);
+        QPalette colours;
+        colours.setColor(QPalette::Button, Qt::white);
+        colours.setColor(QPalette::Midlight, Qt::green);
+        colours.setColor(QPalette::Dark, Qt::blue);
+        colours.setColor(QPalette::ButtonText, Qt::black);
+        WidgetOf(*turned)->setPalette(colours);
+    }
+    /// As upright, one pixel for one of the program's.
+    QImage Shown(bool upright) {
+        const QImage image = WidgetOf(*turned)->grab().toImage().scaled(WidgetOf(*turned)->size());
+        return upright ? image : image.transformed(QTransform(0, 1, 1, 0, 0, 0));
+    }
+    std::unique_ptr<ScrollBar> turned;
+};
+
+TEST_F(ShortBarTest, TheHalfThatIsPressedIsTheOneThatActs) {
+    for (const bool upright : {true, false}) {
+        for (const int length : {22, 25, 26}) {
+            Make(upright, length);
+            for (int at = 0; at < length; ++at) {
+                SCOPED_TRACE(testing::Message() << upright << " " << length << " " << at);
+                const QPoint place = upright ? QPoint(8, at) : QPoint(at, 8);
+                const int before = turned->Value();
+                const auto pressed = [&](int y) { return Shown(upright).pixelColor(2, y) == Qt::green; };
+                Mouse(*WidgetOf(*turned), QEvent::MouseButtonPress, place);
+                const bool first = turned->Value() < before;
+                EXPECT_NE(turned->Value(), before);
+                EXPECT_EQ(pressed(3), first);
+                EXPECT_EQ(pressed(length - 4), !first);
+                Mouse(*WidgetOf(*turned), QEvent::MouseButtonRelease, place);
+                EXPECT_FALSE(pressed(3));
+                EXPECT_FALSE(pressed(length - 4));
+            }
+            Mouse(*WidgetOf(*turned), QEvent::MouseButtonPress, {8, 8}, Qt::RightButton);
+            EXPECT_NE(Shown(upright).pixelColor(2, 3), Qt::green) << "the menu's button presses nothing";
+            Mouse(*WidgetOf(*turned), QEvent::MouseButtonRelease, {8, 8}, Qt::RightButton);
+        }
+    }
+}
+
+TEST_F(ShortBarTest, EachArrowStandsInTheMiddleOfItsFramedHalf) {
+    for (const bool upright : {true, false}) {
+        SCOPED_TRACE(upright);
+        constexpr int kLength = 26;
+        Make(upright, kLength);
+        const QImage shown = Shown(upright);
+        for (const QRect half : {QRect(0, 0, 17, 13), QRect(0, 13, 17, 13)}) {
+            QRect arrow;
+            for (int y = half.top(); y <= half.bottom(); ++y) {
+                for (int x = half.left(); x <= half.right(); ++x) {
+                    const QColor colour = shown.pixelColor(x, y);
+                    const bool edge = !half.adjusted(1, 1, -1, -1).contains(x, y);
+                    ASSERT_EQ(colour == Qt::blue, edge) << x << ", " << y;
+                    if (!edge && qGray(colour.rgb()) < 160) arrow |= QRect(x, y, 1, 1);
+                }
+            }
+            EXPECT_FALSE(arrow.isEmpty());
+            EXPECT_TRUE(half.adjusted(3, 2, -3, -2).contains(arrow)) << arrow.x() << " " << arrow.width();
+            EXPECT_LE(std::abs(arrow.left() + arrow.right() - half.left() - half.right()), 2);
+            EXPECT_LE(std::abs(arrow.top() + arrow.bottom() - half.top() - half.bottom()), 2);
+        }
+    }
 }
 
 TEST_F(ScrollBarTest, ShortBarPaintsAnArrowInEachHalf) {

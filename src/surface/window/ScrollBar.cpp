@@ -33,8 +33,13 @@ class ScrollWidget final : public QScrollBar {
         if (hasFocus()) PaintFocus();
     }
     void mousePressEvent(QMouseEvent* event) override {
-        held_ = event->button() == Qt::LeftButton ? HalfAt(event->position().toPoint()) : kNone;
-        QScrollBar::mousePressEvent(event);
+        const Half half = HalfAt(event->position().toPoint());
+        held_ = event->button() == Qt::LeftButton ? half : kNone;
+        if (ArrowsOnly()) {
+            PressInside(half, *event);
+        } else {
+            QScrollBar::mousePressEvent(event);
+        }
         update();
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
@@ -52,13 +57,18 @@ class ScrollWidget final : public QScrollBar {
         const int thumb = style()->pixelMetric(QStyle::PM_ScrollBarSliderMin, nullptr, this);
         return (Upright() ? height() : width()) < 2 * extent + thumb / 2;
     }
-    Half HalfAt(QPoint place) const {
-        return (Upright() ? place.y() * 2 < height() : place.x() * 2 < width()) ? kFirst : kSecond;
-    }
+    Half HalfAt(QPoint place) const { return RectOf(kFirst).contains(place) ? kFirst : kSecond; }
     QRect RectOf(Half half) const {
         const QPoint middle = Upright() ? QPoint(0, height() / 2) : QPoint(width() / 2, 0);
         const QSize first = Upright() ? QSize(width(), middle.y()) : QSize(middle.x(), height());
         return half == kFirst ? QRect(QPoint(0, 0), first) : rect().adjusted(middle.x(), middle.y(), 0, 0);
+    }
+    /// The style has two arrows here, too, but of an odd length a row between them, which would do nothing.
+    void PressInside(Half half, QMouseEvent& event) {
+        QMouseEvent inside(event.type(), QPointF(RectOf(half).center()), event.globalPosition(),
+                           event.button(), event.buttons(), event.modifiers());
+        QScrollBar::mousePressEvent(&inside);
+        event.setAccepted(inside.isAccepted());
     }
     void PaintArrows() {
         QPainter painter(this);
