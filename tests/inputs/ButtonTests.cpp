@@ -58,6 +58,44 @@ TEST(PageHead, ItsMarkTurnsWithThePage) {
     EXPECT_NE(open.copy(14, 0, 60, 18), open.copy(100, 0, 60, 18));
 }
 
+TEST(PageHead, ShowsMarkAndTextInOneInkAndAnswersThePointer) {
+    TestWindow window;
+    CommandButton head(window, "head", "Caneta");
+    head.Move(0, 0, 180 * 15, 20 * 15);
+    auto& widget = ToolkitOf<QPushButton>(head);
+    QPalette colours;
+    colours.setColor(QPalette::Button, Qt::white);
+    colours.setColor(QPalette::Midlight, QColor(0xFF, 0xFF, 0x80));
+    colours.setColor(QPalette::ButtonText, Qt::red);
+    colours.setColor(QPalette::Mid, QColor(0xFF, 0x60, 0x00));
+    widget.setPalette(colours);
+    const auto shown = [&] { return widget.grab().toImage().scaled(180, 20); };
+    for (const bool open : {false, true}) {
+        head.HeadsPage(open);
+        const QImage image = shown();
+        int inked = 0;
+        for (int y = 0; y < 20; ++y) {
+            for (int x = 0; x < 180; ++x) {
+                const QColor colour = image.pixelColor(x, y);
+                ASSERT_EQ(colour.red(), 255) << x << ", " << y << ": neither ground nor ink";
+                const bool ink = colour.green() < 128 && y < 19;
+                inked += ink && x < 13 ? 1 : 0;
+                ASSERT_TRUE(!ink || x >= 4) << "a gap before the mark";
+                if (y == 19) {
+                    ASSERT_EQ(colour, QColor(0xFF, 0x60, 0x00)) << x;
+                }
+            }
+        }
+        EXPECT_GT(inked, 10);
+        // Half of a square of 8 by 8, and its edge at most.
+        EXPECT_LE(inked, 8 * 5 / 2 + 8);
+    }
+    widget.setDown(true);
+    EXPECT_EQ(shown().pixelColor(170, 5), QColor(0xFF, 0xFF, 0x80));
+    widget.setDown(false);
+    EXPECT_EQ(shown().pixelColor(170, 5), QColor(Qt::white));
+}
+
 TEST_F(ButtonTest, EnterInATextBoxPressesTheDefault) {
     box.SetFocus();
     Key(ToolkitOf<QLineEdit>(box), Qt::Key_Return, "\r");

@@ -106,6 +106,30 @@ TEST_F(CommonDialogTest, PicturesAreTheirOwnSymbolsInSquaresOf48Pixels) {
     EXPECT_TRUE(broken.isNull() || broken.pixel(20, 20) != 0xFFC02010U);
 }
 
+TEST_F(CommonDialogTest, TheSymbolOfAPictureStandsInTheMiddleOfItsSquare) {
+    for (const QSize size : {QSize(100, 50), QSize(50, 100), QSize(80, 80), QSize(20, 10), QSize(10, 20),
+                             QSize(1, 1000), QSize(1000, 1)}) {
+        QImage red(size, QImage::Format_RGB32);
+        red.fill(0xFFC02010);
+        red.save(QString::fromStdString(folder + "/a.bmp"));
+        const QImage shown = FileThumbnails(48)
+                                 .icon(QFileInfo(QString::fromStdString(folder + "/a.bmp")))
+                                 .pixmap(48, 48)
+                                 .toImage();
+        QRect seen;
+        for (int y = 0; y < 48; ++y)
+            for (int x = 0; x < 48; ++x)
+                if (qAlpha(shown.pixel(x, y)) > 0) seen |= QRect(x, y, 1, 1);
+        SCOPED_TRACE(testing::Message() << size.width() << " by " << size.height());
+        const QSize wanted = size.width() > 48 || size.height() > 48
+                                 ? size.scaled(48, 48, Qt::KeepAspectRatio).expandedTo({1, 1})
+                                 : size;
+        EXPECT_EQ(seen.size(), wanted);
+        EXPECT_EQ(seen.left(), (48 - wanted.width()) / 2);
+        EXPECT_EQ(seen.top(), (48 - wanted.height()) / 2);
+    }
+}
+
 TEST_F(CommonDialogTest, ListShowsThumbnailsAndWholeColumns) {
     bool fits = false;
     int side = 0;

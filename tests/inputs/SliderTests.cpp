@@ -55,6 +55,17 @@ TEST(Slider, ItsValueStandsAtTheRightEndOfALabel) {
     EXPECT_EQ(beside.width(), beside.sizeHint().width()) << "the caption keeps its room";
 }
 
+TEST(Slider, ThePointerOverItsValueIsOverTheLabel) {
+    TestWindow window;
+    Label label(window, "Label1", "RAIO");
+    label.Move(10, 10, 1800, 300);
+    Slider slider(window, "Slider1", 1, 100);
+    slider.ShowValueIn(label);
+    const auto& beside = *ToolkitOf<QLabel>(label).findChild<QLabel*>();
+    EXPECT_EQ(WidgetOf(window)->childAt(beside.mapTo(WidgetOf(window), beside.rect().center())),
+              WidgetOf(label));
+}
+
 TEST(Slider, NewRangeTakesTheValueWithIt) {
     TestWindow window;
     Slider slider(window, "Slider1", 1, 10);
@@ -181,6 +192,28 @@ TEST_F(ProgressTest, MaxOf0IsLegalAndHolds0) {
     bar.Max(0);
     bar.Value(0);
     EXPECT_EQ(ErrorOf([&] { bar.Value(1); }), 380);
+}
+
+TEST_F(ProgressTest, ShowsItsShareOfWhateverMaxIs) {
+    const auto share = [this] {
+        const auto& shown = ToolkitOf<QProgressBar>(bar);
+        return static_cast<double>(shown.value()) / shown.maximum();
+    };
+    const auto shows = [&](double wanted) { return WaitFor([&] { return share() == wanted; }); };
+    bar.Max(10);
+    bar.Value(10);
+    EXPECT_EQ(share(), 1);
+    bar.Max(40);
+    EXPECT_TRUE(shows(0.25));
+    bar.Value(20);
+    EXPECT_TRUE(shows(0.5));
+    bar.Max(20);
+    EXPECT_TRUE(shows(1));
+    bar.Max(5);
+    EXPECT_EQ(bar.Value(), 5);
+    EXPECT_TRUE(shows(1));
+    bar.Max(0);
+    EXPECT_TRUE(shows(0));
 }
 
 TEST_F(ProgressTest, PaintsAtOnceWithoutTheEventLoop) {

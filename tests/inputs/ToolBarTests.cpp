@@ -104,6 +104,109 @@ TEST_F(ToolBarTest, ClickTakesTheNewValueBeforeTheEvent) {
     EXPECT_EQ(values, (std::vector<int>{1, 1, 0, 0}));
 }
 
+TEST_F(ToolBarTest, OneOfAGroupIsPressedWhereverItBeginsAndEnds) {
+    const char* const keys[] = {"A", "B", "C", "D"};
+    std::vector<ToolBar::Row> rows;
+    for (const char* key : keys)
+        rows.push_back({key, nullptr, nullptr, ButtonStyle::ButtonGroup});
+    ToolBar group(window, "TB3", rows);
+    group.Move(0, 1500, 590 * 15, 100 * 15);
+    const auto button = [&group](const char* key) {
+        return WidgetOf(group)->findChild<QToolButton*>(QString("TB3_") + key);
+    };
+    for (const char* first : keys) {
+        for (const char* second : keys) {
+            for (const bool byHand : {false, true}) {
+                SCOPED_TRACE(std::string(first) + second + (byHand ? " by hand" : ""));
+                group.Buttons(first).Value(1);
+                if (byHand) ClickOn(*button(second));
+                group.Buttons(second).Value(1);
+                for (const char* key : keys) {
+                    EXPECT_EQ(group.Buttons(key).Value(), key == second ? 1 : 0) << key;
+                    EXPECT_EQ(button(key)->isChecked(), key == second) << key;
+                }
+            }
+        }
+    }
+}
+
+TEST_F(ToolBarTest, WhatDoesNotStayPressedTakesNoValue) {
+    for (const int index : {1, 2, 3, 7}) {
+        SCOPED_TRACE(index);
+        bar.Buttons(index).Value(1);
+        EXPECT_EQ(bar.Buttons(index).Value(), 0);
+        EXPECT_EQ(ErrorOf([&] { bar.Buttons(index).Value(-1); }), 380);
+    }
+    for (const char* key : {"Pen", "Bold"}) {
+        bar.Buttons(key).Value(1);
+        EXPECT_EQ(bar.Buttons(key).Value(), 1) << key;
+        bar.Buttons(key).Value(0);
+        EXPECT_EQ(bar.Buttons(key).Value(), 0) << key;
+        EXPECT_FALSE(Widget(key).isChecked()) << key;
+    }
+}
+
+TEST_F(ToolBarTest, ArrowsWalkRoundAndPassWhatIsOff) {
+    ASSERT_TRUE(WaitFor([&] { return WidgetOf(window)->isActiveWindow(); }));
+    bar.Buttons("Eraser").Enabled(false);
+    bar.Buttons("Bold").Enabled(false);
+    const std::vector<std::string> stops = {"New", "Open", "Pen", "Mag", "Other"};
+    struct Way {
+        int key, step;
+    };
+    for (const Way way : {Way{Qt::Key_Right, 1}, {Qt::Key_Down, 1}, {Qt::Key_Left, 4}, {Qt::Key_Up, 4}}) {
+        for (std::size_t i = 0; i < stops.size(); ++i) {
+            const char* from = stops[i].c_str();
+            const char* to = stops[(i + static_cast<std::size_t>(way.step)) % stops.size()].c_str();
+            Widget(from).setFocus(Qt::TabFocusReason);
+            Key(Widget(from), way.key);
+            EXPECT_TRUE(Widget(to).hasFocus()) << from << " to " << to;
+            for (const std::string& each : stops)
+                EXPECT_EQ(Widget(each.c_str()).focusPolicy() == Qt::TabFocus, each == to) << each;
+        }
+    }
+    Key(Widget("Open"), Qt::Key_Home);
+    EXPECT_TRUE(Widget("New").hasFocus());
+    Key(Widget("New"), Qt::Key_End);
+    EXPECT_TRUE(Widget("Other").hasFocus());
+    Key(Widget("Other"), Qt::Key_Enter, "\r");
+    EXPECT_EQ(clicked, std::vector<std::string>{"Other"});
+    bar.Buttons("Other").Enabled(false);
+    EXPECT_EQ(Widget("New").focusPolicy(), Qt::TabFocus) << "the bar keeps a stop";
+}
+
+TEST_F(ToolBarTest, ItsHeightFitsItsRowsAndSeparatorsAreLines) {
+    double before = 0;
+    for (const int width : {590, 120, 60, 30}) {
+        SCOPED_TRACE(width);
+        bar.Width(width * 15);
+        int bottom = 0;
+        int right = 0;
+        for (const QToolButton* button : WidgetOf(bar)->findChildren<QToolButton*>()) {
+            bottom = std::max(bottom, button->geometry().bottom() + 1);
+            right = std::max(right, button->geometry().right() + 1);
+            for (const QToolButton* other : WidgetOf(bar)->findChildren<QToolButton*>())
+                EXPECT_TRUE(other == button || !other->geometry().intersects(button->geometry()));
+        }
+        EXPECT_EQ(bar.HeightFor(width * 15), bottom * 15);
+        EXPECT_GE(bar.HeightFor(width * 15), before);
+        before = bar.HeightFor(width * 15);
+        if (width > 100) {
+            EXPECT_LE(right, width);
+        }
+    }
+    bar.Width(590 * 15);
+    const QImage shown = WidgetOf(bar)->grab().toImage().scaled(WidgetOf(bar)->size());
+    const QColor line = WidgetOf(bar)->palette().color(QPalette::Mid);
+    const QRect left = Widget("Open").geometry();
+    const QRect next = Widget("Pen").geometry();
+    EXPECT_GT(next.left(), left.right() + 3);
+    int lines = 0;
+    for (int x = left.right() + 1; x < next.left(); ++x)
+        lines += shown.pixelColor(x, left.center().y()) == line;
+    EXPECT_EQ(lines, 1);
+}
+
 TEST_F(ToolBarTest, ClickOnAPressedGroupButtonKeepsItPressedAndCounts) {
     ClickOn(Widget("Pen"));
     ClickOn(Widget("Pen"));
