@@ -208,6 +208,25 @@ TEST(Pointer, OverflowInAHandlerIsDropped) {
     EXPECT_EQ(errors.numbers, std::vector<int>{kInvalidArgument});
 }
 
+TEST(Control, APressOnWhatLeavesItsFocusGivesItToTheOther) {
+    PlainForm form;
+    form.Width(3000);
+    form.Height(3000);
+    Surface taker(form, "taker");
+    taker.Move(0, 0, 300, 300);
+    taker.TakesFocus(FocusBy::Tab);
+    EXPECT_EQ(FindWidget("taker")->focusPolicy(), Qt::TabFocus);
+    Surface leaver(form, "leaver");
+    leaver.Move(0, 300, 300, 300);
+    leaver.LeavesFocusTo(taker);
+    EXPECT_EQ(FindWidget("leaver")->focusPolicy(), Qt::ClickFocus) << "the Tab key comes there once";
+    form.Show();
+    FindWidget("plain")->activateWindow();
+    ASSERT_TRUE(WaitFor([] { return FindWidget("plain")->isActiveWindow(); }));
+    leaver.SetFocus();
+    EXPECT_TRUE(taker.HasFocus());
+}
+
 TEST(Control, PointerShapes) {
     PlainForm form;
     Surface surface(form, "surface");

@@ -48,6 +48,33 @@ TEST(Form, FollowsTheUsersMoving) {
     EXPECT_EQ(form.Top(), 660);
 }
 
+TEST(Form, AssignedPlaceIsWhereItStands) {
+    for (const bool shown : {false, true}) {
+        SCOPED_TRACE(shown ? "while it shows" : "before it shows");
+        PlainForm form;
+        form.Width(3000);
+        form.Height(3000);
+        if (shown) form.Show();
+        const auto place = [&form] {
+            form.Show();
+            LetEventsRun();
+            return FindWidget("plain")->pos();
+        };
+        form.Left(40 * 15);
+        form.Top(30 * 15);
+        EXPECT_EQ(place(), QPoint(40, 30));
+        form.Left(90 * 15);
+        EXPECT_EQ(place(), QPoint(90, 30));
+        form.Top(120 * 15);
+        EXPECT_EQ(place(), QPoint(90, 120));
+        form.Move(15, 75, 4500, 4500);
+        EXPECT_EQ(place(), QPoint(1, 5));
+        EXPECT_EQ(form.Left(), 15);
+        EXPECT_EQ(form.Top(), 75);
+        form.Hide();
+    }
+}
+
 TEST(Form, AssignmentRunsResizeNested) {
     PlainForm form;
     form.Move(0, 0, 3000, 3000);

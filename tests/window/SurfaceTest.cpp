@@ -303,6 +303,41 @@ TEST_F(SurfaceTest, RegionClipsPointerAndView) {
     EXPECT_FALSE(FindWidget("surface")->mask().isEmpty());
 }
 
+TEST_F(SurfaceTest, AMoveKeepsWhatIsShown) {
+    surface.AsPanel();
+    surface.Print("Palete");
+    other.AutoRedraw(false);
+    other.PSet(2, 3, kRed);
+    for (Surface* moved : {&surface, &other}) {
+        moved->Left(20);
+        moved->Top(30);
+        moved->Move(5, 6, 10, 8);
+    }
+    EXPECT_EQ(surface.Texts().size(), 1U);
+    EXPECT_EQ(other.Point(2, 3), kRed);
+}
+
+TEST_F(SurfaceTest, WhatAPanelPrintsLiesLineBelowLineAndNotInItsBitmap) {
+    surface.Move(0, 0, 100, 60);
+    other.Move(0, 0, 100, 60);
+    surface.AsPanel();
+    for (Surface* printed : {&surface, &other}) {
+        printed->CurrentX(7);
+        printed->CurrentY(4);
+        printed->Print("H");
+        printed->Print("M");
+    }
+    EXPECT_EQ(surface.Image(), Picture(100, 60, 0xFFFFFF));
+    EXPECT_NE(other.Image(), Picture(100, 60, 0xFFFFFF));
+    EXPECT_EQ(surface.CurrentX(), 0);
+    EXPECT_EQ(surface.CurrentY(), other.CurrentY());
+    ASSERT_EQ(surface.Texts().size(), 2U);
+    EXPECT_EQ(surface.Texts()[0].x, 7);
+    EXPECT_EQ(surface.Texts()[0].y, 4);
+    EXPECT_EQ(surface.Texts()[1].x, 0);
+    EXPECT_EQ(surface.Texts()[1].y * 2 - 4, surface.CurrentY());
+}
+
 constexpr Colour kKey = 0x8894A0;
 
 /// What `StretchBlt` makes of a picture on an empty surface.

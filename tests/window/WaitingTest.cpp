@@ -9,7 +9,11 @@
 
 #include <atomic>
 #include <chrono>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPushButton>
 #include <thread>
 
@@ -123,6 +127,44 @@ TEST(Waiting, PressesAndClosesAreDropped) {
     EXPECT_TRUE(button.isVisible());
     button.click();
     EXPECT_EQ(clicks, 1);
+}
+
+/// What the toolkit hears of an event that comes meanwhile.
+TEST(Waiting, NobodyElseActsOnAHandAndNothingIsPromised) {
+    QWidget window;
+    window.setAcceptDrops(true);
+    int heard = 0;
+    class Listener : public QObject {
+      public:
+        explicit Listener(int& count) : count_(count) {}
+        bool eventFilter(QObject*, QEvent*) override {
+            ++count_;
+            return true;
+        }
+
+      private:
+        int& count_;
+    } listener(heard);
+    window.installEventFilter(&listener);
+    const QMimeData files;
+    Held held;
+    StepWhileWaiting(held, [&] {
+        const auto accepted = [&](QEvent&& event) {
+            for (const bool before : {false, true}) {
+                event.setAccepted(before);
+                QCoreApplication::sendEvent(&window, &event);
+                if (event.isAccepted() != before) return event.isAccepted();
+            }
+            ADD_FAILURE() << "left as it was";
+            return false;
+        };
+        heard = 0;
+        EXPECT_TRUE(accepted(QKeyEvent(QEvent::ShortcutOverride, Qt::Key_S, Qt::ControlModifier)));
+        EXPECT_TRUE(accepted(QContextMenuEvent(QContextMenuEvent::Mouse, {1, 1}, {1, 1})));
+        EXPECT_FALSE(accepted(QCloseEvent()));
+        EXPECT_FALSE(accepted(QDragEnterEvent({1, 1}, Qt::CopyAction, &files, Qt::LeftButton, {})));
+        EXPECT_EQ(heard, 0);
+    });
 }
 
 TEST(Waiting, WindowsArePainted) {
