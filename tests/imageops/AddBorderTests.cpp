@@ -189,6 +189,35 @@ TEST_F(AddBorderTest, ASideThatCouldNotBeRecordedIsRefused) {
     EXPECT_TRUE(untrapped.empty());
 }
 
+TEST_F(AddBorderTest, EachMarginCountsTowardsTheLargestSide) {
+    struct Case {
+        bool high;
+        int top, bottom, left, right;
+        const char* told;
+    };
+    for (const Case& c :
+         {Case{true, 101, 0, 0, 0, "2 por 32001"}, Case{true, 0, 101, 0, 0, "2 por 32001"},
+          Case{true, 60, 41, 3, 4, "9 por 32001"}, Case{false, 0, 0, 101, 0, "32001 por 2"},
+          Case{false, 0, 0, 0, 101, "32001 por 2"}, Case{false, 3, 4, 60, 41, "32001 por 9"}}) {
+        SCOPED_TRACE(testing::Message() << c.top << ' ' << c.bottom << ' ' << c.left << ' ' << c.right);
+        frmImage& image = NewDocument(c.high ? 2 : 31900, c.high ? 31900 : 2, 0x3264C8);
+        const DialogScript script({[&c](QWidget&) {
+                                       SetMargins(c.top, c.bottom, c.left, c.right);
+                                       PressApply();
+                                       // A pixel less fits.
+                                       SetMargins(c.top - (c.top > 0 && c.high ? 1 : 0),
+                                                  c.bottom - (c.top == 0 && c.high ? 1 : 0),
+                                                  c.left - (c.left > 0 && !c.high ? 1 : 0),
+                                                  c.right - (c.left == 0 && !c.high ? 1 : 0));
+                                       PressApply();
+                                   },
+                                   PressesButton("OK")});
+        Choose(frmMain->mnuAddBorders);
+        EXPECT_NE(script.Dialog(1).text.find(c.told), std::string::npos) << script.Dialog(1).text;
+        EXPECT_EQ(c.high ? ImageOf(image).Height() : ImageOf(image).Width(), 32000);
+    }
+}
+
 TEST_F(AddBorderTest, TheViewKeepsItsZoom) {
     frmImage& image = NewDocument(20, 10);
     Choose(frmMain->mnuZoomInX(2));

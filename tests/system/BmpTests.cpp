@@ -1,4 +1,5 @@
 // BMP files: what is written, byte by byte, and what is read back or refused.
+#include "surface/system/BmpWriter.h"
 #include "surface/system/Pictures.h"
 #include "system/Sandbox.h"
 
@@ -92,6 +93,29 @@ INSTANTIATE_TEST_SUITE_P(Sizes, BmpSizes,
                                          std::pair{9, 2}, std::pair{255, 31}, std::pair{256, 32},
                                          std::pair{257, 33}, std::pair{1000, 700}, std::pair{32000, 1},
                                          std::pair{1, 32000}));
+
+TEST(NextBmpPiece, PiecesMakeTheFile) {
+    for (const auto& [width, height] : {std::pair{1, 1}, {5, 5}, {7, 33}, {256, 64}, {300, 100}}) {
+        const Picture picture = Pattern(width, height);
+        const std::size_t row = PlainRow(picture, 0).size();
+        for (const std::size_t length : {std::size_t{1}, row, 3 * row + 1, std::size_t{1} << 20}) {
+            SCOPED_TRACE(testing::Message() << width << " by " << height << " in " << length);
+            std::string whole;
+            int bottom = height;
+            for (int pieces = 0; pieces <= height; ++pieces) {
+                const std::string piece = NextBmpPiece(picture, length, bottom);
+                EXPECT_LE(piece.size(), std::max(length, 32 * row) + (pieces == 0 ? 54U : 0U));
+                EXPECT_EQ(piece.empty(), whole.size() == PlainBmp(picture).size());
+                whole += piece;
+                if (piece.empty()) break;
+            }
+            EXPECT_TRUE(whole == PlainBmp(picture));
+            EXPECT_EQ(bottom, 0);
+        }
+    }
+    int bottom = 0;
+    EXPECT_EQ(ErrorOf([&] { NextBmpPiece({}, 100, bottom); }), 481);
+}
 
 TEST(SavePicture, EmptyPictureIsRefusedAndMakesNoFile) {
     const Sandbox box;

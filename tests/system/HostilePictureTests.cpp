@@ -239,6 +239,22 @@ TEST(LoadRunLengths, RunsCopiesAndJumps) {
     EXPECT_EQ(row(0), (std::vector<int>{0, 0, 7, 0, 0, 0}));
 }
 
+TEST(LoadRunLengths, AJumpOverAnEdgeEndsAtIt) {
+    for (const int right : {0, 1, 4, 5, 6, 255}) {
+        for (const int up : {0, 1, 2, 3, 255}) {
+            SCOPED_TRACE(testing::Message() << right << " right, " << up << " up");
+            const std::string data = std::string("\0\x02", 2) + static_cast<char>(right) +
+                                     static_cast<char>(up) + std::string("\x01\x07\0\x01", 4);
+            const Picture picture = LoadBytes(RunLengthBmp(6, 3, data));
+            for (int y = 0; y < 3; ++y)
+                for (int x = 0; x < 6; ++x)
+                    EXPECT_EQ(picture.At(x, y),
+                              x == std::min(right, 5) && 2 - y == std::min(up, 2) ? 0x070707U : 0U)
+                        << x << ", " << y;
+        }
+    }
+}
+
 TEST(LoadRunLengths, WhatRunsOverARowIsDropped) {
     const Picture picture = LoadBytes(RunLengthBmp(2, 2, std::string("\xFF\x09\0\0\x01\x08", 6)));
     EXPECT_EQ(picture.At(0, 1), 0x090909U);

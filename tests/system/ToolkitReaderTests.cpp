@@ -1,6 +1,7 @@
 // PNG, WebP and TIFF: written by the toolkit's encoders, without loss, and read back to the pixel.
 #include "support/Memory.h"
 #include "surface/system/Pictures.h"
+#include "surface/system/ToolkitImages_native.h"
 #include "system/Sandbox.h"
 
 #include <cerrno>
@@ -32,6 +33,29 @@ std::string Written(const Sandbox& box, const QImage& image, const char* format)
 Picture Loaded(const QImage& image, const char* format) {
     const Sandbox box;
     return LoadPicture(Written(box, image, format));
+}
+
+TEST(ToolkitImages, EveryPixelGoesThereAndBack) {
+    for (const auto& [width, height] : {std::pair{1, 1}, {7, 1}, {1, 7}, {70, 65}, {300, 33}}) {
+        Picture picture(width, height, 0);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                picture.Set(x, y, static_cast<Pixel>(x * 0x1F3 + y * 0x10B57 + 1) & 0xFFFFFF);
+        const QImage image = ImageOf(picture);
+        ASSERT_EQ(image.size(), QSize(width, height));
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                const Pixel pixel = picture.At(x, y);
+                ASSERT_EQ(image.pixelColor(x, y),
+                          QColor(static_cast<int>(pixel & 0xFF), static_cast<int>(pixel >> 8 & 0xFF),
+                                 static_cast<int>(pixel >> 16)))
+                    << x << ", " << y;
+            }
+        }
+        EXPECT_TRUE(PictureOfImage(image) == picture);
+        EXPECT_TRUE(PictureOfImage(image.convertToFormat(QImage::Format_ARGB32)) == picture);
+    }
+    EXPECT_TRUE(ImageOf({}).isNull());
 }
 
 class ToolkitFormat : public ::testing::TestWithParam<const char*> {};
