@@ -1,8 +1,7 @@
 #include "surface/window/Display.h"
 #include "support/Pictures.h"
-#include "surface/raster/Drawing.h"
 #include "surface/raster/Transfer.h"
-#include "window/WindowTest.h"
+#include "window/OnScreen.h"
 
 #include <algorithm>
 
@@ -30,25 +29,6 @@ class PaintedArea : public QObject {
     QRegion region;
     int pixels = 0; ///< Those painted twice count twice.
 };
-
-/// What stands on the screen, with nothing painted for the occasion; in device pixels.
-QImage DeviceScreen() {
-    const QWidget* window = FindWidget("plain");
-    QImage shot;
-    if (QGuiApplication::platformName() == "offscreen") {
-        // No screen at all: the memory behind the window is what one would show.
-        const auto* memory = static_cast<const QImage*>(window->backingStore()->paintDevice());
-        shot = memory->copy(QRect(QPoint(0, 0), window->size() * window->devicePixelRatio()));
-    } else {
-        shot = window->screen()->grabWindow(window->winId()).toImage();
-    }
-    return shot;
-}
-
-/// The same in logical pixels.
-QImage OnScreen() {
-    return DeviceScreen().scaled(FindWidget("plain")->size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
-}
 
 QRgb Screened(Pixel pixel) {
     return qRgb(static_cast<int>(pixel & 0xFF), static_cast<int>(pixel >> 8 & 0xFF),
@@ -426,95 +406,6 @@ TEST_F(DisplayTest, MovedLinePaintsOldAndNewPlaceOnly) {
     line.Y2(0);
     display.Refresh();
     EXPECT_LE(InvertedPixels(Shown(), QRect(0, 0, 600, 500)), 1);
-}
-
-/// What stands where the panel is looked at through a frame, and what ought to.
-void ExpectAsPainted(const char* what) {
-    LetEventsRun();
-    const QImage shown = OnScreen();
-    const QImage fresh = ShownBy("plain");
-    int differing = 0;
-    for (int y = 0; y < fresh.height(); ++y)
-        for (int x = 0; x < fresh.width(); ++x)
-            differing += shown.pixel(x, y) != fresh.pixel(x, y);
-    EXPECT_EQ(differing, 0) << what;
-}
-
-TEST_F(DisplayTest, ALineThatLeavesTheViewLeavesNothingBehind) {
-    display.Picture(Picture(600, 500, 0xFFFFFF));
-    line.Visible(true);
-    line.BringToFront();
-    Show();
-    struct Ends {
-        double x1, y1, x2, y2;
-        int seen; ///< About how many pixels.
-        const char* name;
-    };
-    const Ends table[] = {{-200, 100, 200, 300, 200, "over the left edge"},
-                          {200, 300, -200, 100, 200, "over the left edge, the other way"},
-                          {400, 100, 900, 350, 200, "over the right edge"},
-                          {900, 350, 400, 100, 200, "over the right edge, the other way"},
-                          {300, -100, 250, 100, 100, "over the top"},
-                          {250, 100, 300, -100, 100, "over the top, the other way"},
-                          {100, 450, 130, 700, 50, "over the bottom"},
-                          {130, 700, 100, 450, 50, "over the bottom, the other way"},
-                          {-100, -100, 800, 700, 560, "from corner to corner"},
-                          {-50, 250, 700, 250, 600, "straight across"},
-                          {300, 900, 300, -900, 500, "straight down"},
-                          {-50, 100, -10, 300, 0, "left of it"},
-                          {-50, 600, 700, 600, 0, "below it"},
-                          {700, -50, 650, 700, 0, "right of it"},
-                          {-20, -20, 700, -30, 0, "above it"},
-                          {-300, 200, 200, -300, 0, "past a corner"},
-                          {20, 30, 300, 200, 280, "inside"}};
-    for (const Ends& to : table) {
-        line.X1(to.x1);
-        line.Y1(to.y1);
-        line.X2(to.x2);
-        line.Y2(to.y2);
-        ExpectAsPainted(to.name);
-        EXPECT_NEAR(InvertedPixels(OnScreen(), QRect(0, 0, 600, 500)), to.seen, 5 + to.seen / 10) << to.name;
-    }
-}
-
-TEST_F(DisplayTest, WhatIsDrawnOnASurfaceStandsOnTheScreen) {
-    display.Visible(false);
-    Show();
-    Picture red(30, 20, 0x0000FF);
-    const std::pair<const char*, std::function<void()>> table[] = {
-        {"PSet", [&] { panel.PSet(10, 12, 0xFF0000); }},
-        {"Line", [&] { panel.Line(20, 300, 200, 280, 0xFF0000); }},
-        {"LineB", [&] { panel.LineB(300, 30, 350, 80, 0x00FF00); }},
-        {"LineBF", [&] { panel.LineBF(400, 30, 450, 80, 0x00FF00); }},
-        {"Circle", [&] { panel.Circle(250, 200, 40, 0x0000FF); }},
-        {"PaintPicture", [&] { panel.PaintPicture(red, 500, 400, 60, 40, 0, 0, 30, 20, SRCCOPY); }},
-        {"PaintPicture, mirrored",
-         [&] { panel.PaintPicture(red, 90, 490, -60, -40, 0, 0, 30, 20, SRCCOPY); }},
-        {"SetPixel", [&] { SetPixel(panel.hDC(), 599, 499, 0x0000FF); }},
-        {"Print",
-         [&] {
-             panel.CurrentX(330);
-             panel.CurrentY(340);
-             panel.Print("Largura");
-         }},
-        {"Print over an edge",
-         [&] {
-             panel.CurrentX(580);
-             panel.CurrentY(490);
-             panel.Print("Largura");
-         }},
-        {"Picture", [&] { panel.Picture(Picture(100, 90, 0x123456)); }},
-        {"BackColor", [&] { panel.BackColor(0x654321); }},
-        {"LineBF over all", [&] { panel.LineBF(0, 0, 599, 499, 0); }},
-        {"Cls", [&] { panel.Cls(); }},
-        {"ShowStretched", [&] { panel.ShowStretched(red, 0x112233); }},
-    };
-    for (const auto& [name, draw] : table) {
-        const Picture before = panel.Image();
-        draw();
-        EXPECT_TRUE(panel.Image() != before) << name;
-        ExpectAsPainted(name);
-    }
 }
 
 TEST_F(DisplayTest, ShapeOutlinesItsBox) {
