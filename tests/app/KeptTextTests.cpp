@@ -5,11 +5,13 @@
 #include "support/DialogScript.h"
 #include "support/Documents.h"
 #include "support/Folders.h"
+#include "support/Hand.h"
 #include "support/Program.h"
 #include "support/Waiting.h"
 
 #include "app/Dialogs.h"
 #include "app/frmMain.h"
+#include "document/Selection.h"
 #include "surface/system/Clipboard.h"
 
 #include <algorithm>
@@ -17,12 +19,15 @@
 #include <fstream>
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMetaEnum>
 #include <QPushButton>
 #include <QScrollBar>
@@ -167,7 +172,9 @@ void Describe(const QWidget& parent, int depth, std::string& text) {
     for (const QObject* child : parent.children()) {
         const auto* widget = qobject_cast<const QWidget*>(child);
         // Documents are windows of their own; what has no name, and a tab bar's buttons, are the toolkit's.
-        if (!widget || widget->isWindow() || qobject_cast<const QMenu*>(widget)) continue;
+        if (!widget || widget->isWindow() || qobject_cast<const QMenu*>(widget) ||
+            qobject_cast<const QMdiSubWindow*>(widget))
+            continue;
         const bool named = !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_") &&
                            !qobject_cast<const QTabBar*>(&parent);
         if (named)
@@ -238,12 +245,82 @@ std::string KeptIn(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// Lines and outlines that lie over other parts: their widgets tell no place.
+std::string OutlinesOf(std::initializer_list<const LineControl*> lines,
+                       std::initializer_list<const ShapeControl*> shapes) {
+    std::ostringstream text;
+    const auto look = [&text](const auto& outline) {
+        text << (outline.DrawMode() == kDrawInvert ? " inverting"
+                                                   : " of " + std::to_string(outline.BorderColor()))
+             << (outline.Visible() ? "" : " hidden") << "\n";
+    };
+    for (const LineControl* line : lines) {
+        text << "line " << line->Name() << " from " << line->X1() << ',' << line->Y1() << " to " << line->X2()
+             << ',' << line->Y2();
+        look(*line);
+    }
+    for (const ShapeControl* shape : shapes) {
+        text << "outline " << shape->Name() << " at " << shape->Left() << ',' << shape->Top() << ' '
+             << shape->Width() << 'x' << shape->Height() << " shape " << shape->Shape() << " thick "
+             << shape->BorderWidth();
+        look(*shape);
+    }
+    return text.str();
+}
+
+std::string OutlinesOf(const frmImage& image) {
+    return OutlinesOf({&image.Line1, &image.CrossX, &image.CrossY, &image.LineX, &image.LineY},
+                      {&image.SelectShape, &image.ShSquare, &image.PicSelectShape});
+}
+
+/// What each item of the menus shows, but for captions.
+std::string MenusOf(const QList<QAction*>& actions) {
+    std::string text;
+    for (const QAction* action : actions) {
+        if (action->isSeparator() && action->objectName().isEmpty()) continue;
+        text +=
+            "menu " + (action->objectName().isEmpty() ? action->text() : action->objectName()).toStdString();
+        if (action->isCheckable() && action->isChecked()) text += " ticked";
+        if (!action->isEnabled()) text += " off";
+        if (!action->isVisible()) text += " hidden";
+        text += "\n";
+        if (action->menu() != nullptr) text += MenusOf(action->menu()->actions());
+    }
+    return text;
+}
+
+/// The main window with its menus and marks, and the titles of its documents.
+std::string MainText() {
+    QWidget& window = WidgetFor(*frmMain);
+    std::string text = TextOf(window);
+    for (const QMdiSubWindow* document : window.findChildren<QMdiSubWindow*>())
+        text += "document " + Quoted(document->windowTitle()) +
+                (document->isWindowModified() ? " changed\n" : "\n");
+    return text + MenusOf(window.findChildren<QMenuBar*>().constFirst()->actions()) +
+           OutlinesOf({}, {&frmMain->ShCell, &frmMain->ShClip});
+}
+
+/// The lines of a text that the one before did not have.
+std::string NewLines(const std::string& before, const std::string& after) {
+    std::set<std::string> known;
+    std::istringstream old(before), now(after);
+    std::string line, text;
+    while (std::getline(old, line))
+        known.insert(line);
+    while (std::getline(now, line))
+        if (!known.contains(line)) text += line + "\n";
+    return text;
+}
+
 class KeptTextTest : public ProgramTest {
   protected:
-    static void Expect(const std::string& name, QWidget& window) {
-        const std::string path = TestData() + "/windows/" + name + ".txt";
+    static void Expect(const std::string& name, QWidget& window, const std::string& more = {}) {
         std::string text = TextOf(window);
         text += ChoicesOf(window);
+        ExpectText(name, text + more);
+    }
+    static void ExpectText(const std::string& name, const std::string& text) {
+        const std::string path = TestData() + "/windows/" + name + ".txt";
         if (std::getenv("PINTALUX_KEEP") != nullptr) std::ofstream(path) << text;
         EXPECT_EQ(KeptIn(path), text) << path;
     }
@@ -296,13 +373,133 @@ TEST_F(KeptTextTest, DocumentsAtWork) {
     Start();
     frmImage& image = NewDocument(200, 150);
     Choose(frmMain->mnuViewRulers);
-    EXPECT_TRUE(WaitFor([&] { return image.TopRuler.Visible(); }));
+    ASSERT_TRUE(WaitFor([&] { return image.TopRuler.Visible(); }));
     for (MenuItem* item : {&frmMain->mnuZoomOutX(15), &frmMain->mnuZoomOutX(3), &frmMain->mnuZoomInX(3),
                            &frmMain->mnuZoomInX(15)}) {
         Choose(*item);
+        MoveTo(image, 9, 7, 0);
+        image.ShowCross(40, 30);
         PassEvents();
-        Expect("frmImage.level" + std::to_string(image.factorlevel), WidgetFor(image));
+        Expect("frmImage.level" + std::to_string(image.factorlevel), WidgetFor(image), OutlinesOf(image));
     }
+}
+
+// What a drag shows on the image, and what it leaves there.
+TEST_F(KeptTextTest, DragsAtWork) {
+    Start();
+    frmImage& image = NewDocument(200, 150);
+    Choose(frmMain->mnuZoomInX(2));
+    std::string text, shown;
+    const auto after = [&](const std::string& act) {
+        PassEvents();
+        const std::string now = TextOf(WidgetFor(image)) + OutlinesOf(image);
+        text += "after " + act + "\n" + NewLines(shown, now);
+        shown = now;
+    };
+    const auto drags = [&](const std::string& what) {
+        Press(image, 70, 52);
+        MoveTo(image, 100, 60);
+        MoveTo(image, 40, 95);
+        after("a drag of " + what);
+        Release(image, 40, 95);
+        after("its end");
+    };
+    after("3:1");
+    for (const char* tool : {"Pointer", "Pen", "Eraser", "Line", "Select", "FreeSelect"}) {
+        ClickWidget(*Find(WidgetFor(*frmMain), std::string("TB2_") + tool));
+        drags(tool);
+        if (!PieceFloats(image)) continue;
+        for (const auto& [key, act] : {std::pair(Qt::Key_Left, "left"), std::pair(Qt::Key_Down, "down")}) {
+            Key(WidgetFor(image.Image1), key);
+            after(act);
+        }
+        Key(WidgetFor(image.Image1), Qt::Key_Return);
+        after("Enter");
+    }
+    ClickWidget(*Find(WidgetFor(*frmMain), "TB2_Shapes"));
+    for (const char* shape : {"square", "rectangle", "circle", "oval"}) {
+        ClickWidget(*Find(WidgetFor(*frmMain), std::string("Toolbar2_") + shape));
+        drags(shape);
+    }
+    image.alreadysaved = true;
+    ExpectText("frmImage.drags", text);
+}
+
+// What the user's acts change in the main window, act by act: menus, buttons, pages, marks.
+TEST_F(KeptTextTest, MainWindowAtWork) {
+    Start();
+    frmMain->MDIForm::Move(0, 0, 18000, 14000);
+    Clipboard.Clear();
+    std::string text, shown;
+    const auto after = [&](const std::string& act) {
+        PassEvents();
+        frmMain->Timer1_Timer();
+        const std::string now = MainText();
+        text += "after " + act + "\n" + NewLines(shown, now);
+        shown = now;
+    };
+    const auto acts = [&](const std::string& act, const std::function<void()>& run) {
+        run();
+        after(act);
+    };
+    frmMain->Timer1_Timer();
+    shown = MainText();
+    text = MenusOf(WidgetFor(*frmMain).findChildren<QMenuBar*>().constFirst()->actions());
+    acts("a new document", [&] { NewDocument(120, 80); });
+    frmImage& image = static_cast<frmImage&>(*frmMain->ActiveForm());
+    acts("an edit", [&] { Edit(image, kBlack); });
+    acts("a second one", [&] { Edit(image, kWhite); });
+    const auto chooses = [&](std::initializer_list<std::pair<const char*, MenuItem*>> commands) {
+        for (const auto& [act, item] : commands)
+            acts(act, [&item] { Choose(*item); });
+    };
+    chooses({{"an undo", &frmMain->mnuEditUndo},
+             {"another undo", &frmMain->mnuEditUndo},
+             {"a redo", &frmMain->mnuEditRedo},
+             {"the monitor off", &frmMain->mnuEditClip},
+             {"the monitor on", &frmMain->mnuEditClip},
+             {"select all", &frmMain->mnuEditSelectAll},
+             {"a copy", &frmMain->mnuEditCopy},
+             {"a paste", &frmMain->mnuEditPaste},
+             {"2:1", &frmMain->mnuZoomInX(1)}});
+    acts("minimised", [&] { image.WindowState(kMinimised); });
+    acts("shown again", [&] { image.WindowState(kNormal); });
+    chooses({{"select none", &frmMain->mnuEditSelectNone},
+             {"1:3", &frmMain->mnuZoomOutX(2)},
+             {"the natural size", &frmMain->mnuZoomActual},
+             {"rulers", &frmMain->mnuViewRulers},
+             {"no rulers", &frmMain->mnuViewRulers},
+             {"no tool bar", &frmMain->mnuViewToolbar},
+             {"the tool bar", &frmMain->mnuViewToolbar},
+             {"no colours", &frmMain->mnuViewColorBox},
+             {"the colours", &frmMain->mnuViewColorBox},
+             {"no settings", &frmMain->mnuViewSettingsBar},
+             {"the settings", &frmMain->mnuViewSettingsBar}});
+    for (int i = 0; i < frmMain->PicTools.Count(); ++i) {
+        acts("page " + std::to_string(i), [&] { frmMain->cmdTools_Click(i); });
+        acts("page " + std::to_string(i) + " closed", [&] { frmMain->cmdTools_Click(i); });
+    }
+    for (int i = 0; i < frmMain->PicTools.Count(); ++i)
+        acts("page " + std::to_string(i) + " below the others", [&] { frmMain->cmdTools_Click(i); });
+    for (const char* name :
+         {"Toolbar1_left", "Toolbar1_round", "Option2", "Option1", "Toolbar2_circle", "Option3"})
+        acts(name, [&] { ClickWidget(*Find(WidgetFor(*frmMain), name)); });
+    for (const Slider* slider : {&frmMain->Slider1, &frmMain->Slider2, &frmMain->Slider3, &frmMain->Slider4,
+                                 &frmMain->Slider5, &frmMain->Slider6})
+        acts(slider->Name() + " at its end", [&] { const_cast<Slider*>(slider)->Value(slider->Max()); });
+    acts("a colour", [&] { frmMain->SetCurrentColour(RGB(30, 144, 255)); });
+    acts("its cell", [&] { frmMain->loadselected(); });
+    WidgetFor(*frmMain).activateWindow();
+    acts("keys on the cells", [&] { frmMain->ColorBox.SetFocus(); });
+    acts("keys on the spectrum", [&] { frmMain->Image1.SetFocus(); });
+    acts("its shades", [] { Key(WidgetFor(frmMain->Image1), Qt::Key_Menu); });
+    acts("the next shade", [] { Key(WidgetFor(frmMain->picColBlowup), Qt::Key_Down); });
+    acts("keys back on the image", [&] { image.Image1.SetFocus(); });
+    acts("no document", [&] {
+        image.alreadysaved = true;
+        image.Unload();
+    });
+    ExpectText("frmMain.acts", text);
 }
 
 } // namespace pintalux
