@@ -20,6 +20,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLayout>
@@ -334,6 +335,20 @@ TEST_F(KeptTextTest, MainWindow) {
     Clipboard.Clear();
     frmMain->Timer1_Timer();
     Expect("frmMain", WidgetFor(*frmMain));
+}
+
+// Its bars and panels make room for a large font.
+TEST_F(KeptTextTest, MainWindowInALargeFont) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(20);
+    QApplication::setFont(large);
+    Start();
+    frmMain->MDIForm::Move(0, 0, 30000, 24000);
+    Clipboard.Clear();
+    frmMain->Timer1_Timer();
+    Expect("frmMain.large", WidgetFor(*frmMain));
+    QApplication::setFont(usual);
 }
 
 TEST_F(KeptTextTest, Document) {

@@ -78,6 +78,31 @@ class RecoveryTest : public ProgramTest {
     static frmImage& Document(int place) {
         return static_cast<frmImage&>(*TheWorkspace.window->Children()[static_cast<std::size_t>(place)]);
     }
+    /// What the start asks where so many documents were left, every other one without a file.
+    std::string QuestionAbout(int documents) {
+        std::vector<RunDocument> left;
+        for (int i = 0; i < documents; ++i) {
+            left.push_back(Three(i % 2 == 0 ? File("foto" + std::to_string(i) + ".bmp") : ""));
+            left.back().caption = "Imagem " + std::to_string(i);
+        }
+        LeaveRun(left);
+        SavePicture(Solid(4, 4, kBlack), File("first.bmp"));
+        const DialogScript script({PressesButton("Não")});
+        StartWhole(File("first.bmp"));
+        EXPECT_EQ(script.Dialog(0).icon, "question");
+        EXPECT_EQ(script.Dialog(0).title, "VALMERO Multimédia");
+        EXPECT_EQ(script.Dialog(0).buttons, "Apagar|Não|Sim");
+        return script.Dialog(0).text;
+    }
+    /// The names of the first ones in that question, a line each.
+    std::string NamesOf(int documents) const {
+        std::string text;
+        for (int i = 0; i < documents; ++i) {
+            const std::string number = std::to_string(i);
+            text += "\n" + (i % 2 == 0 ? File("foto" + number + ".bmp") : "Imagem " + number);
+        }
+        return text;
+    }
     /// Three states, the second one current.
     RunDocument Three(const std::string& file) const {
         return {file,     "Imagem 7",
@@ -105,6 +130,35 @@ TEST_F(RecoveryTest, YesOpensEachChangedDocumentWithItsHistory) {
     mnuEditUndo_Click();
     ExpectSamePixels(ImageOf(image), Solid(8, 6, kWhite));
     EXPECT_FALSE(std::filesystem::exists(Index()));
+}
+
+TEST_F(RecoveryTest, TheQuestionNamesTheOneThatIsLeft) {
+    EXPECT_EQ(QuestionAbout(1),
+              "O programa não terminou como devia e ficou uma imagem por salvar:" + NamesOf(1) +
+                  "\n\nDeseja abri-la? \"Não\" guarda-a para o próximo arranque.");
+}
+
+TEST_F(RecoveryTest, TheQuestionNamesUpToTwelve) {
+    EXPECT_EQ(QuestionAbout(12),
+              "O programa não terminou como devia e ficaram 12 imagens por salvar:" + NamesOf(12) +
+                  "\n\nDeseja abri-las? \"Não\" guarda-as para o próximo arranque.");
+}
+
+TEST_F(RecoveryTest, OfMoreThanTwelveTheQuestionSaysThatThereAreMore) {
+    EXPECT_EQ(QuestionAbout(13),
+              "O programa não terminou como devia e ficaram 13 imagens por salvar:" + NamesOf(12) +
+                  "\n...\n\nDeseja abri-las? \"Não\" guarda-as para o próximo arranque.");
+}
+
+TEST_F(RecoveryTest, TheSecondQuestionSaysThatThereIsNoWayBack) {
+    LeaveRun({Three("")});
+    SavePicture(Solid(4, 4, kBlack), File("first.bmp"));
+    const DialogScript script({PressesButton("Apagar"), PressesButton("Não")});
+    StartWhole(File("first.bmp"));
+    EXPECT_EQ(script.Dialog(1),
+              (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
+                                  "Apagar de vez o que ficou por salvar? Depois não há como voltar atrás.",
+                                  "Apagar|Não"}));
 }
 
 TEST_F(RecoveryTest, ADocumentThatCameBackIsAskedAboutAtItsClose) {

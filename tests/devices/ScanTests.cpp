@@ -113,6 +113,25 @@ TEST_F(ScanTest, APageBecomesANewDocumentWithTwoEqualStates) {
     EXPECT_FALSE(ScreenLocked());
 }
 
+// The area counts from the corner of the glass, wherever the device has its zero.
+TEST_F(ScanTest, AGlassThatBeginsElsewhereGivesTheAreaThatWasAskedFor) {
+    Configure(1, "geometry_min 40\n");
+    const DialogScript script({Waits(), Waits(), Scans([] {
+                                   EXPECT_EQ(frmScan->txtWidth.Text(), "160");
+                                   EXPECT_EQ(frmScan->txtHeight.Text(), "160");
+                                   frmScan->cboResolution.ListIndex(2); // 100 dots an inch
+                                   frmScan->VSLeft.Value(frmScan->VSLeft.Max() - 20);
+                                   frmScan->VSTop.Value(frmScan->VSTop.Max() - 30);
+                                   Area(51, 25);
+                               }),
+                               Waits()});
+    mnuFileAquire_Click();
+    ASSERT_EQ(ImageCount, 1);
+    const auto& image = static_cast<frmImage&>(*frmMain->ActiveForm());
+    EXPECT_NEAR(image.PicMerge.Width(), 51 / 25.4 * 100, 1);
+    EXPECT_NEAR(image.PicMerge.Height(), 25 / 25.4 * 100, 1);
+}
+
 TEST_F(ScanTest, ACancelledDialogOpensNothingAndSaysSo) {
     const DialogScript script({Waits(), Waits(), PressesEscape(), PressesButton("OK")});
     mnuFileAquire_Click();

@@ -186,6 +186,13 @@ TEST_F(SaveTest, TheJpegFilterWritesAJpegWhateverTheNameSays) {
     EXPECT_FALSE(BmpLeftOnTheWay());
 }
 
+TEST_F(SaveTest, EachSaveAsProposesTheBitmapFilterAgain) {
+    NewDocument(12, 8);
+    SaveAs(File("a"), 2);
+    SaveAs(File("b"));
+    EXPECT_EQ(NamesIn(Folder("pictures")), (Names{"a.jpg", "b.bmp"}));
+}
+
 TEST_F(SaveTest, ANameWithoutAPointGetsTheEndingOfItsFilter) {
     frmImage& image = NewDocument(12, 8);
     SaveAs(File("praia"));

@@ -1,6 +1,7 @@
 // Merging by command: what is recorded, and what is not.
 #include "selection/RectangleSelection.h"
 #include "selection/SelectionTest.h"
+#include "tools/Image1_Pointer.h"
 
 namespace pintalux {
 namespace {
@@ -75,6 +76,39 @@ TEST_F(MergeTest, APlaceBetweenTwoPixelsGoesToTheEvenOne) {
     image.PicSelect.Visible(true);
     image.NeedtoPaste();
     ExpectSamePixels(ImageOf(image), WithBox(Before(), 10, 12, 4, 4, 0x00FF00));
+}
+
+// Whatever floats, and by whatever road it lands: what is seen is what the image holds.
+TEST_F(MergeTest, WhatHasLandedIsSeen) {
+    const auto lifts = {+[](frmImage& image) { SelectRectangle(image, 5, 5, 25, 20); },
+                        +[](frmImage& image) {
+                            SelectPath(image, {{5.5, 5.5}, {25.5, 5.5}, {25.5, 20.5}, {5.5, 20.5}});
+                        }};
+    const auto lands = {+[](frmImage& image) { LayDown(image); },
+                        +[](frmImage& image) { image.NeedtoPaste(); },
+                        +[](frmImage& image) { Press(image, 50, 35); },
+                        +[](frmImage& image) {
+                            Choose("Line");
+                            Press(image, 50, 35);
+                        },
+                        +[](frmImage& image) { Press(image, 50, 35, kRightButton); },
+                        +[](frmImage&) { mnuEditSelectAll_Click(); }};
+    for (const bool cut : {false, true}) {
+        for (const auto lift : lifts) {
+            for (const auto land : lands) {
+                frmImage& image = OpenRandom(60, 40);
+                cut ? CutMode() : CopyMode();
+                lift(image);
+                Control& piece =
+                    image.PicSelect.Visible() ? static_cast<Control&>(image.PicSelect) : image.PicFreeSelect;
+                image.piece = PieceState::Grabbed;
+                piece.Move(15, 9, piece.Width(), piece.Height());
+                land(image);
+                ExpectSamePixels(image.Image1.Picture(), ImageOf(image));
+                image.Unload();
+            }
+        }
+    }
 }
 
 TEST_F(MergeTest, APressMergesTheRectangleAndThenTheFreehandPiece) {

@@ -83,6 +83,18 @@ TEST_F(RecentFilesTest, FileOpenedTwiceKeepsItsPlace) {
     EXPECT_EQ(Stored(0), File("b.bmp"));
 }
 
+TEST_F(RecentFilesTest, AFileOpenedAgainStaysAtWhateverPlaceItHas) {
+    Start();
+    const Names five = {"e.bmp", "d.bmp", "c.bmp", "b.bmp", "a.bmp"};
+    Open({five.rbegin(), five.rend()});
+    for (const std::string& again : five) {
+        Open({again});
+        EXPECT_EQ(Shown(), five) << again;
+    }
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(Stored(i), File(five[static_cast<std::size_t>(i)])) << i;
+}
+
 TEST_F(RecentFilesTest, TheLastFallsOutOfAFullList) {
     SetSetting("MRUlist", "0");
     Start();

@@ -39,6 +39,35 @@ TEST_F(WheelTest, FineStepsAddUp) {
     EXPECT_EQ(image.factorlevel, 16);
 }
 
+// A touch pad sends turns along one way between those along the other.
+TEST_F(WheelTest, FineStepsOfOneWayOutlastThoseOfTheOther) {
+    frmImage& image = NewDocument(1500, 1200);
+    PassEvents();
+    for (int i = 0; i < 6; ++i) {
+        Turn(image.Image1, {100, 100}, {0, -1});
+        Turn(image.Image1, {100, 100}, {-1, 0});
+    }
+    EXPECT_EQ(image.VS.Value(), 3);
+    EXPECT_EQ(image.HS.Value(), 3);
+    for (int i = 0; i < 60; ++i) {
+        Turn(image.Image1, {100, 100}, {0, 2}, Qt::ControlModifier);
+        Turn(image.Image1, {100, 100}, {2, 0}, Qt::ControlModifier);
+    }
+    EXPECT_EQ(image.factorlevel, 16);
+}
+
+TEST_F(WheelTest, ATurnBackBeginsAnew) {
+    frmImage& image = NewDocument(1500, 1200);
+    PassEvents();
+    Turn(image.Image1, {100, 100}, {0, -kNotch});
+    Turn(image.Image1, {100, 100}, {0, -1}); // half a pixel down
+    Turn(image.Image1, {100, 100}, {0, 2});  // a whole one up
+    EXPECT_EQ(image.VS.Value(), 59);
+    Turn(image.Image1, {100, 100}, {0, kNotch - 1}, Qt::ControlModifier);
+    Turn(image.Image1, {100, 100}, {0, -kNotch}, Qt::ControlModifier);
+    EXPECT_EQ(image.factorlevel, 14);
+}
+
 TEST_F(WheelTest, WithCtrlItZoomsAtThePointer) {
     frmImage& image = NewDocument(1500, 1200);
     PassEvents();

@@ -148,8 +148,32 @@ TEST_F(ScannerTest, OffersModesUsualResolutionsAndTheGlass) {
     EXPECT_EQ(choices.resolutions, (std::vector<int>{50, 75, 100, 150, 200, 300, 400, 600, 1200}));
     EXPECT_EQ(choices.resolution, 50);
     EXPECT_EQ(choices.glass.left, 0);
+    EXPECT_EQ(choices.glass.top, 0);
     EXPECT_EQ(choices.glass.right, 200);
     EXPECT_EQ(choices.glass.bottom, 200);
+}
+
+TEST_F(ScannerTest, AGlassBeginsWhereItsDeviceSays) {
+    Configure("geometry_min 15\n");
+    const ScanArea glass = Scanner("test:0").Choices().glass;
+    EXPECT_EQ(glass.left, 15);
+    EXPECT_EQ(glass.top, 15);
+    EXPECT_EQ(glass.right, 200);
+    EXPECT_EQ(glass.bottom, 200);
+}
+
+// What stands behind the pixels of a row is none of the picture.
+TEST_F(ScannerTest, ADeviceThatLosesPixelsOfEachRowGivesTheOthers) {
+    const ScanSettings settings{50, "Color", {0, 0, 40, 30}};
+    const ScanPage whole = ScanWith(settings);
+    for (const int lost : {1, 30, 77}) {
+        Configure("ppl-loss " + std::to_string(lost) + "\n");
+        ScanPage expected{whole.width - lost, {}};
+        for (std::size_t i = 0; i < whole.pixels.size(); ++i)
+            if (static_cast<int>(i) % whole.width < expected.width)
+                expected.pixels.push_back(whole.pixels[i]);
+        ExpectSamePage(ScanWith(settings), expected);
+    }
 }
 
 TEST_F(ScannerTest, AGreyPageIsThatOfTheCommandLine) {
