@@ -61,6 +61,7 @@ TEST_F(CollectionFileTest, NumbersAreTheLeadingOnesAndRound) {
 TEST_F(CollectionFileTest, NumbersThatAreNoColoursAreLeftOut) {
     EXPECT_EQ(Reading("[Colors]\n0=-1\n1=16777216\n2=99999999999999999999\n3=1e300\n4=16777215\n5=-0.2\n"),
               (Colours{0xFFFFFF, 0}));
+    EXPECT_EQ(Reading("[Colors]\n0=16777215.5\n1=16777215.4\n2=-0.5\n3=-0.6\n"), Colours{0xFFFFFF});
 }
 
 TEST_F(CollectionFileTest, FilesOfAnotherShapeHoldNoColours) {

@@ -136,15 +136,16 @@ TEST_F(ScanTest, ACancelledDialogOpensNothingAndSaysSo) {
     const DialogScript script({Waits(), Waits(), PressesEscape(), PressesButton("OK")});
     mnuFileAquire_Click();
     EXPECT_EQ(ImageCount, 0);
-    EXPECT_EQ(script.Dialog(3).text, "Operação Abortada. Erro:0");
-    EXPECT_EQ(script.Dialog(3).title, "VALMERO Multimédia");
+    EXPECT_EQ(script.Dialog(3), Message("information", "Operação Abortada. Erro:0"));
 }
 
 TEST_F(ScanTest, WithoutADeviceTheUserIsToldWhatToDo) {
     Configure(0);
     const DialogScript script({Waits(), PressesButton("OK"), PressesButton("OK")});
     mnuFileAquire_Click();
-    EXPECT_NE(script.Dialog(1).text.find("Não foi encontrado nenhum digitalizador."), std::string::npos);
+    EXPECT_EQ(script.Dialog(1),
+              Message("exclamation",
+                      "Não foi encontrado nenhum digitalizador. Verifique se está ligado e tente de novo."));
     EXPECT_EQ(script.Dialog(2).text, "Operação Abortada. Erro:0");
     EXPECT_EQ(ImageCount, 0);
 }
@@ -154,7 +155,9 @@ TEST_F(ScanTest, AFaultOfTheDeviceIsToldInItsOwnWords) {
     const DialogScript script(
         {Waits(), Waits(), Scans([] { Area(20, 20); }), Waits(), PressesButton("OK"), PressesButton("OK")});
     mnuFileAquire_Click();
-    EXPECT_NE(script.Dialog(4).text.find("A tampa do digitalizador está aberta."), std::string::npos);
+    EXPECT_EQ(script.Dialog(4),
+              Message("exclamation",
+                      "Erro de leitura ou escrita no dispositivo: A tampa do digitalizador está aberta."));
     EXPECT_EQ(ImageCount, 0);
     EXPECT_TRUE(PagesLeft().empty());
 }
@@ -164,7 +167,10 @@ TEST_F(ScanTest, APageWithoutRowsOpensNothing) {
     const DialogScript script(
         {Waits(), Waits(), Scans([] { Area(20, 20); }), Waits(), PressesButton("OK"), PressesButton("OK")});
     mnuFileAquire_Click();
-    EXPECT_NE(script.Dialog(4).text.find("não enviou imagem nenhuma"), std::string::npos);
+    EXPECT_EQ(
+        script.Dialog(4),
+        Message("exclamation",
+                "Erro de leitura ou escrita no dispositivo: O digitalizador não enviou imagem nenhuma."));
     EXPECT_EQ(script.Dialog(5).text, "Operação Abortada. Erro:0");
     EXPECT_EQ(ImageCount, 0);
     EXPECT_TRUE(PagesLeft().empty());
@@ -214,7 +220,9 @@ TEST_F(ScanTest, ADeviceThatVanishedIsForgottenAndTheOnesLeftAreFound) {
     {
         const DialogScript script({Waits(), PressesButton("OK"), PressesButton("OK")});
         mnuFileAquire_Click();
-        EXPECT_NE(script.Dialog(1).text.find("O digitalizador já não está ligado"), std::string::npos);
+        EXPECT_EQ(script.Dialog(1),
+                  Message("exclamation", "Dispositivo não disponível: O digitalizador já não está ligado, ou "
+                                         "não aceita o que foi pedido."));
         EXPECT_EQ(script.Dialog(2).text, "Operação Abortada. Erro:0");
         EXPECT_EQ(ImageCount, 1);
     }
@@ -231,8 +239,8 @@ TEST_F(ScanTest, AFolderThatCannotBeWrittenIsNamedAndNothingOpens) {
                                    PressesButton("OK"), PressesButton("OK")});
         const OrdinaryUser user;
         mnuFileAquire_Click();
-        EXPECT_NE(script.Dialog(4).text.find(folder + "/Untitled.bmp"), std::string::npos)
-            << script.Dialog(4).text;
+        EXPECT_EQ(script.Dialog(4), Message("exclamation", "Permissão recusada: " + folder +
+                                                               "/Untitled.bmp (não tem permissão)"));
         EXPECT_EQ(script.Dialog(5).text, "Operação Abortada. Erro:0");
     }
     std::filesystem::permissions(folder, std::filesystem::perms(0755));
@@ -247,6 +255,9 @@ TEST_F(ScanTest, AFullDiskIsToldAndLeavesNoPiece) {
         const FullDisk disk(4096);
         mnuFileAquire_Click();
     }
+    EXPECT_EQ(script.Dialog(4),
+              Message("exclamation", "Erro de acesso ao caminho ou ao ficheiro: " + Folder("program") +
+                                         "/Untitled.bmp (o ficheiro é demasiado grande)"));
     EXPECT_EQ(script.Dialog(5).text, "Operação Abortada. Erro:0");
     EXPECT_EQ(ImageCount, 0);
     EXPECT_TRUE(PagesLeft().empty());
@@ -259,8 +270,9 @@ TEST_F(ScanTest, APageThatIsTooLargeIsRefusedWithTheWayOut) {
                                }),
                                Waits(), PressesButton("OK"), PressesButton("OK")});
     mnuFileAquire_Click();
-    EXPECT_NE(script.Dialog(4).text.find("Escolha uma resolução ou uma área menor."), std::string::npos)
-        << script.Dialog(4).text;
+    EXPECT_EQ(script.Dialog(4),
+              Message("exclamation", "Excesso de capacidade (overflow): A página tem mais de 32000 pixels de "
+                                     "lado. Escolha uma resolução ou uma área menor."));
     EXPECT_EQ(ImageCount, 0);
 }
 

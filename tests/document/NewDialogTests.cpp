@@ -164,7 +164,7 @@ TEST_F(NewDialogTest, AnEmptyTextIsRefused) {
             PressCancel();
         },
         {PressesButton("OK")});
-    EXPECT_NE(message.text.find("Tamanho inválido."), std::string::npos);
+    EXPECT_EQ(message, Message("none", "Tamanho inválido. Insira um valor entre 1 e 32767 pixeis."));
     EXPECT_EQ(ImageCount, 0);
 }
 
@@ -179,7 +179,8 @@ TEST_F(NewDialogTest, ASizeBelow1IsRefusedAndLeavesTheDocumentAlone) {
                 PressCancel();
             },
             {PressesButton("OK")});
-        EXPECT_NE(message.text.find("Tamanho inválido."), std::string::npos) << width;
+        EXPECT_EQ(message, Message("none", "Tamanho inválido. Insira um valor entre 1 e 32767 pixeis."))
+            << width;
         EXPECT_EQ(ImageCount, 1);
         EXPECT_EQ(before.AFCurfile, Folder("pictures") + "/a.bmp");
     }

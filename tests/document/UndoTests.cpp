@@ -220,7 +220,10 @@ TEST_F(UndoTest, RedoOfALostStateChangesNothing) {
     std::filesystem::remove(image.ListBackup.List(1));
     const DialogScript script({PressesButton("OK")});
     EXPECT_EQ(Redo(image), kA);
-    EXPECT_NE(script.Dialog(0).text.find(image.ListBackup.List(1)), std::string::npos);
+    EXPECT_EQ(script.Dialog(0),
+              Message("exclamation", "Não consegui ler o estado guardado. A imagem fica como "
+                                     "está.\n\nFicheiro não encontrado: " +
+                                         image.ListBackup.List(1)));
     EXPECT_EQ(image.ListBUorder.ListIndex(), 0);
     EXPECT_EQ(image.PicMerge.Width(), 40);
     EXPECT_FALSE(ScreenLocked());

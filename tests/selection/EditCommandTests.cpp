@@ -276,8 +276,10 @@ TEST_F(EditTest, AClipboardWithoutAPictureEndsAPasteWithAMessageAndNothingChange
         const int documents = ImageCount;
         const DialogScript script({PressesButton("OK")});
         paste();
-        EXPECT_EQ(script.Dialog(0).icon, "exclamation");
-        EXPECT_NE(script.Dialog(0).text.find("Não foi possível obter uma imagem"), std::string::npos);
+        EXPECT_EQ(script.Dialog(0),
+                  Message("exclamation",
+                          "Não foi possível obter uma imagem da área de transferência. Nada foi "
+                          "colado e a imagem ficou como estava."));
         EXPECT_TRUE(image.Enabled());
         EXPECT_EQ(image.MousePointer(), kPointerDefault);
         EXPECT_FALSE(ScreenLocked());

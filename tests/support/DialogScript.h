@@ -41,6 +41,12 @@ class DialogScript {
     std::shared_ptr<State> state_;
 };
 
+/// A message of the program.
+inline DialogScript::Seen Message(const std::string& icon, const std::string& text,
+                                  const std::string& buttons = "OK") {
+    return {icon, "VALMERO Multimédia", text, buttons};
+}
+
 /// All four words of a message, for the failure's text.
 void PrintTo(const DialogScript::Seen& seen, std::ostream* out);
 

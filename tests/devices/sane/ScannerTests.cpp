@@ -153,6 +153,18 @@ TEST_F(ScannerTest, OffersModesUsualResolutionsAndTheGlass) {
     EXPECT_EQ(choices.glass.bottom, 200);
 }
 
+TEST_F(ScannerTest, ADeviceStandsForItsOwnResolutionToo) {
+    using Dots = std::vector<int>;
+    for (const auto& [lines, dots] :
+         {std::pair("resolution 37\n", Dots{37, 75, 100, 150, 200, 300, 400, 600, 1200}),
+          std::pair("resolution 1\n", Dots{1, 75, 100, 150, 200, 300, 400, 600, 1200}),
+          std::pair("resolution_min 100\nresolution_max 300\nresolution 150\n", Dots{100, 150, 200, 300}),
+          std::pair("resolution_min 101\nresolution_max 299\nresolution 250\n", Dots{150, 200, 250})}) {
+        Configure(lines);
+        EXPECT_EQ(Scanner("test:0").Choices().resolutions, dots) << lines;
+    }
+}
+
 TEST_F(ScannerTest, AGlassBeginsWhereItsDeviceSays) {
     Configure("geometry_min 15\n");
     const ScanArea glass = Scanner("test:0").Choices().glass;
