@@ -269,9 +269,18 @@ std::string OutlinesOf(std::initializer_list<const LineControl*> lines,
     return text.str();
 }
 
+/// Those of a document, with the numbers on its rulers.
 std::string OutlinesOf(const frmImage& image) {
+    std::ostringstream text;
+    for (const Surface* scale : {&image.PicTrule, &image.PicLrule}) {
+        text << "numbers on " << scale->Name();
+        for (const ScreenText& number : scale->Texts())
+            text << ' ' << number.text << " at " << number.x << ',' << number.y;
+        text << "\n";
+    }
     return OutlinesOf({&image.Line1, &image.CrossX, &image.CrossY, &image.LineX, &image.LineY},
-                      {&image.SelectShape, &image.ShSquare, &image.PicSelectShape});
+                      {&image.SelectShape, &image.ShSquare, &image.PicSelectShape}) +
+           text.str();
 }
 
 /// What each item of the menus shows, but for captions.
@@ -402,6 +411,8 @@ TEST_F(KeptTextTest, DocumentsAtWork) {
 // What a drag shows on the image, and what it leaves there.
 TEST_F(KeptTextTest, DragsAtWork) {
     Start();
+    frmMain->MDIForm::Move(0, 0, 18000, 14000);
+    PassEvents();
     frmImage& image = NewDocument(200, 150);
     Choose(frmMain->mnuZoomInX(2));
     std::string text, shown;
@@ -435,6 +446,16 @@ TEST_F(KeptTextTest, DragsAtWork) {
     for (const char* shape : {"square", "rectangle", "circle", "oval"}) {
         ClickWidget(*Find(WidgetFor(*frmMain), std::string("Toolbar2_") + shape));
         drags(shape);
+    }
+    // What commands lay on the image.
+    for (const auto& [act, item] :
+         {std::pair("select all", &frmMain->mnuEditSelectAll), std::pair("a cut", &frmMain->mnuEditCut),
+          std::pair("a paste", &frmMain->mnuEditPaste), std::pair("1:2 with it", &frmMain->mnuZoomOutX(1)),
+          std::pair("4:1 with it", &frmMain->mnuZoomInX(3)), std::pair("a turn", &frmMain->mnuRotate90),
+          std::pair("select none", &frmMain->mnuEditSelectNone),
+          std::pair("an undo", &frmMain->mnuEditUndo)}) {
+        Choose(*item);
+        after(act);
     }
     image.alreadysaved = true;
     ExpectText("frmImage.drags", text);

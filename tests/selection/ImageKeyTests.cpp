@@ -38,11 +38,22 @@ TEST_F(ImageKeyTest, ArrowsMoveTheCrossByAPixelAndWithShiftByTen) {
 }
 
 TEST_F(ImageKeyTest, TheCrossBeginsInTheMiddleOfWhatIsSeen) {
-    frmImage& image = NewDocument(60, 40);
+    frmImage& small = NewDocument(60, 40);
     Choose("Pen");
-    Tap(image, Qt::Key_Right);
-    EXPECT_EQ(image.crossX, 31);
-    EXPECT_EQ(image.crossY, 20);
+    Tap(small, Qt::Key_Right);
+    EXPECT_EQ(small.crossX, 31);
+    EXPECT_EQ(small.crossY, 20);
+    for (const int level : {15, 16}) {
+        frmImage& image = NewDocument(1500, 1200);
+        PassEvents();
+        ZoomToLevel(level);
+        image.HS.Value(300);
+        image.VS.Value(200);
+        Tap(image, Qt::Key_Down);
+        const double factor = FactorOf(level);
+        EXPECT_EQ(image.crossX, At(300 + image.PicFrame.ScaleWidth() / 2, factor)) << level;
+        EXPECT_EQ(image.crossY, At(200 + image.PicFrame.ScaleHeight() / 2, factor) + 1) << level;
+    }
 }
 
 TEST_F(ImageKeyTest, SpaceHoldsTheButtonAsLongAsItIsHeld) {

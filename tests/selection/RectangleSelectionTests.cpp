@@ -280,6 +280,8 @@ TEST_F(RectangleTest, SelectAllTakesTheWholeImageAtEveryZoom) {
         EXPECT_EQ(image.PicSelect.Height(), image.Image1.Height()) << level;
         EXPECT_TRUE(CutAndCopyEnabled());
         ExpectSamePixels(image.SelHolder.Image(), Before());
+        EXPECT_EQ(image.PicSelect.Left(), 0);
+        EXPECT_EQ(image.PicSelect.Top(), 0);
         mnuEditSelectNone_Click();
     }
 }
