@@ -138,7 +138,6 @@ void frmScanForm::OfferPapers() {
     for (ScrollBar* bar : {&VSTop, &VSHeight})
         bar->Max(height);
     cboPaper.ListIndex(0);
-    if (offered) TakePaper();
 }
 
 void frmScanForm::TakePaper() {
