@@ -134,6 +134,7 @@ SANE_Status sane_control_option(SANE_Handle, SANE_Int index, SANE_Action action,
 
 SANE_Status sane_get_parameters(SANE_Handle, SANE_Parameters* format) {
     *format = {SANE_FRAME_RGB, SANE_TRUE, 6, 2, 1, 8};
+    if (TheFakeScanner.announces) TheFakeScanner.announces(*format);
     return SANE_STATUS_GOOD;
 }
 
@@ -156,4 +157,6 @@ SANE_Status sane_read(SANE_Handle, SANE_Byte* bytes, SANE_Int, SANE_Int* count) 
     return SANE_STATUS_GOOD;
 }
 
-void sane_cancel(SANE_Handle) {}
+void sane_cancel(SANE_Handle) {
+    if (TheFakeScanner.comesToRest) TheFakeScanner.comesToRest();
+}

@@ -2,6 +2,7 @@
 // program of these tests gives its functions out by the names of the real ones.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <sane/sane.h>
 #include <string>
@@ -31,6 +32,8 @@ struct FakeScanner {
     SANE_Status whenCounted = SANE_STATUS_GOOD; ///< when the number of options is asked for.
     int version = SANE_CURRENT_MAJOR;
     std::vector<FakeOption> options;
+    std::function<void(SANE_Parameters& page)> announces; ///< What it says of its page, at each question.
+    std::function<void()> comesToRest;                    ///< Behind the page; it may take its time.
     std::vector<std::string> set; ///< What was set, in its order, as "resolution=300".
     std::vector<std::string> opened;
 };

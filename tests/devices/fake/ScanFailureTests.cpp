@@ -1,4 +1,4 @@
-// What the user hears of a scanner that fails before it scans.
+// What the user hears of a scanner that fails, and of a page that is none.
 #include "devices/fake/FakeScannerTest.h"
 #include "devices/frmScan.h"
 #include "devices/frmScanSource.h"
@@ -6,7 +6,12 @@
 #include "devices/ScanCommands.h"
 #include "document/Globals.h"
 #include "support/DialogScript.h"
+#include "support/Errors.h"
 #include "support/Pictures.h"
+
+#include <chrono>
+#include <future>
+#include <memory>
 
 namespace pintalux {
 namespace {
@@ -91,6 +96,45 @@ TEST_F(ScanFailureTest, ADeviceWithoutAnyOptionGivesItsPageAllTheSame) {
         return page;
     }());
     EXPECT_TRUE(TheFakeScanner.set.empty());
+}
+
+TEST_F(ScanFailureTest, ADeviceThatAnnouncesNoPixelsIsAnError) {
+    for (const auto& [pixels, bytes] :
+         {std::pair(0, 6), std::pair(-1, 6), std::pair(2, 0), std::pair(2, -1)}) {
+        TheFakeScanner.announces = [pixels = pixels, bytes = bytes](SANE_Parameters& page) {
+            page.pixels_per_line = pixels;
+            page.bytes_per_line = bytes;
+        };
+        EXPECT_EQ(ErrorOf([] { SetBy({}); }), kDeviceError) << pixels << ' ' << bytes;
+    }
+}
+
+TEST_F(ScanFailureTest, APageThatTurnsOutTooLargeIsRefusedAsSoonAsThatIsKnown) {
+    for (const auto& [pixels, lines, error] :
+         {std::tuple(32001, 1, +kOverflow), std::tuple(2, 32001, +kOverflow), std::tuple(2, 32000, 0)}) {
+        int asked = 0;
+        TheFakeScanner.announces = [&asked, pixels = pixels, lines = lines](SANE_Parameters& page) {
+            if (++asked == 1) return; // before it starts it foresees another size
+            page.pixels_per_line = pixels;
+            page.lines = lines;
+        };
+        EXPECT_EQ(ErrorOf([] { SetBy({}); }), error) << pixels << ' ' << lines;
+    }
+}
+
+// Some drivers hang when they are stopped: the page is there all the same.
+TEST_F(ScanFailureTest, ADeviceThatDoesNotComeToRestKeepsNobodyWaiting) {
+    static constexpr std::chrono::seconds kLong(8);
+    const auto opened = std::make_shared<std::promise<void>>();
+    const auto gaveIn = std::make_shared<std::promise<bool>>();
+    TheFakeScanner.comesToRest = [opened, gaveIn] {
+        gaveIn->set_value(opened->get_future().wait_for(kLong) == std::future_status::timeout);
+    };
+    const DialogScript script({[](QWidget&) { ClickWidget(WidgetFor(frmScan->cmdOK)); }});
+    mnuFileAquire_Click();
+    EXPECT_EQ(ImageCount, 1);
+    opened->set_value();
+    EXPECT_FALSE(gaveIn->get_future().get()) << "the page came when the device gave in";
 }
 
 } // namespace
