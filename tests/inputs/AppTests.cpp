@@ -131,6 +131,21 @@ TEST_F(AppTest, ARuntimeFolderThatOthersMayWriteIsNotTaken) {
     EXPECT_EQ(made.st_uid, ::getuid());
 }
 
+// Others may look into it, as into most folders of a user; they may not put anything there.
+TEST_F(AppTest, WhoMayWriteInTheRuntimeFolderDecides) {
+    using std::filesystem::perms;
+    for (const auto& [rights, taken] : {std::pair(0700, true),
+                                        {0755, true},
+                                        {0711, true},
+                                        {0720, false},
+                                        {0702, false},
+                                        {0500, ::geteuid() == 0}}) {
+        std::filesystem::permissions(folder, static_cast<perms>(rights));
+        EXPECT_EQ(RunFolderWith(folder) == folder, taken) << std::oct << rights;
+    }
+    std::filesystem::permissions(folder, perms::owner_all);
+}
+
 TEST_F(AppTest, PathHasNoTrailingSeparator) {
     App.PathForTests(folder + "/");
     EXPECT_EQ(App.Path(), folder);

@@ -239,6 +239,16 @@ TEST(LoadRunLengths, RunsCopiesAndJumps) {
     EXPECT_EQ(row(0), (std::vector<int>{0, 0, 7, 0, 0, 0}));
 }
 
+TEST(LoadRunLengths, WhatStandsBetweenPaletteAndPixelsIsSkipped) {
+    const std::string data("\x02\x09\0\x01", 4);
+    std::string bytes = RunLengthBmp(2, 1, data);
+    const std::size_t pixels = bytes.size() - data.size();
+    bytes.insert(pixels, "\x02\x05\x02\x06\x02\x07");
+    bytes.replace(10, 4, LittleEndian(static_cast<std::int64_t>(pixels) + 6, 4));
+    EXPECT_EQ(LoadBytes(bytes).At(0, 0), 0x090909U);
+    EXPECT_EQ(LoadBytes(bytes).At(1, 0), 0x090909U);
+}
+
 TEST(LoadRunLengths, AJumpOverAnEdgeEndsAtIt) {
     for (const int right : {0, 1, 4, 5, 6, 255}) {
         for (const int up : {0, 1, 2, 3, 255}) {
