@@ -204,6 +204,8 @@ std::string TextOf(QWidget& window) {
     for (QWidget* widget : widgets)
         if (widget->layout()) widget->layout()->activate();
     std::string text = "window " + Quoted(window.windowTitle());
+    if (!window.layout())
+        text += " of " + std::to_string(window.width()) + "x" + std::to_string(window.height());
     text += window.windowIcon().isNull() ? "\n" : " with a picture\n";
     for (const QLayout* layout : window.findChildren<QLayout*>()) {
         const QString owner = layout->parentWidget()->objectName();
