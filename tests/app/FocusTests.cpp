@@ -3,12 +3,14 @@
 #include "document/BarPositions.h"
 #include "document/FileCommands.h"
 #include "selection/ImageKeyTest.h"
+#include "surface/system/MsgBox.h"
 #include "tools/ToolTable.h"
 
 #include <algorithm>
 #include <QAccessible>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QShortcut>
@@ -224,6 +226,20 @@ TEST_F(FocusTest, ScreenReadersAreToldThatAWidgetIsGone) {
     PassEvents();
     expectGone(spoken, "a document");
     EXPECT_TRUE(gone.contains("txtPXw") && gone.contains("SSTab1") && gone.contains("PicBG"));
+}
+
+// One line of text stands beside the middle of the picture that the program draws itself.
+TEST_F(FocusTest, AQuestionStandsBesideItsOwnPicture) {
+    const DialogScript script({[](QWidget& box) {
+        const auto& picture = *box.findChild<QLabel*>("qt_msgboxex_icon_label");
+        const auto& text = *box.findChild<QLabel*>("qt_msgbox_label");
+        EXPECT_EQ(picture.pixmap().deviceIndependentSize(), QSizeF(48, 48));
+        EXPECT_GE(text.height(), 48);
+        EXPECT_TRUE(text.alignment().testFlag(Qt::AlignVCenter));
+        EXPECT_TRUE(text.alignment().testFlag(Qt::AlignLeft));
+        PressesEscape()(box);
+    }});
+    EXPECT_EQ(MsgBox("Limpar?", BoxButtons::YesNo, BoxIcon::Question), BoxAnswer::No);
 }
 
 TEST_F(FocusTest, TheNewButtonIsSpokenNovoAndItsTipDescribesIt) {
