@@ -242,6 +242,26 @@ TEST_F(FocusTest, AQuestionStandsBesideItsOwnPicture) {
     EXPECT_EQ(MsgBox("Limpar?", BoxButtons::YesNo, BoxIcon::Question), BoxAnswer::No);
 }
 
+// What draws is not also scrolled or read by the window around.
+TEST_F(FocusTest, TheKeysOfTheHandGoNoFurther) {
+    frmImage& image = NewDocument(60, 40);
+    Choose("Pen");
+    for (const int code : {37, 38, 39, 40, 33, 34, 35, 36, 32, 27, 107, 109})
+        EXPECT_TRUE(image.Image1.Key({code})) << code;
+    for (const int code : {9, 16, 112})
+        EXPECT_FALSE(image.Image1.Key({code})) << code;
+    EXPECT_FALSE(image.Image1.KeyReleased({9}));
+}
+
+TEST_F(FocusTest, TheCrossGoesOnFromWhereThePointerWasLast) {
+    frmImage& image = NewDocument(60, 40);
+    Choose("Select");
+    image.Image1.MouseMove(0, 0, 35 * kTwipsPerPixel, 12 * kTwipsPerPixel);
+    Tap(image, Qt::Key_Right);
+    EXPECT_EQ(image.crossX, 36);
+    EXPECT_EQ(image.crossY, 12);
+}
+
 TEST_F(FocusTest, TheNewButtonIsSpokenNovoAndItsTipDescribesIt) {
     auto* spoken = QAccessible::queryAccessibleInterface(Find(WidgetFor(frmMain->TB2), "TB2_New"));
     ASSERT_NE(spoken, nullptr);

@@ -37,26 +37,6 @@ TEST_F(ImageKeyTest, ArrowsMoveTheCrossByAPixelAndWithShiftByTen) {
     EXPECT_EQ(States(image), 1);
 }
 
-// What draws is not also scrolled or read by the window around.
-TEST_F(ImageKeyTest, TheKeysOfTheHandGoNoFurther) {
-    frmImage& image = NewDocument(60, 40);
-    Choose("Pen");
-    for (const int code : {37, 38, 39, 40, 33, 34, 35, 36, 32, 27, 107, 109})
-        EXPECT_TRUE(image.Image1.Key({code})) << code;
-    for (const int code : {9, 16, 112})
-        EXPECT_FALSE(image.Image1.Key({code})) << code;
-    EXPECT_FALSE(image.Image1.KeyReleased({9}));
-}
-
-TEST_F(ImageKeyTest, TheCrossGoesOnFromWhereThePointerWasLast) {
-    frmImage& image = NewDocument(60, 40);
-    Choose("Select");
-    image.Image1.MouseMove(0, 0, 35 * kTwipsPerPixel, 12 * kTwipsPerPixel);
-    Tap(image, Qt::Key_Right);
-    EXPECT_EQ(image.crossX, 36);
-    EXPECT_EQ(image.crossY, 12);
-}
-
 TEST_F(ImageKeyTest, TheCrossBeginsInTheMiddleOfWhatIsSeen) {
     frmImage& small = NewDocument(60, 40);
     Choose("Pen");
