@@ -1,4 +1,4 @@
-// The end of the desktop's session: the questions of a log-out, and what is kept without them.
+// A log-out of the desktop: its questions, and what is kept without them.
 #include "support/DialogScript.h"
 #include "support/Documents.h"
 #include "support/Pictures.h"
@@ -60,7 +60,7 @@ TEST_F(SessionTest, ALogOutAsksAboutEachChangedDocumentAndClosesNone) {
     EXPECT_EQ(ImageCount, 3);
 }
 
-TEST_F(SessionTest, CancelKeepsTheSession) {
+TEST_F(SessionTest, CancelCallsTheLogOutOff) {
     Changed("a.bmp");
     const DialogScript script({PressesButton("Cancelar")});
     EXPECT_FALSE(frmMain->LogOut(true));

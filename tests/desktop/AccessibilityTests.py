@@ -6,7 +6,7 @@ import subprocess
 from desktop import Skip, desktop_test, wait_for
 from roads import BROWSER, MAIN, NEW, start_bus
 
-# A program of its own: it lives in the test's session, and the bus's library keeps one connection for each process.
+# A program of its own: it lives on the test's own desktop, and the bus's library keeps one connection for each process.
 WALK = r"""
 import sys, time
 try:
@@ -92,7 +92,7 @@ if what == "press":
 
 
 class Bus:
-    """A session of its own with the accessibility bus in it, for one desktop."""
+    """A bus of its own with the accessibility bus on it, for one desktop."""
 
     def __init__(self, desktop):
         self.desktop = desktop

@@ -1,4 +1,4 @@
-"""A Wayland session: a compositor of its own, shown in a window of the test's display so that the hand and the eye reach it,
+"""A Wayland desktop: a compositor of its own, shown in a window of the test's display so that the hand and the eye reach it,
 or without any display."""
 import subprocess
 

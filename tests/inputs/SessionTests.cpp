@@ -1,5 +1,5 @@
-// What the desktop is told when it asks whether its session may end. The calls of its session manager stand
-// here once more, and so come first.
+// What the desktop is told when it asks whether the user may log out. The calls that tell it stand here once
+// more, and so come first.
 #include "surface/system/Session.h"
 
 #include "inputs/ByHand.h"
@@ -84,7 +84,7 @@ TEST_F(SessionTest, AnErrorOnTheWayIsToldAndCallsNothingOff) {
     EXPECT_EQ(errors.numbers, std::vector<int>{kDiskFull});
 }
 
-TEST_F(SessionTest, TheEndOfTheSessionGoesToTheProgramAlone) {
+TEST_F(SessionTest, TheLogOutItselfGoesToTheProgramAlone) {
     said.clear();
     QEvent quit(QEvent::Quit);
     EXPECT_TRUE(QApplication::sendEvent(qApp, &quit));

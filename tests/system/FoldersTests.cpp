@@ -1,4 +1,4 @@
-// Where the files of the user lie, whatever the session says about it.
+// Where the files of the user lie, whatever the environment says.
 #include "surface/system/Folders.h"
 
 #include "system/Sandbox.h"
@@ -8,7 +8,7 @@
 namespace pintalux {
 namespace {
 
-/// The session names no folder but these.
+/// The environment names no folder but the home.
 class FoldersTest : public testing::Test {
   protected:
     Variable config{"XDG_CONFIG_HOME", ""};
@@ -27,7 +27,7 @@ TEST_F(FoldersTest, LieBelowTheHomeFolder) {
     EXPECT_EQ(RuntimeFolder(), "");
 }
 
-TEST_F(FoldersTest, TheSessionsOwnFoldersComeFirst) {
+TEST_F(FoldersTest, FoldersThatTheEnvironmentNamesComeFirst) {
     const Variable ownConfig("XDG_CONFIG_HOME", "/c");
     const Variable ownData("XDG_DATA_HOME", "/d//");
     const Variable ownState("XDG_STATE_HOME", "/s");

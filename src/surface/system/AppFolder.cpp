@@ -46,7 +46,7 @@ std::string FindRunFolder() {
     const std::string user = std::to_string(static_cast<unsigned>(getuid()));
     if (const std::string folder = RuntimeFolder(); IsOurs(folder)) return folder;
     if (const std::string folder = "/run/user/" + user; IsOurs(folder)) return folder;
-    // Not below $TMPDIR, which may be another one for each session.
+    // Not below $TMPDIR, which may be another one at each log-in.
     const std::string own = "/tmp/pintalux64-" + user;
     if (mkdir(own.c_str(), 0700) != 0 && errno != EEXIST) return {};
     return IsOurs(own) ? own : std::string();
