@@ -78,31 +78,6 @@ class RecoveryTest : public ProgramTest {
     static frmImage& Document(int place) {
         return static_cast<frmImage&>(*TheWorkspace.window->Children()[static_cast<std::size_t>(place)]);
     }
-    /// What the start asks where so many documents were left, every other one without a file.
-    std::string QuestionAbout(int documents) {
-        std::vector<RunDocument> left;
-        for (int i = 0; i < documents; ++i) {
-            left.push_back(Three(i % 2 == 0 ? File("foto" + std::to_string(i) + ".bmp") : ""));
-            left.back().caption = "Imagem " + std::to_string(i);
-        }
-        LeaveRun(left);
-        SavePicture(Solid(4, 4, kBlack), File("first.bmp"));
-        const DialogScript script({PressesButton("Não")});
-        StartWhole(File("first.bmp"));
-        EXPECT_EQ(script.Dialog(0).icon, "question");
-        EXPECT_EQ(script.Dialog(0).title, "VALMERO Multimédia");
-        EXPECT_EQ(script.Dialog(0).buttons, "Apagar|Não|Sim");
-        return script.Dialog(0).text;
-    }
-    /// The names of the first ones in that question, a line each.
-    std::string NamesOf(int documents) const {
-        std::string text;
-        for (int i = 0; i < documents; ++i) {
-            const std::string number = std::to_string(i);
-            text += "\n" + (i % 2 == 0 ? File("foto" + number + ".bmp") : "Imagem " + number);
-        }
-        return text;
-    }
     /// Three states, the second one current.
     RunDocument Three(const std::string& file) const {
         return {file,     "Imagem 7",
@@ -111,7 +86,7 @@ class RecoveryTest : public ProgramTest {
                 {0, 1, 2}};
     }
     static DialogScript::Seen Question(const std::string& text) {
-        return {"question", "VALMERO Multimédia", text, "Apagar|Não|Sim"};
+        return Message("question", text, "Apagar|Não|Sim");
     }
     std::vector<DialogScript::Seen> asked_; ///< At the start.
 };
@@ -130,35 +105,6 @@ TEST_F(RecoveryTest, YesOpensEachChangedDocumentWithItsHistory) {
     mnuEditUndo_Click();
     ExpectSamePixels(ImageOf(image), Solid(8, 6, kWhite));
     EXPECT_FALSE(std::filesystem::exists(Index()));
-}
-
-TEST_F(RecoveryTest, TheQuestionNamesTheOneThatIsLeft) {
-    EXPECT_EQ(QuestionAbout(1),
-              "O programa não terminou como devia e ficou uma imagem por salvar:" + NamesOf(1) +
-                  "\n\nDeseja abri-la? \"Não\" guarda-a para o próximo arranque.");
-}
-
-TEST_F(RecoveryTest, TheQuestionNamesUpToTwelve) {
-    EXPECT_EQ(QuestionAbout(12),
-              "O programa não terminou como devia e ficaram 12 imagens por salvar:" + NamesOf(12) +
-                  "\n\nDeseja abri-las? \"Não\" guarda-as para o próximo arranque.");
-}
-
-TEST_F(RecoveryTest, OfMoreThanTwelveTheQuestionSaysThatThereAreMore) {
-    EXPECT_EQ(QuestionAbout(13),
-              "O programa não terminou como devia e ficaram 13 imagens por salvar:" + NamesOf(12) +
-                  "\n...\n\nDeseja abri-las? \"Não\" guarda-as para o próximo arranque.");
-}
-
-TEST_F(RecoveryTest, TheSecondQuestionSaysThatThereIsNoWayBack) {
-    LeaveRun({Three("")});
-    SavePicture(Solid(4, 4, kBlack), File("first.bmp"));
-    const DialogScript script({PressesButton("Apagar"), PressesButton("Não")});
-    StartWhole(File("first.bmp"));
-    EXPECT_EQ(script.Dialog(1),
-              (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
-                                  "Apagar de vez o que ficou por salvar? Depois não há como voltar atrás.",
-                                  "Apagar|Não"}));
 }
 
 TEST_F(RecoveryTest, ADocumentThatCameBackIsAskedAboutAtItsClose) {
@@ -250,10 +196,8 @@ TEST_F(RecoveryTest, DeletingAsksOnceMore) {
     EXPECT_EQ(asked_[0], Question("O programa não terminou como devia e ficou uma imagem por salvar:\n"
                                   "Imagem 7\n\nDeseja abri-la? \"Não\" guarda-a para o próximo arranque."));
     EXPECT_EQ(asked_[1],
-              (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
-                                  "Apagar de vez o que ficou por salvar? Depois não há como voltar "
-                                  "atrás.",
-                                  "Apagar|Não"}));
+              Message("exclamation", "Apagar de vez o que ficou por salvar? Depois não há como voltar atrás.",
+                      "Apagar|Não"));
     EXPECT_TRUE(std::filesystem::exists(document.states[1]));
     EXPECT_TRUE(std::filesystem::exists(Index()));
 }

@@ -115,8 +115,7 @@ TEST_F(CollectionTest, ClearAsksFirst) {
         Press("Clear");
         EXPECT_EQ(
             script.Dialog(0),
-            (DialogScript::Seen{"question", "VALMERO Multimédia",
-                                "Are you sure you wish to remove your collection of colors ?", "Sim|Não"}));
+            Message("question", "Are you sure you wish to remove your collection of colors ?", "Sim|Não"));
         Press("Clear");
     }
     EXPECT_EQ(CollectionCount, 3);
@@ -242,11 +241,9 @@ TEST_F(CollectionTest, ColoursThatCannotBeSavedStay) {
     EXPECT_EQ(script.Count(), 3u);
     EXPECT_EQ(
         script.Dialog(2),
-        (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
-                            "Erro de acesso ao caminho ou ao ficheiro: " + File() +
-                                " (o ficheiro é demasiado grande).\nAs cores não foram salvas e ficam na "
-                                "palete; escolha outro lugar para o ficheiro.",
-                            "OK"}));
+        Message("exclamation", "Erro de acesso ao caminho ou ao ficheiro: " + File() +
+                                   " (o ficheiro é demasiado grande).\nAs cores não foram salvas e ficam na "
+                                   "palete; escolha outro lugar para o ficheiro."));
     EXPECT_EQ(Cells(), Several(78, 0x400000));
     EXPECT_TRUE(frmMain->CollectionDirty);
     EXPECT_TRUE(NamesIn(Folder("pictures")).empty());

@@ -110,10 +110,9 @@ TEST_F(PrintTest, AnImageThatHoldsNoPictureIsNotPrintedAndSaysSo) {
     const DialogScript script({PressesButton("OK")});
     mnuFilePrinterPrint_Click();
     EXPECT_EQ(script.Dialog(0),
-              (DialogScript::Seen{"information", "VALMERO Multimédia",
-                                  "Esta imagem ainda só tem traços por salvar, por isso nada foi impresso. A "
-                                  "imagem continua aberta. Salve-a, abra-a de novo e imprima.",
-                                  "OK"}));
+              Message("information",
+                      "Esta imagem ainda só tem traços por salvar, por isso nada foi impresso. A "
+                      "imagem continua aberta. Salve-a, abra-a de novo e imprima."));
     EXPECT_FALSE(std::filesystem::exists(file_));
 }
 

@@ -53,11 +53,15 @@ TEST_F(ScanDialogTest, EachPaperIsCutToTheGlass) {
                               {"0", "0", "105", "110"},
                               {"0", "0", "120", "100"},
                               {"0", "0", "100", "110"}}}}};
+    const char* const papers[] = {"Vidro todo", "A4", "A5", "A6", "15 x 10 cm", "10 x 15 cm"};
     for (const Glass& glass : kinds) {
         frmScan->Offer(Device(glass.width, glass.height), {});
         EXPECT_EQ(Area(), glass.areas[0]) << "the whole glass at first";
         for (int paper = 5; paper >= 0; --paper) {
+            frmScan->VSLeft.Value(0); // as far to the right as it goes
+            frmScan->VSTop.Value(0);
             frmScan->cboPaper.ListIndex(paper);
+            EXPECT_EQ(frmScan->cboPaper.Text(), papers[paper]);
             EXPECT_EQ(Area(), glass.areas[static_cast<std::size_t>(paper)]) << glass.width << ' ' << paper;
         }
         EXPECT_EQ(frmScan->VSLeft.Max(), frmScan->VSWidth.Max());
@@ -80,6 +84,10 @@ TEST_F(ScanDialogTest, TheDevicesOwnChoiceIsProposedAndTheLastOneBeforeIt) {
     EXPECT_EQ(frmScan->cboResolution.Text(), "150");
     EXPECT_EQ(frmScan->cboMode.Text(), "Cores");
     EXPECT_EQ(Area(), (Texts{"120", "6", "120", "30"}));
+    ScanChoices odd = Device(216, 297);
+    odd.resolution = 120; // nothing that it offers itself
+    frmScan->Offer(odd, {});
+    EXPECT_EQ(frmScan->cboResolution.Text(), "75");
 }
 
 TEST_F(ScanDialogTest, ModesSpeakPortugueseWhereTheyAreKnown) {
@@ -114,11 +122,10 @@ TEST_F(ScanDialogTest, TheChoiceIsWhatStandsInTheBoxes) {
 }
 
 TEST_F(ScanDialogTest, WhatADeviceDoesNotOfferIsOffAndKeepsItsOwn) {
+    const std::initializer_list<const Control*> parts = {&frmScan->cboResolution, &frmScan->cboMode,
+                                                         &frmScan->cboPaper, &frmScan->fraArea};
     frmScan->Offer({}, {300, "Gray", {}});
-    for (const Control* part :
-         {static_cast<const Control*>(&frmScan->cboResolution),
-          static_cast<const Control*>(&frmScan->cboMode), static_cast<const Control*>(&frmScan->cboPaper),
-          static_cast<const Control*>(&frmScan->fraArea)})
+    for (const Control* part : parts)
         EXPECT_FALSE(part->Enabled()) << part->Name();
     frmScan->cmdOK.Click();
     ASSERT_TRUE(frmScan->Choice());
@@ -126,10 +133,7 @@ TEST_F(ScanDialogTest, WhatADeviceDoesNotOfferIsOffAndKeepsItsOwn) {
     EXPECT_EQ(frmScan->Choice()->mode, "");
     EXPECT_TRUE(frmScan->Choice()->area.Empty());
     frmScan->Offer(Device(216, 297), {});
-    for (const Control* part :
-         {static_cast<const Control*>(&frmScan->cboResolution),
-          static_cast<const Control*>(&frmScan->cboMode), static_cast<const Control*>(&frmScan->cboPaper),
-          static_cast<const Control*>(&frmScan->fraArea)})
+    for (const Control* part : parts)
         EXPECT_TRUE(part->Enabled()) << part->Name();
 }
 

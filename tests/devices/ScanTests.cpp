@@ -4,13 +4,12 @@
 #include "support/Pictures.h"
 #include "support/Program.h"
 
+#include "devices/EndScanning.h"
 #include "devices/frmScan.h"
 #include "devices/frmScanSource.h"
 #include "devices/frmScanWait.h"
 #include "devices/modTwain.h"
-#include "devices/sane/SaneCalls.h"
 #include "devices/ScanCommands.h"
-#include "devices/ScanJob.h"
 #include "document/Globals.h"
 #include "surface/window/Screen.h"
 
@@ -46,20 +45,12 @@ class ScanTest : public ProgramTest {
         Configure(1);
     }
     void TearDown() override {
-        EndLibrary();
+        EndScanning();
         ::unsetenv("SANE_CONFIG_DIR");
         ProgramTest::TearDown();
     }
-    /// Once the device of the scan before has come to rest, which nobody else waits for.
-    static void EndLibrary() {
-        const auto last = std::make_shared<ScanJob>();
-        last->work = [](ScanJob&) {};
-        pintalux::Start(last);
-        ASSERT_TRUE(WaitFor([&last] { return last->done.load(); })) << "a device does not come to rest";
-        EndSane();
-    }
     void Configure(int devices, const std::string& more = "") {
-        EndLibrary();
+        EndScanning();
         std::ofstream(configuration_ + "/dll.conf") << (devices > 0 ? "test\n" : "# none\n");
         std::ofstream(configuration_ + "/test.conf")
             << "number_of_devices " << std::max(devices, 1) // the test device itself fails with none
@@ -82,6 +73,21 @@ class ScanTest : public ProgramTest {
         frmScan->VSWidth.Value(frmScan->VSWidth.Max() - width);
         frmScan->VSHeight.Value(frmScan->VSHeight.Max() - height);
     }
+    /// Scans 51 by 25 millimetres at 100 dots an inch, after these settings, into a document of its own.
+    static void ScanPiece(const std::function<void()>& set) {
+        // Found, connected, asked, read.
+        const DialogScript script({Waits(), Waits(), Scans([&set] {
+                                       frmScan->cboResolution.ListIndex(2);
+                                       set();
+                                       Area(51, 25);
+                                   }),
+                                   Waits()});
+        mnuFileAquire_Click();
+        ASSERT_EQ(ImageCount, 1);
+        const auto& image = static_cast<frmImage&>(*frmMain->ActiveForm());
+        EXPECT_NEAR(image.PicMerge.Width(), 51 / 25.4 * 100, 1);
+        EXPECT_NEAR(image.PicMerge.Height(), 25 / 25.4 * 100, 1);
+    }
     /// The pages that lie in the program's folder.
     std::vector<std::string> PagesLeft() const {
         std::vector<std::string> names = NamesIn(Folder("program"));
@@ -94,17 +100,8 @@ class ScanTest : public ProgramTest {
 };
 
 TEST_F(ScanTest, APageBecomesANewDocumentWithTwoEqualStates) {
-    // Found, connected, asked, read.
-    const DialogScript script({Waits(), Waits(), Scans([] {
-                                   frmScan->cboResolution.ListIndex(2); // 100 dots an inch
-                                   Area(51, 25);
-                               }),
-                               Waits()});
-    mnuFileAquire_Click();
-    ASSERT_EQ(ImageCount, 1);
+    ScanPiece([] {});
     const auto& image = static_cast<frmImage&>(*frmMain->ActiveForm());
-    EXPECT_NEAR(image.PicMerge.Width(), 51 / 25.4 * 100, 1);
-    EXPECT_NEAR(image.PicMerge.Height(), 25 / 25.4 * 100, 1);
     EXPECT_EQ(CornerOf(image), kWhite);
     EXPECT_EQ(EntriesOf(image.ListBUorder), (std::vector<std::string>{"0", "1"}));
     EXPECT_EQ(image.Caption(), "Untitled.bmp");
@@ -116,20 +113,12 @@ TEST_F(ScanTest, APageBecomesANewDocumentWithTwoEqualStates) {
 // The area counts from the corner of the glass, wherever the device has its zero.
 TEST_F(ScanTest, AGlassThatBeginsElsewhereGivesTheAreaThatWasAskedFor) {
     Configure(1, "geometry_min 40\n");
-    const DialogScript script({Waits(), Waits(), Scans([] {
-                                   EXPECT_EQ(frmScan->txtWidth.Text(), "160");
-                                   EXPECT_EQ(frmScan->txtHeight.Text(), "160");
-                                   frmScan->cboResolution.ListIndex(2); // 100 dots an inch
-                                   frmScan->VSLeft.Value(frmScan->VSLeft.Max() - 20);
-                                   frmScan->VSTop.Value(frmScan->VSTop.Max() - 30);
-                                   Area(51, 25);
-                               }),
-                               Waits()});
-    mnuFileAquire_Click();
-    ASSERT_EQ(ImageCount, 1);
-    const auto& image = static_cast<frmImage&>(*frmMain->ActiveForm());
-    EXPECT_NEAR(image.PicMerge.Width(), 51 / 25.4 * 100, 1);
-    EXPECT_NEAR(image.PicMerge.Height(), 25 / 25.4 * 100, 1);
+    ScanPiece([] {
+        EXPECT_EQ(frmScan->txtWidth.Text(), "160");
+        EXPECT_EQ(frmScan->txtHeight.Text(), "160");
+        frmScan->VSLeft.Value(frmScan->VSLeft.Max() - 20);
+        frmScan->VSTop.Value(frmScan->VSTop.Max() - 30);
+    });
 }
 
 TEST_F(ScanTest, ACancelledDialogOpensNothingAndSaysSo) {

@@ -45,8 +45,7 @@ TEST_F(CloseTest, AnEditedDocumentIsAskedFor) {
     const DialogScript script({PressesButton("Não")});
     EXPECT_TRUE(image.Unload());
     EXPECT_EQ(script.Dialog(0),
-              (DialogScript::Seen{"question", "VALMERO Multimédia",
-                                  "Pretende Salvar as alterações para Imagem 1 ?", "Sim|Não|Cancelar"}));
+              Message("question", "Pretende Salvar as alterações para Imagem 1 ?", "Sim|Não|Cancelar"));
     EXPECT_EQ(ImageCount, 0);
 }
 

@@ -172,11 +172,9 @@ TEST_F(UndoTest, UndoOfALostStateLeavesImageAndCursorAndSaysWhy) {
     const DialogScript script({PressesButton("OK")});
     EXPECT_EQ(Undo(image), kB);
     EXPECT_EQ(script.Dialog(0),
-              (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
-                                  "Não consegui ler o estado guardado. A imagem fica como está.\n\n"
-                                  "Ficheiro não encontrado: " +
-                                      image.ListBackup.List(0),
-                                  "OK"}));
+              Message("exclamation", "Não consegui ler o estado guardado. A imagem fica como está.\n\n"
+                                     "Ficheiro não encontrado: " +
+                                         image.ListBackup.List(0)));
     EXPECT_EQ(image.ListBUorder.ListIndex(), 1);
     EXPECT_EQ(image.PicMerge.Width(), 40);
     EXPECT_EQ(image.Width(), width);

@@ -4,17 +4,15 @@
 #include "imageops/FloatingPieces.h"
 #include "support/DialogScript.h"
 #include "support/Documents.h"
+#include "support/LineMenu.h"
 #include "support/Pictures.h"
 #include "support/Program.h"
 
 #include "surface/window/Inputs.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QLineEdit>
-#include <QMenu>
 
 namespace pintalux {
 
@@ -39,14 +37,7 @@ class ImageDialogTest : public ProgramTest {
         auto& line = dynamic_cast<QLineEdit&>(WidgetFor(box));
         QApplication::clipboard()->setText(QString::fromStdString(text));
         line.selectAll();
-        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, line.mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(&line, &event);
-        auto* menu = line.findChild<QMenu*>();
-        ASSERT_NE(menu, nullptr);
-        for (QAction* action : menu->actions())
-            if (action->text().startsWith("C&olar")) action->trigger();
-        delete menu;
-        QApplication::sendPostedEvents(&line, QEvent::MetaCall); // the paste itself
+        PasteByMenu(line);
     }
 
     /// The dialog from its menu item, with this done in it. Leaves by "Cancelar" if the act did not.

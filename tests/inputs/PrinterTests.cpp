@@ -2,7 +2,7 @@
 
 #include "inputs/ByHand.h"
 #include "support/DialogScript.h"
-#include "support/OrdinaryUser.h"
+#include "system/Sandbox.h"
 
 #include <filesystem>
 #include <fstream>
@@ -67,9 +67,7 @@ TEST_F(PrinterTest, APageThatCannotBeBegunLeavesNothingAndTheNextOnePrints) {
     std::filesystem::create_directory(temporary);
     for (const std::string& open : {folder, temporary})
         std::filesystem::permissions(open, std::filesystem::perms::all);
-    const char* const before = std::getenv("TMPDIR");
-    const std::string kept = before == nullptr ? "" : before;
-    ::setenv("TMPDIR", temporary.c_str(), 1);
+    const Variable where("TMPDIR", temporary);
     Printer().PrintToFileForTests(file);
     const auto print = [] { Printer().PaintPicture(Picture(100, 50, 0x0000FF), 0, 0, 1500, 750); };
     {
@@ -85,7 +83,6 @@ TEST_F(PrinterTest, APageThatCannotBeBegunLeavesNothingAndTheNextOnePrints) {
     Printer().EndDoc();
     EXPECT_EQ(StartOf(file), "%PDF");
     EXPECT_TRUE(std::filesystem::is_empty(temporary));
-    before == nullptr ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", kept.c_str(), 1);
 }
 
 TEST_F(PrinterTest, APageThatFailsOnItsWayIsDroppedAndTheNextOneBeginsAnew) {

@@ -102,36 +102,6 @@ TEST_F(ScrollBarTest, ChangeMayAssignTheValueAgain) {
     EXPECT_EQ(Widget().value(), 3);
 }
 
-// Beside a text box a bar is two arrows, which meet in its middle.
-TEST_F(ScrollBarTest, AShortBarIsTwoHalvesToClick) {
-    bar.Max(100);
-    bar.Value(50);
-    bar.Move(0, 0, 17 * 15, 26 * 15);
-    const auto click = [this](int y) {
-        const int before = bar.Value();
-        ClickAt(Widget(), QPointF(8, y));
-        return bar.Value() - before;
-    };
-    EXPECT_EQ(click(0), -1);
-    EXPECT_EQ(click(12), -1);
-    EXPECT_EQ(click(13), 1);
-    EXPECT_EQ(click(25), 1);
-}
-
-TEST_F(ScrollBarTest, AShortLyingBarIsTwoHalvesToClick) {
-    ScrollBar lying{window, "HSred", ScrollBar::Direction::Horizontal};
-    lying.Max(100);
-    lying.Value(50);
-    lying.Move(0, 0, 26 * 15, 17 * 15);
-    const auto click = [&lying](int x) {
-        const int before = lying.Value();
-        ClickAt(ToolkitOf<QScrollBar>(lying), QPointF(x, 8));
-        return lying.Value() - before;
-    };
-    EXPECT_EQ(click(12), -1);
-    EXPECT_EQ(click(13), 1);
-}
-
 TEST_F(ScrollBarTest, ShrinkingTheRangeMovesTheValueAndRunsChange) {
     bar.Value(200);
     bar.Max(100);
@@ -202,7 +172,8 @@ TEST_F(ScrollBarTest, ShortBarIsTwoArrows) {
     EXPECT_EQ(changes, (std::vector<int>{254, 255}));
 }
 
-/// A short bar on its own colours, standing or lying: what it shows and does along its length.
+/// A bar beside a text box is two arrows, which meet in its middle: what it shows and does along its length,
+/// on its own colours, standing or lying.
 class ShortBarTest : public ScrollBarTest {
   protected:
     void Make(bool upright, int length) {
@@ -238,6 +209,7 @@ TEST_F(ShortBarTest, TheHalfThatIsPressedIsTheOneThatActs) {
                 Mouse(*WidgetOf(*turned), QEvent::MouseButtonPress, place);
                 const bool first = turned->Value() < before;
                 EXPECT_NE(turned->Value(), before);
+                EXPECT_EQ(first, at < length / 2);
                 EXPECT_EQ(pressed(3), first);
                 EXPECT_EQ(pressed(length - 4), !first);
                 Mouse(*WidgetOf(*turned), QEvent::MouseButtonRelease, place);

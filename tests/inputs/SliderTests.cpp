@@ -37,32 +37,35 @@ TEST(Slider, AssignmentRunsChangeOnlyWhenItChanges) {
     EXPECT_EQ(slider.Value(), 50);
 }
 
-TEST(Slider, ItsValueStandsAtTheRightEndOfALabel) {
+/// A slider that shows its value in a label.
+class LabelledSliderTest : public testing::Test {
+  protected:
+    LabelledSliderTest() {
+        label.Move(10, 10, 1800, 300);
+        slider.ShowValueIn(label);
+    }
+    const QLabel& Beside() { return *ToolkitOf<QLabel>(label).findChild<QLabel*>(); }
+
     TestWindow window;
-    Label label(window, "Label1", "RAIO");
-    label.Move(10, 10, 120, 20);
-    Slider slider(window, "Slider1", 1, 100);
-    slider.ShowValueIn(label);
-    const auto& beside = *ToolkitOf<QLabel>(label).findChild<QLabel*>();
+    Label label{window, "Label1", "RAIO"};
+    Slider slider{window, "Slider1", 1, 100};
+};
+
+TEST_F(LabelledSliderTest, ItsValueStandsAtTheRightEndOfTheLabel) {
+    const QLabel& beside = Beside();
     EXPECT_EQ(beside.text(), "1");
     slider.Value(42);
     EXPECT_EQ(beside.text(), "42");
     ToolkitOf<QSlider>(slider).setValue(100);
     EXPECT_EQ(beside.text(), "100");
     EXPECT_EQ(label.Caption(), "RAIO");
-    label.Width(200);
+    label.Width(3000);
     EXPECT_EQ(beside.geometry().right(), ToolkitOf<QLabel>(label).rect().right());
     EXPECT_EQ(beside.width(), beside.sizeHint().width()) << "the caption keeps its room";
 }
 
-TEST(Slider, ThePointerOverItsValueIsOverTheLabel) {
-    TestWindow window;
-    Label label(window, "Label1", "RAIO");
-    label.Move(10, 10, 1800, 300);
-    Slider slider(window, "Slider1", 1, 100);
-    slider.ShowValueIn(label);
-    const auto& beside = *ToolkitOf<QLabel>(label).findChild<QLabel*>();
-    EXPECT_EQ(WidgetOf(window)->childAt(beside.mapTo(WidgetOf(window), beside.rect().center())),
+TEST_F(LabelledSliderTest, ThePointerOverTheValueIsOverTheLabel) {
+    EXPECT_EQ(WidgetOf(window)->childAt(Beside().mapTo(WidgetOf(window), Beside().rect().center())),
               WidgetOf(label));
 }
 

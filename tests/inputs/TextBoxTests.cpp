@@ -1,14 +1,12 @@
 #include "inputs/ByHand.h"
+#include "support/LineMenu.h"
 #include "surface/system/ClipboardData_native.h"
 #include "surface/window/Inputs.h"
 #include "surface/window/TextPaste_native.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPointer>
 #include <vector>
 
@@ -39,18 +37,6 @@ class OtherProgram {
 void ClickMiddle(QLineEdit& line, int x) {
     Mouse(line, QEvent::MouseButtonPress, {x, line.height() / 2}, Qt::MiddleButton);
     Mouse(line, QEvent::MouseButtonRelease, {x, line.height() / 2}, Qt::MiddleButton);
-}
-
-/// Opens the menu of a line, and takes its item for pasting.
-void PasteByMenu(QLineEdit& line) {
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, line.mapToGlobal(QPoint(5, 5)));
-    QApplication::sendEvent(&line, &event);
-    auto* menu = line.findChild<QMenu*>();
-    ASSERT_NE(menu, nullptr);
-    for (QAction* action : menu->actions())
-        if (action->text().startsWith("C&olar")) action->trigger();
-    menu->close();
-    QApplication::processEvents();
 }
 
 /// A text box, and the texts that its `Change` saw.
@@ -178,7 +164,7 @@ TEST_F(TextBoxTest, TheMiddleButtonPastesWhatIsMarkedWhereItIsPressed) {
     EXPECT_EQ(told.size(), 2U);
 }
 
-// The other program may take its time, and the end of the session closes the window meanwhile.
+// The other program may take its time, and a log-out closes the window meanwhile.
 TEST_F(TextBoxTest, ATextThatComesForABoxThatIsGoneIsDropped) {
     for (const auto& paste :
          {std::function<void(QLineEdit&)>([](QLineEdit& line) { ClickMiddle(line, 1); }),

@@ -338,8 +338,7 @@ TEST_F(ClipTrayTest, ClearAsksAndNoKeepsEverything) {
     const DialogScript script({PressesButton("Não")});
     ClickWidget(WidgetFor(frmMain->cmdClear));
     EXPECT_EQ(script.Dialog(0),
-              (DialogScript::Seen{"question", "VALMERO Multimédia",
-                                  "Tem certeza que deseja limpar a area de transferência ?", "Sim|Não"}));
+              Message("question", "Tem certeza que deseja limpar a area de transferência ?", "Sim|Não"));
     EXPECT_EQ(Filled(), 2);
     EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP));
 }

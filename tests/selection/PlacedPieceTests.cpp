@@ -541,27 +541,19 @@ TEST_F(PlacedPieceTest, AColourStepWhileAPathIsDrawnKeepsNoDashes) {
 }
 
 TEST_F(PlacedPieceTest, AMergeInTheMiddleOfADragEndsTheDrag) {
-    frmImage& image = OpenRandom(120, 90);
-    CopyMode();
-    Lasso(image);
-    PicFreeSelect_MouseDown(image);
-    EXPECT_TRUE(image.TimerFS.Enabled());
-    pintalux::Choose(frmMain->mnuFileSave);
-    EXPECT_FALSE(image.TimerFS.Enabled());
-    EXPECT_EQ(image.PicFreeSelect.ScaleMode(), kScalePixels);
-    ExpectSamePixels(LoadPicture(image.AFCurfile), Before());
-}
-
-TEST_F(PlacedPieceTest, AMergeInTheMiddleOfADragOfARectangleEndsTheDrag) {
-    frmImage& image = OpenRandom(120, 90);
-    CopyMode();
-    SelectRectangle(image, 20, 10, 60, 40);
-    PicSelect_MouseDown(image);
-    EXPECT_TRUE(image.Timer1.Enabled());
-    pintalux::Choose(frmMain->mnuFileSave);
-    EXPECT_FALSE(image.Timer1.Enabled());
-    EXPECT_EQ(image.PicSelect.ScaleMode(), kScalePixels);
-    ExpectSamePixels(LoadPicture(image.AFCurfile), Before());
+    for (const bool shape : {true, false}) {
+        SCOPED_TRACE(shape ? "shape" : "rectangle");
+        frmImage& image = OpenRandom(120, 90);
+        CopyMode();
+        shape ? Lasso(image) : SelectRectangle(image, 20, 10, 60, 40);
+        shape ? PicFreeSelect_MouseDown(image) : PicSelect_MouseDown(image);
+        const Timer& follows = shape ? image.TimerFS : image.Timer1;
+        EXPECT_TRUE(follows.Enabled());
+        pintalux::Choose(frmMain->mnuFileSave);
+        EXPECT_FALSE(follows.Enabled());
+        EXPECT_EQ((shape ? image.PicFreeSelect : image.PicSelect).ScaleMode(), kScalePixels);
+        ExpectSamePixels(LoadPicture(image.AFCurfile), Before());
+    }
 }
 
 } // namespace

@@ -144,10 +144,8 @@ TEST_F(RecentFilesTest, AVanishedFileGivesTwoMessagesAndItsEntryGoes) {
     std::filesystem::remove(File("b.bmp"));
     const DialogScript script({PressesButton("OK"), PressesButton("OK")});
     Choose(frmMain->mnuFileMRU(1));
-    EXPECT_EQ(script.Dialog(0), (DialogScript::Seen{"exclamation", "VALMERO Multimédia",
-                                                    "b.bmp foi movida ou apagada.", "OK"}));
-    EXPECT_EQ(script.Dialog(1),
-              (DialogScript::Seen{"none", "VALMERO Multimédia", "Não encontrei o ficheiro.", "OK"}));
+    EXPECT_EQ(script.Dialog(0), Message("exclamation", "b.bmp foi movida ou apagada."));
+    EXPECT_EQ(script.Dialog(1), Message("none", "Não encontrei o ficheiro."));
     EXPECT_EQ(Shown(), (Names{"c.bmp", "a.bmp"}));
     EXPECT_EQ(Stored(1), "(none)");
     EXPECT_EQ(Stored(2), File("a.bmp"));

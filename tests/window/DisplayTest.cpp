@@ -7,29 +7,12 @@
 
 #include <QBackingStore>
 #include <QImage>
-#include <QPaintEvent>
 #include <QScreen>
 #include <QTransform>
 #include <QWindow>
 
 namespace pintalux {
 namespace {
-
-/// Adds up what the toolkit has a widget paint.
-class PaintedArea : public QObject {
-  public:
-    explicit PaintedArea(QWidget* widget) : QObject(widget) { widget->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != QEvent::Paint) return false;
-        for (const QRect& rect : static_cast<QPaintEvent*>(event)->region()) {
-            region += rect;
-            pixels += rect.width() * rect.height();
-        }
-        return false;
-    }
-    QRegion region;
-    int pixels = 0; ///< Those painted twice count twice.
-};
 
 QRgb Screened(Pixel pixel) {
     return qRgb(static_cast<int>(pixel & 0xFF), static_cast<int>(pixel >> 8 & 0xFF),
@@ -82,6 +65,14 @@ class DisplayTest : public testing::Test {
         form.Show();
         ASSERT_TRUE(WaitFor([] { return FindWidget("plain")->windowHandle()->isExposed(); }));
         LetEventsRun();
+    }
+    /// The window with the outline in front of a white picture.
+    void ShowShape(double left, double top, double width, double height) {
+        display.Picture(Picture(600, 500, 0xFFFFFF));
+        shape.Move(left, top, width, height);
+        shape.Visible(true);
+        shape.BringToFront();
+        Show();
     }
     static QImage Shown() { return ShownBy("panel"); }
     PlainForm form;
@@ -410,11 +401,7 @@ TEST_F(DisplayTest, MovedLinePaintsOldAndNewPlaceOnly) {
 }
 
 TEST_F(DisplayTest, ShapeOutlinesItsBox) {
-    display.Picture(Picture(600, 500, 0xFFFFFF));
-    shape.Move(10, 20, 30, 40);
-    shape.Visible(true);
-    shape.BringToFront();
-    Show();
+    ShowShape(10, 20, 30, 40);
     const QImage shown = Shown();
     EXPECT_EQ(InvertedPixels(shown, QRect(0, 0, 600, 500)), 2 * 30 + 2 * 38);
     EXPECT_EQ(shown.pixel(10, 20), 0xFF000000u);
@@ -441,11 +428,7 @@ TEST_F(DisplayTest, ABorderIsOneWholeDevicePixelAtEveryScale) {
 }
 
 TEST_F(DisplayTest, ABandIsAsThickEverywhereAtEveryScale) {
-    display.Picture(Picture(600, 500, 0xFFFFFF));
-    shape.Move(11, 21, 31, 41);
-    shape.Visible(true);
-    shape.BringToFront();
-    Show();
+    ShowShape(11, 21, 31, 41);
     const QImage shown = DeviceShot("panel");
     const double scale = shown.devicePixelRatio();
     const int thick = std::max(1, static_cast<int>(scale));
@@ -503,23 +486,15 @@ TEST_F(DisplayTest, APanelHasTheColourOfTheDesktopWhateverItsBitmap) {
 }
 
 TEST_F(DisplayTest, SquareIsCentredInItsBox) {
-    display.Picture(Picture(600, 500, 0xFFFFFF));
-    shape.Move(0, 0, 100, 40);
     shape.Shape(1);
-    shape.Visible(true);
-    shape.BringToFront();
-    Show();
+    ShowShape(0, 0, 100, 40);
     EXPECT_EQ(Shown().pixel(30, 0), 0xFF000000u);
     EXPECT_EQ(Shown().pixel(69, 39), 0xFF000000u);
     EXPECT_EQ(Shown().pixel(29, 0), 0xFFFFFFFFu);
 }
 
 TEST_F(DisplayTest, AnOvalTouchesTheSidesOfItsBoxAndACircleThoseOfASquareWithin) {
-    display.Picture(Picture(600, 500, 0xFFFFFF));
-    shape.Move(10, 20, 101, 41);
-    shape.Visible(true);
-    shape.BringToFront();
-    Show();
+    ShowShape(10, 20, 101, 41);
     for (const int kind : {2, 3}) {
         shape.Shape(kind);
         const QImage shown = DeviceShot("panel");

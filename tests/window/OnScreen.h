@@ -1,9 +1,10 @@
-// What stands on the screen of the window "plain".
+// What stands on the screen of the window "plain", and what is painted for it.
 #pragma once
 
 #include "window/WindowTest.h"
 
 #include <QBackingStore>
+#include <QPaintEvent>
 #include <QScreen>
 #include <QWindow>
 
@@ -27,5 +28,21 @@ inline QImage DeviceScreen() {
 inline QImage OnScreen() {
     return DeviceScreen().scaled(FindWidget("plain")->size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
 }
+
+/// Adds up what the toolkit has a widget paint.
+class PaintedArea : public QObject {
+  public:
+    explicit PaintedArea(QWidget* widget) : QObject(widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Paint) return false;
+        for (const QRect& rect : static_cast<QPaintEvent*>(event)->region()) {
+            region += rect;
+            pixels += rect.width() * rect.height();
+        }
+        return false;
+    }
+    QRegion region;
+    int pixels = 0; ///< Those painted twice count twice.
+};
 
 } // namespace pintalux

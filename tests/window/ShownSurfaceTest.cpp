@@ -1,22 +1,9 @@
 // A surface that draws on the screen alone: what it brings back is painted without being asked.
 #include "surface/window/Surface.h"
-#include "window/WindowTest.h"
-
-#include <QPaintEvent>
+#include "window/OnScreen.h"
 
 namespace pintalux {
 namespace {
-
-/// What the toolkit has a widget paint.
-class Painted : public QObject {
-  public:
-    explicit Painted(QWidget* widget) : QObject(widget) { widget->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
-        return false;
-    }
-    QRegion region;
-};
 
 TEST(ShownSurface, WhatItBringsBackWithoutAutoRedrawIsPainted) {
     PlainForm form;
@@ -27,7 +14,7 @@ TEST(ShownSurface, WhatItBringsBackWithoutAutoRedrawIsPainted) {
     form.Show();
     ASSERT_TRUE(WaitFor([] { return FindWidget("surface")->isVisible(); }));
     LetEventsRun();
-    Painted painted(FindWidget("surface"));
+    PaintedArea painted(FindWidget("surface"));
     const auto paintedBy = [&](const std::function<void()>& act) {
         surface.PSet(50, 50, 0x0000FF);
         LetEventsRun();

@@ -1,11 +1,11 @@
 // The program with a scanner of the tests' own.
 #pragma once
 
+#include "devices/EndScanning.h"
 #include "devices/fake/FakeScanner.h"
 #include "devices/modTwain.h"
 #include "devices/sane/SaneCalls.h"
 #include "devices/sane/Scanner.h"
-#include "devices/ScanJob.h"
 #include "support/Program.h"
 
 namespace pintalux {
@@ -20,12 +20,7 @@ class FakeScannerTest : public ProgramTest {
         EndSane();
     }
     void TearDown() override {
-        // Behind the device of the scan before, which nobody else waits for.
-        const auto last = std::make_shared<ScanJob>();
-        last->work = [](ScanJob&) {};
-        pintalux::Start(last);
-        EXPECT_TRUE(WaitFor([&last] { return last->done.load(); }));
-        EndSane();
+        EndScanning();
         ProgramTest::TearDown();
     }
 

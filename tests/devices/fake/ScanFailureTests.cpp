@@ -23,9 +23,7 @@ class ScanFailureTest : public FakeScannerTest {
         TheScanPatience = {std::chrono::seconds(20), 0}; // nothing takes long: no wait shows its window
         Start();
     }
-    static DialogScript::Seen Told(const std::string& text) {
-        return {"exclamation", "VALMERO Multimédia", text, "OK"};
-    }
+    static DialogScript::Seen Told(const std::string& text) { return Message("exclamation", text); }
 };
 
 TEST_F(ScanFailureTest, ALibraryThatDoesNotStartIsToldAndTriedAgain) {
