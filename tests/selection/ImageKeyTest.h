@@ -10,6 +10,12 @@ namespace pintalux {
 
 class ImageKeyTest : public SelectionTest {
   protected:
+    /// A document that is larger than its window, with its view laid out.
+    frmImage& LargeDocument(int height = 1200) {
+        frmImage& image = NewDocument(1500, height);
+        PassEvents();
+        return image;
+    }
     static void Send(frmImage& image, QEvent::Type type, int key, Qt::KeyboardModifiers held, bool repeated) {
         QKeyEvent event(type, key, held, QString(), repeated);
         QCoreApplication::sendEvent(&WidgetFor(image.Image1), &event);

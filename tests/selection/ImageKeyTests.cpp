@@ -44,8 +44,7 @@ TEST_F(ImageKeyTest, TheCrossBeginsInTheMiddleOfWhatIsSeen) {
     EXPECT_EQ(small.crossX, 31);
     EXPECT_EQ(small.crossY, 20);
     for (const int level : {15, 16}) {
-        frmImage& image = NewDocument(1500, 1200);
-        PassEvents();
+        frmImage& image = LargeDocument();
         ZoomToLevel(level);
         image.HS.Value(300);
         image.VS.Value(200);
@@ -126,8 +125,7 @@ TEST_F(ImageKeyTest, InAReducedViewTheCrossStepsByAPixelOfTheView) {
 }
 
 TEST_F(ImageKeyTest, TheViewFollowsTheCross) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
+    frmImage& image = LargeDocument();
     Choose("Pen");
     GoTo(image, 3, 3);
     Tap(image, Qt::Key_End);
@@ -141,8 +139,7 @@ TEST_F(ImageKeyTest, TheViewFollowsTheCross) {
 }
 
 TEST_F(ImageKeyTest, PagesAreAsHighAsWhatIsSeenAndHomeAndEndGoToTheSides) {
-    frmImage& image = NewDocument(1500, 3000);
-    PassEvents();
+    frmImage& image = LargeDocument(3000);
     Choose("Pen");
     struct Zoom {
         int level, pixels, views; // so many view pixels show so many of the image
@@ -177,8 +174,7 @@ TEST_F(ImageKeyTest, PagesAreAsHighAsWhatIsSeenAndHomeAndEndGoToTheSides) {
 }
 
 TEST_F(ImageKeyTest, PlusAndMinusZoomAtTheCross) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
+    frmImage& image = LargeDocument();
     Choose("Pen");
     GoTo(image, 700, 600);
     Tap(image, Qt::Key_Right);

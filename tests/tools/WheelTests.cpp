@@ -11,8 +11,7 @@ using WheelTest = ImageKeyTest;
 constexpr int kNotch = 120;
 
 TEST_F(WheelTest, TheWheelScrollsAndWithShiftSideways) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
+    frmImage& image = LargeDocument();
     Turn(image.Image1, {100, 100}, {0, -kNotch});
     EXPECT_EQ(image.VS.Value(), 60);
     EXPECT_EQ(image.PicBG.Top(), -60);
@@ -27,8 +26,7 @@ TEST_F(WheelTest, TheWheelScrollsAndWithShiftSideways) {
 }
 
 TEST_F(WheelTest, FineStepsAddUp) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
+    frmImage& image = LargeDocument();
     for (int i = 0; i < 7; ++i)
         Turn(image.Image1, {100, 100}, {0, -1}); // half a pixel each
     EXPECT_EQ(image.VS.Value(), 3);
@@ -41,8 +39,7 @@ TEST_F(WheelTest, FineStepsAddUp) {
 
 // A touch pad sends turns along one way between those along the other.
 TEST_F(WheelTest, FineStepsOfOneWayOutlastThoseOfTheOther) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
+    frmImage& image = LargeDocument();
     for (int i = 0; i < 6; ++i) {
         Turn(image.Image1, {100, 100}, {0, -1});
         Turn(image.Image1, {100, 100}, {-1, 0});
@@ -57,8 +54,7 @@ TEST_F(WheelTest, FineStepsOfOneWayOutlastThoseOfTheOther) {
 }
 
 TEST_F(WheelTest, ATurnBackBeginsAnew) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
+    frmImage& image = LargeDocument();
     Turn(image.Image1, {100, 100}, {0, -kNotch});
     Turn(image.Image1, {100, 100}, {0, -1}); // half a pixel down
     Turn(image.Image1, {100, 100}, {0, 2});  // a whole one up
@@ -69,8 +65,7 @@ TEST_F(WheelTest, ATurnBackBeginsAnew) {
 }
 
 TEST_F(WheelTest, WithCtrlItZoomsAtThePointer) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
+    frmImage& image = LargeDocument();
     image.HS.Value(300);
     image.VS.Value(200);
     // The pixel 400, 260 lies under the pointer at 100, 60 of the view.
@@ -113,8 +108,7 @@ TEST_F(WheelTest, TheWheelTreatsWhatFloatsAsTheZoomMenuDoes) {
 }
 
 TEST_F(WheelTest, DuringAStrokeByKeysTheWheelStandsStill) {
-    frmImage& image = NewDocument(1500, 1200);
-    PassEvents();
+    frmImage& image = LargeDocument();
     Choose("Line");
     GoTo(image, 50, 50);
     Down(image, Qt::Key_Space);
