@@ -4,6 +4,8 @@
 #include "support/Documents.h"
 #include "support/Program.h"
 
+#include <QImage>
+#include <QWidget>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -22,6 +24,14 @@ class RulerTest : public ProgramTest {
     static bool Shows(const frmImage& image, bool shown) {
         return WaitFor(
             [&] { return image.TopRuler.Visible() == shown && image.LeftRuler.Visible() == shown; });
+    }
+    /// Whether anything black stands in a part of a ruler as it is shown.
+    static bool Inked(const Display& ruler, const QRect& part) {
+        const QImage shown = WidgetFor(ruler).grab(part).toImage();
+        for (int y = 0; y < shown.height(); ++y)
+            for (int x = 0; x < shown.width(); ++x)
+                if (qGray(shown.pixel(x, y)) < 100) return true;
+        return false;
     }
 };
 
@@ -59,6 +69,9 @@ TEST_F(RulerTest, NumbersStandAtTheirMarks) {
     ASSERT_TRUE(Shows(image, true));
     EXPECT_EQ(numbersOf(image.PicTrule), (Numbers{{45, 5, "50"}, {93, 5, "100"}}));
     EXPECT_EQ(numbersOf(image.PicLrule), (Numbers{{5, 45, "50"}}));
+    EXPECT_TRUE(Inked(image.ImgTrule, QRect(45, 5, 10, 10)) && Inked(image.ImgTrule, QRect(93, 5, 15, 10)));
+    EXPECT_TRUE(Inked(image.ImgLrule, QRect(5, 45, 10, 15)));
+    EXPECT_FALSE(Inked(image.ImgTrule, QRect(60, 5, 30, 9)) || Inked(image.ImgLrule, QRect(5, 5, 15, 35)));
     Choose(frmMain->mnuZoomInX(15));
     const Numbers across = numbersOf(image.PicTrule);
     ASSERT_EQ(across.size(), 24U);

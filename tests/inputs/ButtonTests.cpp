@@ -243,9 +243,14 @@ TEST(PressedByKeys, AFrameShowsTheFocusAndScreenReadersPress) {
         pressed = 0;
         spoken->actionInterface()->doAction(names[0]);
         EXPECT_EQ(pressed, 1);
+        // Enter and the space bar, not with Ctrl, and once while they are held; other keys go on.
+        EXPECT_TRUE(control->Key({13}) && control->Key({32}) && control->Key({13, kShiftMask}));
+        EXPECT_TRUE(control->Key({13, 0, true}));
+        EXPECT_FALSE(control->Key({13, kCtrlMask}) || control->Key({65}));
+        EXPECT_EQ(pressed, 4);
         control->Enabled(false);
         spoken->actionInterface()->doAction(names[0]);
-        EXPECT_EQ(pressed, 1);
+        EXPECT_EQ(pressed, 4);
     }
 }
 

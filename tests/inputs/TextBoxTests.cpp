@@ -182,6 +182,23 @@ TEST_F(TextBoxTest, ATextThatComesForABoxThatIsGoneIsDropped) {
     }
 }
 
+// A menu that opens over the box and closes again is no change of the focus for the form.
+TEST_F(TextBoxTest, TheFocusThatAMenuBorrowsIsNotTold) {
+    std::vector<std::string> told;
+    box.GotFocus = [&] { told.emplace_back("got"); };
+    box.LostFocus = [&] { told.emplace_back("lost"); };
+    const auto send = [this](QEvent::Type type, Qt::FocusReason reason) {
+        QFocusEvent event(type, reason);
+        QApplication::sendEvent(&Line(), &event);
+    };
+    send(QEvent::FocusIn, Qt::TabFocusReason);
+    send(QEvent::FocusOut, Qt::PopupFocusReason);
+    send(QEvent::FocusIn, Qt::PopupFocusReason);
+    EXPECT_EQ(told, std::vector<std::string>{"got"});
+    send(QEvent::FocusOut, Qt::TabFocusReason);
+    EXPECT_EQ(told, (std::vector<std::string>{"got", "lost"}));
+}
+
 TEST_F(TextBoxTest, LinesOfTheToolkitsDialogsPasteTheSameWay) {
     QLineEdit line(WidgetOf(window));
     line.setGeometry(0, 100, 200, 30);

@@ -1,4 +1,5 @@
 // Cut, copy, paste, paste as new.
+#include "document/Selection.h"
 #include "imageops/ImageCommands.h"
 #include "selection/ClipTray.h"
 #include "selection/EditCommands.h"
@@ -112,10 +113,12 @@ TEST_F(EditTest, CopyWithNothingFloatingNeverTurnsTheImageBack) {
     SelectPath(image, BoxPath(1, 10, 10, 30, 30));
     Choose("Select"); // hides the piece
     Edit(image, 0x00FF00);
-    mnuEditCopy_Click();
-    ExpectSamePixels(ImageOf(image), Solid(60, 40, 0x00FF00));
-    mnuEditCut_Click();
-    ExpectSamePixels(ImageOf(image), Solid(60, 40, 0x00FF00));
+    for (const auto command : {mnuEditCopy_Click, mnuEditCut_Click}) {
+        EnableCutAndCopy(true); // for another document, say
+        command();
+        ExpectSamePixels(ImageOf(image), Solid(60, 40, 0x00FF00));
+        EXPECT_FALSE(CutAndCopyEnabled());
+    }
 }
 
 TEST_F(EditTest, PasteAtTwoToOneFloatsAtTwiceTheSize) {

@@ -458,6 +458,7 @@ TEST_F(ImageKeyTest, WhatTakesTheFocusAwayRecordsTheStroke) {
 TEST_F(ImageKeyTest, ADocumentThatClosesDuringAStrokeAsksForIt) {
     frmPrefs->Check4.Value(0);
     frmImage& image = NewDocument(60, 40);
+    image.alreadysaved = true;
     Choose("Pen");
     GoTo(image, 20, 10);
     Down(image, Qt::Key_Space);

@@ -16,6 +16,7 @@ TEST(HelpWindow, OpensLargeEnoughToReadIn) {
     const QFontMetrics letters = text->fontMetrics();
     EXPECT_GE(text->width(), 60 * letters.averageCharWidth());
     EXPECT_GE(text->height(), 20 * letters.height());
+    EXPECT_EQ(FindWidget("helpText")->geometry(), window->rect()) << "the scroll bar stands at the edge";
     window->close();
     window->resize(500, 450);
     ShowHelpPage({"Ajuda", ":/none.html", "dialogs"});
