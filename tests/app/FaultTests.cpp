@@ -115,6 +115,7 @@ class FaultTest : public ProgramTest {
             int n = 1;
             while (!HasFailure() && Meets(way, fault, n, before, after))
                 ++n;
+            EXPECT_GT(n, 1) << fault.name << ": nothing was met";
             runs += n;
             EXPECT_EQ(Names(), names) << fault.name << ": something was left over";
         }

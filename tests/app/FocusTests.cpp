@@ -246,8 +246,9 @@ TEST_F(FocusTest, AQuestionStandsBesideItsOwnPicture) {
 TEST_F(FocusTest, TheKeysOfTheHandGoNoFurther) {
     frmImage& image = NewDocument(60, 40);
     Choose("Pen");
-    for (const int code : {37, 38, 39, 40, 33, 34, 35, 36, 32, 27, 107, 109})
+    for (const int code : {37, 38, 39, 40, 33, 34, 35, 36, 32, 27, 107, 109, 66, 67})
         EXPECT_TRUE(image.Image1.Key({code})) << code;
+    EXPECT_EQ(CurrentTool, kPenTool);
     for (const int code : {9, 16, 112})
         EXPECT_FALSE(image.Image1.Key({code})) << code;
     EXPECT_FALSE(image.Image1.KeyReleased({9}));
@@ -256,6 +257,12 @@ TEST_F(FocusTest, TheKeysOfTheHandGoNoFurther) {
 TEST_F(FocusTest, TheCrossGoesOnFromWhereThePointerWasLast) {
     frmImage& image = NewDocument(60, 40);
     Choose("Select");
+    image.Image1.MouseMove(0, 0, 90 * kTwipsPerPixel, 80 * kTwipsPerPixel); // beyond the image
+    EXPECT_EQ(image.crossX, 59);
+    EXPECT_EQ(image.crossY, 39);
+    image.Image1.MouseMove(0, 0, -90 * kTwipsPerPixel, -80 * kTwipsPerPixel);
+    EXPECT_EQ(image.crossX, 0);
+    EXPECT_EQ(image.crossY, 0);
     image.Image1.MouseMove(0, 0, 35 * kTwipsPerPixel, 12 * kTwipsPerPixel);
     Tap(image, Qt::Key_Right);
     EXPECT_EQ(image.crossX, 36);

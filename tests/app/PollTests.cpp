@@ -233,7 +233,9 @@ TEST_F(PollTest, UndoFollowsTheCursor) {
 TEST_F(PollTest, ADocumentWithoutStatesHasNoUndo) {
     frmImage& first = NewDocument(10, 10);
     Edit(first, 1);
-    ExpectUndo(true, false);
+    Edit(first, 2);
+    Choose(frmMain->mnuEditUndo);
+    ExpectUndo(true, true);
     NewImageWindow();
     Poll();
     ExpectUndo(false, false);

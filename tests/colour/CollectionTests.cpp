@@ -2,6 +2,8 @@
 #include "colour/ColourBoxTest.h"
 #include "support/DialogScript.h"
 
+#include <QComboBox>
+
 namespace pintalux {
 namespace {
 
@@ -170,6 +172,21 @@ TEST_F(CollectionTest, CancelledSaveWritesNothing) {
     DialogScript script({PressesEscape()});
     frmMain->SaveColors();
     EXPECT_TRUE(NamesIn(Folder("pictures")).empty());
+}
+
+TEST_F(CollectionTest, ItsDialogsShowCollectionsOnly) {
+    Collect(Several(2));
+    frmMain->CollectionAsked = true;
+    for (const auto command : {&ColourPanel::OpenColors, &ColourPanel::SaveColors}) {
+        const DialogScript script({[](QWidget& dialog) {
+            const auto& filters = *dialog.findChild<QComboBox*>("fileTypeCombo");
+            EXPECT_EQ(filters.count(), 1);
+            EXPECT_EQ(filters.currentText(), "Kelta Color Collection (*.klc)");
+            PressesEscape()(dialog);
+        }});
+        ((*frmMain).*command)();
+    }
+    EXPECT_EQ(CollectionCount, 2);
 }
 
 TEST_F(CollectionTest, UnsavedColoursAreAskedAbout) {

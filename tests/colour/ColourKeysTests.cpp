@@ -219,6 +219,21 @@ TEST_F(ColourKeysTest, AKeyThatActsGoesNoFurtherAndAllOthersDo) {
     }
 }
 
+TEST_F(ColourKeysTest, TheMarkAndThePreviewGoWithTheFocus) {
+    Collect({RGB(100, 110, 120), RGB(60, 70, 80)});
+    for (Control* part :
+         {static_cast<Control*>(&frmMain->Image1), static_cast<Control*>(&frmMain->ColorBox)}) {
+        SCOPED_TRACE(part->Name());
+        part->SetFocus();
+        Press(Qt::Key_Home);
+        EXPECT_TRUE(frmMain->ShCell.Visible());
+        EXPECT_NE(Working(), Current());
+        frmMain->txtRed.SetFocus();
+        EXPECT_FALSE(frmMain->ShCell.Visible());
+        EXPECT_EQ(Working(), Current());
+    }
+}
+
 TEST_F(ColourKeysTest, ShadesGoWithTheFocus) {
     frmMain->Image1.SetFocus();
     Press(Qt::Key_Menu);

@@ -1,4 +1,5 @@
 // The current colour and its six spinners.
+#include "colour/HslModel.h"
 #include "support/Documents.h"
 #include "support/Errors.h"
 #include "support/Program.h"
@@ -85,6 +86,18 @@ TEST_F(ColourPanelTest, RgbBarMovesColourAndHslSide) {
     EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(255, 128, 0));
     EXPECT_EQ(Shown(), (Texts{"255", "128", "0", "20", "240", "120"}));
     EXPECT_EQ(frmMain->lblColor.Caption(), "RGB: 255, 128, 0");
+}
+
+TEST_F(ColourPanelTest, EveryMoveOfABarMovesTheOtherSideAgain) {
+    frmMain->SetCurrentColour(kBlack);
+    frmMain->VSred.Value(0);
+    frmMain->VSblue.Value(0);
+    EXPECT_EQ(Shown(), (Texts{"255", "0", "255", "200", "240", "120"}));
+    frmMain->VShue.Value(240 - 80);
+    frmMain->VShue.Value(240);
+    const std::int32_t red = model::ToRgb({0, 240, 120});
+    EXPECT_EQ(frmMain->TheColor.BackColor(), red);
+    EXPECT_EQ(Bars(), (Numbers{red % 256, red / 256 % 256, red / 65536, 0, 240, 120}));
 }
 
 TEST_F(ColourPanelTest, HslBarMovesColourAndRgbSideAndStaysAsSet) {

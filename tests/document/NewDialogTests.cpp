@@ -185,18 +185,20 @@ TEST_F(NewDialogTest, ASizeBelow1IsRefusedAndLeavesTheDocumentAlone) {
 }
 
 TEST_F(NewDialogTest, ASizeOver32000IsTooLargeThough32767WasNamed) {
-    InNew(
-        [] {
-            EnterSize(32001, 2);
-            PressOk();
-            EXPECT_TRUE(frmNew.Loaded());
-            EnterSize(32000, 2);
-            PressOk();
-        },
-        {PressesButton("OK")});
-    EXPECT_EQ(message, Message("critical", "Imagem muito Grande !"));
-    EXPECT_EQ(Image().PicMerge.Width(), 32000);
-    EXPECT_EQ(Image().PicMerge.Height(), 2);
+    for (const bool wide : {true, false}) {
+        InNew(
+            [wide] {
+                EnterSize(wide ? 32001 : 2, wide ? 2 : 32001);
+                PressOk();
+                EXPECT_TRUE(frmNew.Loaded());
+                EnterSize(wide ? 32000 : 2, wide ? 2 : 32000);
+                PressOk();
+            },
+            {PressesButton("OK")});
+        EXPECT_EQ(message, Message("critical", "Imagem muito Grande !"));
+        EXPECT_EQ(Image().PicMerge.Width(), wide ? 32000 : 2);
+        EXPECT_EQ(Image().PicMerge.Height(), wide ? 2 : 32000);
+    }
 }
 
 TEST_F(NewDialogTest, CancelAfterTheRefusalMakesNoImageAndKeepsTheColour) {

@@ -5,6 +5,7 @@
 
 #include "document/FileCommands.h"
 #include "document/States.h"
+#include "settings/frmPrefs.h"
 #include "surface/system/TempNames.h"
 
 #include <filesystem>
@@ -55,6 +56,17 @@ TEST_F(UndoLimitTest, ALimitOf5With7EditsKeeps6States) {
     EXPECT_FALSE(std::filesystem::exists(image.ListBackup.List(0)));
     EXPECT_FALSE(std::filesystem::exists(image.ListBackup.List(1)));
     EXPECT_TRUE(std::filesystem::exists(image.ListBackup.List(2)));
+}
+
+TEST_F(UndoLimitTest, EachEntryOfTheListIsALimit) {
+    const int limits[] = {5, 10, 15, 20, 25, 30};
+    for (int i = 0; i < 6; ++i) {
+        LimitTo(std::to_string(i).c_str());
+        frmImage& image = NewDocument(4, 4);
+        EditTimes(image, limits[i] + 2);
+        EXPECT_EQ(frmPrefs->Combo2.ListIndex(), i);
+        EXPECT_EQ(image.ListBUorder.ListCount(), limits[i] + 1);
+    }
 }
 
 TEST_F(UndoLimitTest, FiveStepsCanBeUndoneUnderALimitOf5) {

@@ -137,6 +137,16 @@ TEST_F(RunIndexTest, WhatIsOlderThanThirtyDaysGoes) {
     EXPECT_FALSE(std::filesystem::exists(old.lock));
 }
 
+// A temporary folder that was full, or closed, had the states of a run written to the next one.
+TEST_F(RunIndexTest, OldFilesGoFromEveryTemporaryFolder) {
+    MakeFolders(folder_);
+    const std::string first = Aged("BI0001.tmp", 31);
+    const std::string last = Aged("Pintalux64/BI0002.tmp", 31);
+    SweepOldFiles({}, {});
+    EXPECT_FALSE(std::filesystem::exists(first));
+    EXPECT_FALSE(std::filesystem::exists(last));
+}
+
 TEST_F(RunIndexTest, LinksAreNotFollowedWhenOldFilesGo) {
     PutBytes(box_ / "foto.bmp", "x");
     MakeOld(box_ / "foto.bmp", 40);

@@ -59,6 +59,7 @@ TEST_F(LabelledSliderTest, ItsValueStandsAtTheRightEndOfTheLabel) {
     ToolkitOf<QSlider>(slider).setValue(100);
     EXPECT_EQ(beside.text(), "100");
     EXPECT_EQ(label.Caption(), "RAIO");
+    EXPECT_FALSE(beside.isEnabled()) << "dimmed beside the caption";
     label.Width(3000);
     EXPECT_EQ(beside.geometry().right(), ToolkitOf<QLabel>(label).rect().right());
     EXPECT_EQ(beside.width(), beside.sizeHint().width()) << "the caption keeps its room";

@@ -1,5 +1,6 @@
 // What commands do with a piece that was grabbed or pasted, and with one that was only lifted.
 #include "document/FileCommands.h"
+#include "document/Selection.h"
 #include "imageops/ImageCommands.h"
 #include "selection/EditCommands.h"
 #include "selection/FreehandSelection.h"
@@ -494,6 +495,26 @@ TEST_F(PlacedPieceTest, APasteInAnotherDocumentStaysAPasteWhenItsWindowComesBack
     EXPECT_TRUE(PasteFloating);
     CarryRectangle(first, 40, 40);
     ExpectSamePixels(ImageOf(first), before);
+}
+
+TEST_F(PlacedPieceTest, TheFlagsOfAPasteAreThoseOfTheWindowInFront) {
+    for (const bool shape : {false, true}) {
+        SCOPED_TRACE(shape);
+        frmImage& first = OpenRandom(120, 90);
+        frmImage& second = OpenRandom(60, 40, 2);
+        Clipboard.SetData(Solid(20, 10, 0x123456));
+        FreeSelActive = shape;
+        mnuEditPaste_Click();
+        ASSERT_TRUE(PieceFloats(second));
+        EXPECT_TRUE(PasteFloating);
+        EXPECT_EQ(FreePasteActive, Flag(shape));
+        first.Show();
+        EXPECT_FALSE(PasteFloating || FreePasteActive);
+        second.Show();
+        EXPECT_TRUE(PasteFloating);
+        EXPECT_EQ(FreePasteActive, Flag(shape));
+        mnuEditSelectNone_Click();
+    }
 }
 
 // In the middle of a drag.

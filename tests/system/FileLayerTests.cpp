@@ -224,6 +224,8 @@ TEST(FileLayer, FoldersAreMadeForTheUserAlone) {
     const Sandbox box;
     MakeFolders(box / "one/two");
     MakeFolders(box / "one/two");
+    MakeFolders(box / "one/three/.");
+    EXPECT_TRUE(std::filesystem::is_directory(box / "one/three"));
     EXPECT_EQ(ModeOf(box / "one"), 0700U);
     EXPECT_EQ(ModeOf(box / "one/two"), 0700U);
     PutBytes(box / "file", "x");

@@ -182,6 +182,16 @@ TEST(Form, ZeroZeroIsAPlace) {
     EXPECT_TRUE(FindWidget("placed")->testAttribute(Qt::WA_Moved)); // the desktop chooses no other place
 }
 
+TEST(Form, OneCoordinateIsAPlace) {
+    for (const bool left : {true, false}) {
+        PlainForm placed("placed", Form::Kind::Splash);
+        placed.Width(1500);
+        left ? placed.Left(40 * 15) : placed.Top(40 * 15);
+        placed.Show();
+        EXPECT_EQ(FindWidget("placed")->pos(), left ? QPoint(40, 0) : QPoint(0, 40));
+    }
+}
+
 int livingForms = 0;
 class CountedForm : public PlainForm {
   public:

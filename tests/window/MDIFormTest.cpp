@@ -6,6 +6,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 
 namespace pintalux {
 namespace {
@@ -319,6 +320,22 @@ TEST_F(MDITest, TilesHorizontallyInRows) {
     EXPECT_EQ(lower.bottom() + 1, room.height());
 }
 
+TEST_F(MDITest, KeysWalkTheWindowsBothWays) {
+    std::vector<std::string> active;
+    for (const char* name : {"one", "two", "three"})
+        ShowChild(name).onActivate = [&active, name] { active.emplace_back(name); };
+    const auto press = [](QKeySequence::StandardKey key) {
+        for (QShortcut* each : FindWidget("main")->findChildren<QShortcut*>())
+            if (each->keys() == QKeySequence::keyBindings(key)) emit each->activated();
+    };
+    press(QKeySequence::PreviousChild);
+    press(QKeySequence::PreviousChild);
+    press(QKeySequence::NextChild);
+    press(QKeySequence::NextChild);
+    press(QKeySequence::NextChild);
+    EXPECT_EQ(active, (std::vector<std::string>{"two", "one", "two", "three", "one"}));
+}
+
 TEST_F(MDITest, TilesVerticallyInColumns) {
     ShowChild("one");
     ShowChild("two");
@@ -339,7 +356,9 @@ TEST_F(MDITest, CascadeStepsDownWithTheActiveOneLast) {
     EXPECT_EQ(PlaceOf("two").topLeft(), QPoint(0, 0));
     EXPECT_GT(PlaceOf("one").left(), 0);
     EXPECT_GT(PlaceOf("one").top(), 0);
-    EXPECT_EQ(PlaceOf("one").size(), PlaceOf("two").size());
+    const QSize room = static_cast<QMdiArea*>(FindWidget("workspace"))->maximumViewportSize();
+    for (const char* name : {"one", "two"})
+        EXPECT_EQ(PlaceOf(name).size(), QSize(room.width() * 3 / 4, room.height() * 3 / 4)) << name;
     EXPECT_EQ(ErrorOf([&] { main.Arrange(3); }), kInvalidArgument);
 }
 

@@ -150,7 +150,10 @@ SANE_Status sane_start(SANE_Handle) {
 SANE_Status sane_read(SANE_Handle, SANE_Byte* bytes, SANE_Int, SANE_Int* count) {
     constexpr std::array<SANE_Byte, 6> kPixels = {1, 2, 3, 40, 50, 60};
     *count = 0;
-    if (sent) return SANE_STATUS_EOF;
+    if (sent) {
+        if (TheFakeScanner.ends) TheFakeScanner.ends();
+        return SANE_STATUS_EOF;
+    }
     sent = true;
     std::copy(kPixels.begin(), kPixels.end(), bytes);
     *count = static_cast<SANE_Int>(kPixels.size());

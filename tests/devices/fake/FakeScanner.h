@@ -33,7 +33,8 @@ struct FakeScanner {
     int version = SANE_CURRENT_MAJOR;
     std::vector<FakeOption> options;
     std::function<void(SANE_Parameters& page)> announces; ///< What it says of its page, at each question.
-    std::function<void()> comesToRest;                    ///< Behind the page; it may take its time.
+    std::function<void()> ends;                           ///< In front of the end of the page,
+    std::function<void()> comesToRest;                    ///< and behind it; both may take their time.
     std::vector<std::string> set; ///< What was set, in its order, as "resolution=300".
     std::vector<std::string> opened;
 };

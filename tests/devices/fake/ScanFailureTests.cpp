@@ -10,6 +10,7 @@
 #include "support/Pictures.h"
 
 #include <chrono>
+#include <filesystem>
 #include <future>
 #include <memory>
 
@@ -118,6 +119,24 @@ TEST_F(ScanFailureTest, APageThatTurnsOutTooLargeIsRefusedAsSoonAsThatIsKnown) {
         };
         EXPECT_EQ(ErrorOf([] { SetBy({}); }), error) << pixels << ' ' << lines;
     }
+}
+
+TEST_F(ScanFailureTest, APageThatIsGivenUpWithItsLastRowLeavesNoFile) {
+    TheScanPatience = {std::chrono::milliseconds(0), 0}; // each wait shows its window
+    const auto givenUp = std::make_shared<std::promise<void>>();
+    TheFakeScanner.ends = [givenUp] { givenUp->get_future().wait(); };
+    const auto waits = [](QWidget&) {};
+    const DialogScript script({waits, waits, [](QWidget&) { ClickWidget(WidgetFor(frmScan->cmdOK)); },
+                               [givenUp](QWidget&) {
+                                   frmScanWait->cmdCancel_Click();
+                                   givenUp->set_value();
+                               },
+                               PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_EQ(script.Dialog(4).text, "Operação Abortada. Erro:0");
+    EndScanning();
+    EXPECT_FALSE(std::filesystem::exists(Folder("program") + "/Untitled.bmp"));
+    EXPECT_EQ(ImageCount, 0);
 }
 
 // Some drivers hang when they are stopped: the page is there all the same.
