@@ -368,6 +368,9 @@ TEST_F(FrameWizardTest, AChosenColourClearsTheTickOfTheCurrentOne) {
                                    EXPECT_EQ(frmBWiz->Check3.Value(), 0);
                                    EXPECT_EQ(BWizColour, 0x302010);
                                    EXPECT_EQ(frmBWiz->cmdColorsel.BackColor(), 0x302010);
+                                   dialog.activateWindow(); // as a desktop does
+                                   EXPECT_TRUE(WaitFor([] { return frmBWiz->BordList.HasFocus(); }))
+                                       << "arrows choose the style again";
                                    PressButton(dialog, "Cancelar");
                                },
                                [](QWidget& dialog) {
