@@ -209,6 +209,18 @@ TEST_F(RecoveryTest, DeletingTakesStatesAndIndex) {
     EXPECT_FALSE(std::filesystem::exists(Index()));
 }
 
+// A name that was free again may have come to a document of this run meanwhile.
+TEST_F(RecoveryTest, AnIndexDeletesNoStateOfAnOpenDocument) {
+    const RunDocument document = Three("");
+    StartAfterRun({document}, {[&document](QWidget& dialog) {
+                                   Document(0).ListBackup.AddItem(document.states[2]);
+                                   PressButton(dialog, "Apagar");
+                               },
+                               PressesButton("Apagar")});
+    EXPECT_FALSE(std::filesystem::exists(document.states[0]));
+    EXPECT_TRUE(std::filesystem::exists(document.states[2]));
+}
+
 TEST_F(RecoveryTest, AnIndexDeletesNothingButStates) {
     SavePicture(Solid(3, 3, kBlack), File("photo.bmp"));
     RunDocument document = Three("");

@@ -2,6 +2,7 @@
 #include "tools/Text.h"
 
 #include "surface/window/Screen.h"
+#include "tools/Image1_Pointer.h"
 #include "tools/TextTest.h"
 
 #include <algorithm>
@@ -84,6 +85,20 @@ TEST_F(TextTest, PressPrintsTheTextWhereItFloats) {
     ExpectSamePixels(ImageOf(image), expected);
     ExpectSamePixels(image.Image1.Picture(), expected);
     EXPECT_EQ(States(image), states + 1);
+}
+
+// A stroke of the wand whose release went elsewhere leaves the image drawing on the screen alone.
+TEST_F(TextTest, TextIsPrintedIntoTheImageWhateverAStrokeLeftBehind) {
+    frmImage& image = NewDocument(200, 100);
+    Compose("Olá");
+    image.lbltext.Left(40);
+    image.lbltext.Top(25);
+    const Picture expected = Printed(image.lbltext, 200, 100, 40, 25);
+    image.PicMerge.AutoRedraw(false);
+    image.PicMerge.DrawMode(kDrawInvert);
+    LayDown(image);
+    ExpectSamePixels(ImageOf(image), expected);
+    ExpectSamePixels(image.Image1.Picture(), expected);
 }
 
 TEST_F(TextTest, PrintTakesEveryAttributeOfTheLabel) {
