@@ -92,7 +92,9 @@ part_unit() {
     local name
     for name in $(test_programs release); do run_gtest "$name" "build/release/tests/$name"; done
     # Once more on a display of 1.5 device pixels a pixel, where no line falls on whole ones by itself.
-    QT_SCALE_FACTOR=1.5 run_gtest "window_tests at scale 1.5" build/release/tests/window_tests
+    for scale in 1.25 1.5; do
+        QT_SCALE_FACTOR=$scale run_gtest "window_tests at scale $scale" build/release/tests/window_tests
+    done
 }
 
 part_sanitizers() {

@@ -305,13 +305,13 @@ TEST(ModalForm, GivesTheFocusBack) {
 
 TEST(ModalForm, StandsOverTheMiddleOfTheActiveWindow) {
     PlainForm form;
-    form.Move(1500, 1500, 6000, 4500);
+    form.Move(150, 300, 3000, 2700);
     form.Show();
     FindWidget("plain")->activateWindow();
     ASSERT_TRUE(WaitFor([] { return FindWidget("plain")->isActiveWindow(); }));
     PlainForm dialog("dialog", Form::Kind::Dialog);
-    dialog.Width(3000);
-    dialog.Height(1500);
+    dialog.Width(1500);
+    dialog.Height(900);
     QPoint middle;
     QTimer::singleShot(1, qApp, [&] {
         EXPECT_TRUE(FindWidget("dialog")->isModal());

@@ -1,6 +1,8 @@
 // What has been drawn or moved is on the screen without a repaint of the whole.
 #include "window/OnScreen.h"
 
+#include "support/Pictures.h"
+
 #include "surface/raster/Drawing.h"
 #include "surface/raster/Transfer.h"
 #include "surface/window/Display.h"
@@ -35,16 +37,17 @@ class OnScreenTest : public testing::Test {
     LineControl line;
 };
 
-/// The screen shows what a whole repaint would.
-void ExpectAsPainted(const char* what) {
+/// The screen shows what a whole repaint would, to the pixel of the device.
+void ExpectAsPainted(const std::string& what) {
     LetEventsRun();
-    const QImage shown = OnScreen();
-    const QImage fresh = ShownBy("plain");
-    int differing = 0;
+    const QImage shown = DeviceScreen();
+    const QImage fresh = FindWidget("plain")->grab().toImage();
+    QRect differing;
     for (int y = 0; y < fresh.height(); ++y)
         for (int x = 0; x < fresh.width(); ++x)
-            differing += shown.pixel(x, y) != fresh.pixel(x, y);
-    EXPECT_EQ(differing, 0) << what;
+            if (shown.pixel(x, y) != fresh.pixel(x, y)) differing |= QRect(x, y, 1, 1);
+    EXPECT_TRUE(differing.isEmpty()) << what << ": within " << differing.x() << ", " << differing.y() << ", "
+                                     << differing.width() << " by " << differing.height();
 }
 
 TEST_F(OnScreenTest, ALineThatLeavesTheViewLeavesNothingBehind) {
@@ -84,6 +87,26 @@ TEST_F(OnScreenTest, ALineThatLeavesTheViewLeavesNothingBehind) {
             EXPECT_NEAR(Inked(), to.seen, 5 + to.seen / 10) << to.name;
         else
             EXPECT_EQ(Inked() > 0, to.seen > 0) << to.name;
+    }
+}
+
+// Between two scales a pixel of the screen may belong to the view by half.
+TEST_F(OnScreenTest, AScrolledPictureHasNoSeams) {
+    panel.Visible(false);
+    Surface frame(form, "frame");
+    Surface back(frame, "back");
+    back.Move(0, 0, 1000, 800);
+    Display view(back, "view");
+    view.Move(0, 0, 1000, 800);
+    view.Picture(RandomPicture(1000, 800, 1));
+    Show();
+    for (const int size : {200, 201, 202, 203}) {
+        frame.Move(0, 0, size * 15, (size - 50) * 15);
+        for (const auto& [left, top] : {std::pair{0, 0}, {6, 3}, {20, 10}, {100, 50}, {101, 90}, {60, 51}}) {
+            back.Left(-left);
+            back.Top(-top);
+            ExpectAsPainted(std::to_string(size) + " wide at " + std::to_string(left));
+        }
     }
 }
 

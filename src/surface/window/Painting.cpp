@@ -28,7 +28,8 @@ struct DeviceGrid {
         const QTransform& place = painter.deviceTransform();
         scale = place.m11();
         origin = {qRound(place.dx()), qRound(place.dy())};
-        exact_ = scale == std::floor(scale) && place.dx() == origin.x() && place.dy() == origin.y();
+        beside_ = QPointF(place.dx(), place.dy()) - origin;
+        exact_ = scale == std::floor(scale) && beside_.isNull();
     }
     /// Every logical pixel is a block of device pixels.
     bool Exact() const { return exact_; }
@@ -39,13 +40,19 @@ struct DeviceGrid {
 
     /// The device pixels that a part of the widget touches, counted from the widget's corner.
     QRect Touched(const QRect& part) const {
-        const auto low = [this](int place) { return static_cast<int>(std::floor(place * scale)); };
-        const auto high = [this](int place) { return static_cast<int>(std::ceil(place * scale)); };
-        return {QPoint(low(part.left()), low(part.top())),
-                QPoint(high(part.left() + part.width()) - 1, high(part.top() + part.height()) - 1)};
+        const auto low = [this](int place, double beside) {
+            return static_cast<int>(std::floor(place * scale + beside));
+        };
+        const auto high = [this](int place, double beside) {
+            return static_cast<int>(std::ceil(place * scale + beside));
+        };
+        return {QPoint(low(part.left(), beside_.x()), low(part.top(), beside_.y())),
+                QPoint(high(part.left() + part.width(), beside_.x()) - 1,
+                       high(part.top() + part.height(), beside_.y()) - 1)};
     }
 
   private:
+    QPointF beside_; ///< The corner itself, seen from `origin`; part of a device pixel.
     bool exact_ = true;
 };
 
