@@ -89,9 +89,9 @@ test_programs() { ctest --test-dir "build/$1" -N | sed -n 's/^ *Test *#[0-9]*: /
 
 part_unit() {
     build release || return
-    local name
+    local name scale
     for name in $(test_programs release); do run_gtest "$name" "build/release/tests/$name"; done
-    # Once more on a display of 1.5 device pixels a pixel, where no line falls on whole ones by itself.
+    # Once more on displays of 1.25 and 1.5 device pixels a pixel, where no line falls on whole ones by itself.
     for scale in 1.25 1.5; do
         QT_SCALE_FACTOR=$scale run_gtest "window_tests at scale $scale" build/release/tests/window_tests
     done
