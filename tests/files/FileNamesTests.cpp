@@ -163,6 +163,7 @@ TEST_F(FileNamesTest, ReadTextFileTakesTheQuotesOffAField) {
     EXPECT_EQ(ReadTextFile(Make("t", "\"/casa/a praia.bmp\"\n")), "/casa/a praia.bmp");
     EXPECT_EQ(ReadTextFile(Make("t", "\"sol,mar\",\"e\"\n")), "sol,mare");
     EXPECT_EQ(ReadTextFile(Make("t", "so\"l\n")), "so\"l");
+    EXPECT_EQ(ReadTextFile(Make("t", "\"\",mar,\"\"\n")), "mar");
     EXPECT_EQ(ReadTextFile(Make("t", "s\"o\"l,\"mar\"\"e\"\n")), "s\"o\"lmar\"e\"")
         << "quotes begin a field or are none";
 }

@@ -364,6 +364,7 @@ TEST_F(FrameWizardTest, AChosenColourClearsTheTickOfTheCurrentOne) {
     const DialogScript script({[](QWidget& dialog) {
                                    frmBWiz->BordList.ListIndex(4);
                                    frmBWiz->Check3.Value(1);
+                                   frmBWiz->Check3.SetFocus();
                                    ClickWidget(WidgetFor(frmBWiz->cmdColorsel));
                                    EXPECT_EQ(frmBWiz->Check3.Value(), 0);
                                    EXPECT_EQ(BWizColour, 0x302010);
