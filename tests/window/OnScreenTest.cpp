@@ -110,6 +110,62 @@ TEST_F(OnScreenTest, AScrolledPictureHasNoSeams) {
     }
 }
 
+TEST_F(OnScreenTest, WhatMovesOverAPictureLeavesNothingBehind) {
+    panel.Visible(false);
+    Surface back(form, "back");
+    back.Move(15, 30, 500 * 15, 400 * 15);
+    Display view(back, "view");
+    view.Move(0, 0, 500, 400);
+    view.Picture(RandomPicture(250, 200, 1));
+    Surface piece(back, "piece");
+    piece.ScaleMode(kScalePixels);
+    ShapeControl band(back, "band");
+    Picture lifted = RandomPicture(41, 31, 2);
+    lifted.Fill({0, 0, 20, 10}, 0x112233);
+    for (Control* part : {static_cast<Control*>(&piece), static_cast<Control*>(&band)})
+        part->BringToFront();
+    Show();
+    for (const double factor : {1.0, 2.0, 0.5}) {
+        piece.Move(0, 0, 41 * factor, 31 * factor);
+        piece.ShowStretched(lifted, 0x112233);
+        for (const auto& [left, top] :
+             {std::pair{0, 0}, {1, 1}, {2, 5}, {33, 18}, {-7, -3}, {470, 380}, {101, 90}}) {
+            piece.Move(left, top, 41 * factor, 31 * factor);
+            piece.Visible(true);
+            ExpectAsPainted("piece at " + std::to_string(left));
+            band.Move(left, top, 41 * factor, 31 * factor);
+            band.Visible(true);
+            ExpectAsPainted("band at " + std::to_string(left));
+        }
+        piece.Visible(false);
+        ExpectAsPainted("without the piece");
+        band.Visible(false);
+        ExpectAsPainted("without the band");
+    }
+}
+
+TEST_F(OnScreenTest, AChangeOfAPictureStandsOnTheScreenAtEveryZoom) {
+    panel.Visible(false);
+    Surface back(form, "back");
+    back.Move(15, 30, 590 * 15, 450 * 15);
+    Display view(back, "view");
+    Picture picture = RandomPicture(250, 200, 1);
+    view.Picture(picture);
+    Show();
+    for (const auto& [width, height] :
+         {std::pair{250, 200}, {500, 400}, {4000, 3200}, {749, 599}, {83, 67}, {16, 13}}) {
+        view.Move(-3, -5, width, height);
+        ExpectAsPainted("zoomed");
+        for (const Box& part :
+             {Box{0, 0, 1, 1}, {17, 21, 18, 22}, {5, 7, 40, 9}, {30, 20, 31, 60}, {249, 199, 250, 200}}) {
+            picture.Fill(part, 0x123456);
+            view.Picture(picture);
+            view.Refresh();
+            ExpectAsPainted(std::to_string(width) + " wide, changed at " + std::to_string(part.left));
+        }
+    }
+}
+
 TEST_F(OnScreenTest, WhatIsDrawnOnASurfaceStandsOnTheScreen) {
     Show();
     Picture red(30, 20, 0x0000FF);

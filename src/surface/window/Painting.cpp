@@ -112,6 +112,15 @@ void PaintPart(QPainter& painter, const QPoint& origin, const QRect& part, const
     painter.drawImage(part.topLeft() + origin, image);
 }
 
+/// A picture that begins within a device pixel ends within one. What it touches beside its own pixels repeats
+/// those next to it, since nobody else paints there: of 4.5 pixels the last half shows what the fourth does.
+void PaintHalves(QPainter& painter, const QPoint& origin, const QRect& touched, const Shown& shown) {
+    const QRect whole(QPoint(0, 0), shown.size);
+    for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1), QPoint(1, 1)})
+        for (const QRect& beside : QRegion(touched & whole.translated(step)) - whole)
+            PaintPart(painter, origin + step, beside.translated(-step), shown);
+}
+
 /// `around` null: nothing is painted beside the picture.
 void PaintParts(QWidget& widget, const QRegion& exposed, const Bitmap& source, const QSize& size,
                 std::optional<Pixel> transparent, const QColor* around, ReducedView* kept) {
@@ -127,12 +136,14 @@ void PaintParts(QWidget& widget, const QRegion& exposed, const Bitmap& source, c
         const QRect part = rect.intersected(picture);
         if (around && part != rect) painter.fillRect(rect, *around);
         if (part.isEmpty()) continue;
-        const QRect pixels = grid.Touched(part) & QRect(QPoint(0, 0), shown.size);
+        const QRect touched = grid.Touched(part);
+        const QRect pixels = touched & QRect(QPoint(0, 0), shown.size);
         if (canvas) {
             PaintInPlace(*canvas, grid.origin, pixels, shown);
         } else if (!pixels.isEmpty()) {
             const DevicePixels device(painter);
             PaintPart(painter, grid.origin, pixels, shown);
+            if (!transparent) PaintHalves(painter, grid.origin, touched, shown);
         }
     }
 }
