@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <set>
@@ -152,7 +153,9 @@ TEST_F(FocusTest, F1InADialogTellsOfDialogsAndLeavesItOpen) {
         ASSERT_NE(help, nullptr);
         EXPECT_TRUE(help->isVisible());
         EXPECT_NE(&WidgetFor(*frmMain), help->parentWidget()) << "or the dialog would lock it";
-        EXPECT_TRUE(help->findChild<QTextBrowser*>()->toPlainText().contains("Caixas de diálogo"));
+        const auto& text = *help->findChild<QTextBrowser*>();
+        EXPECT_TRUE(text.toPlainText().contains("Caixas de diálogo"));
+        EXPECT_GT(text.verticalScrollBar()->value(), 0) << "it opens at what it says of dialogs";
         Type(*help, "\x1b");
         EXPECT_FALSE(help->isVisible());
         seen = dialog.isVisible();

@@ -132,6 +132,21 @@ TEST_F(RecoveryTest, WhatCameBackStandsInTheIndexOfThisRun) {
     EXPECT_EQ(noted[1].cursor, 1);
 }
 
+TEST_F(RecoveryTest, TheIndexTellsWhatWasSeenBeforeTheLastEdit) {
+    StartAfterRun({}, {});
+    frmImage& image = Document(0);
+    const auto before = [] { return Noted().at(0).before; };
+    EXPECT_EQ(before(), -1);
+    for (const int expected : {0, 1}) {
+        image.Backup();
+        EXPECT_EQ(before(), expected);
+    }
+    mnuEditUndo_Click();
+    mnuEditUndo_Click();
+    image.Backup();
+    EXPECT_EQ(before(), 0);
+}
+
 // A kill between quick undos brings back what was shown, or what was shown one undo before.
 TEST_F(RecoveryTest, TheIndexIsOneUndoBehindAtMost) {
     RunDocument document = Three("");

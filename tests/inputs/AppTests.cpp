@@ -146,6 +146,11 @@ TEST_F(AppTest, WhoMayWriteInTheRuntimeFolderDecides) {
     std::filesystem::permissions(folder, perms::owner_all);
 }
 
+// Before the main window shows, and behind it, the last window may close: the splash, a message.
+TEST_F(AppTest, NoWindowThatClosesEndsTheProgramByItself) {
+    EXPECT_FALSE(QApplication::quitOnLastWindowClosed());
+}
+
 TEST_F(AppTest, PathHasNoTrailingSeparator) {
     App.PathForTests(folder + "/");
     EXPECT_EQ(App.Path(), folder);

@@ -134,6 +134,9 @@ TEST_F(ToolBarTest, CodePressesAndReleasesOnlyWhatStaysPressed) {
         EXPECT_EQ(bar.Buttons(key).Value(), 0) << key;
         EXPECT_FALSE(Widget(key).isChecked()) << key;
     }
+    bar.Buttons("Other").Value(1);
+    bar.Buttons("Bold").Value(1); // beside it, and of no group
+    EXPECT_EQ(bar.Buttons("Other").Value(), 1);
     EXPECT_TRUE(clicked.empty());
 }
 

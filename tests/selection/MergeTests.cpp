@@ -15,6 +15,18 @@ TEST_F(MergeTest, WithNothingFloatingOneStateIsTakenAndNoPixelChanges) {
     ExpectSamePixels(ImageOf(image), Before());
 }
 
+TEST_F(MergeTest, TextThatHasLandedIsNotPrintedAgain) {
+    frmImage& image = OpenRandom(60, 40);
+    image.lbltext.Caption("W");
+    image.lbltext.FontSize(20);
+    image.lbltext.Visible(true);
+    image.NeedtoPaste();
+    EXPECT_NE(ImageOf(image), Before());
+    Edit(image, 0x3264C8);
+    image.NeedtoPaste();
+    ExpectSamePixels(ImageOf(image), Solid(60, 40, 0x3264C8));
+}
+
 // What was drawn and not yet shown is seen, at the latest, when a merge is asked for.
 TEST_F(MergeTest, WithNothingFloatingTheImageIsShown) {
     frmImage& image = OpenRandom(60, 40);

@@ -480,7 +480,10 @@ TEST(StateFiles, StateOfAnotherRunIsTakenIfItIsWhole) {
         before.SaveBehind(Pattern(31, 20), cut);
     }
     std::filesystem::resize_file(cut, 1000);
+    const std::string longer = box / "longer.tmp";
+    PutBytes(longer, BytesOf(whole) + "x");
     StateFiles states;
+    EXPECT_FALSE(states.Adopt(longer));
     EXPECT_TRUE(states.Adopt(whole));
     EXPECT_TRUE(states.LoadState(whole) == Pattern(31, 20));
     EXPECT_FALSE(states.Adopt(cut));

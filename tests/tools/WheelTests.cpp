@@ -53,6 +53,29 @@ TEST_F(WheelTest, FineStepsOfOneWayOutlastThoseOfTheOther) {
     EXPECT_EQ(image.factorlevel, 16);
 }
 
+TEST_F(WheelTest, FineStepsAddUpInEveryWay) {
+    frmImage& image = LargeDocument();
+    image.HS.Value(100);
+    image.VS.Value(100);
+    struct Way {
+        QPoint step;
+        int across, down;
+    };
+    for (const Way& way : {Way{{0, -1}, 0, 3}, {{0, 1}, 0, -3}, {{-1, 0}, 3, 0}, {{1, 0}, -3, 0}}) {
+        const double across = image.HS.Value() + way.across, down = image.VS.Value() + way.down;
+        for (int i = 0; i < 6; ++i)
+            Turn(image.Image1, {100, 100}, way.step);
+        EXPECT_EQ(image.HS.Value(), across);
+        EXPECT_EQ(image.VS.Value(), down);
+    }
+    for (const int step : {1, -1}) {
+        const int level = image.factorlevel;
+        for (int i = 0; i < 120; ++i)
+            Turn(image.Image1, {100, 100}, {0, step}, Qt::ControlModifier);
+        EXPECT_EQ(image.factorlevel, level + step);
+    }
+}
+
 TEST_F(WheelTest, ATurnBackBeginsAnew) {
     frmImage& image = LargeDocument();
     Turn(image.Image1, {100, 100}, {0, -kNotch});

@@ -113,6 +113,16 @@ TEST_F(ScrollPanelTest, InputsThatTheWheelTurnsKeepItForThemselves) {
         EXPECT_EQ(scrolledOver(name), 60) << name;
 }
 
+TEST_F(ScrollPanelTest, ItsBarLiesOverWhatScrolls) {
+    last.Left(0);
+    last.Width(panel.Width());
+    Show(300);
+    Bar()->setValue(Bar()->maximum());
+    const QWidget& frame = *FindWidget("panel");
+    const QPoint middle = Bar()->mapTo(&frame, Bar()->rect().center());
+    EXPECT_EQ(frame.childAt({middle.x(), FindWidget("last")->mapTo(&frame, QPoint(5, 5)).y()}), Bar());
+}
+
 TEST_F(ScrollPanelTest, TheTabKeyReachesWhatHasToBeScrolledTo) {
     Show(300);
     window.FocusAreas({{&panel, nullptr}});
