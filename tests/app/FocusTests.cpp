@@ -4,6 +4,8 @@
 #include "document/FileCommands.h"
 #include "selection/ImageKeyTest.h"
 #include "surface/system/MsgBox.h"
+#include "surface/window/Buttons.h"
+#include "surface/window/Control_native.h"
 #include "tools/ToolTable.h"
 
 #include <algorithm>
@@ -189,6 +191,32 @@ TEST_F(FocusTest, EveryDialogBeginsAtTheControlThatIsUsedFirstAndItsNumberIsType
         }});
         pintalux::Choose(row.item);
     }
+}
+
+/// The controls of a window, whatever holds them.
+std::vector<const Control*> ControlsIn(const Control& holder) {
+    std::vector<const Control*> all;
+    for (const Control* child : holder.Native().children) {
+        all.push_back(child);
+        for (const Control* inner : ControlsIn(*child))
+            all.push_back(inner);
+    }
+    return all;
+}
+
+TEST_F(FocusTest, EveryButtonOfADialogDoesSomething) {
+    NewDocument(40, 30);
+    int buttons = 0;
+    ForEachDialog([&](auto& dialog) {
+        for (const Control* control : ControlsIn(*dialog)) {
+            const auto* button = dynamic_cast<const CommandButton*>(control);
+            if (button == nullptr) continue;
+            EXPECT_TRUE(button->Click) << button->Name() << " of " << dialog->Name();
+            ++buttons;
+        }
+        dialog.Unload();
+    });
+    EXPECT_GT(buttons, 20);
 }
 
 // A reader that asked about what is gone would end the program.

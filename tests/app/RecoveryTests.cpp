@@ -132,6 +132,13 @@ TEST_F(RecoveryTest, WhatCameBackStandsInTheIndexOfThisRun) {
     EXPECT_EQ(noted[1].cursor, 1);
 }
 
+TEST_F(RecoveryTest, AWindowWithoutAnyStateIsNotListed) {
+    StartAfterRun({}, {});
+    NewImageWindow();
+    NoteDocuments();
+    EXPECT_EQ(Noted().size(), 1U);
+}
+
 TEST_F(RecoveryTest, TheIndexTellsWhatWasSeenBeforeTheLastEdit) {
     StartAfterRun({}, {});
     frmImage& image = Document(0);

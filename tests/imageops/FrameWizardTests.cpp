@@ -9,6 +9,7 @@
 #include "imageops/frmBWiz.h"
 #include "selection/RectangleSelection.h"
 #include "surface/raster/Transfer.h"
+#include "surface/system/CommonDialog.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/TempNames.h"
 #include "surface/window/ProgressBar.h"
@@ -386,6 +387,7 @@ TEST_F(FrameWizardTest, AChosenColourClearsTheTickOfTheCurrentOne) {
 TEST_F(FrameWizardTest, AColourDialogThatIsCancelledKeepsTheColour) {
     NewDocument(40, 30);
     BWizColour = 0x2040C0;
+    CommonDialog1.CancelError = true; // left by a file dialog
     frmMain->SetCurrentColour(0x123456);
     const DialogScript script({[](QWidget& dialog) {
                                    EXPECT_EQ(frmBWiz->cmdColorsel.BackColor(), 0x2040C0);

@@ -3,6 +3,7 @@
 
 #include <QFontMetrics>
 #include <QTextBrowser>
+#include <QTextDocument>
 
 namespace pintalux {
 namespace {
@@ -16,6 +17,7 @@ TEST(HelpWindow, OpensLargeEnoughToReadIn) {
     const QFontMetrics letters = text->fontMetrics();
     EXPECT_GE(text->width(), 60 * letters.averageCharWidth());
     EXPECT_GE(text->height(), 20 * letters.height());
+    EXPECT_GE(static_cast<QTextBrowser*>(FindWidget("helpText"))->document()->documentMargin(), 10);
     EXPECT_EQ(FindWidget("helpText")->geometry(), window->rect()) << "the scroll bar stands at the edge";
     window->close();
     window->resize(500, 450);

@@ -135,6 +135,13 @@ TEST_F(ScrollPanelTest, TheTabKeyReachesWhatHasToBeScrolledTo) {
     Key(*FindWidget("last"), Qt::Key_Tab);
     EXPECT_TRUE(FindWidget("first")->hasFocus());
     EXPECT_GE(Seen("first").top(), 22);
+    // What lost its stop while it had the focus gives it to what stood around it.
+    CommandButton gone(panel, "gone", "gone");
+    gone.Move(10, 400, 100, 24);
+    FindWidget("gone")->setFocus();
+    FindWidget("gone")->setFocusPolicy(Qt::ClickFocus);
+    Key(*FindWidget("gone"), Qt::Key_Backtab, {}, Qt::ShiftModifier);
+    EXPECT_TRUE(first.HasFocus());
     // Outside its panel it cannot be scrolled to.
     last.Left(130);
     Key(*FindWidget("first"), Qt::Key_Tab);

@@ -94,6 +94,20 @@ TEST_F(SurfaceTest, EmptyPictureLeavesBackColor) {
     EXPECT_TRUE(surface.Picture().Empty());
 }
 
+TEST_F(SurfaceTest, WithoutAutoSizeTheSizeIsKept) {
+    surface.AutoSize(true);
+    surface.Picture(Picture(25, 31, 0x0000FF));
+    surface.Width(7);
+    surface.AutoSize(false);
+    EXPECT_EQ(surface.Width(), 7);
+    surface.Picture(Picture(14, 15, 0x0000FF));
+    EXPECT_EQ(surface.Width(), 7);
+    EXPECT_EQ(surface.Height(), 31);
+    surface.AutoSize(true);
+    EXPECT_EQ(surface.Width(), 14);
+    EXPECT_EQ(surface.Height(), 15);
+}
+
 TEST_F(SurfaceTest, AutoSizeTakesThePicturesSize) {
     surface.AutoSize(true);
     surface.Picture(Picture(25, 31, 0x0000FF));
