@@ -12,7 +12,8 @@ namespace pintalux {
 namespace {
 
 RunDocument Example() {
-    return {"/tmp/sol 100%\n.bmp", "sol", true, 1, 2, {"/tmp/BI0001.tmp", "", "/tmp/BI0003.tmp"}, {2, 0}};
+    return {
+        "/tmp/sol 100%4a\nbom.bmp", "sol", true, 1, 2, {"/tmp/BI0001.tmp", "", "/tmp/BI0003.tmp"}, {2, 0}};
 }
 
 class RunIndexTest : public testing::Test {

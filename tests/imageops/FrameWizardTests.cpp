@@ -303,6 +303,25 @@ TEST_F(FrameWizardTest, ThePreviewScalesLengths) {
     EXPECT_EQ(BWizFrameSize, 0);
 }
 
+TEST_F(FrameWizardTest, ThePreviewDrawsTheLinesThatAreTicked) {
+    OpenPicture("a.bmp", RandomPicture(258, 258, 3));
+    InWizard([] {
+        const Picture sample = frmBWiz->imgSample.Picture();
+        frmBWiz->BordList.ListIndex(4);
+        frmBWiz->SL1.Value(9);
+        frmBWiz->cmdColorsel.BackColor(0x2040C0);
+        for (const auto& [outer, inner] :
+             {std::pair{true, false}, {false, true}, {true, true}, {false, false}}) {
+            frmBWiz->Check1.Value(outer ? 1 : 0);
+            frmBWiz->Check2.Value(inner ? 1 : 0);
+            PressPreview();
+            FrameModel expected = ModelFor(sample);
+            expected.Plain(9, 0x2040C0, outer, inner);
+            ExpectSamePixels(frmBWiz->imgSample.Picture(), expected.live.shown);
+        }
+    });
+}
+
 TEST_F(FrameWizardTest, TheSampleShowsTheRectangle) {
     frmImage& image = NewDocument(40, 40);
     image.PicMerge.LineBF(10, 10, 19, 19, 0x0000FF);
