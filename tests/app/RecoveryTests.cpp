@@ -273,6 +273,17 @@ TEST_F(RecoveryTest, ABrokenStateFallsBackToWhatWasSeenBeforeIt) {
     EXPECT_EQ(Document(1).ListBUorder.ListCount(), 2);
 }
 
+TEST_F(RecoveryTest, WithNothingWholeBeforeItTheNextStateAfterItComesBack) {
+    RunDocument document = Three("");
+    document.cursor = 0;
+    document.before = -1;
+    document.states[1] = State(RandomPicture(8, 6, 3));
+    std::filesystem::resize_file(document.states[0], 60);
+    StartAfterRun({document}, {PressesButton("Sim")});
+    ASSERT_EQ(ImageCount, 2);
+    ExpectSamePixels(ImageOf(Document(1)), RandomPicture(8, 6, 3));
+}
+
 TEST_F(RecoveryTest, WhatWasSavedOrNeverChangedIsNotAskedAbout) {
     RunDocument saved = Three(File("a.bmp"));
     saved.saved = true;

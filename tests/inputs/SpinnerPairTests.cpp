@@ -1,11 +1,9 @@
 #include "inputs/ByHand.h"
+#include "support/LineMenu.h"
 #include "surface/window/SpinnerPair.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QLineEdit>
-#include <QMenu>
 
 namespace pintalux {
 
@@ -19,15 +17,9 @@ class SpinnerPairTest : public testing::Test {
         BindSpinner(text, bar);
     }
     QLineEdit& Line() { return ToolkitOf<QLineEdit>(text); }
-    void PasteByMenu(const char* pasted) {
+    void Paste(const char* pasted) {
         QApplication::clipboard()->setText(pasted);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, Line().mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(&Line(), &event);
-        auto* menu = Line().findChild<QMenu*>();
-        for (QAction* action : menu->actions())
-            if (action->text().startsWith("C&olar")) action->trigger();
-        delete menu;
-        QApplication::sendPostedEvents(&Line(), QEvent::MetaCall); // the paste itself
+        PasteByMenu(Line());
     }
 
     TestWindow window;
@@ -38,6 +30,23 @@ class SpinnerPairTest : public testing::Test {
 TEST_F(SpinnerPairTest, BarWritesTheInvertedNumber) {
     bar.Value(377);
     EXPECT_EQ(text.Text(), "123");
+}
+
+TEST_F(SpinnerPairTest, ArrowKeysInTheBoxStepTheNumberWithinItsRange) {
+    bar.Value(500 - 42);
+    Key(Line(), Qt::Key_Up);
+    EXPECT_EQ(text.Text(), "43");
+    Key(Line(), Qt::Key_Down);
+    Key(Line(), Qt::Key_Down);
+    EXPECT_EQ(text.Text(), "41");
+    Key(Line(), Qt::Key_Up, {}, Qt::ShiftModifier);
+    EXPECT_EQ(text.Text(), "41");
+    bar.Value(0);
+    Key(Line(), Qt::Key_Up);
+    EXPECT_EQ(text.Text(), "500");
+    bar.Value(500);
+    Key(Line(), Qt::Key_Down);
+    EXPECT_EQ(text.Text(), "0");
 }
 
 TEST_F(SpinnerPairTest, DigitsTypedMoveTheBar) {
@@ -56,11 +65,11 @@ TEST_F(SpinnerPairTest, NumberAboveTheRangeIsCutBeforeItsKeyIsReleased) {
 }
 
 TEST_F(SpinnerPairTest, PastedByTheMenuCountsAsTyped) {
-    PasteByMenu("7x7");
+    Paste("7x7");
     EXPECT_EQ(text.Text(), "77");
     EXPECT_EQ(bar.Value(), 500 - 77);
     Line().selectAll();
-    PasteByMenu("99999999999999999999");
+    Paste("99999999999999999999");
     EXPECT_EQ(text.Text(), "500");
     EXPECT_EQ(bar.Value(), 0);
 }
