@@ -213,7 +213,10 @@ TEST_F(AddBorderTest, EachMarginCountsTowardsTheLargestSide) {
                                    },
                                    PressesButton("OK")});
         Choose(frmMain->mnuAddBorders);
-        EXPECT_NE(script.Dialog(1).text.find(c.told), std::string::npos) << script.Dialog(1).text;
+        EXPECT_EQ(script.Dialog(1),
+                  Message("critical", std::string("A imagem ficaria com ") + c.told +
+                                          " pixeis, e o máximo são 32000. A imagem ficou como estava: "
+                                          "escolha margens mais pequenas."));
         EXPECT_EQ(c.high ? ImageOf(image).Height() : ImageOf(image).Width(), 32000);
     }
 }

@@ -71,6 +71,23 @@ TEST(LookStyle, WhatTheKeysHaveReachedIsFramed) {
     ExpectFrameByKeys("slider", slider, handle, complex(QStyle::CC_Slider));
 }
 
+TEST(LookStyle, OnlyTheTitleOfTheActiveWindowHasItsColour) {
+    const auto coloured = [](bool active) {
+        QStyleOptionTitleBar title;
+        title.titleBarState = active ? int{QStyle::State_Active} : 0;
+        title.subControls = QStyle::SC_TitleBarLabel;
+        const QImage image = Drawn(title, active ? QStyle::State_Active : QStyle::State_None,
+                                   [](const auto& option, QPainter& painter) {
+                                       QApplication::style()->drawComplexControl(QStyle::CC_TitleBar, &option,
+                                                                                 &painter, nullptr);
+                                   });
+        const QColor ground = image.pixelColor(60, 30);
+        return ground.red() > ground.green() + 60 && ground.blue() > ground.green() + 60; // of the magenta
+    };
+    EXPECT_TRUE(coloured(true));
+    EXPECT_FALSE(coloured(false));
+}
+
 TEST(LookStyle, AFocusRectangleIsAFrameWhileTheKeysAreUsed) {
     const auto draw = [](const auto& option, QPainter& painter) {
         QApplication::style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, nullptr);

@@ -172,6 +172,23 @@ TEST_F(EditTest, AFreehandPasteLandsTheShapeAtTheVisibleCorner) {
     EXPECT_FALSE(FreeSelActive);
 }
 
+// The tray notes of each slot whether it came from a freehand selection.
+TEST_F(EditTest, TheSlotThatIsReadDecidesTheShapeOfAPaste) {
+    for (const bool free : {true, false}) {
+        frmImage& image = OpenRandom(120, 90);
+        Clipboard.SetData(RandomPicture(20, 10, 4, 0x7FFFFF));
+        TheClipTray->SelectedClip = 2;
+        TheClipTray->PicClip(2).Tag(free ? "free" : "");
+        TheClipTray->PicClip(1).Tag(free ? "" : "free");
+        FreeSelActive = false;
+        mnuEditPaste_Click();
+        EXPECT_EQ(image.PicFreeSelect.Visible(), free);
+        EXPECT_EQ(image.PicSelect.Visible(), !free);
+        EXPECT_EQ(FreeSelActive, Flag(free));
+        mnuEditSelectNone_Click();
+    }
+}
+
 TEST_F(EditTest, ARectangularPasteLandsAtTheImagesCornerAlsoScrolled) {
     frmImage& image = OpenRandom(900, 700);
     image.HS.Value(33);

@@ -320,6 +320,18 @@ TEST_F(MDITest, TilesHorizontallyInRows) {
     EXPECT_EQ(lower.bottom() + 1, room.height());
 }
 
+TEST_F(MDITest, AWindowThatClosesBehindAnotherLeavesThatActive) {
+    PlainForm& one = ShowChild("one");
+    ShowChild("two");
+    PlainForm& three = ShowChild("three");
+    int activations = 0;
+    three.onActivate = [&activations] { ++activations; };
+    EXPECT_TRUE(one.Unload());
+    LetEventsRun();
+    EXPECT_EQ(main.ActiveForm(), &three);
+    EXPECT_EQ(activations, 0);
+}
+
 TEST_F(MDITest, KeysWalkTheWindowsBothWays) {
     std::vector<std::string> active;
     for (const char* name : {"one", "two", "three"})
