@@ -95,14 +95,25 @@ TEST_F(Shares, OfOnePartAreToldOnce) {
 
 TEST_F(Shares, RaiseAnErrorOfWorkAndOfTellingOnceAllHasEnded) {
     std::atomic<int> ended = 0;
-    const auto count = [&](int, int) { ++ended; };
+    const auto here = std::this_thread::get_id();
+    std::atomic<bool> telling = false;
+    // The other cores could be done with all of it before this one has begun.
+    const auto count = [&](int, int) {
+        ++ended;
+        while (!telling && std::this_thread::get_id() != here)
+            std::this_thread::sleep_for(std::chrono::microseconds(50));
+    };
+    const auto tell = [&](int) {
+        telling = true;
+        throw RuntimeError(kOverflow);
+    };
     const auto fail = [&](int begin, int) {
         ++ended;
         if (begin == 30) throw RuntimeError(kOutOfMemory);
     };
     EXPECT_THROW(ShareOverCores(100, 10, fail, [](int) {}), RuntimeError);
     EXPECT_EQ(ended, 10);
-    EXPECT_THROW(ShareOverCores(1000, 1, count, [](int) { throw RuntimeError(kOverflow); }), RuntimeError);
+    EXPECT_THROW(ShareOverCores(1000, 1, count, tell), RuntimeError);
     EXPECT_EQ(ended, 1010);
 }
 
