@@ -12,14 +12,6 @@ using namespace std::string_literals;
 /// The stores in a folder of the test's own.
 class Settings : public testing::Test {
   protected:
-    Settings() {
-        if (const char* old = std::getenv("XDG_CONFIG_HOME")) old_ = old;
-        ::setenv("XDG_CONFIG_HOME", box.Folder().c_str(), 1);
-    }
-    ~Settings() override {
-        old_.empty() ? ::unsetenv("XDG_CONFIG_HOME") : ::setenv("XDG_CONFIG_HOME", old_.c_str(), 1);
-    }
-
     static std::string Get(const std::string& key) {
         return GetSetting("Pintalux64", "Settings", key, "default");
     }
@@ -28,11 +20,9 @@ class Settings : public testing::Test {
     }
 
     Sandbox box;
+    const Variable config{"XDG_CONFIG_HOME", box.Folder()};
     const std::string file = box / "Pintalux64/settings.ini";
     const std::string machineFile = box / "Pintalux64/machine.ini";
-
-  private:
-    std::string old_;
 };
 
 TEST_F(Settings, MissingGivesTheDefault) {
@@ -56,6 +46,14 @@ TEST_F(Settings, AnyTextComesBack) {
         Save("Key", text);
         EXPECT_EQ(Get("Key"), text);
     }
+}
+
+// The files of earlier versions are read by later ones.
+TEST_F(Settings, AnEscapeIsTwoHexadecimalDigits) {
+    Save("Key", "\tx\x0F\x1E ");
+    EXPECT_EQ(BytesOf(file), "[Pintalux64\\Settings]\nKey=\\x09x\\x0F\\x1E\\x20\n");
+    PutBytes(file, "[Pintalux64\\Settings]\nKey=\\x09\\x41\\xA0\\xFF\n");
+    EXPECT_EQ(Get("Key"), "\tA\xA0\xFF");
 }
 
 TEST_F(Settings, AnyNameComesBack) {
