@@ -199,8 +199,10 @@ std::string TabOrderOf(const QWidget& window) {
 
 std::string TextOf(QWidget& window) {
     window.ensurePolished();
+    // A dialog that does not show has no size yet. The frames in it have theirs behind it.
+    if (!window.isVisible() && window.layout()) window.adjustSize();
     QList<QWidget*> widgets = window.findChildren<QWidget*>();
-    widgets.append(&window);
+    widgets.prepend(&window);
     for (QWidget* widget : widgets)
         if (widget->layout()) widget->layout()->activate();
     std::string text = "window " + Quoted(window.windowTitle());
