@@ -146,6 +146,10 @@ TEST_F(AppTest, WhoMayWriteInTheRuntimeFolderDecides) {
     std::filesystem::permissions(folder, perms::owner_all);
 }
 
+TEST_F(AppTest, TheDesktopKnowsItByItsEntry) {
+    EXPECT_EQ(QGuiApplication::desktopFileName(), "pintalux64");
+}
+
 // Before the main window shows, and behind it, the last window may close: the splash, a message.
 TEST_F(AppTest, NoWindowThatClosesEndsTheProgramByItself) {
     EXPECT_FALSE(QApplication::quitOnLastWindowClosed());

@@ -73,13 +73,15 @@ TEST(PageHead, ShowsMarkAndTextInOneInkAndAnswersThePointer) {
     for (const bool open : {false, true}) {
         head.HeadsPage(open);
         const QImage image = shown();
-        int inked = 0;
+        int inked = 0, above = 0, before = 0; // The mark is 8 by 8 pixels from 4, 6 on.
         for (int y = 0; y < 20; ++y) {
             for (int x = 0; x < 180; ++x) {
                 const QColor colour = image.pixelColor(x, y);
                 ASSERT_EQ(colour.red(), 255) << x << ", " << y << ": neither ground nor ink";
                 const bool ink = colour.green() < 128 && y < 19;
                 inked += ink && x < 13 ? 1 : 0;
+                above += ink && x < 13 && y < 10 ? 1 : 0;
+                before += ink && x < 8 ? 1 : 0;
                 ASSERT_TRUE(!ink || x >= 4) << "a gap before the mark";
                 if (y == 19) {
                     ASSERT_EQ(colour, QColor(0xFF, 0x60, 0x00)) << x;
@@ -87,6 +89,9 @@ TEST(PageHead, ShowsMarkAndTextInOneInkAndAnswersThePointer) {
             }
         }
         EXPECT_GT(inked, 10);
+        // Down to the page where it is open, else to the text.
+        EXPECT_EQ(above > inked * 3 / 5, open) << above << " of " << inked;
+        EXPECT_EQ(before > inked * 3 / 5, !open) << before << " of " << inked;
         // Half of a square of 8 by 8, and its edge at most.
         EXPECT_LE(inked, 8 * 5 / 2 + 8);
     }

@@ -144,6 +144,19 @@ TEST(Region, RandomOperationsMatchTheGrid) {
     }
 }
 
+TEST(Region, ResultMayBeAThirdOne) {
+    const Region a = CreateRectRgn(0, 0, 4, 4);
+    for (const int mode : {RGN_AND, RGN_OR, RGN_XOR, RGN_DIFF, RGN_COPY}) {
+        for (const Box& box : {Box{2, 1, 6, 3}, Box{0, 0, 0, 0}}) {
+            SCOPED_TRACE(testing::Message() << mode << " with " << box.right);
+            Region result = CreateRectRgn(30, 30, 35, 36);
+            CombineRgn(result, a, RegionOf(box), mode);
+            Grid grid = Grid::Combined(Grid::Rectangle({0, 0, 4, 4}), Grid::Rectangle(box), mode);
+            ExpectSame(result, grid);
+        }
+    }
+}
+
 TEST(Region, ResultMayBeEitherOperand) {
     Region a = CreateRectRgn(0, 0, 4, 4);
     Region b = CreateRectRgn(2, 0, 6, 4);

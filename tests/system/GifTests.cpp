@@ -37,6 +37,26 @@ TEST(LoadGif, AFrameIsCutToItsScreen) {
               (std::vector<Pixel>{kWhite, kWhite}));
 }
 
+// Every eighth row comes first, then those in their middles: 0, 4, 2, 6, 1, 3, 5, 7 of eight.
+TEST(LoadGif, InterlacedRowsComeInTheirOrderAndThoseThatAreMissingRepeatTheOnesAbove) {
+    const std::vector<int> stored = {0, 1, 2, 3, 0, 1, 2, 3};
+    const int orders[8] = {0, 4, 2, 6, 1, 3, 5, 7};
+    for (const int came : {8, 7, 3, 1}) {
+        SCOPED_TRACE(came);
+        std::string image = GifImage(0, 0, 1, 8, {stored.begin(), stored.begin() + came});
+        image[9] = 0x40;
+        std::vector<Pixel> expected(8);
+        const Pixel colours[] = {kRedPixel, kGreenPixel, kBluePixel, 0};
+        for (int row = 0; row < 8; ++row) {
+            int last = 0; // the nearest row above that came, or the row itself
+            for (int i = 0; i < came; ++i)
+                if (orders[i] <= row && orders[i] >= orders[last]) last = i;
+            expected[static_cast<std::size_t>(row)] = colours[stored[static_cast<std::size_t>(last)]];
+        }
+        EXPECT_EQ(PixelsOf(GifScreen(1, 8) + image + ";"), expected);
+    }
+}
+
 TEST(LoadGif, ImagesWithoutDelayAreOneFrame) {
     EXPECT_EQ(PixelsOf(GifScreen(3, 1) + GifImage(0, 0, 3, 1, {0, 0, 0}) + GifControl(0, 3) +
                        GifImage(1, 0, 2, 1, {1, 3}) + ";"),
