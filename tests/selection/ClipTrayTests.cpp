@@ -141,6 +141,18 @@ TEST_F(ClipTrayTest, TheMarkHasTwoPixelsOfTheDesktopsHighlight) {
     EXPECT_NE(shown.pixel(edge + QPoint(2, 0)), highlight);
 }
 
+TEST_F(ClipTrayTest, AThumbnailStandsInAFrame) {
+    StartMonitor();
+    Copy();
+    ASSERT_TRUE(frmMain->PicClipBG(0).Visible());
+    const QImage frame = WidgetFor(frmMain->PicClipBG(0)).grab().toImage();
+    const QRgb edge = frame.pixel(0, 0);
+    EXPECT_NE(edge, frame.pixel(2, 2));
+    for (const QPoint place : {frame.rect().topRight(), frame.rect().bottomLeft(), frame.rect().bottomRight(),
+                               QPoint(frame.width() / 2, 0), QPoint(0, frame.height() / 2)})
+        EXPECT_EQ(frame.pixel(place), edge) << place.x() << ", " << place.y();
+}
+
 TEST_F(ClipTrayTest, CopiedBitmapIsInTheTrayBeforeTheCopyReturns) {
     StartMonitor();
     const Picture copied = RandomPicture(30, 20, 1);

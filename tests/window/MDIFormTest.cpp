@@ -6,6 +6,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QShortcut>
 
 namespace pintalux {
@@ -330,6 +331,18 @@ TEST_F(MDITest, AWindowThatClosesBehindAnotherLeavesThatActive) {
     LetEventsRun();
     EXPECT_EQ(main.ActiveForm(), &three);
     EXPECT_EQ(activations, 0);
+}
+
+TEST_F(MDITest, AWindowThatLiesBeyondTheWorkspaceIsScrolledTo) {
+    PlainForm& child = ShowChild("one");
+    const auto* area = static_cast<QMdiArea*>(FindWidget("workspace"));
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible() || area->verticalScrollBar()->isVisible());
+    const QSize room = area->maximumViewportSize();
+    child.Left((room.width() - 50) * 15);
+    child.Top((room.height() - 50) * 15);
+    EXPECT_TRUE(WaitFor([area] {
+        return area->horizontalScrollBar()->isVisible() && area->verticalScrollBar()->isVisible();
+    }));
 }
 
 TEST_F(MDITest, KeysWalkTheWindowsBothWays) {

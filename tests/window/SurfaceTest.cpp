@@ -94,6 +94,30 @@ TEST_F(SurfaceTest, EmptyPictureLeavesBackColor) {
     EXPECT_TRUE(surface.Picture().Empty());
 }
 
+TEST_F(SurfaceTest, EachAttributeOfTheFontIsSeen) {
+    surface.Move(0, 0, 120, 40);
+    const auto printed = [this](const std::function<void()>& choose) {
+        surface.FontBold(false);
+        surface.FontItalic(false);
+        surface.FontUnderline(false);
+        surface.FontStrikethru(false);
+        surface.FontSize(12);
+        choose();
+        surface.Cls();
+        surface.CurrentX(3);
+        surface.CurrentY(3);
+        surface.Print("Ola");
+        return surface.Image();
+    };
+    const Picture plain = printed([] {});
+    EXPECT_NE(printed([this] { surface.FontBold(true); }), plain);
+    EXPECT_NE(printed([this] { surface.FontItalic(true); }), plain);
+    EXPECT_NE(printed([this] { surface.FontUnderline(true); }), plain);
+    EXPECT_NE(printed([this] { surface.FontStrikethru(true); }), plain);
+    EXPECT_NE(printed([this] { surface.FontSize(16); }), plain);
+    EXPECT_EQ(printed([] {}), plain);
+}
+
 TEST_F(SurfaceTest, WithoutAutoSizeTheSizeIsKept) {
     surface.AutoSize(true);
     surface.Picture(Picture(25, 31, 0x0000FF));

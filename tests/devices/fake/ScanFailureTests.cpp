@@ -142,6 +142,23 @@ TEST_F(ScanFailureTest, APageThatIsGivenUpWithItsLastRowLeavesNoFile) {
     EXPECT_EQ(ImageCount, 0);
 }
 
+TEST_F(ScanFailureTest, AScanThatIsGivenUpAndDoesNotStopKeepsNobodyWaiting) {
+    static constexpr std::chrono::seconds kLong(8);
+    TheScanPatience = {std::chrono::milliseconds(0), 0}; // each wait shows its window
+    const auto left = std::make_shared<std::promise<void>>();
+    const auto stood = std::make_shared<std::promise<bool>>();
+    TheFakeScanner.ends = [left, stood] {
+        stood->set_value(left->get_future().wait_for(kLong) == std::future_status::timeout);
+    };
+    const auto waits = [](QWidget&) {};
+    const DialogScript script({waits, waits, [](QWidget&) { ClickWidget(WidgetFor(frmScan->cmdOK)); },
+                               [](QWidget&) { frmScanWait->cmdCancel_Click(); }, PressesButton("OK")});
+    mnuFileAquire_Click();
+    left->set_value();
+    EXPECT_FALSE(stood->get_future().get()) << "the window went when the device stopped";
+    EXPECT_EQ(ImageCount, 0);
+}
+
 // Some drivers hang when they are stopped: the page is there all the same.
 TEST_F(ScanFailureTest, ADeviceThatDoesNotComeToRestKeepsNobodyWaiting) {
     static constexpr std::chrono::seconds kLong(8);
