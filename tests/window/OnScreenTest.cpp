@@ -84,7 +84,7 @@ TEST_F(OnScreenTest, ALineThatLeavesTheViewLeavesNothingBehind) {
         ExpectAsPainted(to.name);
         // A line is a pixel of the screen thick, and between two scales some of those are left out.
         if (FindWidget("plain")->devicePixelRatio() == 1)
-            EXPECT_NEAR(Inked(), to.seen, 5 + to.seen / 10) << to.name;
+            EXPECT_NEAR(Inked(), to.seen, 5 + to.seen * 0.1) << to.name;
         else
             EXPECT_EQ(Inked() > 0, to.seen > 0) << to.name;
     }

@@ -24,13 +24,7 @@ struct DeviceGrid {
     double scale = 1;
     QPoint origin;
 
-    explicit DeviceGrid(const QPainter& painter) {
-        const QTransform& place = painter.deviceTransform();
-        scale = place.m11();
-        origin = {qRound(place.dx()), qRound(place.dy())};
-        beside_ = QPointF(place.dx(), place.dy()) - origin;
-        exact_ = scale == std::floor(scale) && beside_.isNull();
-    }
+    explicit DeviceGrid(const QPainter& painter) : DeviceGrid(painter.deviceTransform()) {}
     /// Every logical pixel is a block of device pixels.
     bool Exact() const { return exact_; }
 
@@ -52,8 +46,13 @@ struct DeviceGrid {
     }
 
   private:
+    explicit DeviceGrid(const QTransform& place)
+        : scale(place.m11()), origin(qRound(place.dx()), qRound(place.dy())),
+          beside_(QPointF(place.dx(), place.dy()) - origin),
+          exact_(scale == std::floor(scale) && beside_.isNull()) {}
+
     QPointF beside_; ///< The corner itself, seen from `origin`; part of a device pixel.
-    bool exact_ = true;
+    bool exact_;
 };
 
 /// The picture in memory that a painter draws on; null if it draws on something else.
