@@ -3,6 +3,7 @@
 #include "inputs/ByHand.h"
 #include "support/DialogScript.h"
 #include "surface/system/FileThumbnails_native.h"
+#include "system/GifBytes.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -23,6 +24,12 @@ namespace {
 
 /// The shared dialog and a folder with a few files.
 class CommonDialogTest : public testing::Test {
+  public:
+    ~CommonDialogTest() override {
+        ::unsetenv("XDG_CONFIG_HOME");
+        std::filesystem::remove_all(folder);
+    }
+
   protected:
     CommonDialogTest() {
         std::string pattern = (std::filesystem::temp_directory_path() / "pintalux-dialog-XXXXXX").string();
@@ -32,10 +39,6 @@ class CommonDialogTest : public testing::Test {
         ::setenv("XDG_CONFIG_HOME", (folder + "/.settings").c_str(), 1);
         dialog.Filter = "Bitmap (*.bmp)|*.bmp|Jpeg|*.jpg;*.jpeg";
         dialog.FileName(folder + "/a.bmp");
-    }
-    ~CommonDialogTest() override {
-        ::unsetenv("XDG_CONFIG_HOME");
-        std::filesystem::remove_all(folder);
     }
 
     static QLineEdit& NameOf(QFileDialog& shown) { return *shown.findChild<QLineEdit*>("fileNameEdit"); }
@@ -104,6 +107,29 @@ TEST_F(CommonDialogTest, PicturesAreTheirOwnSymbolsInSquaresOf48Pixels) {
     EXPECT_EQ(qAlpha(of("a.bmp").pixel(20, 36)), 0);
     const QImage broken = of("B.JPG"); // no picture: whatever symbol the desktop has
     EXPECT_TRUE(broken.isNull() || broken.pixel(20, 20) != 0xFFC02010U);
+}
+
+// The toolkit would make room for the whole screen of 25 megapixels.
+TEST_F(CommonDialogTest, AGiantThatHidesBehindASmallImageHasTheUsualSymbol) {
+    const auto shown = [&](int side) {
+        std::ofstream(folder + "/gigante.gif", std::ios::binary)
+            << GifScreen(side, side) + GifImage(0, 0, 1, 1, {0}) + ";";
+        const QIcon icon =
+            FileThumbnails(48).icon(QFileInfo(QString::fromStdString(folder + "/gigante.gif")));
+        return icon.pixmap(48, 48).toImage();
+    };
+    EXPECT_EQ(shown(1).pixel(23, 23), 0xFFFF0000U);
+    EXPECT_EQ(shown(48).pixel(0, 0), 0xFFFF0000U);
+    EXPECT_NE(shown(5000).pixel(23, 23), 0xFFFFFFFFU);
+    EXPECT_EQ(shown(5000), shown(33000)); // no picture either
+}
+
+TEST_F(CommonDialogTest, TheNameDoesNotDecideHowAPictureIsRead) {
+    QImage red(48, 48, QImage::Format_RGB32);
+    red.fill(0xFFC02010);
+    red.save(QString::fromStdString(folder + "/B.JPG"), "png");
+    const QIcon icon = FileThumbnails(48).icon(QFileInfo(QString::fromStdString(folder + "/B.JPG")));
+    EXPECT_EQ(icon.pixmap(48, 48).toImage().pixel(0, 0), 0xFFC02010U);
 }
 
 TEST_F(CommonDialogTest, TheSymbolOfAPictureStandsInTheMiddleOfItsSquare) {

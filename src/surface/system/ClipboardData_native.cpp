@@ -1,21 +1,15 @@
 #include "surface/system/ClipboardData_native.h"
 
 #include "base/RuntimeError.h"
-#include "surface/system/BmpReader.h"
 #include "surface/system/ClipboardOwner_native.h"
 #include "surface/system/ClipboardPieces_native.h"
 #include "surface/system/FreeMemory.h"
 #include "surface/system/Pictures.h"
 #include "surface/system/Stopping.h"
-#include "surface/system/ToolkitImages_native.h"
 
 #include <algorithm>
-#include <array>
-#include <QBuffer>
 #include <QElapsedTimer>
-#include <QImageReader>
 #include <span>
-#include <sys/mman.h>
 
 namespace pintalux {
 
@@ -30,73 +24,6 @@ QByteArray BytesOf(const Pieces& pieces) {
     for (std::string piece = pieces(); !piece.empty(); piece = pieces())
         bytes.append(piece.data(), static_cast<qsizetype>(piece.size()));
     return bytes;
-}
-
-bool LegalSize(QSize size) {
-    return !size.isEmpty() && size.width() <= kMaxPictureSide && size.height() <= kMaxPictureSide;
-}
-
-/// A giant that another program offers is refused as one in a file is.
-bool HasRoom(QSize size) try {
-    DemandMemory(PictureBytes(size.width(), size.height()));
-    return true;
-} catch (const RuntimeError&) {
-    return false;
-}
-
-/// A file's bytes, for decoders that know memory alone.
-class Mapping {
-  public:
-    explicit Mapping(const File& file) : length_(static_cast<std::size_t>(file.Length())) {
-        if (length_ == 0) return;
-        void* const place = ::mmap(nullptr, length_, PROT_READ, MAP_PRIVATE, file.Descriptor(), 0);
-        if (place == MAP_FAILED) throw RuntimeError(kOutOfMemory);
-        place_ = static_cast<const char*>(place);
-    }
-    ~Mapping() {
-        if (place_ != nullptr) ::munmap(const_cast<char*>(place_), length_);
-    }
-    Mapping(const Mapping&) = delete;
-    Mapping& operator=(const Mapping&) = delete;
-    QByteArray Bytes() const { return QByteArray::fromRawData(place_, static_cast<qsizetype>(length_)); }
-
-  private:
-    const char* place_ = nullptr;
-    std::size_t length_;
-};
-
-bool BeginsAsBmp(File& file) {
-    std::array<std::byte, 2> start = {};
-    file.Seek(0);
-    return file.Read(start) == start.size() && start[0] == std::byte{'B'} && start[1] == std::byte{'M'};
-}
-
-/// By our own reader: the toolkit's refuses the largest.
-FetchedBitmap DecodeBmp(File& file, std::uint64_t limit, const std::stop_token& stop) {
-    const BmpHeader header = ReadBmpHeader(file);
-    if (PictureBytes(header.width, header.height) > limit) return {Fetch::TooLarge};
-    return {Fetch::Taken,
-            header.compressed ? ReadBmpRunLengths(file, header, stop) : ReadBmpRows(file, header, stop)};
-}
-
-FetchedBitmap DecodeByToolkit(const File& file, std::uint64_t limit) {
-    constexpr qint64 kMostBytes = qint64{kMaxPictureSide} * kMaxPictureSide * 4;
-    QImageReader::setAllocationLimit(static_cast<int>(kMostBytes / (1 << 20) + 1));
-    const Mapping mapping(file);
-    QBuffer buffer;
-    buffer.setData(mapping.Bytes());
-    QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
-    // Other decoders of the toolkit would run files that are no bitmaps, drawings with links among them.
-    static const QList<QByteArray> kKinds = {"png", "jpeg", "jpg", "gif"};
-    if (!kKinds.contains(reader.format())) return {};
-    const QSize size = reader.size();
-    if (!LegalSize(size)) return {};
-    if (PictureBytes(size.width(), size.height()) > limit) return {Fetch::TooLarge};
-    if (!HasRoom(size)) return {};
-    const QImage image = reader.read();
-    if (image.isNull() || !LegalSize(image.size())) return {};
-    return {Fetch::Taken, PictureOfImage(image)};
 }
 
 } // namespace
@@ -125,9 +52,11 @@ QStringList ReadableFormats(const QStringList& offered) {
 }
 
 FetchedBitmap DecodeBitmap(File& bytes, std::uint64_t limit, const std::stop_token& stop) {
-    if (!BeginsAsBmp(bytes)) return DecodeByToolkit(bytes, limit);
     try {
-        return DecodeBmp(bytes, limit, stop);
+        const std::optional<PictureSize> size = AnnouncedSize(bytes);
+        if (!size) return {};
+        if (PictureBytes(size->width, size->height) > limit) return {Fetch::TooLarge};
+        return {Fetch::Taken, ReadPicture(bytes, stop)};
     } catch (const RuntimeError& error) {
         if (error.Number() == kInterrupted) throw;
         return {};

@@ -43,12 +43,12 @@ struct FetchedBitmap {
 inline constexpr std::uint64_t kAnySize = std::numeric_limits<std::uint64_t>::max();
 
 /// Asks the owner of the X clipboard for the first of the formats that can be read. A bitmap that would take
-/// more than `limit` bytes of memory is too large, one above the legal sizes unreadable: both are found
-/// before anything is decoded, since the bytes come from outside. Error 7 if memory runs out, 18 at a stop.
-/// Any thread may call it.
+/// more than `limit` bytes of memory is too large, one that cannot be opened as a file unreadable: both are
+/// found before anything is decoded, since the bytes come from outside. Error 18 at a stop. Any thread may
+/// call it.
 FetchedBitmap FetchBitmap(const QStringList& formats, std::uint64_t limit, const std::stop_token& stop);
 
-/// The same from bytes that are here already.
+/// The same from bytes that are here already: they are decoded as those of a file are, with its limits.
 FetchedBitmap DecodeBitmap(File& bytes, std::uint64_t limit, const std::stop_token& stop);
 
 /// The text that another program has on the X clipboard, or has selected; waits for it under

@@ -1,5 +1,9 @@
 #include "surface/system/FileThumbnails_native.h"
 
+#include "base/RuntimeError.h"
+#include "surface/system/FileLayer.h"
+#include "surface/system/Pictures.h"
+
 #include <QImageReader>
 #include <QPainter>
 
@@ -12,19 +16,28 @@ constexpr qint64 kMostPixels = 16'000'000;
 constexpr qint64 kMostJpegPixels = 120'000'000;
 constexpr qint64 kMostBytes = 64'000'000;
 
-/// The decoder for a name; none for what the program does not open.
-QByteArray DecoderFor(const QString& ending) {
-    if (ending == "jpg" || ending == "jpeg") return "jpeg";
-    if (ending == "bmp" || ending == "gif" || ending == "png") return ending.toLatin1();
+bool IsOpened(const QString& ending) {
+    static const QStringList kEndings = {"bmp", "gif", "jpeg", "jpg", "png"};
+    return kEndings.contains(ending, Qt::CaseInsensitive);
+}
+
+/// What the program itself would make room for: the toolkit asks a GIF file for one of its images alone.
+PictureSize SizeOf(const QString& path) try {
+    File file = File::OpenForReading(QFile::encodeName(path).toStdString());
+    return AnnouncedSize(file).value_or(PictureSize{});
+} catch (const RuntimeError&) {
     return {};
 }
 
-QImage Thumbnail(const QString& path, const QByteArray& decoder, int side) {
-    QImageReader reader(path, decoder);
+QImage Thumbnail(const QString& path, int side) {
+    const PictureSize announced = SizeOf(path);
+    if (!announced.Legal()) return {};
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(false); // as the program opens it
-    const QSize size = reader.size();
-    const qint64 pixels = qint64{size.width()} * size.height();
-    if (size.isEmpty() || pixels > (decoder == "jpeg" ? kMostJpegPixels : kMostPixels)) return {};
+    const qint64 pixels = qint64{announced.width} * announced.height;
+    if (pixels > (reader.format().startsWith("jp") ? kMostJpegPixels : kMostPixels)) return {};
+    const QSize size(announced.width, announced.height);
     const QSize fitting = size.width() > side || size.height() > side
                               ? size.scaled(side, side, Qt::KeepAspectRatio).expandedTo({1, 1})
                               : size;
@@ -43,9 +56,8 @@ QImage Centred(const QImage& small, int side) {
 } // namespace
 
 QIcon FileThumbnails::icon(const QFileInfo& file) const {
-    const QByteArray decoder = DecoderFor(file.suffix().toLower());
-    if (!decoder.isEmpty() && file.isFile() && file.size() <= kMostBytes) {
-        const QImage small = Thumbnail(file.filePath(), decoder, side_);
+    if (IsOpened(file.suffix()) && file.isFile() && file.size() <= kMostBytes) {
+        const QImage small = Thumbnail(file.filePath(), side_);
         if (!small.isNull()) return QIcon(QPixmap::fromImage(Centred(small, side_)));
     }
     return QFileIconProvider::icon(file);

@@ -4,7 +4,6 @@
 #include "surface/system/ByteReader.h"
 #include "surface/system/FreeMemory.h"
 #include "surface/system/GifCodes.h"
-#include "surface/system/Pictures.h"
 
 #include <algorithm>
 #include <array>
@@ -57,6 +56,13 @@ class Reader {
   public:
     Reader(File& file, const std::stop_token& stop) : file_(file), stop_(stop), bytes_(file, stop) {}
 
+    PictureSize ReadSize() {
+        std::array<std::byte, 6> signature = {};
+        bytes_.Take(signature);
+        const int width = Pair();
+        return {width, Pair()};
+    }
+
     Picture Read() {
         ReadScreen();
         while (ReadBlock()) {
@@ -90,13 +96,10 @@ class Reader {
     }
 
     void ReadScreen() {
-        std::array<std::byte, 6> signature = {};
-        bytes_.Take(signature);
-        const int width = Pair();
-        const int height = Pair();
-        if (width < 1 || height < 1 || width > kMaxPictureSide || height > kMaxPictureSide) Refuse();
-        DemandMemory(PictureBytes(width, height));
-        picture_ = Picture(width, height, kWhite);
+        const PictureSize size = ReadSize();
+        if (!size.Legal()) Refuse();
+        DemandMemory(PictureBytes(size.width, size.height));
+        picture_ = Picture(size.width, size.height, kWhite);
         const unsigned flags = Byte();
         Byte(); // The background is transparent, whatever its number.
         Byte(); // The shape of the pixels does not matter.
@@ -243,6 +246,12 @@ class Reader {
 Picture ReadGif(File& file, const std::stop_token& stop) {
     file.Seek(0);
     return Reader(file, stop).Read();
+}
+
+PictureSize ReadGifSize(File& file) {
+    file.Seek(0);
+    const std::stop_token never;
+    return Reader(file, never).ReadSize();
 }
 
 } // namespace pintalux

@@ -3,6 +3,7 @@
 
 #include "surface/raster/Bitmap.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/Pictures.h"
 
 #include <stop_token>
 
@@ -13,5 +14,9 @@ namespace pintalux {
 /// shows what is there. Error 481 if it is broken before its first image is complete, or has an illegal side;
 /// 7 if memory runs out or the picture would take half of what is free; 18 at a stop.
 Picture ReadGif(File& file, const std::stop_token& stop);
+
+/// The size of that screen, legal or not: the images on it may be smaller. Error 481 if the file is too
+/// short.
+PictureSize ReadGifSize(File& file);
 
 } // namespace pintalux

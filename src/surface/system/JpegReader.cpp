@@ -3,7 +3,6 @@
 #include "base/RuntimeError.h"
 #include "surface/raster/TilesAhead.h"
 #include "surface/system/FreeMemory.h"
-#include "surface/system/Pictures.h"
 #include "surface/system/Stopping.h"
 
 #include <algorithm>
@@ -243,14 +242,25 @@ Picture ReadRows(Decoder& decoder, std::uint64_t fileLength) {
     return picture;
 }
 
+std::unique_ptr<Decoder> HeaderRead(File& file, const std::stop_token& stop) {
+    file.Seek(0);
+    auto decoder = std::make_unique<Decoder>(file, stop);
+    decoder->Run([&] { jpeg_read_header(&decoder->info, TRUE); });
+    return decoder;
+}
+
 } // namespace
 
 Picture ReadJpeg(File& file, const std::stop_token& stop) {
-    file.Seek(0);
-    const auto decoder = std::make_unique<Decoder>(file, stop);
-    decoder->Run([&] { jpeg_read_header(&decoder->info, TRUE); });
+    const auto decoder = HeaderRead(file, stop);
     CheckAnnounced(*decoder, file.Length());
     return ReadRows(*decoder, file.Length());
+}
+
+PictureSize ReadJpegSize(File& file) {
+    const std::stop_token never;
+    const auto decoder = HeaderRead(file, never);
+    return {static_cast<int>(decoder->info.image_width), static_cast<int>(decoder->info.image_height)};
 }
 
 } // namespace pintalux

@@ -3,6 +3,7 @@
 
 #include "surface/raster/Bitmap.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/Pictures.h"
 
 #include <stop_token>
 
@@ -13,5 +14,8 @@ namespace pintalux {
 /// more scans than any program writes, 7 if memory runs out or the picture would take half of what is free,
 /// 18 at a stop.
 Picture ReadJpeg(File& file, const std::stop_token& stop);
+
+/// The size that its header announces, legal or not. Error 481 if there is none.
+PictureSize ReadJpegSize(File& file);
 
 } // namespace pintalux

@@ -26,6 +26,7 @@ enum class Kind { Bmp, Jpeg, Gif, Png, WebP, Tiff, Icon, Foreign };
 Kind KindOf(File& file) {
     using namespace std::string_view_literals;
     std::array<char, 12> bytes = {};
+    file.Seek(0);
     const std::size_t length = file.Read(std::as_writable_bytes(std::span(bytes)));
     const std::string_view start(bytes.data(), length);
     if (start.starts_with("BM"sv)) return Kind::Bmp;
@@ -45,6 +46,30 @@ Picture ReadBmp(File& file, const std::stop_token& stop) {
     return header.compressed ? ReadBmpRunLengths(file, header, stop) : ReadBmpRows(file, header, stop);
 }
 
+PictureSize SizeOfBmp(File& file) {
+    const BmpHeader header = ReadBmpHeader(file);
+    return {header.width, header.height};
+}
+
+PictureSize SizeOf(File& file) {
+    switch (KindOf(file)) {
+    case Kind::Bmp:
+        return SizeOfBmp(file);
+    case Kind::Jpeg:
+        return ReadJpegSize(file);
+    case Kind::Gif:
+        return ReadGifSize(file);
+    case Kind::Png:
+        return SizeByToolkit(file, "png");
+    case Kind::WebP:
+        return SizeByToolkit(file, "webp");
+    case Kind::Tiff:
+        return SizeByToolkit(file, "tiff");
+    default:
+        return {};
+    }
+}
+
 /// Whether the toolkit decodes it, which must be there for that.
 bool IsOfToolkit(Kind kind) {
     return kind != Kind::Bmp && kind != Kind::Jpeg && kind != Kind::Gif;
@@ -52,9 +77,19 @@ bool IsOfToolkit(Kind kind) {
 
 } // namespace
 
+std::optional<PictureSize> AnnouncedSize(File& file) {
+    const PictureSize size = SizeOf(file);
+    if (!size.Legal()) return {};
+    return size;
+}
+
 Picture LoadPicture(const std::string& path, const std::stop_token& stop) {
     if (path.empty()) return {};
     File file = File::OpenForReading(path);
+    return ReadPicture(file, stop);
+}
+
+Picture ReadPicture(File& file, const std::stop_token& stop) {
     switch (KindOf(file)) {
     case Kind::Bmp:
         return ReadBmp(file, stop);
@@ -71,7 +106,7 @@ Picture LoadPicture(const std::string& path, const std::stop_token& stop) {
     case Kind::Icon:
         return ReadIcon(file, stop);
     default:
-        throw RuntimeError(kInvalidPicture, path);
+        throw RuntimeError(kInvalidPicture, file.Path());
     }
 }
 

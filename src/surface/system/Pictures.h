@@ -4,13 +4,33 @@
 #include "surface/raster/Bitmap.h"
 
 #include <cstdint>
+#include <optional>
 #include <stop_token>
 #include <string>
 
 namespace pintalux {
 
+class File;
+
 /// Largest legal width and height of a picture.
 inline constexpr int kMaxPictureSide = 32000;
+
+/// Width and height in pixels.
+struct PictureSize {
+    int width = 0;
+    int height = 0;
+
+    bool Legal() const {
+        return width >= 1 && height >= 1 && width <= kMaxPictureSide && height <= kMaxPictureSide;
+    }
+};
+
+/// The legal size that the header of a picture's file announces, and `ReadPicture` makes room for. Nothing
+/// for any other file, or for an icon, which announces none. Error 481 if the header is broken.
+std::optional<PictureSize> AnnouncedSize(File& file);
+
+/// `LoadPicture` from an open file.
+Picture ReadPicture(File& file, const std::stop_token& stop);
 
 /// A picture from a BMP, JPEG, GIF (first frame), PNG, WebP, TIFF (first picture) or icon file; the first
 /// bytes decide, not the name. An empty path gives the empty picture. Error 53 if there is no such file, 481

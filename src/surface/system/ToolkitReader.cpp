@@ -2,7 +2,6 @@
 
 #include "base/RuntimeError.h"
 #include "surface/system/FreeMemory.h"
-#include "surface/system/Pictures.h"
 #include "surface/system/Stopping.h"
 #include "surface/system/ToolkitImages_native.h"
 
@@ -96,24 +95,22 @@ class Decoder {
     QImageReader& Reader() { return reader_; }
 
     /// The size that the header announces.
-    QSize LegalSize() {
-        const QSize size = reader_.size();
-        if (!IsLegal(size)) Refuse();
+    PictureSize Announced() const { return SizeOf(reader_.size()); }
+    PictureSize LegalSize() {
+        const PictureSize size = Announced();
+        if (!size.Legal()) Refuse();
         return size;
     }
 
     Picture Read() {
         QImage image;
-        if (!reader_.read(&image) || !IsLegal(image.size())) Refuse();
+        if (!reader_.read(&image) || !SizeOf(image.size()).Legal()) Refuse();
         device_.RaiseFailure();
         return PictureOfImage(image);
     }
 
   private:
-    static bool IsLegal(QSize size) {
-        return size.width() >= 1 && size.height() >= 1 && size.width() <= kMaxPictureSide &&
-               size.height() <= kMaxPictureSide;
-    }
+    static PictureSize SizeOf(QSize size) { return {size.width(), size.height()}; }
     /// What kept the file from being read counts before what the decoder made of it.
     [[noreturn]] void Refuse() const {
         device_.RaiseFailure();
@@ -145,12 +142,17 @@ Picture ReadByToolkit(File& file, const char* format, const std::stop_token& sto
     // What a decoder holds beside the picture: up to 16 bits a channel, or two frames and the image.
     constexpr std::uint64_t kCopies = 4;
     Decoder decoder(file, format, stop);
-    const QSize size = decoder.LegalSize();
-    DemandMemory(kCopies * PictureBytes(size.width(), size.height()));
+    const PictureSize size = decoder.LegalSize();
+    DemandMemory(kCopies * PictureBytes(size.width, size.height));
     const ImageLimit any(0);
     Picture picture = decoder.Read();
     RaiseIfStopped(stop);
     return picture;
+}
+
+PictureSize SizeByToolkit(File& file, const char* format) {
+    const std::stop_token never;
+    return Decoder(file, format, never).Announced();
 }
 
 Picture ReadIcon(File& file, const std::stop_token& stop) {

@@ -3,6 +3,7 @@
 
 #include "surface/raster/Bitmap.h"
 #include "surface/system/FileLayer.h"
+#include "surface/system/Pictures.h"
 
 #include <stop_token>
 
@@ -15,6 +16,9 @@ namespace pintalux {
 /// take more than half of what is free; 18 at a stop. A WebP that has been read to its end is decoded in one
 /// go.
 Picture ReadByToolkit(File& file, const char* format, const std::stop_token& stop);
+
+/// The size that the header of such a file announces, legal or not, and never legal if it is broken.
+PictureSize SizeByToolkit(File& file, const char* format);
 
 /// The largest picture of an icon file: icons are small, and of many kinds.
 Picture ReadIcon(File& file, const std::stop_token& stop);
