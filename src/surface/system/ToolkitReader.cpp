@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QImageReader>
 #include <QIODevice>
+#include <string_view>
 
 namespace pintalux {
 
@@ -96,6 +97,8 @@ class Decoder {
 
     /// The size that the header announces.
     PictureSize Announced() const { return SizeOf(reader_.size()); }
+    /// What a pixel takes in the decoder's image, which the header tells.
+    unsigned BitsOfPixel() const { return QImage::toPixelFormat(reader_.imageFormat()).bitsPerPixel(); }
     PictureSize LegalSize() {
         const PictureSize size = Announced();
         if (!size.Legal()) Refuse();
@@ -136,14 +139,19 @@ void ChooseLargest(QImageReader& reader) {
     reader.jumpToImage(best);
 }
 
+/// The picture, and what its decoder holds beside it: two frames and the image, up to 16 bits a channel. A
+/// PNG has the image alone.
+std::uint64_t CopiesInMemory(const Decoder& decoder, std::string_view format) {
+    if (format != "png") return 4;
+    return decoder.BitsOfPixel() > 32 ? 3 : 2;
+}
+
 } // namespace
 
 Picture ReadByToolkit(File& file, const char* format, const std::stop_token& stop) {
-    // What a decoder holds beside the picture: up to 16 bits a channel, or two frames and the image.
-    constexpr std::uint64_t kCopies = 4;
     Decoder decoder(file, format, stop);
     const PictureSize size = decoder.LegalSize();
-    DemandMemory(kCopies * PictureBytes(size.width, size.height));
+    DemandMemory(CopiesInMemory(decoder, format) * PictureBytes(size.width, size.height));
     const ImageLimit any(0);
     Picture picture = decoder.Read();
     RaiseIfStopped(stop);
