@@ -39,6 +39,22 @@ TEST_F(ColourBoxesTest, NumberInAnRgbBoxMovesBarAndColour) {
     EXPECT_EQ(frmMain->TheColor.BackColor(), RGB(10, 77, 5));
 }
 
+// Also where the number stands there already.
+TEST_F(ColourBoxesTest, EveryDigitEndsTheTypingOfANumber) {
+    for (int digit = 0; digit <= 9; ++digit) {
+        frmMain->SetCurrentColour(RGB(digit, 20, 30));
+        frmMain->TypedValue = 77;
+        frmMain->txtRed.KeyUp('0' + digit, 0);
+        EXPECT_EQ(frmMain->TypedValue, digit);
+        frmMain->TypedValue = 77;
+        for (const int mask : {kCtrlMask, kAltMask})
+            frmMain->txtRed.KeyUp('0' + digit, mask);
+        for (const int other : {int{'0'} - 1, int{'9'} + 1, int{'A'}})
+            frmMain->txtRed.KeyUp(other, 0);
+        EXPECT_EQ(frmMain->TypedValue, 77);
+    }
+}
+
 TEST_F(ColourBoxesTest, LettersAreDropped) {
     for (TextBox* box : {&frmMain->txtRed, &frmMain->txtGreen, &frmMain->txtBlue, &frmMain->txtHue,
                          &frmMain->txtSat, &frmMain->txtLum}) {

@@ -105,7 +105,8 @@ TEST_F(RunIndexTest, OnlyARunWhoseLockIsFreeIsLeft) {
 TEST_F(RunIndexTest, OnlyStateFilesAreBelievedToBeStates) {
     EXPECT_TRUE(IsStateName("/tmp/BI00FF.tmp"));
     EXPECT_TRUE(IsStateName("/tmp/BI0001F00F.tmp"));
-    for (const char* path : {"/home/ana/foto.bmp", "BI00FF.tmp", "/tmp/BI00FF.tmp.bmp", "/tmp/BI0.tmp", ""})
+    for (const char* path : {"/home/ana/foto.bmp", "BI00FF.tmp", "tmp/BI00FF.tmp", "../BI00FF.tmp",
+                             "/tmp/BI00FF.tmp.bmp", "/tmp/BI0.tmp", ""})
         EXPECT_FALSE(IsStateName(path)) << path;
 }
 

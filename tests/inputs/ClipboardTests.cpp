@@ -67,14 +67,16 @@ class SilentData final : public QMimeData {
 };
 
 class ClipboardTest : public testing::Test {
+  public:
+    ~ClipboardTest() override {
+        SetClipboardViewer({});
+        Clipboard.Clear();
+    }
+
   protected:
     ClipboardTest() {
         Clipboard.Clear();
         SetClipboardViewer([this] { ++changes; });
-    }
-    ~ClipboardTest() override {
-        SetClipboardViewer({});
-        Clipboard.Clear();
     }
     int changes = 0;
 };

@@ -75,6 +75,7 @@ class CommonDialogTest : public testing::Test {
 TEST_F(CommonDialogTest, SizeOutlivesTheProgram) {
     {
         const DialogScript script({In<QFileDialog>([](QFileDialog& shown) {
+            EXPECT_EQ(shown.size(), QSize(760, 520)) << "before anybody has chosen one";
             shown.resize(700, 480);
             shown.reject();
         })});

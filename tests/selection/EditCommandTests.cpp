@@ -193,9 +193,13 @@ TEST_F(EditTest, ARectangularPasteLandsAtTheImagesCornerAlsoScrolled) {
     frmImage& image = OpenRandom(900, 700);
     image.HS.Value(33);
     Clipboard.SetData(Solid(20, 10, 0xFF));
-    mnuEditPaste_Click();
-    EXPECT_EQ(image.PicSelect.Left(), 0);
-    EXPECT_EQ(image.PicSelect.Top(), 0);
+    for (int time = 0; time < 2; ++time) {
+        mnuEditPaste_Click();
+        EXPECT_EQ(image.PicSelect.Left(), 0);
+        EXPECT_EQ(image.PicSelect.Top(), 0);
+        image.PicSelect.Left(7); // the next comes to the corner all the same
+        image.PicSelect.Top(5);
+    }
 }
 
 TEST_F(EditTest, AFreehandPasteAtAnotherZoomIsStretched) {

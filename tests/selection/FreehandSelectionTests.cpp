@@ -1,10 +1,13 @@
 // The freehand selection: path, mask, piece, drag.
+#include "document/Selection.h"
+#include "selection/EditCommands.h"
 #include "selection/FreehandSelection.h"
 #include "selection/RectangleSelection.h"
 #include "selection/SelectionTest.h"
 #include "support/Hand.h"
 
 #include "surface/raster/Drawing.h"
+#include "surface/system/Clipboard.h"
 
 namespace pintalux {
 namespace {
@@ -16,14 +19,15 @@ constexpr Pixel kKey = 0x8894A0;
 class OutlineModel {
   public:
     OutlineModel(int width, int height, const std::vector<std::pair<int, int>>& points)
-        : width_(width), height_(height), inside_(static_cast<std::size_t>(width) * height, 1) {
+        : width_(width), height_(height),
+          inside_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 1) {
         left_ = right_ = points.front().first;
         top_ = bottom_ = points.front().second;
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            left_ = std::min(left_, points[i].first);
-            right_ = std::max(right_, points[i].first);
-            top_ = std::min(top_, points[i].second);
-            bottom_ = std::max(bottom_, points[i].second);
+        for (const auto& [x, y] : points) {
+            left_ = std::min(left_, x);
+            right_ = std::max(right_, x);
+            top_ = std::min(top_, y);
+            bottom_ = std::max(bottom_, y);
         }
         if (left_ == 0 || top_ == 0) return;
         std::vector<char> path(inside_.size(), 0);
@@ -349,6 +353,23 @@ TEST_F(FreehandTest, AnotherToolInTheMiddleOfAPathDrawsWithItsOwnPen) {
     Release(image, 50, 20);
     Click(image, 100, 80);
     EXPECT_EQ(ImageOf(image).At(100, 80), kInkPixel);
+}
+
+// What was drawn of the path is no part of the picture.
+TEST_F(FreehandTest, APasteInTheMiddleOfAPathLeavesNothingOfIt) {
+    for (const auto paste : {mnuEditPaste_Click, PasteFromBar}) {
+        frmImage& image = OpenRandom(120, 90);
+        Clipboard.SetData(Solid(3, 3, 0xFF));
+        Choose("FreeSelect");
+        Press(image, 20, 20);
+        MoveTo(image, 50, 20);
+        paste();
+        EXPECT_TRUE(PieceFloats(image));
+        ExpectSamePixels(ImageOf(image), Before());
+        Release(image, 50, 20);
+        mnuEditSelectNone_Click();
+        ExpectSamePixels(ImageOf(image), Before());
+    }
 }
 
 TEST_F(FreehandTest, APenPressThatMergesPaintsNothing) {

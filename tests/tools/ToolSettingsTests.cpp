@@ -84,6 +84,14 @@ TEST_F(ToolSettingsTest, WithoutRoomOtherPagesCloseFromTheBottomUp) {
     ExpectHeights({300, 1980, 300, 2205, 300});
 }
 
+TEST_F(ToolSettingsTest, WithLittleRoomAllPagesButThePensClose) {
+    frmMain->cmdTools_Click(1);
+    frmMain->cmdTools_Click(2);
+    MakeRoom(4995);
+    frmMain->cmdTools_Click(3);
+    ExpectHeights({300, 300, 300, 2205, 300});
+}
+
 TEST_F(ToolSettingsTest, PageThatJustFitsClosesNothing) {
     frmMain->cmdTools_Click(1);
     MakeRoom(frmMain->PicTools(4).Top() + 300 + 600);

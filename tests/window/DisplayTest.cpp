@@ -382,6 +382,27 @@ TEST_F(DisplayTest, LineInvertsDottedAndChangesNoPixelOfTheSurface) {
     EXPECT_EQ(InvertedPixels(Shown(), QRect(0, 0, 600, 500)), 0);
 }
 
+// Black and white dots would stand for that on a display that cannot invert.
+TEST_F(DisplayTest, WhatInvertsShowsTheOppositeOfItsGround) {
+    display.Picture(Picture(600, 500, 0xA04020));
+    line.DrawMode(kDrawInvert);
+    line.X1(100);
+    line.Y1(50);
+    line.X2(200);
+    line.Y2(50);
+    line.Visible(true);
+    line.BringToFront();
+    Show();
+    const QImage shown = Shown();
+    int opposite = 0;
+    for (int x = 100; x <= 200; ++x) {
+        const QRgb pixel = shown.pixel(x, 50);
+        opposite += pixel == 0xFFDFBF5Fu;
+        EXPECT_TRUE(pixel == 0xFFDFBF5Fu || pixel == 0xFF2040A0u) << x;
+    }
+    EXPECT_GE(opposite, 40);
+}
+
 TEST_F(DisplayTest, MovedLinePaintsOldAndNewPlaceOnly) {
     display.Picture(Picture(600, 500, 0xFFFFFF));
     line.X2(500);
@@ -531,7 +552,7 @@ TEST_F(DisplayTest, AnOverlayLooksTheSameInWhateverOrderItIsDescribed) {
         overlay->BringToFront();
     }
     Show();
-    const auto describe = [this](auto& overlay, bool modeFirst, int mode, Colour colour) {
+    const auto describe = [](auto& overlay, bool modeFirst, int mode, Colour colour) {
         if (modeFirst) overlay.DrawMode(mode);
         overlay.BorderColor(colour);
         if constexpr (requires { overlay.BorderWidth(1); }) overlay.BorderWidth(2);

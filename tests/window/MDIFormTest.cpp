@@ -361,6 +361,16 @@ TEST_F(MDITest, KeysWalkTheWindowsBothWays) {
     EXPECT_EQ(active, (std::vector<std::string>{"two", "one", "two", "three", "one"}));
 }
 
+// So that none hides another; the eleventh begins again.
+TEST_F(MDITest, WindowsWithoutAPlaceStepDown) {
+    for (int i = 0; i < 12; ++i) {
+        const std::string name = "child " + std::to_string(i);
+        auto child = std::make_unique<PlainForm>(name, Form::Kind::Child);
+        main.Adopt(std::move(child)).Show();
+        EXPECT_EQ(PlaceOf(name.c_str()).topLeft(), QPoint(i % 10 * 24, i % 10 * 24)) << i;
+    }
+}
+
 TEST_F(MDITest, TilesVerticallyInColumns) {
     ShowChild("one");
     ShowChild("two");

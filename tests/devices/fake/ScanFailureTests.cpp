@@ -82,6 +82,22 @@ TEST_F(ScanFailureTest, ADeviceThatLetsNobodyInIsToldAndLookedForAnew) {
     EXPECT_EQ(ImageCount, 0);
 }
 
+TEST_F(ScanFailureTest, ADeviceThatFailsAtItsPageIsLookedForAnew) {
+    TheFakeScanner.announces = [](SANE_Parameters& page) { page.pixels_per_line = 0; };
+    {
+        const DialogScript script({[](QWidget&) { ClickWidget(WidgetFor(frmScan->cmdOK)); },
+                                   PressesButton("OK"), PressesButton("OK")});
+        mnuFileAquire_Click();
+        EXPECT_EQ(script.Dialog(2).text, "Operação Abortada. Erro:0");
+    }
+    TheFakeScanner.whenLookedFor = SANE_STATUS_IO_ERROR;
+    const DialogScript script({PressesButton("OK"), PressesButton("OK")});
+    mnuFileAquire_Click();
+    EXPECT_EQ(script.Dialog(0).text,
+              "Erro de leitura ou escrita no dispositivo: A ligação ao digitalizador falhou.");
+    EXPECT_EQ(ImageCount, 0);
+}
+
 TEST_F(ScanFailureTest, ADeviceWithoutAnyOptionGivesItsPageAllTheSame) {
     const DialogScript script({[](QWidget&) {
         EXPECT_FALSE(frmScan->cboResolution.Enabled());
