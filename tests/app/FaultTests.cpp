@@ -197,7 +197,7 @@ TEST_F(FaultTest, ABmp) {
                       },
                       [] { Choose(frmMain->mnuFileSave); },
                       [&] {
-                          EXPECT_EQ(image.alreadysaved ? true : false, BytesOf(File("a.bmp")) != old);
+                          EXPECT_EQ(static_cast<bool>(image.alreadysaved), BytesOf(File("a.bmp")) != old);
                           EXPECT_EQ(CornerOf(image), kBlack);
                           return Contents{BytesOf(File("a.bmp"))};
                       }});
@@ -231,7 +231,7 @@ TEST_F(FaultTest, AJpeg) {
                       },
                       [] { Choose(frmMain->mnuFileSave); },
                       [&] {
-                          EXPECT_EQ(image.alreadysaved ? true : false, BytesOf(File("a.jpg")) != "old");
+                          EXPECT_EQ(static_cast<bool>(image.alreadysaved), BytesOf(File("a.jpg")) != "old");
                           return Contents{BytesOf(File("a.jpg"))};
                       }});
     EXPECT_EQ(ImageCount, 1);

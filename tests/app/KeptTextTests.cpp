@@ -76,7 +76,8 @@ std::string LimitsOf(const QWidget& widget) {
     for (int i = 0; i < layout.count(); ++i) {
         const Qt::Alignment kept = layout.itemAt(i)->alignment();
         if (layout.itemAt(i)->widget() != &widget || !kept) continue;
-        text << " kept " << QMetaEnum::fromType<Qt::Alignment>().valueToKeys(kept).toStdString();
+        text << " kept "
+             << QMetaEnum::fromType<Qt::Alignment>().valueToKeys(static_cast<int>(kept)).toStdString();
     }
     return text.str();
 }
@@ -386,7 +387,7 @@ TEST_F(KeptTextTest, DialogsAsTheyOpen) {
         for (MenuItem* item :
              {&frmMain->mnuFileNew, &frmMain->mnuResize, &frmMain->mnuAddBorders, &frmMain->mnuBorderWiz,
               &frmMain->mnuFiltBrow, &frmMain->mnuImageProperties, &frmMain->mnuFileSaveOptions}) {
-            const DialogScript script({[&](QWidget& dialog) {
+            const DialogScript script({[&, suffix = suffix](QWidget& dialog) {
                 PassEvents();
                 Expect(dialog.objectName().toStdString() + suffix, dialog);
                 PressesEscape()(dialog);
@@ -491,7 +492,7 @@ TEST_F(KeptTextTest, MainWindowAtWork) {
     acts("a second one", [&] { Edit(image, kWhite); });
     const auto chooses = [&](std::initializer_list<std::pair<const char*, MenuItem*>> commands) {
         for (const auto& [act, item] : commands)
-            acts(act, [&item] { Choose(*item); });
+            acts(act, [item = item] { Choose(*item); });
     };
     chooses({{"an undo", &frmMain->mnuEditUndo},
              {"another undo", &frmMain->mnuEditUndo},

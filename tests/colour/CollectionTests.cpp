@@ -2,6 +2,7 @@
 #include "colour/ColourBoxTest.h"
 #include "support/DialogScript.h"
 
+#include <numeric>
 #include <QComboBox>
 
 namespace pintalux {
@@ -19,9 +20,8 @@ class CollectionTest : public ColourBoxTest {
 
     /// n colours, each another.
     static std::vector<Colour> Several(int n, Colour first = 1000) {
-        std::vector<Colour> colours;
-        for (int i = 0; i < n; ++i)
-            colours.push_back(first + i);
+        std::vector<Colour> colours(static_cast<std::size_t>(n));
+        std::iota(colours.begin(), colours.end(), first);
         return colours;
     }
 

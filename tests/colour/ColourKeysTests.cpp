@@ -64,6 +64,7 @@ std::vector<QRgb> EdgeOfTheMark() {
     const QImage shown = WidgetFor(frmMain->ColorBox).grab().toImage();
     const auto y = static_cast<int>(mark.Top() + mark.Height() / 2);
     std::vector<QRgb> colours;
+    colours.reserve(3);
     for (int i = 0; i < 3; ++i)
         colours.push_back(shown.pixel(static_cast<int>(mark.Left()) + i, y) & 0xFFFFFF);
     return colours;
@@ -143,6 +144,7 @@ TEST_F(ColourKeysTest, ShadesOpenOnTheSpectrumAndGiveOne) {
 // Eight colours: a row of six, and two below.
 TEST_F(ColourKeysTest, ArrowsStayOnTheColoursOfTheGrid) {
     std::vector<Colour> colours;
+    colours.reserve(8);
     for (int i = 0; i < 8; ++i)
         colours.push_back(RGB(10 + i, 20, 30));
     Collect(colours);

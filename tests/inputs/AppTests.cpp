@@ -20,16 +20,18 @@ namespace {
 
 /// A folder of the test's own in the place of the program's.
 class AppTest : public testing::Test {
+  public:
+    ~AppTest() override {
+        App.PathForTests("");
+        App.CommandForTests("");
+        std::filesystem::remove_all(folder);
+    }
+
   protected:
     AppTest() {
         std::string pattern = (std::filesystem::temp_directory_path() / "pintalux-app-XXXXXX").string();
         folder = ::mkdtemp(pattern.data());
         App.PathForTests(folder);
-    }
-    ~AppTest() override {
-        App.PathForTests("");
-        App.CommandForTests("");
-        std::filesystem::remove_all(folder);
     }
     std::string folder;
 };

@@ -39,7 +39,7 @@ QByteArray Encoded(const QImage& image, const char* kind) {
 /// What another program puts on the clipboard; counts how often its formats are asked.
 class ForeignData final : public QMimeData {
   public:
-    ForeignData(const char* format, QByteArray bytes) { setData(format, bytes); }
+    ForeignData(const char* format, const QByteArray& bytes) { setData(format, bytes); }
     QStringList formats() const override {
         ++asked;
         return QMimeData::formats();

@@ -16,15 +16,17 @@ namespace pintalux {
 namespace {
 
 class PrinterTest : public testing::Test {
-  protected:
-    PrinterTest() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "pintalux-print-XXXXXX").string();
-        folder = ::mkdtemp(pattern.data());
-    }
+  public:
     ~PrinterTest() override {
         Printer().PrintToFileForTests("");
         Printer().ScaleMode(kScaleTwips);
         std::filesystem::remove_all(folder);
+    }
+
+  protected:
+    PrinterTest() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "pintalux-print-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
     }
     std::string folder;
 };

@@ -19,7 +19,7 @@ bool desktopMarksTexts = false; // the invisible one does not
 /// While it lives the desktop has a clipboard that tells these texts, and marks one for the middle button.
 class OtherProgram {
   public:
-    OtherProgram(QString marked, QString copied, std::function<void()> asked = {}) {
+    OtherProgram(const QString& marked, const QString& copied, const std::function<void()>& asked = {}) {
         desktopMarksTexts = true;
         AskForTextBy([=](QClipboard::Mode mode) {
             if (asked) asked();

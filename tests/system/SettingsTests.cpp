@@ -143,7 +143,7 @@ TEST_F(Settings, UnreadableFileGivesTheDefaultAndIsNotOverwritten) {
 }
 
 TEST_F(Settings, AFileBeyondFourMegabytesIsNoneOfOursAndStaysAsItIs) {
-    constexpr std::size_t kLongest = 4 * 1024 * 1024;
+    constexpr std::size_t kLongest = std::size_t{4} << 20;
     Save("A", "1");
     std::string text = BytesOf(file);
     text.resize(kLongest, ';');

@@ -24,6 +24,7 @@ std::string NewFile(const Sandbox& box) {
 /// Whether the files have been written, one by one.
 std::vector<bool> Written(const std::vector<std::string>& paths) {
     std::vector<bool> written;
+    written.reserve(paths.size());
     for (const std::string& path : paths)
         written.push_back(FileLength(path) != 0U);
     return written;
@@ -402,6 +403,7 @@ TEST(StateFiles, DiskThatHangsGetsTheNewestStateOfEachDocumentFirst) {
     const int one = 0;
     const int other = 0;
     std::vector<std::string> paths; // in the order in which they must arrive
+    paths.reserve(4);
     for (int i = 0; i < 4; ++i)
         paths.push_back(NewFile(box));
     Gate hanging(Gate::Call::Write, paths[0]);

@@ -46,7 +46,7 @@ TEST_F(TextTest, DragMovesTheLabelWithThePointer) {
     EXPECT_TRUE(image.Timer3.Enabled());
     EXPECT_EQ(image.TextGrabX, 103);
     EXPECT_EQ(image.TextGrabY, 88);
-    hand.MoveTo(140, 101);
+    LabelHand::MoveTo(140, 101);
     EXPECT_TRUE(WaitFor([&] { return image.lbltext.Left() == 37 && image.lbltext.Top() == 13; }));
     hand.Release();
     EXPECT_FALSE(image.Timer3.Enabled());
@@ -64,7 +64,7 @@ TEST_F(TextTest, DragSnapsToTheGridOfImagePixels) {
     hand.Press(103, 89);
     EXPECT_EQ(image.TextGrabX, 100 - left);
     EXPECT_EQ(image.TextGrabY, 88 - top);
-    hand.MoveTo(118, 95);
+    LabelHand::MoveTo(118, 95);
     EXPECT_TRUE(WaitFor([&] { return image.lbltext.Left() == left + 16 && image.lbltext.Top() == top + 4; }));
     hand.Release();
 }
