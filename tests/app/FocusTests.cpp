@@ -300,6 +300,22 @@ TEST_F(FocusTest, TheCrossGoesOnFromWhereThePointerWasLast) {
     EXPECT_EQ(image.crossY, 12);
 }
 
+// The tips of bucket and dropper stand beside the pointer.
+TEST_F(FocusTest, TheCrossGoesOnFromWhereTheTipOfTheToolWas) {
+    struct Case {
+        const char* tool;
+        int right, down;
+    };
+    frmImage& image = NewDocument(100, 80);
+    for (const auto& [tool, right, down] :
+         {Case{"Pen", 0, 0}, Case{"Flood", -14, 16}, Case{"ColorPick", -16, 14}}) {
+        Choose(tool);
+        image.Image1.MouseMove(0, 0, 40 * kTwipsPerPixel, 30 * kTwipsPerPixel);
+        EXPECT_EQ(image.crossX, 40 + right) << tool;
+        EXPECT_EQ(image.crossY, 30 + down) << tool;
+    }
+}
+
 TEST_F(FocusTest, TheNewButtonIsSpokenNovoAndItsTipDescribesIt) {
     auto* spoken = QAccessible::queryAccessibleInterface(Find(WidgetFor(frmMain->TB2), "TB2_New"));
     ASSERT_NE(spoken, nullptr);

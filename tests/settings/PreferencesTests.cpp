@@ -154,6 +154,29 @@ TEST_F(PreferencesTest, ANumberOutOfItsRangeCountsAsTheDefault) {
     EXPECT_EQ(SettingNumber("MainHeight", 6500, 0, 32767), 6500);
 }
 
+TEST_F(PreferencesTest, APreferenceBeyondItsListCountsAsTheDefault) {
+    struct Case {
+        const char* key;
+        int least, most, usual;
+        std::function<double()> shown;
+    };
+    for (const Case& setting : {Case{"JPGsaveQuality", 10, 90, 50, [] { return frmPrefs->Slider1.Value(); }},
+                                Case{"ShowSplash", 0, 1, 1, [] { return frmPrefs->Check1.Value(); }},
+                                Case{"Associate", 0, 1, 0, [] { return frmPrefs->Check2.Value(); }},
+                                Case{"Clipmon", 0, 1, 1, [] { return frmPrefs->Check3.Value(); }},
+                                Case{"SavePrompt", 0, 1, 0, [] { return frmPrefs->Check4.Value(); }},
+                                Case{"Undoredo", 0, 1, 1, [] { return frmPrefs->Check5.Value(); }},
+                                Case{"MRUlist", 0, 4, 1, [] { return frmPrefs->Combo1.ListIndex(); }},
+                                Case{"UndoSteps", 0, 5, 0, [] { return frmPrefs->Combo2.ListIndex(); }}}) {
+        for (const int value : {setting.least - 1, setting.least, setting.most, setting.most + 1}) {
+            Set({{setting.key, std::to_string(value)}});
+            const bool legal = value >= setting.least && value <= setting.most;
+            EXPECT_EQ(setting.shown(), legal ? value : setting.usual) << setting.key << ' ' << value;
+            frmPrefs.Unload();
+        }
+    }
+}
+
 TEST_F(PreferencesTest, AStoreThatCannotBeWrittenIsToldOnceAndTheRunGoesOn) {
     Start();
     std::filesystem::remove_all(Folder("settings") + "/Pintalux64");

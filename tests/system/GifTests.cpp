@@ -37,6 +37,14 @@ TEST(LoadGif, AFrameIsCutToItsScreen) {
               (std::vector<Pixel>{kWhite, kWhite}));
 }
 
+// Two colours, whose codes begin with two bits: clear (2), colour 1, end (3), from the lowest bit up.
+TEST(LoadGif, ColoursMayHaveOneBitAndNotNone) {
+    using namespace std::string_literals;
+    const std::string head = GifScreen(1, 1) + "\x2C\0\0\0\0\1\0\1\0\0"s;
+    EXPECT_EQ(PixelsOf(head + "\x01\x01\x36\0;"s), std::vector<Pixel>{kGreenPixel});
+    EXPECT_EQ(ErrorOf([&] { Load(head + "\0\x01\x36\0;"s); }), 481);
+}
+
 // Every eighth row comes first, then those in their middles: 0, 4, 2, 6, 1, 3, 5, 7 of eight.
 TEST(LoadGif, InterlacedRowsComeInTheirOrderAndThoseThatAreMissingRepeatTheOnesAbove) {
     const std::vector<int> stored = {0, 1, 2, 3, 0, 1, 2, 3};
