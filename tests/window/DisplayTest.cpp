@@ -75,6 +75,17 @@ class DisplayTest : public testing::Test {
         shape.BringToFront();
         Show();
     }
+    /// A dotted line from 100, 50 to 200, 50 in front of the picture.
+    void ShowInvertingLine() {
+        line.DrawMode(kDrawInvert);
+        line.X1(100);
+        line.Y1(50);
+        line.X2(200);
+        line.Y2(50);
+        line.Visible(true);
+        line.BringToFront();
+        Show();
+    }
     static QImage Shown() { return ShownBy("panel"); }
     PlainForm form;
     Surface panel;
@@ -365,14 +376,7 @@ int InvertedPixels(const QImage& image, const QRect& within) {
 
 TEST_F(DisplayTest, LineInvertsDottedAndChangesNoPixelOfTheSurface) {
     display.Picture(Picture(600, 500, 0xFFFFFF));
-    line.DrawMode(kDrawInvert);
-    line.X1(100);
-    line.Y1(50);
-    line.X2(200);
-    line.Y2(50);
-    line.Visible(true);
-    line.BringToFront();
-    Show();
+    ShowInvertingLine();
     const int dots = InvertedPixels(Shown(), QRect(100, 50, 100, 1));
     EXPECT_GE(dots, 40);
     EXPECT_LE(dots, 60);
@@ -385,14 +389,7 @@ TEST_F(DisplayTest, LineInvertsDottedAndChangesNoPixelOfTheSurface) {
 // Black and white dots would stand for that on a display that cannot invert.
 TEST_F(DisplayTest, WhatInvertsShowsTheOppositeOfItsGround) {
     display.Picture(Picture(600, 500, 0xA04020));
-    line.DrawMode(kDrawInvert);
-    line.X1(100);
-    line.Y1(50);
-    line.X2(200);
-    line.Y2(50);
-    line.Visible(true);
-    line.BringToFront();
-    Show();
+    ShowInvertingLine();
     const QImage shown = Shown();
     int opposite = 0;
     for (int x = 100; x <= 200; ++x) {
